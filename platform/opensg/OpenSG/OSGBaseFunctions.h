@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGBaseTypes.h>
+
+OSG_BEGIN_NAMESPACE
+
+/// Life of the scene graph: Startup until osgInit() has finished, Running, then Shutdown from osgExit() on.
+enum SystemState
+{
+    Startup,
+    Running,
+    Shutdown
+};
+
+extern SystemState GlobalSystemState;
+
+/// Starts the scene graph: the calling thread becomes "OSGAppThread" on aspect 0, the reference-count locks
+/// are made, and every known container type gets its parent and its prototype. The thread's change list is
+/// empty afterwards, and osgExit() is registered to run at exit. A further call does nothing and returns
+/// true.
+///
+/// Exits the process with code 1 when @p major differs from the library's. The arguments have no meaning of
+/// their own.
+bool osgInit(Int32 argc, Char8 **argv, UInt16 major = OSG_MAJOR_VERSION, UInt16 minor = OSG_MINOR_VERSION,
+             UInt16 release = OSG_RELEASE_VERSION, bool debug = false, bool dll = true, bool mt = true);
+
+/// Ends the scene graph: the prototypes are released, no thread records changes any more. Handles that
+/// outlive it can still be released. A second call does nothing. Always true.
+bool osgExit(void);
+
+OSG_END_NAMESPACE

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGVector.h>
+
+OSG_BEGIN_NAMESPACE
+
+/// Red, green, blue; 0 to 1 is the displayable range. Black at first.
+template <class T>
+class Color3 : public Tuple<T, 3>
+{
+public:
+    using Tuple<T, 3>::Tuple;
+
+    T &red(void) { return (*this)[0]; }
+    T &green(void) { return (*this)[1]; }
+    T &blue(void) { return (*this)[2]; }
+    T red(void) const { return (*this)[0]; }
+    T green(void) const { return (*this)[1]; }
+    T blue(void) const { return (*this)[2]; }
+};
+
+/// Red, green, blue, alpha; alpha 1 is opaque. All zero at first.
+template <class T>
+class Color4 : public Tuple<T, 4>
+{
+public:
+    using Tuple<T, 4>::Tuple;
+
+    T &red(void) { return (*this)[0]; }
+    T &green(void) { return (*this)[1]; }
+    T &blue(void) { return (*this)[2]; }
+    T &alpha(void) { return (*this)[3]; }
+    T red(void) const { return (*this)[0]; }
+    T green(void) const { return (*this)[1]; }
+    T blue(void) const { return (*this)[2]; }
+    T alpha(void) const { return (*this)[3]; }
+};
+
+typedef Color3<Real32> Color3f;
+typedef Color4<Real32> Color4f;
+
+OSG_END_NAMESPACE

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGFieldContainerPtr.h>
+#include <OpenSG/OSGLock.h>
+
+#include <cstdint>
+#include <new>
+
+OSG_BEGIN_NAMESPACE
+
+LockPool *FieldContainerPtrBase::_pRefCountLock = nullptr;
+bool FieldContainerPtr::_ignore_change = false;
+
+const NullFieldContainerPtr NullFC;
+
+namespace {
+
+/// Holds a container's lock, if there are locks.
+class RefCountGuard
+{
+public:
+    RefCountGuard(LockPool *pool, void *store)
+        : _pool(pool)
+        , _store(store)
+    {
+        if (_pool != nullptr) {
+            _pool->aquire(_store);
+        }
+    }
+    ~RefCountGuard(void)
+    {
+        if (_pool != nullptr) {
+            _pool->release(_store);
+        }
+    }
+
+    RefCountGuard(const RefCountGuard &) = delete;
+    RefCountGuard &operator=(const RefCountGuard &) = delete;
+
+private:
+    LockPool *const _pool;
+    void *const _store;
+};
+
+enum class RefChange
+{
+    Added,
+    Released
+};
+
+/// A copy that is made or destroyed for another aspect takes and releases that aspect's references itself;
+/// the list is going to do the same to that aspect once more. So the opposite is recorded, which makes both
+/// cancel out.
+void recordRefChange(const FieldContainerPtr &fc, RefChange change)
+{
+    ChangeList *const changes = Thread::getCurrentChangeList();
+    if (changes == nullptr) {
+        return;
+    }
+    const bool otherAspect = changes->getAspect() != Thread::getAspect();
+    if ((change == RefChange::Added) != otherAspect) {
+        changes->addAddRefd(fc);
+    } else {
+        changes->addSubRefd(fc);
+    }
+}
+
+} // namespace
+
+FieldContainerPtrBase FieldContainerPtrBase::allocate(UInt16 containerSize)
+{
+    const std::size_t bytes = HeaderSpace + std::size_t(OSG_NUM_ASPECTS) * containerSize;
+    UInt8 *const store = static_cast<UInt8 *>(::operator new(bytes)) + HeaderSpace;
+    new (store - sizeof(Header)) Header{0, 0};
+    return FieldContainerPtrBase(store, containerSize);
+}
+
+void FieldContainerPtrBase::addRef(void) const
+{
+    if (_storeP == nullptr) {
+        return;
+    }
+    {
+        const RefCountGuard guard(_pRefCountLock, _storeP);
+        ++header().refCount;
+    }
+    recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Added);
+}
+
+void FieldContainerPtrBase::subRef(void) const
+{
+    if (_storeP == nullptr) {
+        return;
+    }
+    Int32 left;
+    {
+        const RefCountGuard guard(_pRefCountLock, _storeP);
+        left = --header().refCount;
+    }
+    if (left > 0) {
+        recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Released);
+        return;
+    }
+    if (ChangeList *changes = Thread::getCurrentChangeList()) {
+        changes->addDestroyed(getFieldContainerId());
+    }
+    deleteContainers();
+    const_cast<FieldContainerPtrBase *>(this)->_storeP = nullptr;
+}
+
+void FieldContainerPtrBase::deleteContainers(void) const
+{
+    if (_storeP == nullptr) {
+        return;
+    }
+    // The handle itself may lie in memory that goes away below.
+    const FieldContainerPtrBase fc(*this);
+    FieldContainerFactory::the()->unregisterFieldContainer(FieldContainerPtr(fc));
+    for (UInt32 aspect = 0; aspect < OSG_NUM_ASPECTS; ++aspect) {
+        const AspectScope scope(aspect);
+        if (aspect == 0) {
+            fc.copyOf(0)->onDestroy();
+        }
+        fc.copyOf(aspect)->~FieldContainer();
+    }
+    ::operator delete(fc._storeP - HeaderSpace);
+}
+
+FieldContainerPtr::FieldContainerPtr(const FieldContainer &source)
+{
+    const FieldContainer::Place &place = source._place;
+    UInt8 *const copy = reinterpret_cast<UInt8 *>(const_cast<FieldContainer *>(&source));
+    _containerSize = place.containerSize;
+    _storeP = copy - std::size_t(place.aspect) * place.containerSize;
+}
+
+void FieldContainerPtr::executeSync(UInt32 fromAspect, UInt32 toAspect, BitVector whichField) const
+{
+    copyOf(toAspect)->executeSync(*copyOf(fromAspect), whichField);
+}
+
+OSG_END_NAMESPACE

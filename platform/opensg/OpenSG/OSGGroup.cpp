@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGGroup.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_CONTAINER(Group, NodeCore, "", OSG_GROUP_FIELDS)
+
+OSG_END_NAMESPACE

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGLight.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_ABSTRACT_CONTAINER(Light, Group, "", OSG_LIGHT_FIELDS)
+
+OSG_END_NAMESPACE

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGPointLight.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_CONTAINER(PointLight, Light, "", OSG_POINT_LIGHT_FIELDS)
+
+OSG_END_NAMESPACE

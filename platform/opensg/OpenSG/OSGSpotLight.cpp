@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGSpotLight.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_CONTAINER(SpotLight, PointLight, "", OSG_SPOT_LIGHT_FIELDS)
+
+OSG_END_NAMESPACE

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGStateChunk.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_ABSTRACT_CONTAINER(StateChunk, Attachment, "", OSG_STATE_CHUNK_FIELDS)
+
+OSG_END_NAMESPACE

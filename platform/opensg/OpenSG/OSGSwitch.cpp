@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGSwitch.h>
+
+OSG_BEGIN_NAMESPACE
+
+OSG_DEFINE_CONTAINER(Switch, Group, "", OSG_SWITCH_FIELDS)
+
+OSG_END_NAMESPACE

@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGIDString.h>
+#include <OpenSG/OSGThreadContext.h>
+
+#include <functional>
+#include <thread>
+
+OSG_BEGIN_NAMESPACE
+
+/// A thread that works on the scene: it has a name, an aspect and a change list.
+class ThreadCommonBase
+{
+public:
+    ThreadCommonBase(const ThreadCommonBase &) = delete;
+    ThreadCommonBase &operator=(const ThreadCommonBase &) = delete;
+    virtual ~ThreadCommonBase(void);
+
+    const Char8 *getCName(void) const { return _name.str(); }
+
+    /// Owned by the thread.
+    ChangeList *getChangeList(void) { return _changeList; }
+
+protected:
+    explicit ThreadCommonBase(const Char8 *name);
+
+    ChangeList *const _changeList;
+
+private:
+    const IDString _name;
+};
+
+class PThreadBase : public ThreadCommonBase
+{
+public:
+    /// The calling thread's aspect; 0 unless it was started or initialised with another one.
+    static UInt32 getAspect(void) { return ThreadContext::aspect(); }
+
+    /// The list that the calling thread records to. Null before osgInit(), after osgExit() and in a foreign
+    /// thread.
+    static ChangeList *getCurrentChangeList(void) { return ThreadContext::changeList(); }
+
+    /// The calling thread's object, or null.
+    static PThreadBase *getCurrent(void) { return ThreadContext::thread(); }
+
+protected:
+    explicit PThreadBase(const Char8 *name);
+    ~PThreadBase(void) override = default;
+
+    /// Makes the calling thread this one, working on @p aspect.
+    void enter(UInt32 aspect);
+
+    /// Makes the calling thread a foreign one.
+    static void leave(void);
+
+private:
+    friend bool osgInit(Int32 argc, Char8 **argv, UInt16 major, UInt16 minor, UInt16 release, bool debug,
+                        bool dll, bool mt);
+    friend bool osgExit(void);
+};
+
+typedef PThreadBase ThreadBase;
+
+/// A thread that the scene graph runs.
+class Thread : public PThreadBase
+{
+public:
+    /// The thread of that name; made if there is none. Owned by the thread manager.
+    static Thread *get(const Char8 *name);
+
+    /// Null if there is no such thread.
+    static Thread *find(const Char8 *name);
+
+    /// Waits for the end of a run that is under way.
+    ~Thread(void) override;
+
+    /// Runs workProc() in a thread of its own, on @p aspect; waits for the end of the previous run first.
+    void run(UInt32 aspect);
+
+    /// Runs @p work instead of workProc().
+    void runFunction(std::function<void(void)> work, UInt32 aspect);
+
+    /// Waits for the end of the thread's run.
+    static void join(Thread *thread);
+
+protected:
+    friend class ThreadManager;
+
+    explicit Thread(const Char8 *name);
+
+    /// The work of run(); nothing in this class.
+    virtual void workProc(void);
+
+private:
+    std::thread _thread;
+};
+
+/// A thread that somebody else runs: it registers itself to work on the scene.
+class ExternalThread : public PThreadBase
+{
+public:
+    /// The thread of that name; made if there is none. Owned by the thread manager.
+    static ExternalThread *get(const Char8 *name);
+
+    /// Null if there is no such thread.
+    static ExternalThread *find(const Char8 *name);
+
+    /// To be called by the thread itself: from now on it works on @p aspect and records to this object's
+    /// list.
+    void initialize(UInt32 aspect);
+
+private:
+    friend class ThreadManager;
+
+    explicit ExternalThread(const Char8 *name);
+};
+
+OSG_END_NAMESPACE
