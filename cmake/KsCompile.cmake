@@ -1,0 +1,35 @@
+# Compile settings of everything in this repository. ks_compile(target) for C++ code, ks_compile_qt(target) for code that
+# uses Qt as well.
+
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+if(KSUNDO_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+function(ks_compile target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Werror)
+endfunction()
+
+function(ks_compile_qt target)
+    ks_compile(${target})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_compile_definitions(
+        ${target}
+        PRIVATE QT_NO_KEYWORDS
+                QT_NO_FOREACH
+                QT_NO_CAST_FROM_ASCII
+                QT_NO_CAST_TO_ASCII
+                QT_NO_CAST_FROM_BYTEARRAY
+                QT_NO_URL_CAST_FROM_STRING
+                QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+                QT_STRICT_ITERATORS
+                QT_USE_QSTRINGBUILDER
+                QT_DEPRECATED_WARNINGS
+                QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+endfunction()
