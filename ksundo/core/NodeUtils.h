@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/ksExport.h>
+
+#include <OpenSG/OSGNode.h>
+
+/// Helpers on nodes that commands share.
+namespace NodeUtils {
+
+/// The name by which command texts call \a node, in UTF-8: the node's own name, else that of its core, else
+/// the name of the core's type. Null for NullFC and for a node without a core, named or not. The text belongs
+/// to the scene graph and is valid until the name changes.
+KSUNDO_EXPORT const char *getName(const osg::NodePtr &node);
+
+} // namespace NodeUtils

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/ksExport.h>
+
+#include <QUndoCommand>
+
+#include <typeindex>
+
+class ksMessage;
+
+/// Base class of every undoable command, the composite ksMultiCommand excepted.
+///
+/// It adds to QUndoCommand a creation time, which lets successive edits of the same kind merge into one undo
+/// step, a switch and a window for that merging, and the command's own share of the message that ksUndoStack
+/// sends to the application after every step.
+///
+/// A derived class overrides redo() and undo(), takes its id from #KS_UNDO_COMMAND, and, when its commands
+/// may merge, overrides mergeWith() on top of absorb().
+///
+/// Ownership: a command built with a parent belongs to the parent; any other belongs to the stack from the
+/// moment it is pushed. Commands are built and run on the thread that owns the stack.
+class KSUNDO_EXPORT ksUndoCommand : public QUndoCommand
+{
+public:
+    /// Builds a command that the history shows as \a text. The current time becomes the creation time; the
+    /// merge window is 0.4 seconds and the command may merge.
+    explicit ksUndoCommand(const QString &text, QUndoCommand *parent = nullptr);
+
+    /// Sets the length of the merge window: the command may be absorbed by the one before it when it was
+    /// created less than \a seconds after that one's latest edit. A negative value means without limit.
+    void setMergeResponseDelta(const double &seconds);
+
+    /// Tells whether this command may be absorbed by the one before it. Whether this command may absorb later
+    /// ones is for those to say.
+    void setMergeEnabled(bool enabled);
+
+    /// The id of the command class \a type: 1, 2, 3 ... in the order in which the running process first asks.
+    /// Ids differ from run to run and must never be stored.
+    static int makeId(std::type_index type);
+
+    /// Adds what the application should know about this command to \a message: "id", the id() as an int.
+    /// Overrides call the base class first and then add keys of their own.
+    virtual void makeMessage(ksMessage &message) const;
+
+    /// Whether this command, the older one, may absorb \a other, the newer one, which must be a
+    /// ksUndoCommand:
+    ///  - \a other has merging enabled (this command's own switch does not matter);
+    ///  - both have the same id();
+    ///  - \a other was created within its own merge window after this command's latest edit, or its window is
+    ///    without limit.
+    virtual bool canMergeWith(const QUndoCommand *other) const;
+
+protected:
+    /// The step that all merging commands share: when canMergeWith(\a other) holds, takes over the creation
+    /// time of \a other, so that the merge window slides along with a continuous edit, and returns true.
+    bool absorb(const QUndoCommand *other);
+
+    /// When this command, or the latest one that it absorbed, was built: seconds since the Unix epoch, to the
+    /// microsecond.
+    double creationTime;
+
+    /// Length of the merge window in seconds; negative means without limit.
+    double mergeResponseDelta = 0.4;
+
+    /// Whether this command may be absorbed by the one before it.
+    bool mergeEnabled = true;
+};
+
+/// Gives a command class its own id: a static commandId() and the id() that returns it. To be placed at the
+/// top of the class; what follows is private. Every instance of a class template has an id of its own.
+#define KS_UNDO_COMMAND(Class)                                         \
+public:                                                                \
+    static int commandId()                                             \
+    {                                                                  \
+        static const int cmdId = ksUndoCommand::makeId(typeid(Class)); \
+        return cmdId;                                                  \
+    }                                                                  \
+    int id() const override                                            \
+    {                                                                  \
+        return commandId();                                            \
+    }                                                                  \
+                                                                       \
+private:

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksUndoStack.h>
+
+/// Groups what is added to a stack within a scope into one undo step.
+///
+/// The macro ends when the object goes, also when an exception passes: what has been done by then stays done
+/// and is undone as one step. Brackets nest.
+/// \code
+/// {
+///     const ksUndoMacro macro(tr("Align"));
+///     stack->add(...);
+///     stack->add(...);
+/// }
+/// \endcode
+class KSUNDO_EXPORT ksUndoMacro
+{
+public:
+    /// Opens a macro that the history shows as \a text on \a stack, which must outlive the bracket and must
+    /// not be cleared within it.
+    explicit ksUndoMacro(const QString &text, ksUndoStack *stack = ksUndoStack::get(0));
+    ~ksUndoMacro();
+    Q_DISABLE_COPY(ksUndoMacro)
+
+private:
+    ksUndoStack *stack;
+};

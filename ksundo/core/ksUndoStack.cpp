@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/core/ksUndoStack.h>
+
+#include <ksMessage.h>
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QUndoStack>
+#include <QUndoView>
+#include <QVector>
+
+#include <array>
+
+namespace {
+
+/// Counts one operation for as long as it runs, also when a command throws.
+class BusyScope
+{
+public:
+    explicit BusyScope(int &depth)
+        : depth(depth)
+    {
+        ++depth;
+    }
+    ~BusyScope() { --depth; }
+    Q_DISABLE_COPY(BusyScope)
+
+private:
+    int &depth;
+};
+
+/// The history windows of all stacks. Never destroyed, since the application object may outlive static
+/// objects.
+QVector<QPointer<QUndoView>> &historyWindows()
+{
+    static auto &windows = *new QVector<QPointer<QUndoView>>;
+    return windows;
+}
+
+void closeHistoryWindows()
+{
+    for (const QPointer<QUndoView> &window : qAsConst(historyWindows()))
+        delete window;
+    historyWindows().clear();
+}
+
+/// The stacks outlive the application object, which widgets must not.
+void closeWithApplication(QUndoView *window)
+{
+    QVector<QPointer<QUndoView>> &windows = historyWindows();
+    windows.removeAll(nullptr);
+    if (windows.isEmpty())
+        qAddPostRoutine(closeHistoryWindows);
+    windows.append(window);
+}
+
+} // namespace
+
+ksUndoStack *ksUndoStack::get(unsigned int which)
+{
+    static std::array<ksUndoStack, 2> stacks;
+    return &stacks[which < stacks.size() ? which : 0];
+}
+
+ksUndoStack::ksUndoStack()
+    : undoStack(new QUndoStack)
+{
+    connect(undoStack, SIGNAL(indexChanged(int)), this, SLOT(indexChanged(int)));
+}
+
+ksUndoStack::~ksUndoStack()
+{
+    delete historyView;
+    delete undoStack;
+}
+
+void ksUndoStack::clearAll()
+{
+    get(0)->clear();
+    get(1)->clear();
+}
+
+bool ksUndoStack::isEmpty() const
+{
+    return undoStack->count() == 0;
+}
+
+void ksUndoStack::add(QUndoCommand *command)
+{
+    if (command == nullptr)
+        return;
+    added = true;
+    const BusyScope busy(busyDepth);
+    undoStack->push(command);
+}
+
+void ksUndoStack::beginMacro(const QString &text)
+{
+    undoStack->beginMacro(text);
+}
+
+void ksUndoStack::endMacro()
+{
+    added = true;
+    const BusyScope busy(busyDepth);
+    undoStack->endMacro();
+}
+
+bool ksUndoStack::canUndo() const
+{
+    return undoStack->canUndo();
+}
+
+bool ksUndoStack::canRedo() const
+{
+    return undoStack->canRedo();
+}
+
+const QUndoCommand *ksUndoStack::currentCommand() const
+{
+    return undoStack->command(undoStack->index() - 1);
+}
+
+void ksUndoStack::setMessageCallback(MessageCallback callback)
+{
+    messageCallback = callback;
+}
+
+void ksUndoStack::sendMessage(const char *name, int index, bool added) const
+{
+    const QUndoCommand *command = undoStack->command(index);
+    if (command == nullptr || messageCallback == nullptr)
+        return;
+
+    ksMessage message;
+    message.set("index", index, true);
+    message.set("added", added, true);
+    message.set("text", command->text().toStdString(), true);
+    if (const auto *multi = dynamic_cast<const ksMultiCommand *>(command))
+        multi->makeMessage(message);
+    else if (const auto *single = dynamic_cast<const ksUndoCommand *>(command))
+        single->makeMessage(message);
+    messageCallback(name, message, 0);
+}
+
+int ksUndoStack::getBusyDepth() const
+{
+    return busyDepth;
+}
+
+QString ksUndoStack::undoText() const
+{
+    return undoStack->undoText();
+}
+
+QString ksUndoStack::redoText() const
+{
+    return undoStack->redoText();
+}
+
+QAction *ksUndoStack::createUndoAction(QObject *parent, const QString &prefix) const
+{
+    QAction *action = undoStack->createUndoAction(parent, prefix);
+    disconnect(action, &QAction::triggered, undoStack, nullptr);
+    connect(action, &QAction::triggered, this, &ksUndoStack::undo);
+    return action;
+}
+
+QAction *ksUndoStack::createRedoAction(QObject *parent, const QString &prefix) const
+{
+    QAction *action = undoStack->createRedoAction(parent, prefix);
+    disconnect(action, &QAction::triggered, undoStack, nullptr);
+    connect(action, &QAction::triggered, this, &ksUndoStack::redo);
+    return action;
+}
+
+void ksUndoStack::setUndoLimit(int limit)
+{
+    undoStack->setUndoLimit(limit);
+}
+
+int ksUndoStack::undoLimit() const
+{
+    return undoStack->undoLimit();
+}
+
+void ksUndoStack::setClean()
+{
+    undoStack->setClean();
+}
+
+bool ksUndoStack::isClean() const
+{
+    return undoStack->isClean();
+}
+
+int ksUndoStack::count() const
+{
+    return undoStack->count();
+}
+
+int ksUndoStack::index() const
+{
+    return undoStack->index();
+}
+
+void ksUndoStack::undo()
+{
+    const BusyScope busy(busyDepth);
+    undoStack->undo();
+}
+
+void ksUndoStack::redo()
+{
+    const BusyScope busy(busyDepth);
+    undoStack->redo();
+}
+
+void ksUndoStack::clear()
+{
+    undoStack->clear();
+    lastIndex = 0;
+    added = false;
+    markIndex = 0;
+    Q_EMIT cleared();
+}
+
+void ksUndoStack::mark()
+{
+    markIndex = undoStack->index();
+}
+
+void ksUndoStack::reset()
+{
+    const BusyScope busy(busyDepth);
+    undoStack->setIndex(markIndex);
+}
+
+void ksUndoStack::showHistory()
+{
+    if (historyView == nullptr) {
+        historyView = new QUndoView(undoStack);
+        historyView->setWindowTitle(tr("Undo/Redo History"));
+        historyView->resize(300, 100);
+        // Without it, every step asks every row of the history for its size.
+        historyView->setUniformItemSizes(true);
+        closeWithApplication(historyView);
+    }
+    historyView->show();
+    historyView->raise();
+}
+
+void ksUndoStack::indexChanged(int i)
+{
+    if (lastIndex <= i) {
+        Q_EMIT redoPerformed(undoStack->command(i - 1), added);
+        sendMessage("ksURManager::redo", i - 1, added);
+    } else {
+        Q_EMIT undoPerformed(undoStack->command(i));
+        sendMessage("ksURManager::undo", i, false);
+    }
+    lastIndex = i;
+    added = false;
+}

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/ksExport.h>
+
+#include <QObject>
+#include <QPointer>
+#include <QString>
+
+class QAction;
+class QUndoCommand;
+class QUndoStack;
+class QUndoView;
+class ksMessage;
+
+/// The application's entry point to undo and redo.
+///
+/// The stack owns the commands added to it, runs them, and reports every step twice: as a Qt signal, and as a
+/// message to the callback that the application installed. The application uses one of two instances that
+/// live from the first call of get() to the end of the process, after the application object. GUI thread
+/// only.
+///
+/// The message of a step is a ksMessage named "ksURManager::redo" or "ksURManager::undo" that holds
+///  - "index" (int): the position of the command that was added, redone or undone, counted from 0;
+///  - "added" (bool): true when the command was added, false when it was redone or undone;
+///  - "text" (std::string, UTF-8): the command's text;
+///  - the keys that the command adds itself, see ksUndoCommand::makeMessage().
+/// A command that merges into the one before it is reported as an addition of that one. What is added between
+/// beginMacro() and endMacro() is reported once, when the outermost macro ends. A reset() over several
+/// commands is reported once, for the last one. No message is built while no callback is installed.
+class KSUNDO_EXPORT ksUndoStack : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Receives the messages. \a name and \a message are valid during the call; the third argument is always
+    /// 0 and the result is ignored.
+    using MessageCallback = bool (*)(const char *name, ksMessage &message, int);
+
+    /// Instance 0 or 1; any other number gives instance 0.
+    static ksUndoStack *get(unsigned int which);
+
+    ksUndoStack();
+    ~ksUndoStack() override;
+
+    /// Clears both instances.
+    static void clearAll();
+
+    /// True when the stack holds no command, done or undone.
+    bool isEmpty() const;
+
+    /// Adds \a command, which belongs to the stack from now on, and runs its redo(). Undone commands are
+    /// deleted first. The command may be absorbed by the one before it, and deleted. Null is ignored.
+    void add(QUndoCommand *command);
+
+    /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text. Macros
+    /// nest. ksUndoMacro does both in a scope.
+    void beginMacro(const QString &text);
+
+    /// Closes the innermost open macro.
+    void endMacro();
+
+    /// Whether there is a command to undo; never while a macro is open.
+    bool canUndo() const;
+
+    /// Whether there is a command to redo; never while a macro is open.
+    bool canRedo() const;
+
+    /// The command that the next undo() would undo; null when there is none.
+    const QUndoCommand *currentCommand() const;
+
+    /// Installs the receiver of the messages; null switches them off.
+    void setMessageCallback(MessageCallback callback);
+
+    /// Sends the message \a name about the command at \a index. Does nothing when no callback is installed or
+    /// there is no such command.
+    void sendMessage(const char *name, int index, bool added) const;
+
+    /// How many operations of this stack are running commands right now: greater than 0 when the caller has
+    /// been called, directly or not, by a command of this stack. Steps that the user takes by a click into
+    /// the history window do not count.
+    int getBusyDepth() const;
+
+    /// The text of the command that undo() would undo; empty when there is none.
+    QString undoText() const;
+
+    /// The text of the command that redo() would redo; empty when there is none.
+    QString redoText() const;
+
+    /// An action that calls undo(), whose text is \a prefix ("Undo" when empty) and undoText(), and which is
+    /// enabled while there is something to undo. It belongs to \a parent.
+    QAction *createUndoAction(QObject *parent, const QString &prefix = QString()) const;
+
+    /// The same for redo().
+    QAction *createRedoAction(QObject *parent, const QString &prefix = QString()) const;
+
+    /// Sets how many commands the stack keeps at most; the oldest go first. 0, the default, is without limit.
+    /// Takes effect on an empty stack only.
+    void setUndoLimit(int limit);
+    int undoLimit() const;
+
+    /// Declares the current state to be the one that is saved. The next command does not merge into the
+    /// command that led here.
+    void setClean();
+
+    /// Whether the stack is at the state last declared clean; the empty state of a new stack is clean.
+    bool isClean() const;
+
+    /// The number of commands, done and undone; a macro counts as one.
+    int count() const;
+
+    /// The number of commands that are done, which is the position of the next command.
+    int index() const;
+
+Q_SIGNALS:
+    /// \a command was added (\a added is true) or redone. It is null when the stack was cleared.
+    void redoPerformed(const QUndoCommand *command, bool added);
+
+    /// \a command was undone. It is null when the stack was cleared.
+    void undoPerformed(const QUndoCommand *command);
+
+    /// All commands were deleted by clear().
+    void cleared();
+
+public Q_SLOTS:
+    /// Undoes the current command, if any.
+    void undo();
+
+    /// Redoes the command after the current one, if any.
+    void redo();
+
+    /// Deletes all commands without undoing them and forgets the mark.
+    void clear();
+
+    /// Remembers the current index, 0 when never called.
+    void mark();
+
+    /// Undoes or redoes commands until the stack is at the marked index again, or as close as it gets.
+    void reset();
+
+    /// Shows and raises the history window, which is made on the first call and belongs to the stack. It is
+    /// closed when the application object goes.
+    void showHistory();
+
+private Q_SLOTS:
+    void indexChanged(int i);
+
+private:
+    QUndoStack *undoStack;
+    int lastIndex = 0;
+    bool added = false;
+    int markIndex = 0;
+    int busyDepth = 0;
+    QPointer<QUndoView> historyView;
+    MessageCallback messageCallback = nullptr;
+};

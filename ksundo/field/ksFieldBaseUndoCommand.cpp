@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/field/ksFieldBaseUndoCommand.h>
+
+#include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGNode.h>
+#include <ksMessage.h>
+
+#include <cctype>
+
+namespace {
+
+char lowered(char letter)
+{
+    return static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+}
+
+bool matches(const std::string &fieldName, const std::string &name)
+{
+    return fieldName.size() == name.size() && lowered(fieldName.front()) == lowered(name.front()) &&
+           fieldName.compare(1, std::string::npos, name, 1, std::string::npos) == 0;
+}
+
+bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &description)
+{
+    const bool isNodeVolume =
+        type == osg::Node::getClassType() && description.getFieldMask() == osg::Node::VolumeFieldMask;
+    return isNodeVolume || description.getName() == "parents";
+}
+
+} // namespace
+
+ksFieldBaseUndoCommand::ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container,
+                                               std::string fieldName, QUndoCommand *parent)
+    : ksUndoCommand(text, parent)
+{
+    if (container != osg::NullFC)
+        aimAt(container, findField(container, fieldName));
+}
+
+ksFieldBaseUndoCommand::ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container,
+                                               int fieldId, QUndoCommand *parent)
+    : ksUndoCommand(text, parent)
+{
+    if (container != osg::NullFC)
+        aimAt(container, container->getType().getFieldDescription(static_cast<osg::UInt32>(fieldId)));
+}
+
+const osg::FieldDescription *ksFieldBaseUndoCommand::findField(osg::FieldContainerPtr container,
+                                                               const std::string &name)
+{
+    if (name.empty())
+        return nullptr;
+    osg::FieldContainerType &type = container->getType();
+    for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id) {
+        const osg::FieldDescription *description = type.getFieldDescription(id);
+        if (description != nullptr && !isHidden(type, *description) && matches(description->getCName(), name))
+            return description;
+    }
+    return nullptr;
+}
+
+osg::UInt32 ksFieldBaseUndoCommand::containerId() const
+{
+    return fcId;
+}
+
+void ksFieldBaseUndoCommand::makeMessage(ksMessage &message) const
+{
+    ksUndoCommand::makeMessage(message);
+    message.set("container", fcId, true);
+    message.set("fieldId", fieldId, true);
+}
+
+bool ksFieldBaseUndoCommand::canMergeWith(const QUndoCommand *other) const
+{
+    if (!ksUndoCommand::canMergeWith(other))
+        return false;
+    const auto *newer = static_cast<const ksFieldBaseUndoCommand *>(other);
+    return newer->fcId == fcId && newer->fieldId == fieldId && newer->fieldMask == fieldMask;
+}
+
+void ksFieldBaseUndoCommand::aimAt(const osg::FieldContainerPtr &container,
+                                   const osg::FieldDescription *description)
+{
+    if (description == nullptr)
+        return;
+    fcId = container.getFieldContainerId();
+    fieldId = description->getFieldId();
+    fieldMask = description->getFieldMask();
+}
+
+osg::Field *ksFieldBaseUndoCommand::fieldOf(const osg::FieldContainerPtr &container) const
+{
+    if (container == osg::NullFC)
+        return nullptr;
+    const osg::FieldDescription *description = container->getType().getFieldDescription(fieldId);
+    return description == nullptr ? nullptr : description->getField(container);
+}

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OpenSG/OSGField.h>
+#include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGFieldDescription.h>
+
+#include <string>
+#include <utility>
+
+/// Base class of the commands that change one field of one container.
+///
+/// It knows its target by the container's id and the field's id and mask. Derived classes find the living
+/// container and the field at every step: a command neither keeps its container alive nor fails when that has
+/// gone, but does nothing then. The same holds for a command whose field could not be found when it was
+/// built; its ids are 0.
+class KSUNDO_EXPORT ksFieldBaseUndoCommand : public ksUndoCommand
+{
+public:
+    /// Aims at the field of \a container called \a fieldName, as findField() finds it.
+    ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, std::string fieldName,
+                           QUndoCommand *parent = nullptr);
+
+    /// Aims at the field of \a container with the id \a fieldId, counted from 1.
+    ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
+                           QUndoCommand *parent = nullptr);
+
+    /// The first field of \a container, which must not be NullFC, that is called \a name; null when there is
+    /// none. Case matters, but for the first letter: diffuse finds Diffuse, DIFFUSE does not. A field
+    /// "parents" is never found, nor is the volume of a node: both are the scene graph's own business.
+    static const osg::FieldDescription *findField(osg::FieldContainerPtr container, const std::string &name);
+
+    /// The id of the container that the command changes; 0 when its field could not be found.
+    osg::UInt32 containerId() const;
+
+    /// Adds "id", then "container" and "fieldId", the ids of the target as unsigned int.
+    void makeMessage(ksMessage &message) const override;
+
+    /// Demands, beyond ksUndoCommand's conditions, the same field of the same container.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+protected:
+    /// The target's container, and its field when that exists and is exactly a \a FieldT, null otherwise.
+    template <class FieldT>
+    std::pair<osg::FieldContainerPtr, FieldT *> findTarget() const
+    {
+        const auto container = ksFindContainer<osg::FieldContainerPtr>(fcId);
+        return {container, fieldOf<FieldT>(container)};
+    }
+
+    /// The target's field in \a container when that exists and is exactly a \a FieldT, null otherwise.
+    template <class FieldT>
+    FieldT *fieldOf(const osg::FieldContainerPtr &container) const
+    {
+        return dynamic_cast<FieldT *>(fieldOf(container));
+    }
+
+    osg::UInt32 fcId = 0;
+    osg::UInt32 fieldId = 0;
+    osg::BitVector fieldMask = 0;
+
+private:
+    void aimAt(const osg::FieldContainerPtr &container, const osg::FieldDescription *description);
+    osg::Field *fieldOf(const osg::FieldContainerPtr &container) const;
+};

@@ -1,0 +1,160 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/NodeUtils.h>
+#include <ksundo/core/ksUndoStack.h>
+#include <ksundo/field/ksBoolFieldUndoCommand.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksUndoUtil.h>
+
+#include <ksNodeUtils.h>
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace {
+
+osg::Field *findField(const osg::FieldContainerPtr &container, const std::string &fieldName)
+{
+    if (container == osg::NullFC)
+        return nullptr;
+    const osg::FieldDescription *description = ksFieldBaseUndoCommand::findField(container, fieldName);
+    return description == nullptr ? nullptr : description->getField(container);
+}
+
+/// Builds commands on one field for the first of the tried types that the field has.
+class CommandMaker
+{
+public:
+    CommandMaker(const QString &text, const osg::FieldContainerPtr &container, const std::string &fieldName,
+                 QUndoCommand *parent)
+        : text(text)
+        , container(container)
+        , fieldName(fieldName)
+        , parent(parent)
+        , field(findField(container, fieldName))
+    {}
+
+    template <class T, class ValueT>
+    bool tryNumber(ValueT value) const
+    {
+        return isA<osg::SField<T>>() &&
+               hand(new ksFieldUndoCommand<T>(text, container, fieldName, static_cast<T>(value), parent));
+    }
+
+    bool tryBool(bool value) const
+    {
+        return isA<osg::SField<bool, 2>>() &&
+               hand(new ksBoolFieldUndoCommand(text, container, fieldName, value, parent));
+    }
+
+private:
+    template <class FieldT>
+    bool isA() const
+    {
+        return dynamic_cast<const FieldT *>(field) != nullptr;
+    }
+
+    bool hand(QUndoCommand *command) const
+    {
+        if (parent == nullptr)
+            ksUndoStack::get(0)->add(command);
+        return true;
+    }
+
+    const QString &text;
+    const osg::FieldContainerPtr &container;
+    const std::string &fieldName;
+    QUndoCommand *parent;
+    const osg::Field *field;
+};
+
+QString nameOf(const osg::NodePtr &node)
+{
+    return QString::fromUtf8(NodeUtils::getName(node));
+}
+
+/// Lists the entries that \a append adds to the list for the first \a maxCount of \a nodes.
+template <class NodeT, class Append>
+QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount, Append append)
+{
+    QStringList names;
+    for (std::size_t i = 0; i < std::min<std::size_t>(maxCount, nodes.size()); ++i)
+        append(names, nodes[i]);
+    const QString end = nodes.size() > maxCount ? QStringLiteral("', ...") : QStringLiteral("'");
+    return QLatin1Char('\'') + names.join(QStringLiteral("', '")) + end;
+}
+
+std::vector<osg::NodePtr> nodePtrs(const std::vector<ksNodePtr> &nodes)
+{
+    std::vector<osg::NodePtr> result;
+    result.reserve(nodes.size());
+    for (const ksNodePtr &node : nodes)
+        result.push_back(node.getNodePtr());
+    return result;
+}
+
+} // namespace
+
+void ksUndoUtil::makeIntTypeCommand(const QString &text, osg::FieldContainerPtr container,
+                                    const std::string &fieldName, long long value, QUndoCommand *parent)
+{
+    const CommandMaker maker(text, container, fieldName, parent);
+    maker.tryNumber<long long>(value) || maker.tryNumber<unsigned long long>(value) ||
+        maker.tryNumber<int>(value) || maker.tryNumber<unsigned int>(value) ||
+        maker.tryNumber<short>(value) || maker.tryNumber<unsigned short>(value) ||
+        maker.tryNumber<signed char>(value) || maker.tryNumber<unsigned char>(value) ||
+        maker.tryBool(value != 0);
+}
+
+void ksUndoUtil::makeFloatTypeCommand(const QString &text, osg::FieldContainerPtr container,
+                                      const std::string &fieldName, double value, QUndoCommand *parent)
+{
+    const CommandMaker maker(text, container, fieldName, parent);
+    maker.tryNumber<float>(value) || maker.tryNumber<double>(value);
+}
+
+QString ksUndoUtil::makeNameList(const osg::NodePtr &node)
+{
+    return QLatin1Char('\'') + QString::fromLatin1(NodeUtils::getName(node)) + QLatin1Char('\'');
+}
+
+QString ksUndoUtil::makeNameList(const ksNodePtr &node)
+{
+    return makeNameList(node.getNodePtr());
+}
+
+QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes)
+{
+    return makeNameList(nodes, nodes.size());
+}
+
+QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes)
+{
+    return makeNameList(nodes, nodes.size());
+}
+
+QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount)
+{
+    return listNames(nodes, maxCount, [](QStringList &names, const osg::NodePtr &node) {
+        if (node != osg::NullFC)
+            names.append(nameOf(node));
+    });
+}
+
+QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount)
+{
+    return makeNameList(nodePtrs(nodes), maxCount);
+}
+
+QString ksUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>> &nodes,
+                                 unsigned long maxCount)
+{
+    return listNames(nodes, maxCount, [](QStringList &names, const std::pair<osg::NodePtr, int> &entry) {
+        const auto &[node, variant] = entry;
+        const QString name = nameOf(node);
+        const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
+        const QString text = hasVariantName ? QString(name + name) : name;
+        if (!text.isEmpty())
+            names.append(text);
+    });
+}
