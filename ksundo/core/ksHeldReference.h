@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/ksFindContainer.h>
+
 #include <OpenSG/OSGFieldContainerPtr.h>
 
 #include <utility>
@@ -8,7 +10,9 @@
 /// Keeps a container alive that a command may have to put back into the scene.
 ///
 /// It takes one reference on the container and releases it when it goes; both are recorded in the thread's
-/// change list. Releasing the last reference destroys the container. It can be moved, but not copied.
+/// change list. Releasing the last reference destroys the container. Like all targets of a command, the
+/// container is known by its id, so that one which has been destroyed in spite of the reference does no harm.
+/// A reference can be moved, but not copied.
 ///
 /// \tparam PtrT the type of the container's handle
 template <class PtrT>
@@ -20,29 +24,29 @@ public:
 
     /// Takes a reference on \a container, which may be NullFC.
     explicit ksHeldReference(const PtrT &container)
-        : held(container)
+        : id(container.getFieldContainerId())
     {
-        osg::addRefCP(held);
+        osg::addRefCP(container);
     }
 
     ksHeldReference(ksHeldReference &&other) noexcept
-        : held(std::exchange(other.held, PtrT()))
+        : id(std::exchange(other.id, 0))
     {}
 
-    /// Releases the own container after taking over that of \a other.
+    /// Takes over the container of \a other, then releases its own.
     ksHeldReference &operator=(ksHeldReference &&other) noexcept
     {
         ksHeldReference(std::move(other)).swap(*this);
         return *this;
     }
 
-    ~ksHeldReference() { osg::subRefCP(held); }
+    ~ksHeldReference() { osg::subRefCP(get()); }
 
-    void swap(ksHeldReference &other) noexcept { std::swap(held, other.held); }
+    void swap(ksHeldReference &other) noexcept { std::swap(id, other.id); }
 
     /// The container, or NullFC. It takes no further reference.
-    const PtrT &get() const { return held; }
+    PtrT get() const { return ksFindContainer<PtrT>(id); }
 
 private:
-    PtrT held;
+    osg::UInt32 id = 0;
 };
