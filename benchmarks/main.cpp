@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#include "Topics.h"
+
+#include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGChangeList.h>
+
+#include <QApplication>
+#include <benchmark/benchmark.h>
+
+int main(int argc, char **argv)
+{
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    osg::ChangeList::setReadWriteDefault();
+    osg::osgInit(argc, argv);
+    const QApplication application(argc, argv);
+    addStackBenchmarks();
+    addFieldBenchmarks();
+    addMultiCommandBenchmarks();
+    addMessageBenchmarks();
+    addHistoryWindowBenchmarks();
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

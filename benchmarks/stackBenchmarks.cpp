@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "Fixtures.h"
+#include "Meter.h"
+#include "Topics.h"
+
+#include <memory>
+
+namespace {
+
+/// A scene and a history of edits in it.
+template <class Edits>
+class Session
+{
+public:
+    Session(int containers, int steps)
+        : containers(containers)
+        , steps(steps)
+        , scene(containers)
+    {
+        push(steps);
+    }
+
+    /// The session of this size in its first state: all steps done. It is kept until another size is asked
+    /// for, since a large one takes longer to build than to measure.
+    static Session &of(int containers, int steps)
+    {
+        static std::unique_ptr<Session> current;
+        if (current == nullptr || current->containers != containers || current->steps != steps) {
+            current.reset();
+            current = std::make_unique<Session>(containers, steps);
+        }
+        current->restore();
+        return *current;
+    }
+
+    void pushOne(int step) { edits.push(Edits::makeCommand(scene.target(step), static_cast<float>(step))); }
+
+    void push(int number)
+    {
+        for (int i = 0; i < number; ++i)
+            pushOne(i);
+    }
+
+    void undo(int number)
+    {
+        for (int i = 0; i < number; ++i)
+            edits.undo();
+    }
+
+    void redo(int number)
+    {
+        for (int i = 0; i < number; ++i)
+            edits.redo();
+    }
+
+    int count() const { return edits.count(); }
+
+    Edits edits;
+
+private:
+    void restore()
+    {
+        undo(edits.index() - steps + 1);
+        pushOne(edits.index());
+    }
+
+    int containers;
+    int steps;
+    MaterialScene scene;
+};
+
+template <class Edits>
+void push(Meter &meter, int containers, int steps)
+{
+    auto &session = Session<Edits>::of(containers, steps);
+    meter.measure(stepCount, [&session](int i) { session.pushOne(i); });
+    meter.require(session.count() == steps + stepCount, "a pushed command is missing");
+}
+
+template <class Edits>
+void undo(Meter &meter, int containers, int steps)
+{
+    auto &session = Session<Edits>::of(containers, steps);
+    meter.measure(stepCount, [&session](int) { session.edits.undo(); });
+    meter.require(session.edits.index() == steps - stepCount, "a step was not undone");
+    session.redo(stepCount);
+}
+
+template <class Edits>
+void redo(Meter &meter, int containers, int steps)
+{
+    auto &session = Session<Edits>::of(containers, steps);
+    session.undo(stepCount);
+    meter.measure(stepCount, [&session](int) { session.edits.redo(); });
+    meter.require(session.edits.index() == steps, "a step was not redone");
+}
+
+void addSteps(const std::string &prefix, int containers, int steps)
+{
+    const auto sized = [=](void (*body)(Meter &, int, int)) {
+        return [=](Meter &meter) { body(meter, containers, steps); };
+    };
+    addCase(prefix + "push", sized(push<ByLibrary>), sized(push<ByHand>));
+    addCase(prefix + "undo", sized(undo<ByLibrary>), sized(undo<ByHand>));
+    addCase(prefix + "redo", sized(redo<ByLibrary>), sized(redo<ByHand>));
+}
+
+template <class Edits>
+void mergedPush(Meter &meter)
+{
+    const MaterialScene scene(1);
+    Edits edits;
+    const auto drag = [&](int i) {
+        edits.push(Edits::makeMergingCommand(scene.target(0), static_cast<float>(i)));
+    };
+    drag(0);
+    drag(1);
+    meter.measure(stepCount, drag);
+    meter.require(edits.count() == 1, "the commands did not merge");
+}
+
+} // namespace
+
+void addStackBenchmarks()
+{
+    addSteps("", 2, stepCount);
+    addCase("merged push", mergedPush<ByLibrary>, mergedPush<ByHand>);
+    for (const int size : {1'000, 10'000, 100'000, 1'000'000})
+        addSteps("history/" + std::to_string(size) + "/", 2, size);
+    for (const int size : {1'000, 10'000, 100'000, 1'000'000})
+        addSteps("scene/" + std::to_string(size) + "/", size, stepCount);
+}
