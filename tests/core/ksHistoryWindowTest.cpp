@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/ksUndoStack.h>
+
+#include <QApplication>
+#include <QStyledItemDelegate>
+#include <QTranslator>
+#include <QUndoStack>
+#include <QUndoView>
+#include <gmock/gmock.h>
+
+#include <functional>
+#include <support/ksQtWarnings.h>
+#include <support/ksStackRecorder.h>
+#include <support/ksStackState.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+std::vector<QUndoView *> historyWindows()
+{
+    std::vector<QUndoView *> result;
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows)
+        if (auto *view = qobject_cast<QUndoView *>(window))
+            result.push_back(view);
+    return result;
+}
+
+/// The one history window there is; null when there is none or more than one.
+QUndoView *historyWindow()
+{
+    const auto windows = historyWindows();
+    return windows.size() == 1 ? windows.front() : nullptr;
+}
+
+/// Counts how often a window is raised.
+class ksRaiseCounter : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        raised += event->type() == QEvent::ZOrderChange;
+        return false;
+    }
+
+    int raised = 0;
+};
+
+/// Counts the rows that are asked for their size.
+class ksCountingDelegate : public QStyledItemDelegate
+{
+public:
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        ++asked;
+        return QStyledItemDelegate::sizeHint(option, index);
+    }
+
+    mutable int asked = 0;
+};
+
+class ksSpellingTranslator : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+
+    QString translate(const char *context, const char *text, const char *, int) const override
+    {
+        return QLatin1String(context) + QLatin1Char(':') + QLatin1String(text);
+    }
+};
+
+/// How often \a view asks for the size of a row while \a step is taken five times.
+int rowsAsked(QUndoView &view, const std::function<void()> &step)
+{
+    ksCountingDelegate delegate;
+    QAbstractItemDelegate *previous = view.itemDelegate();
+    view.setItemDelegate(&delegate);
+    QCoreApplication::processEvents();
+    delegate.asked = 0;
+    for (int i = 0; i < 5; ++i) {
+        step();
+        QCoreApplication::processEvents();
+    }
+    view.setItemDelegate(previous);
+    return delegate.asked;
+}
+
+class ksHistoryWindow : public testing::Test
+{
+protected:
+    /// The platform without a display cannot raise windows, and says so; nothing else is amiss.
+    void TearDown() override
+    {
+        EXPECT_THAT(warnings.take(), testing::Each("This plugin does not support raise()"));
+    }
+
+    void add(const char *text) { stack.add(new QUndoCommand(QString::fromUtf8(text))); }
+
+    ksQtWarnings warnings;
+    ksUndoStack stack;
+};
+
+} // namespace
+
+TEST_F(ksHistoryWindow, IsMadeOnTheFirstCallOnly)
+{
+    EXPECT_THAT(historyWindows(), testing::IsEmpty());
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    stack.showHistory();
+    EXPECT_THAT(historyWindows(), ElementsAre(window));
+}
+
+TEST_F(ksHistoryWindow, HasItsTitleSizeAndNoParent)
+{
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    EXPECT_EQ(historyWindow()->windowTitle(), QStringLiteral("Undo/Redo History"));
+    EXPECT_EQ(historyWindow()->size(), QSize(300, 100));
+    EXPECT_EQ(historyWindow()->parent(), nullptr);
+    EXPECT_TRUE(historyWindow()->isVisible());
+}
+
+TEST_F(ksHistoryWindow, HasATranslatedTitle)
+{
+    ksSpellingTranslator translator;
+    QCoreApplication::installTranslator(&translator);
+    stack.showHistory();
+    QCoreApplication::removeTranslator(&translator);
+    ASSERT_NE(historyWindow(), nullptr);
+    EXPECT_EQ(historyWindow()->windowTitle(), QStringLiteral("ksUndoStack:Undo/Redo History"));
+}
+
+TEST_F(ksHistoryWindow, KeepsWhatTheUserMadeOfIt)
+{
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    window->resize(500, 400);
+    window->setWindowTitle(QStringLiteral("mine"));
+    stack.showHistory();
+    EXPECT_EQ(window->size(), QSize(500, 400));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("mine"));
+}
+
+TEST_F(ksHistoryWindow, IsShownAgainAfterItWasClosed)
+{
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    window->close();
+    EXPECT_FALSE(window->isVisible());
+    stack.showHistory();
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(historyWindow(), window);
+}
+
+TEST_F(ksHistoryWindow, IsRaisedOnEveryCall)
+{
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    ksRaiseCounter counter;
+    historyWindow()->installEventFilter(&counter);
+    stack.showHistory();
+    EXPECT_EQ(counter.raised, 1);
+    stack.showHistory();
+    EXPECT_EQ(counter.raised, 2);
+}
+
+TEST_F(ksHistoryWindow, IsMadeAnewWhenSomebodyDeletedIt)
+{
+    stack.showHistory();
+    delete historyWindow();
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    EXPECT_TRUE(historyWindow()->isVisible());
+}
+
+TEST_F(ksHistoryWindow, ListsTheCommandsOfItsStack)
+{
+    add("A");
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    add("B");
+    const QAbstractItemModel *model = historyWindow()->model();
+    ASSERT_EQ(model->rowCount(), 3);
+    EXPECT_EQ(model->index(1, 0).data(), QStringLiteral("A"));
+    EXPECT_EQ(model->index(2, 0).data(), QStringLiteral("B"));
+}
+
+TEST_F(ksHistoryWindow, GoesWithItsStack)
+{
+    {
+        ksUndoStack other;
+        other.showHistory();
+        EXPECT_EQ(historyWindows().size(), 1u);
+    }
+    EXPECT_THAT(historyWindows(), testing::IsEmpty());
+}
+
+TEST_F(ksHistoryWindow, IsOnePerStack)
+{
+    ksUndoStack other;
+    stack.showHistory();
+    other.showHistory();
+    EXPECT_EQ(historyWindows().size(), 2u);
+}
+
+TEST_F(ksHistoryWindow, ReportsAStepByClick)
+{
+    for (const char *text : {"A", "B", "C"})
+        add(text);
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    ksStackRecorder recorder(stack);
+    int depth = -1;
+    QObject receiver;
+    QObject::connect(&stack, &ksUndoStack::undoPerformed, &receiver, [&] { depth = stack.getBusyDepth(); });
+
+    historyWindow()->setCurrentIndex(historyWindow()->model()->index(1, 0));
+    EXPECT_EQ(recorder.take(), ksStep::undone("B", 1));
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "B", "C"}, 1));
+    EXPECT_EQ(depth, 0);
+
+    historyWindow()->setCurrentIndex(historyWindow()->model()->index(3, 0));
+    EXPECT_EQ(recorder.take(), ksStep::redone("C", 2));
+}
+
+TEST_F(ksHistoryWindow, AsksFewRowsForTheirSizeHoweverLongTheHistory)
+{
+    QUndoStack stock;
+    for (int i = 0; i < 50000; ++i) {
+        stack.add(new QUndoCommand(QStringLiteral("step")));
+        stock.push(new QUndoCommand(QStringLiteral("step")));
+    }
+    QUndoView stockView(&stock);
+    stockView.resize(300, 100);
+    stockView.show();
+    stack.showHistory();
+    QUndoView *window = nullptr;
+    for (QUndoView *view : historyWindows())
+        if (view != &stockView)
+            window = view;
+    ASSERT_NE(window, nullptr);
+
+    const int ours = rowsAsked(*window, [this] { stack.add(new QUndoCommand(QStringLiteral("more"))); });
+    const int theirs = rowsAsked(stockView, [&] { stock.push(new QUndoCommand(QStringLiteral("more"))); });
+    EXPECT_GT(ours, 0);
+    EXPECT_LT(ours, theirs / 50);
+}

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/ksTouch.h>
+
+#include <gmock/gmock.h>
+
+#include <support/OSGProbeContainer.h>
+#include <support/ksRecords.h>
+#include <thread>
+
+namespace {
+
+class ksTouchTest : public testing::Test
+{
+protected:
+    ksTouchTest()
+    {
+        recorder.take();
+        osg::ProbeContainer::takeCalls();
+    }
+    ~ksTouchTest() override { osg::FieldContainerPtr::_ignore_change = false; }
+
+    /// The records of one edit of the fields \a mask of the probe.
+    ksRecords editOf(osg::BitVector mask) const
+    {
+        return ksRecords().change(recorder.idOf(probe.get()), mask);
+    }
+
+    ksRecorder recorder;
+    osg::ProbeContainerRefPtr probe{osg::ProbeContainer::create()};
+};
+
+} // namespace
+
+TEST_F(ksTouchTest, RecordsTheChangeThenCallsTheHandler)
+{
+    ksTouch(probe.get(), osg::ProbeContainer::TextFieldMask);
+    EXPECT_EQ(recorder.take(), editOf(osg::ProbeContainer::TextFieldMask));
+
+    const auto calls = osg::ProbeContainer::takeCalls();
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].mask, osg::ProbeContainer::TextFieldMask);
+    EXPECT_EQ(calls[0].origin, osg::ChangedOrigin::External);
+    EXPECT_EQ(calls[0].origin, 1u);
+    EXPECT_EQ(calls[0].recorded, 1u);
+}
+
+TEST_F(ksTouchTest, PassesAllBitsOfTheMask)
+{
+    for (const osg::BitVector mask : {~osg::BitVector(0), osg::BitVector(1) << 63, osg::BitVector(0)}) {
+        ksTouch(probe.get(), mask);
+        EXPECT_EQ(recorder.take(), editOf(mask));
+        const auto calls = osg::ProbeContainer::takeCalls();
+        ASSERT_EQ(calls.size(), 1u);
+        EXPECT_EQ(calls[0].mask, mask);
+    }
+}
+
+TEST_F(ksTouchTest, RecordsButCallsNoHandlerWhenChangesAreIgnored)
+{
+    osg::FieldContainerPtr::_ignore_change = true;
+    ksTouch(probe.get(), 2);
+    EXPECT_EQ(recorder.take(), editOf(2));
+    EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
+}
+
+TEST_F(ksTouchTest, CallsTheHandlerWithAReadOnlyList)
+{
+    osg::ChangeList *changes = osg::PThreadBase::getCurrentChangeList();
+    changes->setReadOnly(true);
+    ksTouch(probe.get(), 2);
+    changes->setReadOnly(false);
+    EXPECT_EQ(recorder.take(), ksRecords());
+    EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 1u);
+}
+
+TEST_F(ksTouchTest, CallsTheHandlerOnAThreadWithoutAList)
+{
+    std::thread([this] { ksTouch(probe.get(), 2); }).join();
+    EXPECT_EQ(recorder.take(), ksRecords());
+    EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 1u);
+}
+
+TEST_F(ksTouchTest, DoesNothingOnNull)
+{
+    ksTouch(osg::NullFC, 2);
+    EXPECT_EQ(recorder.take(), ksRecords());
+    EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
+}
+
+TEST_F(ksTouchTest, TakesNoReference)
+{
+    ksTouch(probe.get(), 2);
+    EXPECT_EQ(probe.get().getRefCount(), 1);
+}

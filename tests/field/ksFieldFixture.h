@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGChangeList.h>
+#include <OpenSG/OSGThread.h>
+#include <OpenSG/OSGThreadContext.h>
+
+#include <gmock/gmock.h>
+
+#include <map>
+#include <string>
+#include <support/OSGProbeContainer.h>
+#include <support/ksRecords.h>
+#include <vector>
+
+/// A container to edit, and everything that an edit of it can be observed by.
+class ksFieldFixture : public testing::Test
+{
+protected:
+    using Values = std::map<std::string, std::string>;
+
+    ksFieldFixture() { forget(); }
+    ~ksFieldFixture() override { osg::FieldContainerPtr::_ignore_change = false; }
+
+    osg::FieldContainerPtr container() const { return probe.get(); }
+    osg::UInt32 probeId() const { return container().getFieldContainerId(); }
+
+    /// The values of all fields of the probe, by name, as a thread of \a aspect sees them.
+    Values values(osg::UInt32 aspect = 0) const
+    {
+        const osg::AspectScope scope(aspect);
+        Values result;
+        osg::FieldContainerType &type = probe->getType();
+        for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id)
+            probe->getField(id)->getValueByStr(result[type.getFieldDescription(id)->getCName()]);
+        return result;
+    }
+
+    /// Forgets what has been recorded and handled so far.
+    void forget()
+    {
+        recorder.take();
+        osg::ProbeContainer::takeCalls();
+    }
+
+    /// The records of one edit of the probe's field \a mask.
+    ksRecords editOf(osg::BitVector mask) const
+    {
+        return ksRecords().change(recorder.idOf(container()), mask);
+    }
+
+    /// Expects that exactly one edit has been ended since the last time: that of the field \a mask of the
+    /// probe, which held \a value by then.
+    void expectOneEdit(osg::BitVector mask, const std::string &value)
+    {
+        EXPECT_EQ(recorder.take(), editOf(mask));
+        const auto calls = osg::ProbeContainer::takeCalls();
+        ASSERT_EQ(calls.size(), 1u);
+        EXPECT_EQ(calls[0].mask, mask);
+        EXPECT_EQ(calls[0].origin, 1u);
+        EXPECT_EQ(calls[0].value, value);
+        EXPECT_EQ(calls[0].recorded, 1u);
+    }
+
+    void expectNoEdit()
+    {
+        EXPECT_EQ(recorder.take(), ksRecords());
+        EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
+    }
+
+    /// Destroys the probe.
+    void destroy()
+    {
+        probe = osg::NullFC;
+        forget();
+    }
+
+    static osg::ChangeList &changes() { return *osg::PThreadBase::getCurrentChangeList(); }
+
+    ksRecorder recorder;
+    osg::ProbeContainerRefPtr probe{osg::ProbeContainer::create()};
+};
