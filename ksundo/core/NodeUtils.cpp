@@ -17,3 +17,8 @@ const char *NodeUtils::getName(const osg::NodePtr &node)
         return name;
     return core->getType().getCName();
 }
+
+QString NodeUtils::getText(const osg::NodePtr &node)
+{
+    return QString::fromUtf8(getName(node));
+}

@@ -5,6 +5,8 @@
 
 #include <OpenSG/OSGNode.h>
 
+#include <QString>
+
 /// Helpers on nodes that commands share.
 namespace NodeUtils {
 
@@ -12,5 +14,8 @@ namespace NodeUtils {
 /// the name of the core's type. Null for NullFC and for a node without a core, named or not. The text belongs
 /// to the scene graph and is valid until the name changes.
 KSUNDO_EXPORT const char *getName(const osg::NodePtr &node);
+
+/// The same name as a text; empty when there is none.
+KSUNDO_EXPORT QString getText(const osg::NodePtr &node);
 
 } // namespace NodeUtils

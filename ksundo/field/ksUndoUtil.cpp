@@ -68,11 +68,6 @@ private:
     const osg::Field *field;
 };
 
-QString nameOf(const osg::NodePtr &node)
-{
-    return QString::fromUtf8(NodeUtils::getName(node));
-}
-
 /// Lists the entries that \a append adds to the list for the first \a maxCount of \a nodes.
 template <class NodeT, class Append>
 QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount, Append append)
@@ -137,7 +132,7 @@ QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes, unsigne
 {
     return listNames(nodes, maxCount, [](QStringList &names, const osg::NodePtr &node) {
         if (node != osg::NullFC)
-            names.append(nameOf(node));
+            names.append(NodeUtils::getText(node));
     });
 }
 
@@ -151,7 +146,7 @@ QString ksUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>>
 {
     return listNames(nodes, maxCount, [](QStringList &names, const std::pair<osg::NodePtr, int> &entry) {
         const auto &[node, variant] = entry;
-        const QString name = nameOf(node);
+        const QString name = NodeUtils::getText(node);
         const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
         const QString text = hasVariantName ? QString(name + name) : name;
         if (!text.isEmpty())
