@@ -10,8 +10,17 @@ OSG_DEFINE_CONTAINER(TransformVariantsAttachment, Attachment, "", OSG_TRANSFORM_
 void TransformVariantsAttachment::insertVariant(UInt32 index, const TransformVariantPtr &variant)
 {
     addRefCP(variant);
-    const UInt32 position = std::min<UInt32>(index, _mfVariants.size());
-    _mfVariants.insert(_mfVariants.begin() + position, variant);
+    _mfVariants.insert(_mfVariants.begin() + std::min(index, _mfVariants.size()), variant);
+}
+
+void TransformVariantsAttachment::removeVariant(UInt32 index)
+{
+    if (index >= _mfVariants.size()) {
+        return;
+    }
+    const TransformVariantPtr leaving = _mfVariants[index];
+    _mfVariants.erase(_mfVariants.begin() + index);
+    subRefCP(leaving);
 }
 
 TransformVariantsAttachment::TransformVariantsAttachment(const TransformVariantsAttachment &source)
@@ -20,10 +29,11 @@ TransformVariantsAttachment::TransformVariantsAttachment(const TransformVariants
     _mfVariants.clear();
 }
 
-TransformVariantsAttachment::~TransformVariantsAttachment()
+TransformVariantsAttachment::~TransformVariantsAttachment(void)
 {
-    for (const TransformVariantPtr &variant : _mfVariants)
+    for (const TransformVariantPtr &variant : _mfVariants) {
         subRefCP(variant);
+    }
 }
 
 OSG_END_NAMESPACE

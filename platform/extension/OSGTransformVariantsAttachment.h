@@ -12,22 +12,27 @@ OSG_BEGIN_NAMESPACE
 OSG_CONTAINER_POINTER(TransformVariantsAttachment, AttachmentPtr)
 OSG_CONTAINER_BASE(TransformVariantsAttachment, Attachment, OSG_TRANSFORM_VARIANTS_ATTACHMENT_FIELDS)
 
-/// The transform variants of a node, in order. The list holds one reference on each of them.
+/// The transform variants of a node, in order. The list holds one reference on each of them. The edits of the
+/// list are up to the caller.
 class TransformVariantsAttachment : public TransformVariantsAttachmentBase
 {
     OSG_CONTAINER_MEMBERS(TransformVariantsAttachment)
 
 public:
-    /// Inserts \a variant before position \a index, at the end when there are not as many, and takes a
-    /// reference on it. The edit of this attachment is up to the caller.
+    /// Inserts @p variant before position @p index, at the end when there are not as many, and takes a
+    /// reference on it.
     void insertVariant(UInt32 index, const TransformVariantPtr &variant);
 
-protected:
-    TransformVariantsAttachment() = default;
+    /// Removes the variant at @p index and releases the reference, which may destroy it. Does nothing if
+    /// there is none.
+    void removeVariant(UInt32 index);
 
-    /// The variants belong to \a source and are not copied.
+protected:
+    TransformVariantsAttachment(void) = default;
+
+    /// The variants belong to @p source and are not copied.
     TransformVariantsAttachment(const TransformVariantsAttachment &source);
-    ~TransformVariantsAttachment() override;
+    ~TransformVariantsAttachment(void) override;
 };
 
 OSG_END_NAMESPACE
