@@ -223,7 +223,7 @@ ROOM = node(
             mesh="LongWall", translation=[0, 0, -2]),
         node("EastWall",
              node("Clock", mesh="ClockFace", translation=[0.4, 1.8, 0], rotation=turn("x", 90),
-                  extras={"timeOffset": 0.1, "revision": -9007199254740993}),
+                  extras={"timeOffset": 0.1, "revision": 9007199254740993}),
              mesh="ShortWall", translation=[2.5, 0, 0], rotation=turn("y", -90)),
         extras={"layer": 1}),
     node("Rug", mesh="RugPlate", translation=[0.2, 0, 0.3], rotation=turn("y", 12), scale=[1.2, 1, 0.9]),
