@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "ksImageImporter.h"
+
+#include "ksModelFile.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QImage>
+#include <QImageReader>
+#include <QUrl>
+#include <assimp/scene.h>
+
+#include <utility>
+#include <vector>
+
+namespace {
+
+QImage embeddedImage(const aiTexture &texture)
+{
+    // A height of 0 marks the bytes of an image file, whose length is the width.
+    if (texture.mHeight == 0)
+        return QImage::fromData(reinterpret_cast<const uchar *>(texture.pcData),
+                                static_cast<int>(texture.mWidth));
+    static_assert(sizeof(aiTexel) == 4);
+    return QImage(reinterpret_cast<const uchar *>(texture.pcData), static_cast<int>(texture.mWidth),
+                  static_cast<int>(texture.mHeight), static_cast<int>(texture.mWidth * sizeof(aiTexel)),
+                  QImage::Format_ARGB32);
+}
+
+/// The file that a model in \a folder means by \a name: models carry paths of other systems, escaped paths,
+/// and paths of the machine that they were made on.
+QString locate(const QString &folder, const std::string &name)
+{
+    const QString path = QString::fromStdString(name).replace(QLatin1Char('\\'), QLatin1Char('/'));
+    const QString unescaped = QUrl::fromPercentEncoding(path.toUtf8());
+    const QDir base(folder);
+    for (const QString &candidate : {path, unescaped, QFileInfo(path).fileName()}) {
+        const QFileInfo found(base.absoluteFilePath(candidate));
+        if (found.isFile())
+            return found.filePath();
+    }
+    return {};
+}
+
+struct Layout
+{
+    QImage::Format format;
+    osg::UInt32 pixelFormat;
+    int channels;
+};
+
+Layout layoutFor(const QImage &image)
+{
+    if (image.hasAlphaChannel())
+        return {QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4};
+    if (image.isGrayscale())
+        return {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1};
+    return {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3};
+}
+
+osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+{
+    const Layout layout = layoutFor(source);
+    const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
+
+    // Lines of a QImage are padded, those of the scene graph's images are not.
+    const auto lineLength = static_cast<std::size_t>(pixels.width() * layout.channels);
+    std::vector<osg::UInt8> data;
+    data.reserve(lineLength * static_cast<std::size_t>(pixels.height()));
+    for (int y = 0; y < pixels.height(); ++y) {
+        const uchar *line = pixels.constScanLine(y);
+        data.insert(data.end(), line, line + lineLength);
+    }
+
+    const osg::ImagePtr image = osg::Image::create();
+    image->set(layout.pixelFormat, pixels.width(), pixels.height(), 1, 1, 1, 0, data.data());
+    CPEdit(image, osg::Image::NameFieldMask);
+    image->setName(name);
+    return image;
+}
+
+} // namespace
+
+ksImageImporter::ksImageImporter(const ksModelFile &model, ksWarn reportTo)
+    : file(model)
+    , warn(std::move(reportTo))
+{}
+
+osg::ImagePtr ksImageImporter::image(const std::string &name)
+{
+    const auto known = images.find(name);
+    if (known != images.end())
+        return known->second.get();
+    return images.emplace(name, createImage(name)).first->second.get();
+}
+
+osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
+{
+    const QString shown = QString::fromStdString(name);
+    if (const aiTexture *texture = file.scene().GetEmbeddedTexture(name.c_str())) {
+        const QImage image = embeddedImage(*texture);
+        if (!image.isNull())
+            return toSceneImage(image, name);
+        warn(QStringLiteral("texture ") + shown + QStringLiteral(" within the model cannot be read"));
+        return osg::NullFC;
+    }
+
+    const QString path = locate(file.folder(), name);
+    if (path.isEmpty()) {
+        warn(QStringLiteral("texture ") + shown + QStringLiteral(": no such file"));
+        return osg::NullFC;
+    }
+    QImageReader reader(path);
+    // The content decides: models name textures with the wrong suffix often enough.
+    reader.setDecideFormatFromContent(true);
+    const QImage image = reader.read();
+    if (image.isNull()) {
+        warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") + reader.errorString());
+        return osg::NullFC;
+    }
+    return toSceneImage(image, name);
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksWarn.h"
+
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGRefPtr.h>
+
+#include <map>
+#include <string>
+
+class ksModelFile;
+
+/// Makes images of the scene graph from the textures of a model file. A texture that several materials use
+/// becomes one image.
+class ksImageImporter
+{
+public:
+    /// \a model must outlive the importer. Textures that cannot be read are reported to \a reportTo.
+    ksImageImporter(const ksModelFile &model, ksWarn reportTo);
+
+    /// The image that the model calls \a name: the path of a file, absolute or from the model's folder, or
+    /// the name of a texture within the model. NullFC, after a warning, when it cannot be read. Images are 8
+    /// bits a channel, grey, RGB or RGBA, and start at the lower left.
+    osg::ImagePtr image(const std::string &name);
+
+private:
+    osg::ImagePtr createImage(const std::string &name) const;
+
+    const ksModelFile &file;
+    ksWarn warn;
+    std::map<std::string, osg::ImageRefPtr> images;
+};

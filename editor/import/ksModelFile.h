@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+struct aiScene;
+
+/// The formats whose readers hand over their content by conventions of their own.
+enum class ksModelFormat
+{
+    Gltf,
+    Collada,
+    Other
+};
+
+/// A model file, read and checked.
+class ksModelFile
+{
+public:
+    /// Reads the model in the file \a filePath: meshes made of triangles, lines or points, each mesh of one
+    /// kind, with normals. Throws ksEditorError when there is no such file, no reader knows its format, or
+    /// what it holds is not a scene: nodes that are missing, faces without corners or with corners that do
+    /// not exist.
+    explicit ksModelFile(const QString &filePath);
+    ~ksModelFile();
+    ksModelFile(const ksModelFile &) = delete;
+    ksModelFile &operator=(const ksModelFile &) = delete;
+
+    /// What the file holds. It belongs to the model file.
+    const aiScene &scene() const;
+
+    ksModelFormat format() const;
+
+    /// The folder that the file is in; relative paths in the file start there.
+    QString folder() const;
+
+private:
+    class Reader;
+
+    QString path;
+    std::unique_ptr<Reader> reader;
+};

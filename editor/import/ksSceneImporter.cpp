@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+#include "ksSceneImporter.h"
+
+#include "ksLightImporter.h"
+#include "ksMaterialImporter.h"
+#include "ksMesh.h"
+#include "ksModelFile.h"
+#include "ksNodeSettingsImporter.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGTransform.h>
+
+#include <assimp/scene.h>
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+osg::TransformPtr createTransform(const aiMatrix4x4 &m)
+{
+    const osg::TransformPtr transform = osg::Transform::create();
+    CPEdit(transform, osg::Transform::MatrixFieldMask);
+    transform->setMatrix(osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4,
+                                     m.d1, m.d2, m.d3, m.d4));
+    return transform;
+}
+
+osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,
+                        const osg::ksNodeSettingsPtr &settings)
+{
+    const osg::NodePtr node = osg::Node::create();
+    CPEdit(node, osg::Node::CoreFieldMask | osg::Node::AttachmentsFieldMask);
+    node->setCore(core);
+    node->addAttachment(settings);
+    if (!name.empty())
+        osg::setName(node, name);
+    return node;
+}
+
+osg::ksMeshPtr createMesh(const aiMesh &source, const osg::MaterialPtr &material)
+{
+    const osg::ksMeshPtr mesh = osg::ksMesh::create();
+    CPEdit(mesh, osg::FieldBits::AllFields);
+    mesh->setMaterial(material);
+
+    mesh->getPositions().reserve(source.mNumVertices);
+    for (unsigned int i = 0; i < source.mNumVertices; ++i) {
+        const aiVector3D &position = source.mVertices[i];
+        mesh->getPositions().push_back(osg::Pnt3f(position.x, position.y, position.z));
+    }
+    for (unsigned int i = 0; source.HasNormals() && i < source.mNumVertices; ++i) {
+        const aiVector3D &normal = source.mNormals[i];
+        mesh->getNormals().push_back(osg::Vec3f(normal.x, normal.y, normal.z));
+    }
+    for (unsigned int i = 0; source.HasTextureCoords(0) && i < source.mNumVertices; ++i) {
+        const aiVector3D &coordinates = source.mTextureCoords[0][i];
+        mesh->getTexCoords().push_back(osg::Vec2f(coordinates.x, coordinates.y));
+    }
+    for (unsigned int i = 0; i < source.mNumFaces; ++i) {
+        const aiFace &face = source.mFaces[i];
+        for (unsigned int corner = 0; corner < face.mNumIndices; ++corner)
+            mesh->getIndices().push_back(face.mIndices[corner]);
+    }
+    // The file has been read in such a way that all faces of a mesh are of one kind.
+    mesh->setCornersPerFace(static_cast<osg::UInt8>(source.mNumFaces > 0 ? source.mFaces[0].mNumIndices : 1));
+    return mesh;
+}
+
+/// Builds the scene of one model file.
+class SceneBuilder
+{
+public:
+    SceneBuilder(const ksModelFile &model, const ksWarn &reportTo)
+        : file(model)
+        , warn(reportTo)
+        , materials(model, reportTo)
+        , meshes(model.scene().mNumMeshes)
+    {
+        for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
+            const aiLight *light = file.scene().mLights[i];
+            lights.emplace(light->mName.C_Str(), light);
+        }
+    }
+
+    osg::NodeRefPtr build()
+    {
+        osg::NodeRefPtr root(buildNode(*file.scene().mRootNode));
+        for (const auto &[name, light] : lights)
+            warn(QStringLiteral("light '") + QString::fromStdString(name) + QStringLiteral("' has no place"));
+        return root;
+    }
+
+private:
+    osg::NodePtr buildNode(const aiNode &source)
+    {
+        const std::string name = source.mName.C_Str();
+        const osg::NodePtr node = createNode(name, createTransform(source.mTransformation),
+                                             ksNodeSettingsImporter::create(source, warn));
+        CPEdit(node, osg::Node::ChildrenFieldMask);
+        for (unsigned int i = 0; i < source.mNumChildren; ++i)
+            node->addChild(buildNode(*source.mChildren[i]));
+        for (unsigned int i = 0; i < source.mNumMeshes; ++i)
+            node->addChild(buildMeshNode(name, source.mMeshes[i]));
+        if (const auto light = lights.find(name); light != lights.end()) {
+            node->addChild(buildLightNode(node, *light->second));
+            // A second node of that name is not where the light is.
+            lights.erase(light);
+        }
+        return node;
+    }
+
+    osg::NodePtr buildMeshNode(const std::string &owner, unsigned int index)
+    {
+        const aiMesh &source = *file.scene().mMeshes[index];
+        osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
+        if (mesh.get() == osg::NullFC)
+            mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source, materials.material(source.mMaterialIndex)));
+        return createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh", mesh.get(),
+                          osg::ksNodeSettings::create());
+    }
+
+    osg::NodePtr buildLightNode(const osg::NodePtr &owner, const aiLight &source)
+    {
+        const ksLightValues values = ksLightImporter::values(source, file.format());
+        const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
+        CPEdit(settings, osg::ksNodeSettings::LightIntensityFieldMask);
+        settings->setLightIntensity(values.intensity);
+        return createNode(source.mName.C_Str() + std::string(" light"),
+                          ksLightImporter::createCore(values, owner), settings);
+    }
+
+    const ksModelFile &file;
+    const ksWarn &warn;
+    ksMaterialImporter materials;
+    std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
+    std::map<std::string, const aiLight *> lights;
+};
+
+} // namespace
+
+ksSceneImporter::ksSceneImporter(ksWarn reportTo)
+    : warn(std::move(reportTo))
+{}
+
+osg::NodeRefPtr ksSceneImporter::load(const QString &path) const
+{
+    const ksModelFile file(path);
+    return SceneBuilder(file, warn).build();
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksWarn.h"
+
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+
+/// Loads model files of every format that Assimp reads into the scene graph.
+///
+/// A node of the model becomes a node with the same name, a Transform core and the same children in the same
+/// order. Its meshes and its light become further children behind those, which have the mesh or light as
+/// their core. Meshes, materials and images that the model uses several times are shared. Every node has
+/// settings, see osg::ksNodeSettings; those of a light's node hold the light's intensity.
+class ksSceneImporter
+{
+public:
+    /// What is left out of a scene is reported to \a reportTo: textures that cannot be read, lights without a
+    /// place, settings with unfit values.
+    explicit ksSceneImporter(ksWarn reportTo);
+
+    /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read.
+    osg::NodeRefPtr load(const QString &path) const;
+
+private:
+    ksWarn warn;
+};

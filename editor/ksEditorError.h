@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+
+/// What kept the editor from doing what was asked. The message is one line in UTF-8 that names the file, if
+/// there is one, and the reason; the editor shows it as it is.
+class ksEditorError : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
+};

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#include "ksContainers.h"
+
+#include <OpenSG/OSGAttachment.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMFFieldContainerPtr.h>
+#include <OpenSG/OSGMFNodePtr.h>
+#include <OpenSG/OSGNodeCore.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+osg::NodePtr ksContainers::ownerOf(const osg::FieldContainerPtr &container)
+{
+    if (const osg::NodePtr node = osg::NodePtr::dcast(container))
+        return node;
+    if (const osg::NodeCorePtr core = osg::NodeCorePtr::dcast(container))
+        return core->getParents().empty() ? osg::NodePtr() : core->getParents().front();
+    const osg::AttachmentPtr attachment = osg::AttachmentPtr::dcast(container);
+    if (attachment == osg::NullFC || attachment->getParents().empty())
+        return osg::NullFC;
+    return osg::NodePtr::dcast(attachment->getParents().front());
+}
+
+QString ksContainers::nameOf(const osg::FieldContainerPtr &container)
+{
+    const osg::NodePtr node = ownerOf(container);
+    const osg::AttachmentContainerPtr named = node != osg::NullFC
+                                                  ? osg::AttachmentContainerPtr(node)
+                                                  : osg::AttachmentContainerPtr::dcast(container);
+    const char *name = osg::getName(named);
+    if (name != nullptr)
+        return QString::fromUtf8(name);
+    const osg::ImagePtr image = osg::ImagePtr::dcast(container);
+    return image == osg::NullFC ? QString() : QString::fromStdString(image->getName());
+}
+
+QString ksContainers::label(const osg::FieldContainerPtr &container)
+{
+    if (container == osg::NullFC)
+        return QStringLiteral("nothing");
+    const QString name = nameOf(container);
+    const QString plain = QString::fromLatin1(container->getTypeName()) + QLatin1Char(' ') +
+                          QString::number(container.getFieldContainerId());
+    return name.isEmpty() ? plain : plain + QStringLiteral(" '") + name + QLatin1Char('\'');
+}
+
+void ksContainers::visitNodes(const osg::NodePtr &root,
+                              const std::function<void(const osg::NodePtr &)> &visit)
+{
+    visit(root);
+    for (osg::UInt32 i = 0; i < root->getNChildren(); ++i)
+        visitNodes(root->getChild(i), visit);
+}

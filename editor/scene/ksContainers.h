@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGNode.h>
+
+#include <QString>
+
+#include <functional>
+
+/// What the editor asks containers of any class.
+namespace ksContainers {
+
+/// The node that \a container belongs to: a node itself, the first node that has it as core or attachment.
+/// NullFC when there is none.
+osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
+
+/// The name that the user knows \a container by: its own, or that of the node that it belongs to. Empty when
+/// there is none.
+QString nameOf(const osg::FieldContainerPtr &container);
+
+/// How a transcript calls \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
+QString label(const osg::FieldContainerPtr &container);
+
+/// Calls \a visit with \a root and all nodes below it, parents before their children.
+void visitNodes(const osg::NodePtr &root, const std::function<void(const osg::NodePtr &)> &visit);
+
+} // namespace ksContainers
