@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+#include "ksCheckedHistory.h"
+
+#include "ksContainers.h"
+#include "ksTranscript.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <ksMessage.h>
+
+#include <QStringList>
+#include <QUndoCommand>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t ShownLines = 8;
+
+QString valueText(const boost::any &value)
+{
+    if (const auto *number = boost::any_cast<int>(&value))
+        return QString::number(*number);
+    if (const auto *id = boost::any_cast<unsigned int>(&value))
+        return QString::number(*id);
+    if (const auto *flag = boost::any_cast<bool>(&value))
+        return *flag ? QStringLiteral("true") : QStringLiteral("false");
+    if (const auto *text = boost::any_cast<std::string>(&value))
+        return QLatin1Char('"') + QString::fromStdString(*text) + QLatin1Char('"');
+    return QString::fromLatin1(value.type().name());
+}
+
+QString describe(const ksDifference &difference)
+{
+    const osg::FieldContainerPtr container =
+        osg::FieldContainerFactory::the()->getContainer(difference.container);
+    QString where = container != osg::NullFC ? ksContainers::label(container)
+                                             : QString::fromStdString(difference.type) + QLatin1Char(' ') +
+                                                   QString::number(difference.container);
+    if (difference.field != 0)
+        where += QLatin1Char(' ') + QString::fromStdString(difference.name);
+    return where;
+}
+
+QString withValues(const ksDifference &difference, const QString &between)
+{
+    return describe(difference) + QStringLiteral(": ") + QString::fromStdString(difference.expected) +
+           between + QString::fromStdString(difference.actual);
+}
+
+} // namespace
+
+ksCheckedHistory *ksCheckedHistory::receiver = nullptr;
+
+ksCheckedHistory::ksCheckedHistory(const osg::NodePtr &scene, ksTranscript &record, ksUndoStack *stack)
+    : sceneRoot(scene)
+    , transcript(record)
+    , undoStack(stack)
+    , current(scene, {})
+{
+    undoStack->clear();
+    snapshots.push_back(current);
+    receiver = this;
+    undoStack->setMessageCallback(&ksCheckedHistory::receiveMessage);
+    connect(undoStack, &ksUndoStack::redoPerformed, this, &ksCheckedHistory::commandPerformed);
+}
+
+ksCheckedHistory::~ksCheckedHistory()
+{
+    undoStack->setMessageCallback(nullptr);
+    receiver = nullptr;
+    undoStack->clear();
+    sceneRoot = osg::NodeRefPtr();
+    mirror.update();
+}
+
+bool ksCheckedHistory::step(const QString &what, const std::function<void()> &action)
+{
+    if (openMacros > 0) {
+        transcript.note(QStringLiteral("within"), what);
+        action();
+        mirror.update();
+        current = ksSceneSnapshot(root(), current);
+        return compareWithMirror() == 0;
+    }
+    transcript.step(what);
+    const ksSceneSnapshot before = current;
+    action();
+    return finishStep(before);
+}
+
+bool ksCheckedHistory::add(QUndoCommand *command)
+{
+    const QString text = command->text();
+    return step(QStringLiteral("add \"") + text + QLatin1Char('"'),
+                [this, command] { undoStack->add(command); });
+}
+
+bool ksCheckedHistory::undo()
+{
+    return step(QStringLiteral("undo \"") + undoStack->undoText() + QLatin1Char('"'),
+                [this] { undoStack->undo(); });
+}
+
+bool ksCheckedHistory::redo()
+{
+    return step(QStringLiteral("redo \"") + undoStack->redoText() + QLatin1Char('"'),
+                [this] { undoStack->redo(); });
+}
+
+bool ksCheckedHistory::mark()
+{
+    return step(QStringLiteral("mark index %1").arg(undoStack->index()), [this] { undoStack->mark(); });
+}
+
+bool ksCheckedHistory::reset()
+{
+    return step(QStringLiteral("reset from index %1").arg(undoStack->index()),
+                [this] { undoStack->reset(); });
+}
+
+bool ksCheckedHistory::clear()
+{
+    return step(QStringLiteral("clear"), [this] {
+        undoStack->clear();
+        snapshots.assign(1, current);
+    });
+}
+
+void ksCheckedHistory::beginMacro(const QString &text)
+{
+    const QString what = QStringLiteral("macro \"") + text + QLatin1Char('"');
+    if (openMacros > 0)
+        transcript.note(QStringLiteral("within"), what);
+    else {
+        transcript.step(what);
+        beforeMacro = current;
+    }
+    undoStack->beginMacro(text);
+    ++openMacros;
+}
+
+bool ksCheckedHistory::endMacro()
+{
+    --openMacros;
+    undoStack->endMacro();
+    return openMacros > 0 || finishStep(beforeMacro);
+}
+
+bool ksCheckedHistory::check()
+{
+    return step(QStringLiteral("check"), [] {});
+}
+
+bool ksCheckedHistory::verify(bool holds, const QString &text)
+{
+    if (!holds) {
+        transcript.note(QStringLiteral("FAILS"), text);
+        ++faults;
+    }
+    return holds;
+}
+
+void ksCheckedHistory::expect(const ksExpectedDifference &difference)
+{
+    expectations.push_back(difference);
+}
+
+int ksCheckedHistory::containerCount() const
+{
+    return current.count(ksSceneSnapshot::Scope::Scene);
+}
+
+void ksCheckedHistory::commandPerformed(const QUndoCommand *command, bool added)
+{
+    if (command == nullptr || !added)
+        return;
+    // A command that merged leaves the index where it was, and what the index stands for has changed.
+    const auto index = static_cast<std::size_t>(undoStack->index());
+    snapshots.resize(std::min(index, snapshots.size()));
+    snapshots.emplace_back(root(), current);
+}
+
+bool ksCheckedHistory::receiveMessage(const char *name, ksMessage &message, int)
+{
+    QStringList entries;
+    for (const auto &[key, value] : message.values())
+        entries += QString::fromStdString(key) + QLatin1Char('=') + valueText(value);
+    receiver->transcript.note(QStringLiteral("message"),
+                              QString::fromLatin1(name) + QLatin1Char(' ') + entries.join(QLatin1Char(' ')));
+    return true;
+}
+
+bool ksCheckedHistory::finishStep(const ksSceneSnapshot &before)
+{
+    // First of all, since aspect 1 may hold the last reference on what has left aspect 0.
+    mirror.update();
+    current = ksSceneSnapshot(root(), current);
+    noteChanges(before);
+    const int found = compareWithHistory() + compareWithMirror();
+    transcript.note(
+        QStringLiteral("check"),
+        QStringLiteral("index %1 of %2, %3 containers: %4")
+            .arg(undoStack->index())
+            .arg(undoStack->count())
+            .arg(containerCount())
+            .arg(found == 0 ? QStringLiteral("no difference") : QStringLiteral("%1 DIFFERENCES").arg(found)));
+    return found == 0;
+}
+
+void ksCheckedHistory::noteChanges(const ksSceneSnapshot &before)
+{
+    const std::vector<ksDifference> changes = before.differences(current, ksSceneSnapshot::Scope::Scene);
+    for (std::size_t i = 0; i < changes.size() && i < ShownLines; ++i)
+        transcript.note(QStringLiteral("changed"), withValues(changes[i], QStringLiteral(" -> ")));
+    if (changes.size() > ShownLines)
+        transcript.note(QStringLiteral("changed"), QStringLiteral("... %1 fields").arg(changes.size()));
+}
+
+int ksCheckedHistory::compareWithHistory()
+{
+    std::vector<ksDifference> found = snapshots.at(static_cast<std::size_t>(undoStack->index()))
+                                          .differences(current, ksSceneSnapshot::Scope::Scene);
+    found.erase(std::remove_if(found.begin(), found.end(),
+                               [this](const ksDifference &difference) { return accept(difference); }),
+                found.end());
+    noteFaults(QStringLiteral("DIFFERS"), found);
+    return static_cast<int>(found.size());
+}
+
+int ksCheckedHistory::compareWithMirror()
+{
+    mirror.run([this] { mirrored = ksSceneSnapshot(root(), current); });
+    const std::vector<ksDifference> found = current.differences(mirrored, ksSceneSnapshot::Scope::Everything);
+    noteFaults(QStringLiteral("STALE"), found);
+    return static_cast<int>(found.size());
+}
+
+bool ksCheckedHistory::accept(const ksDifference &difference)
+{
+    const auto expected = std::find_if(
+        expectations.begin(), expectations.end(), [&difference](const ksExpectedDifference &expectation) {
+            return expectation.container == difference.container && expectation.field == difference.field &&
+                   expectation.expected == difference.expected && expectation.actual == difference.actual;
+        });
+    if (expected == expectations.end())
+        return false;
+    transcript.note(QStringLiteral("expected"), withValues(difference, QStringLiteral(" came back as ")) +
+                                                    QStringLiteral(" (") + expected->reason +
+                                                    QLatin1Char(')'));
+    for (ksSceneSnapshot &snapshot : snapshots)
+        if (snapshot.text(difference.container, difference.field) == difference.expected)
+            snapshot.adopt(current, difference.container, difference.field);
+    return true;
+}
+
+void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDifference> &differences)
+{
+    faults += static_cast<int>(differences.size());
+    for (std::size_t i = 0; i < differences.size() && i < ShownLines; ++i)
+        transcript.note(label, describe(differences[i]) + QStringLiteral(": expected ") +
+                                   QString::fromStdString(differences[i].expected) + QStringLiteral(", is ") +
+                                   QString::fromStdString(differences[i].actual));
+    if (differences.size() > ShownLines)
+        transcript.note(label, QStringLiteral("... %1 fields").arg(differences.size()));
+}

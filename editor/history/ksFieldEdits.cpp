@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "ksFieldEdits.h"
+
+#include "ksContainers.h"
+#include "ksEditorError.h"
+#include "ksLooseNumber.h"
+#include "ksNumericFields.h"
+
+#include <ksundo/field/ksBoolFieldUndoCommand.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+
+#include <OpenSG/OSGFieldDescription.h>
+#include <OpenSG/OSGSFBaseTypes.h>
+
+namespace {
+
+[[noreturn]] void refuse(const QString &reason)
+{
+    throw ksEditorError(reason.toStdString());
+}
+
+[[noreturn]] void refuseValue(const osg::Field &field, const QString &name, const QVariant &value)
+{
+    const QString shown = value.isValid() ? value.toString() : QStringLiteral("undefined");
+    refuse(QLatin1Char('\'') + shown + QStringLiteral("' does not fit the field '") + name +
+           QStringLiteral("', ") + QString::fromLatin1(field.getType().getCName()));
+}
+
+osg::Field &findField(const osg::FieldContainerPtr &container, const QString &name)
+{
+    const osg::FieldDescription *description =
+        ksFieldBaseUndoCommand::findField(container, name.toStdString());
+    osg::Field *field = description != nullptr ? description->getField(container) : nullptr;
+    if (field == nullptr)
+        refuse(ksContainers::label(container) + QStringLiteral(" has no field '") + name +
+               QStringLiteral("' that can be edited"));
+    return *field;
+}
+
+} // namespace
+
+ksUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainerPtr &container,
+                                  const QString &field, const QVariant &value, Merging merging,
+                                  QUndoCommand *parent)
+{
+    osg::Field &target = findField(container, field);
+    const std::string name = field.toStdString();
+    ksUndoCommand *command = nullptr;
+
+    const auto makeNumeric = [&](auto &typed) {
+        using T = typename std::decay_t<decltype(typed)>::StoredType;
+        const std::optional<T> number = ksLooseNumber::to<T>(value);
+        if (!number)
+            refuseValue(target, field, value);
+        command = new ksFieldUndoCommand<T>(text, container, name, *number, parent);
+    };
+    if (!ksNumericFields::visit(target, makeNumeric)) {
+        if (target.getType() != osg::SFBool::getClassType())
+            refuse(QStringLiteral("the field '") + field + QStringLiteral("' of ") +
+                   ksContainers::label(container) + QStringLiteral(" is an ") +
+                   QString::fromLatin1(target.getType().getCName()) +
+                   QStringLiteral(", which cannot be edited"));
+        if (value.userType() != QMetaType::Bool)
+            refuseValue(target, field, value);
+        command = new ksBoolFieldUndoCommand(text, container, name, value.toBool(), parent);
+    }
+
+    command->setMergeEnabled(merging == Merging::WithPrevious);
+    command->setMergeResponseDelta(-1);
+    return command;
+}
+
+QString ksFieldEdits::defaultText(const osg::FieldContainerPtr &container, const QString &field)
+{
+    return QStringLiteral("Set ") + field + QStringLiteral(" of '") + ksContainers::nameOf(container) +
+           QLatin1Char('\'');
+}
