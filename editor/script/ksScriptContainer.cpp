@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptContainer.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksEditorError.h"
+#include "ksFieldReader.h"
+#include "ksMesh.h"
+#include "ksScriptHost.h"
+
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGLight.h>
+
+namespace {
+
+/// The core of \a container, a node, or of the first of its children that has one of the class of \a PtrT; or
+/// \a container itself, if that is one.
+template <class PtrT>
+PtrT findCore(const osg::FieldContainerPtr &container)
+{
+    if (const PtrT core = PtrT::dcast(container))
+        return core;
+    const osg::NodePtr node = osg::NodePtr::dcast(container);
+    if (node == osg::NullFC)
+        return osg::NullFC;
+    if (const PtrT core = PtrT::dcast(node->getCore()))
+        return core;
+    for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
+        if (const PtrT core = PtrT::dcast(node->getChild(i)->getCore()))
+            return core;
+    return osg::NullFC;
+}
+
+osg::FieldContainerPtr findMaterial(const osg::FieldContainerPtr &container)
+{
+    const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container);
+    return mesh == osg::NullFC ? osg::FieldContainerPtr() : osg::FieldContainerPtr(mesh->getMaterial());
+}
+
+} // namespace
+
+ksScriptContainer::ksScriptContainer(ksScriptHost &scriptHost, osg::UInt32 id)
+    : host(scriptHost)
+    , containerId(id)
+{}
+
+osg::FieldContainerPtr ksScriptContainer::container() const
+{
+    const osg::FieldContainerPtr found = osg::FieldContainerFactory::the()->getContainer(containerId);
+    if (found == osg::NullFC)
+        throw ksEditorError("the container " + std::to_string(containerId) + " has gone");
+    return found;
+}
+
+template <class Read>
+auto ksScriptContainer::guarded(const Read &read) const
+{
+    decltype(read(container())) result{};
+    host.guard([this, &read, &result] { result = read(container()); });
+    return result;
+}
+
+QString ksScriptContainer::type() const
+{
+    return guarded([](const osg::FieldContainerPtr &container) {
+        return QString::fromLatin1(container->getTypeName());
+    });
+}
+
+QString ksScriptContainer::name() const
+{
+    return guarded(&ksContainers::nameOf);
+}
+
+QStringList ksScriptContainer::fields() const
+{
+    return guarded([](const osg::FieldContainerPtr &container) {
+        QStringList names;
+        const osg::FieldContainerType &containerType = container->getType();
+        for (osg::UInt32 id = 1; id <= containerType.getNumFieldDescs(); ++id)
+            names += QString::fromLatin1(containerType.getFieldDescription(id)->getCName());
+        return names;
+    });
+}
+
+QJSValue ksScriptContainer::fieldValue(const char *name) const
+{
+    return guarded([this, name](const osg::FieldContainerPtr &container) {
+        osg::Field *field = container->getField(name);
+        return field == nullptr ? QJSValue(QJSValue::NullValue) : host.value(*field);
+    });
+}
+
+QJSValue ksScriptContainer::parent() const
+{
+    return fieldValue("parent");
+}
+
+QJSValue ksScriptContainer::children() const
+{
+    return fieldValue("children");
+}
+
+QJSValue ksScriptContainer::core() const
+{
+    return fieldValue("core");
+}
+
+QJSValue ksScriptContainer::attachments() const
+{
+    return fieldValue("attachments");
+}
+
+QJSValue ksScriptContainer::material() const
+{
+    return guarded(
+        [this](const osg::FieldContainerPtr &container) { return host.object(findMaterial(container)); });
+}
+
+QJSValue ksScriptContainer::light() const
+{
+    return guarded([this](const osg::FieldContainerPtr &container) {
+        return host.object(findCore<osg::LightPtr>(container));
+    });
+}
+
+QJSValue ksScriptContainer::image() const
+{
+    return guarded([this](const osg::FieldContainerPtr &container) {
+        const osg::FieldContainerPtr material = findMaterial(container);
+        osg::Field *field = (material != osg::NullFC ? material : container)->getField("image");
+        return field == nullptr ? QJSValue(QJSValue::NullValue) : host.value(*field);
+    });
+}
+
+QJSValue ksScriptContainer::attachment(const QString &wanted) const
+{
+    return guarded([this, &wanted](const osg::FieldContainerPtr &container) {
+        QJSValue found(QJSValue::NullValue);
+        if (const osg::Field *field = container->getField("attachments"))
+            ksFieldReader::visitContainers(*field,
+                                           [this, &wanted, &found](const osg::FieldContainerPtr &attached) {
+                                               if (wanted == QLatin1String(attached->getTypeName()))
+                                                   found = host.object(attached);
+                                           });
+        return found;
+    });
+}
+
+QJSValue ksScriptContainer::get(const QString &fieldName) const
+{
+    return guarded([this, &fieldName](const osg::FieldContainerPtr &container) {
+        osg::Field *field = container->getField(fieldName.toLatin1().constData());
+        if (field == nullptr)
+            throw ksEditorError(ksContainers::label(container).toStdString() + " has no field '" +
+                                fieldName.toStdString() + '\'');
+        return host.value(*field);
+    });
+}
+
+void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
+{
+    host.guard([&] { edit(field, value, text, ksFieldEdits::Merging::Never); });
+}
+
+void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QString &text)
+{
+    host.guard([&] {
+        if (!values.isArray())
+            throw ksEditorError("the values of a drag are an array");
+        auto merging = ksFieldEdits::Merging::Never;
+        const quint32 count = values.property(QStringLiteral("length")).toUInt();
+        for (quint32 i = 0; i < count; ++i) {
+            edit(field, values.property(i), text, merging);
+            merging = ksFieldEdits::Merging::WithPrevious;
+        }
+    });
+}
+
+void ksScriptContainer::edit(const QString &field, const QJSValue &value, const QString &text,
+                             ksFieldEdits::Merging merging)
+{
+    const osg::FieldContainerPtr target = container();
+    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, field) : text;
+    host.history().add(ksFieldEdits::make(title, target, field, value.toVariant(), merging));
+}

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptHost.h"
+
+#include "ksEditorError.h"
+#include "ksFieldReader.h"
+#include "ksNumericFields.h"
+#include "ksScriptContainer.h"
+
+#include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGSFBaseTypes.h>
+#include <OpenSG/OSGSFMathTypes.h>
+#include <OpenSG/OSGSFVecTypes.h>
+
+namespace {
+
+/// The integers up to this size are all numbers of a script.
+constexpr double LargestExact = 9007199254740992.0;
+
+template <class T>
+QJSValue numberValue(T number)
+{
+    if constexpr (sizeof(T) == 8 && std::is_integral_v<T>) {
+        const auto real = static_cast<double>(number);
+        if (real > LargestExact || real < -LargestExact)
+            return QJSValue(QString::number(number));
+    }
+    return QJSValue(static_cast<double>(number));
+}
+
+} // namespace
+
+ksScriptHost::ksScriptHost(QJSEngine &engine, ksCheckedHistory &history, ksTranscript &transcript)
+    : scriptEngine(engine)
+    , checkedHistory(history)
+    , record(transcript)
+{}
+
+QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
+{
+    if (container == osg::NullFC)
+        return QJSValue(QJSValue::NullValue);
+    const osg::UInt32 id = container.getFieldContainerId();
+    const auto known = objects.find(id);
+    if (known != objects.end())
+        return known->second;
+    return objects.emplace(id, scriptEngine.newQObject(new ksScriptContainer(*this, id))).first->second;
+}
+
+QJSValue ksScriptHost::value(osg::Field &field)
+{
+    QJSValue result;
+    const auto takeNumber = [&result](const auto &typed) { result = numberValue(typed.getValue()); };
+    const auto takeTuple = [this, &result](const auto &typed) {
+        using T = typename std::decay_t<decltype(typed)>::StoredType;
+        result = scriptEngine.newArray(T::Size);
+        for (osg::UInt32 i = 0; i < T::Size; ++i)
+            result.setProperty(i, numberValue(typed.getValue().getValues()[i]));
+    };
+    if (ksNumericFields::visit(field, takeNumber) ||
+        ksNumericFields::visitAs<osg::Vec2f, osg::Vec3f, osg::Vec4f, osg::Pnt3f, osg::Color3f, osg::Color4f,
+                                 osg::Quaternion, osg::Matrix>(field, takeTuple))
+        return result;
+    if (const auto *flag = dynamic_cast<const osg::SFBool *>(&field))
+        return QJSValue(flag->getValue());
+    if (const auto *text = dynamic_cast<const osg::SFString *>(&field))
+        return QJSValue(QString::fromStdString(text->getValue()));
+    if (ksFieldReader::refersToContainers(field))
+        return containers(field);
+    return QJSValue(QString::fromStdString(ksFieldReader::text(field)));
+}
+
+QJSValue ksScriptHost::containers(const osg::Field &field)
+{
+    QJSValue list = scriptEngine.newArray();
+    osg::UInt32 count = 0;
+    ksFieldReader::visitContainers(field, [this, &list, &count](const osg::FieldContainerPtr &container) {
+        list.setProperty(count++, object(container));
+    });
+    if (field.getCardinality() == osg::FieldType::MULTI_FIELD)
+        return list;
+    return count > 0 ? list.property(0) : QJSValue(QJSValue::NullValue);
+}
+
+void ksScriptHost::guard(const std::function<void()> &work) const
+{
+    try {
+        work();
+    } catch (const ksEditorError &error) {
+        scriptEngine.throwError(QString::fromUtf8(error.what()));
+    }
+}

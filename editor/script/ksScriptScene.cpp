@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptScene.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksEditorError.h"
+#include "ksScriptHost.h"
+
+#include <OpenSG/OSGSimpleAttachments.h>
+
+ksScriptScene::ksScriptScene(ksScriptHost &scriptHost)
+    : host(scriptHost)
+{}
+
+QJSValue ksScriptScene::root() const
+{
+    return host.object(host.history().root());
+}
+
+osg::NodePtr ksScriptScene::findNode(const QString &name) const
+{
+    osg::NodePtr found;
+    ksContainers::visitNodes(host.history().root(), [&name, &found](const osg::NodePtr &node) {
+        const char *nodeName = osg::getName(node);
+        if (found == osg::NullFC && nodeName != nullptr && name == QString::fromUtf8(nodeName))
+            found = node;
+    });
+    return found;
+}
+
+QJSValue ksScriptScene::find(const QString &name) const
+{
+    const osg::NodePtr node = findNode(name);
+    host.guard([&node, &name] {
+        if (node == osg::NullFC)
+            throw ksEditorError("there is no node '" + name.toStdString() + '\'');
+    });
+    return host.object(node);
+}
+
+bool ksScriptScene::has(const QString &name) const
+{
+    return findNode(name) != osg::NullFC;
+}
+
+QJSValue ksScriptScene::nodes() const
+{
+    QJSValue list = host.engine().newArray();
+    quint32 count = 0;
+    ksContainers::visitNodes(host.history().root(), [this, &list, &count](const osg::NodePtr &node) {
+        list.setProperty(count++, host.object(node));
+    });
+    return list;
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+// Edits the demo room by name: models/room/room.gltf.
+
+function settings(name) {
+    return scene.find(name).attachment("ksNodeSettings");
+}
+
+function expect(what, actual, wanted) {
+    if (actual !== wanted)
+        throw new Error(what + " is " + actual + ", not " + wanted);
+}
+
+print("The room has", scene.nodes().length, "nodes; on the table:",
+      scene.find("Table").children.map(function (child) { return child.name; }).join(", "));
+
+// What the model says about the table has become its settings.
+var table = settings("Table");
+expect("layer", table.get("layer"), 2);
+expect("lodBias", table.get("lodBias"), -3);
+expect("userFlags", table.get("userFlags"), 4294967301);
+expect("comment", table.get("comment"), "oiled walnut");
+
+print("Numbers of every width, one step each");
+table.set("layer", 5);
+table.set("lodBias", -100);
+table.set("renderOrder", 32767);
+table.set("stencilReference", 65535);
+table.set("pickId", 4294967295);
+table.set("sortKey", -1);
+table.set("userFlags", "18446744073709551615", "Raise all flags");
+table.set("revision", "-9223372036854775808", "Make a draft");
+table.set("opacity", 0.5);
+table.set("timeOffset", 1 / 3);
+table.set("locked", true);
+expect("userFlags", table.get("userFlags"), "18446744073709551615");
+expect("revision", table.get("revision"), "-9223372036854775808");
+expect("timeOffset", table.get("timeOffset"), 1 / 3);
+
+print("A drag is one step");
+var lamp = scene.find("LampBulb").light;
+var before = history.count;
+lamp.drag("quadraticAttenuation", [0.9, 0.8, 0.7, 0.6, 0.5], "Brighten the lamp");
+expect("count", history.count, before + 1);
+history.undo();
+expect("quadraticAttenuation", lamp.get("quadraticAttenuation"), 1);
+history.redo();
+
+print("Materials and images");
+var walnut = scene.find("LegFrontLeft").material;
+expect("material", walnut.name, "Walnut");
+walnut.set("shininess", 64, "Polish the walnut");
+scene.find("Floor").image.set("resUnit", 1);
+
+print("A batch over the four legs, merged twice");
+var legs = scene.find("Legs").children.map(function (leg) { return leg.attachment("ksNodeSettings"); });
+before = history.count;
+[0.75, 0.5, 0.25].forEach(function (opacity, round) {
+    history.batch("Fade the legs", legs.map(function (leg) { return [leg, "opacity", opacity]; }), round > 0);
+});
+expect("count", history.count, before + 1);
+
+print("A macro over everything on layer 1");
+history.macro("Hide layer 1", function () {
+    scene.nodes().forEach(function (node) {
+        var own = node.attachment("ksNodeSettings");
+        if (own.get("layer") === 1)
+            own.set("opacity", 0);
+    });
+});
+expect("opacity", settings("Walls").get("opacity"), 0);
+
+print("Back to a mark");
+history.mark();
+["Vase", "Book", "Clock"].forEach(function (name) { settings(name).set("locked", true, "Lock the " + name); });
+history.reset();
+expect("locked", settings("Clock").get("locked"), false);
+
+print("All the way back and forth");
+while (history.index > 0)
+    history.undo();
+expect("layer", table.get("layer"), 2);
+while (history.index < history.count)
+    history.redo();
+expect("layer", table.get("layer"), 5);
+check();
