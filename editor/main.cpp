@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorError.h"
+#include "ksEditorOptions.h"
+#include "ksHeadlessSession.h"
+
+#include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGChangeList.h>
+
+#include <QCoreApplication>
+
+#include <iostream>
+
+namespace {
+
+constexpr int UsageError = 2;
+
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    ksEditorOptions options;
+    try {
+        options = ksEditorOptions::parse(argumentsOf(argc, argv));
+    } catch (const ksEditorError &error) {
+        std::cerr << "ks-editor: " << error.what() << '\n' << ksEditorOptions::usage().toStdString();
+        return UsageError;
+    }
+
+    osg::ChangeList::setReadWriteDefault();
+    osg::osgInit(argc, argv);
+    int applicationArguments = 1;
+    const QCoreApplication application(applicationArguments, argv);
+    const int exitCode = ksHeadlessSession(std::cout, std::cerr).run(options);
+    osg::osgExit();
+    return exitCode;
+}

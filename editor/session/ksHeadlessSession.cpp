@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ksHeadlessSession.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksEditorError.h"
+#include "ksEditorOptions.h"
+#include "ksSceneImporter.h"
+#include "ksScriptEngine.h"
+#include "ksTour.h"
+#include "ksTranscript.h"
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <ostream>
+
+namespace {
+
+std::ptrdiff_t livingContainers()
+{
+    const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
+    return std::count_if(store.begin(), store.end(),
+                         [](const osg::FieldContainerPtr &container) { return container != osg::NullFC; });
+}
+
+int countNodes(const osg::NodePtr &root)
+{
+    int count = 0;
+    ksContainers::visitNodes(root, [&count](const osg::NodePtr &) { ++count; });
+    return count;
+}
+
+} // namespace
+
+ksHeadlessSession::ksHeadlessSession(std::ostream &record, std::ostream &errorStream)
+    : out(record)
+    , errors(errorStream)
+{}
+
+int ksHeadlessSession::run(const ksEditorOptions &options)
+{
+    try {
+        return runChecked(options);
+    } catch (const ksEditorError &error) {
+        errors << "ks-editor: " << error.what() << '\n';
+        return 1;
+    }
+}
+
+int ksHeadlessSession::runChecked(const ksEditorOptions &options)
+{
+    const std::ptrdiff_t livingBefore = livingContainers();
+    ksTranscript transcript(out);
+    int differences = 0;
+    int containers = 0;
+    {
+        const ksSceneImporter importer([this](const QString &warning) {
+            errors << "ks-editor: warning: " << warning.toStdString() << '\n';
+        });
+        osg::NodeRefPtr root = importer.load(options.model);
+        transcript.line(QStringLiteral("model %1: %2 nodes")
+                            .arg(QFileInfo(options.model).fileName())
+                            .arg(countNodes(root.get())));
+
+        ksCheckedHistory history(root.get(), transcript);
+        root = osg::NodeRefPtr();
+        containers = history.containerCount();
+        if (options.script.isEmpty())
+            ksTour(history).run();
+        else
+            ksScriptEngine(history, transcript).run(options.script);
+        history.check();
+        differences = history.differenceCount();
+    }
+
+    if (const std::ptrdiff_t left = livingContainers() - livingBefore; left != 0) {
+        transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
+        ++differences;
+    }
+    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences")
+                        .arg(differences == 0 ? QStringLiteral("OK") : QStringLiteral("FAILED"))
+                        .arg(transcript.stepCount())
+                        .arg(containers)
+                        .arg(differences));
+    return differences == 0 ? 0 : 1;
+}

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "ksTourTargets.h"
+
+#include "ksContainers.h"
+#include "ksMesh.h"
+
+#include <ksundo/field/ksFieldBaseUndoCommand.h>
+
+#include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGLight.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t NodesAtMost = 4;
+constexpr std::size_t OthersAtMost = 2;
+
+/// At most \a count of \a all, the first and the last among them.
+template <class PtrT>
+std::vector<PtrT> spread(const std::vector<PtrT> &all, std::size_t count)
+{
+    if (all.size() <= count)
+        return all;
+    std::vector<PtrT> chosen;
+    for (std::size_t i = 0; i < count; ++i)
+        chosen.push_back(all[i * (all.size() - 1) / (count - 1)]);
+    return chosen;
+}
+
+template <class PtrT, class SourceT>
+void addOnce(std::vector<PtrT> &list, const SourceT &container)
+{
+    const PtrT wanted = PtrT::dcast(container);
+    if (wanted != osg::NullFC && std::find(list.begin(), list.end(), wanted) == list.end())
+        list.push_back(wanted);
+}
+
+template <class PtrT>
+void append(std::vector<osg::FieldContainerPtr> &list, const std::vector<PtrT> &more)
+{
+    list.insert(list.end(), more.begin(), more.end());
+}
+
+} // namespace
+
+ksTourTargets::ksTourTargets(const osg::NodePtr &root)
+{
+    std::vector<osg::NodePtr> allNodes;
+    std::vector<osg::LightPtr> lights;
+    std::vector<osg::MaterialPtr> materials;
+    std::vector<osg::ImagePtr> images;
+    ksContainers::visitNodes(root, [&](const osg::NodePtr &node) {
+        allNodes.push_back(node);
+        addOnce(lights, node->getCore());
+        if (const osg::ksMeshPtr mesh = osg::ksMeshPtr::dcast(node->getCore()))
+            addOnce(materials, mesh->getMaterial());
+    });
+    for (const osg::MaterialPtr &material : materials)
+        if (const auto textured = osg::SimpleTexturedMaterialPtr::dcast(material))
+            addOnce(images, textured->getImage());
+
+    nodes = spread(allNodes, NodesAtMost);
+    for (const osg::NodePtr &node : nodes)
+        addOnce(settings, node->findAttachment(osg::ksNodeSettings::getClassType()));
+
+    append(containers, settings);
+    append(containers, spread(nodes, OthersAtMost));
+    append(containers, spread(materials, OthersAtMost));
+    append(containers, spread(lights, OthersAtMost));
+    append(containers, spread(images, OthersAtMost));
+}
+
+std::vector<const osg::FieldDescription *>
+ksTourTargets::editableFields(const osg::FieldContainerPtr &container)
+{
+    const osg::FieldContainerType &type = container->getType();
+    const bool isImage = osg::ImagePtr::dcast(container) != osg::NullFC;
+    const osg::UInt32 first = isImage ? osg::UInt32(osg::Image::ForceCompressedDataFieldId) : 1;
+    std::vector<const osg::FieldDescription *> fields;
+    for (osg::UInt32 id = first; id <= type.getNumFieldDescs(); ++id) {
+        const osg::FieldDescription *description = type.getFieldDescription(id);
+        if (!description->isInternal() &&
+            ksFieldBaseUndoCommand::findField(container, description->getCName()) == description)
+            fields.push_back(description);
+    }
+    return fields;
+}

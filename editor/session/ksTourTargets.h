@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksNodeSettings.h"
+
+#include <OpenSG/OSGFieldDescription.h>
+#include <OpenSG/OSGNode.h>
+
+#include <vector>
+
+/// The containers of a scene that a tour edits: a few of every kind, spread over the scene.
+struct ksTourTargets
+{
+    /// Picks them from the scene below \a root.
+    explicit ksTourTargets(const osg::NodePtr &root);
+
+    /// At least one of each: every node that the editor loads has settings.
+    std::vector<osg::NodePtr> nodes;
+    std::vector<osg::ksNodeSettingsPtr> settings;
+
+    /// All of them, and the materials, lights and images of the scene.
+    std::vector<osg::FieldContainerPtr> containers;
+
+    /// The fields of \a container that may be edited without regard to others: what describes the layout of
+    /// an image's pixels and what the scene graph keeps itself is left out.
+    static std::vector<const osg::FieldDescription *> editableFields(const osg::FieldContainerPtr &container);
+};
