@@ -3,8 +3,11 @@
 
 /// Each function registers the cases of one topic.
 
-/// Adding, undoing and redoing one step: alone, merging, in long histories and in large scenes.
+/// Adding, undoing and redoing one step, and merging one.
 void addStackBenchmarks();
+
+/// Adding, undoing and redoing one step in histories and scenes of more and more steps and containers.
+void addGrowthBenchmarks();
 
 /// Finding a field by its name, and building the command for its type.
 void addFieldBenchmarks();

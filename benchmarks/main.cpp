@@ -17,10 +17,12 @@ int main(int argc, char **argv)
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
     const QApplication application(argc, argv);
+    // What a case leaves behind in the heap makes the next one's allocations dearer: small cases come first.
     addStackBenchmarks();
+    addMessageBenchmarks();
     addFieldBenchmarks();
     addMultiCommandBenchmarks();
-    addMessageBenchmarks();
+    addGrowthBenchmarks();
     addHistoryWindowBenchmarks();
     benchmark::RunSpecifiedBenchmarks();
     return 0;

@@ -125,6 +125,10 @@ void addStackBenchmarks()
 {
     addSteps("", 2, stepCount);
     addCase("merged push", mergedPush<ByLibrary>, mergedPush<ByHand>);
+}
+
+void addGrowthBenchmarks()
+{
     for (const int size : {1'000, 10'000, 100'000, 1'000'000})
         addSteps("history/" + std::to_string(size) + "/", 2, size);
     for (const int size : {1'000, 10'000, 100'000, 1'000'000})
