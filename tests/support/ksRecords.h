@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-/// The content of a change list as a value. Ids are counted from the first container that a recorder saw made, which
-/// has id 1; older containers have ids of 0 and less.
+/// The content of a change list as a value. Ids are counted from the first container that a recorder saw
+/// made, which has id 1; older containers have ids of 0 and less.
 struct ksRecords
 {
     std::vector<std::pair<long long, osg::BitVector>> changed;
@@ -69,9 +69,8 @@ class ksRecorder
 {
 public:
     ksRecorder()
-        : _before(static_cast<long long>(
-                      osg::FieldContainerFactory::the()->getFieldContainerStore()->size()) -
-                  1)
+        : _before(
+              static_cast<long long>(osg::FieldContainerFactory::the()->getFieldContainerStore()->size()) - 1)
     {
         list().clearAll();
     }

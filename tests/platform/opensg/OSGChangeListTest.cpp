@@ -1,0 +1,346 @@
+// SPDX-License-Identifier: MIT
+#include "support/ksRecords.h"
+
+#include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGLog.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGTransform.h>
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <type_traits>
+#include <vector>
+
+namespace {
+
+using namespace osg;
+
+static_assert(std::is_base_of_v<MemoryObject, ChangeList>);
+static_assert(!std::is_copy_constructible_v<ChangeList> && !std::is_copy_assignable_v<ChangeList>);
+
+/// A change list that the test counts as a user of.
+class OSGChangeListTest : public testing::Test
+{
+protected:
+    OSGChangeListTest()
+        : list(*new ChangeList)
+    {
+        list.addRef();
+    }
+    ~OSGChangeListTest() override { list.subRef(); }
+
+    /// Fills the list with something of everything.
+    void fill(ChangeList &target)
+    {
+        target.addChanged(node.get(), 4);
+        target.addChanged(node.get(), 4);
+        target.addAddRefd(node.get());
+        target.addSubRefd(node.get());
+        target.addCreated(1);
+        target.addDestroyed(2);
+    }
+
+    const NodeRefPtr node = Node::create();
+    ksRecorder recorder;
+    ChangeList &list;
+};
+
+TEST_F(OSGChangeListTest, KeepsOrderAndDuplicates)
+{
+    list.addChanged(node.get(), 2);
+    list.addChanged(node.get(), 8);
+    list.addChanged(node.get(), 2);
+    list.addCreated(9);
+    list.addCreated(7);
+    list.addCreated(9);
+
+    EXPECT_EQ(list.sizeChanged(), 3u);
+    EXPECT_EQ(list.sizeCreated(), 3u);
+    EXPECT_EQ(list.sizeAddRefd(), 0u);
+    const UInt32 id = node.get().getFieldContainerId();
+    EXPECT_THAT(std::vector<ChangeList::ChangedEntry>(list.beginChanged(), list.endChanged()),
+                testing::ElementsAre(std::make_pair(id, BitVector(2)), std::make_pair(id, BitVector(8)),
+                                     std::make_pair(id, BitVector(2))));
+    EXPECT_THAT(std::vector<UInt32>(list.beginCreated(), list.endCreated()), testing::ElementsAre(9, 7, 9));
+}
+
+TEST_F(OSGChangeListTest, CountsEveryKind)
+{
+    EXPECT_TRUE(list.empty());
+    fill(list);
+    EXPECT_FALSE(list.empty());
+    EXPECT_EQ(list.sizeChanged(), 2u);
+    EXPECT_EQ(list.sizeAddRefd(), 1u);
+    EXPECT_EQ(list.sizeSubRefd(), 1u);
+    EXPECT_EQ(list.sizeCreated(), 1u);
+    EXPECT_EQ(list.sizeDestroyed(), 1u);
+    EXPECT_EQ(*list.beginDestroyed(), 2u);
+    list.clearAll();
+    EXPECT_TRUE(list.empty());
+}
+
+TEST_F(OSGChangeListTest, IsNotEmptyWithAnyKind)
+{
+    list.addDestroyed(1);
+    EXPECT_FALSE(list.empty());
+    list.clearAll();
+    list.addSubRefd(node.get());
+    EXPECT_FALSE(list.empty());
+    list.clearAll();
+    list.addAddRefd(node.get());
+    EXPECT_FALSE(list.empty());
+    list.clearAll();
+    list.addCreated(1);
+    EXPECT_FALSE(list.empty());
+}
+
+TEST_F(OSGChangeListTest, ReadOnlyRecordsNothing)
+{
+    list.setReadOnly(true);
+    fill(list);
+    EXPECT_TRUE(list.empty());
+    EXPECT_TRUE(list.isReadOnly());
+    list.setReadOnly(false);
+    fill(list);
+    EXPECT_FALSE(list.empty());
+}
+
+TEST_F(OSGChangeListTest, NewListsAreReadOnlyUnlessToldOtherwise)
+{
+    ChangeList::setReadWriteDefault(false);
+    ChangeList &readOnly = *new ChangeList;
+    ChangeList::setReadWriteDefault();
+    ChangeList &readWrite = *new ChangeList;
+    readOnly.addRef();
+    readWrite.addRef();
+
+    EXPECT_TRUE(readOnly.isReadOnly());
+    EXPECT_FALSE(readWrite.isReadOnly());
+
+    readOnly.subRef();
+    readWrite.subRef();
+}
+
+TEST_F(OSGChangeListTest, ReadOnlyThreadWorksWithoutRecords)
+{
+    Thread::getCurrentChangeList()->setReadOnly(true);
+    NodePtr fresh = Node::create();
+    addRefCP(fresh);
+    fresh->setCore(Group::create());
+    endEditCP(fresh, Node::CoreFieldMask);
+    EXPECT_EQ(fresh.getRefCount(), 1);
+    subRefCP(fresh);
+    EXPECT_TRUE(fresh == NullFC);
+    Thread::getCurrentChangeList()->setReadOnly(false);
+
+    EXPECT_EQ(recorder.take(), ksRecords());
+}
+
+TEST_F(OSGChangeListTest, SwapExchangesEntries)
+{
+    ChangeList &other = *new ChangeList;
+    other.addRef();
+    fill(list);
+    const ksRecords before = recorder.read(list);
+    other.setReadOnly(true);
+
+    list.swap(other);
+
+    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(recorder.read(other), before);
+    EXPECT_FALSE(list.isReadOnly());
+    other.subRef();
+}
+
+TEST_F(OSGChangeListTest, MergeAppends)
+{
+    ChangeList &other = *new ChangeList;
+    other.addRef();
+    fill(list);
+    fill(other);
+    const ksRecords before = recorder.read(other);
+
+    EXPECT_TRUE(list.merge(other));
+
+    EXPECT_EQ(recorder.read(other), before);
+    EXPECT_EQ(list.sizeChanged(), 4u);
+    EXPECT_EQ(list.sizeAddRefd(), 2u);
+    EXPECT_EQ(list.sizeSubRefd(), 2u);
+    EXPECT_EQ(list.sizeCreated(), 2u);
+    EXPECT_EQ(list.sizeDestroyed(), 2u);
+    other.subRef();
+}
+
+TEST_F(OSGChangeListTest, SettingTheAspectClears)
+{
+    fill(list);
+    list.setAspect(1);
+    EXPECT_TRUE(list.empty());
+    EXPECT_EQ(list.getAspect(), 1u);
+}
+
+/// Edits that have been recorded in aspect 0, applied to aspect 1.
+class OSGChangeListApplyTest : public OSGChangeListTest
+{
+protected:
+    void edit()
+    {
+        const CPEditor editor(node, Node::ExternalFlagsFieldMask);
+        node->setExternalFlags(5);
+    }
+
+    UInt32 flagsInAspect1() const
+    {
+        const AspectScope scope(1);
+        return node->getExternalFlags();
+    }
+
+    ChangeList &current = *Thread::getCurrentChangeList();
+};
+
+TEST_F(OSGChangeListApplyTest, ApplyToClears)
+{
+    edit();
+    EXPECT_EQ(flagsInAspect1(), 0u);
+
+    current.applyTo(1);
+
+    EXPECT_EQ(flagsInAspect1(), 5u);
+    EXPECT_TRUE(current.empty());
+}
+
+TEST_F(OSGChangeListApplyTest, ApplyWorksOnTheThreadsAspectAndKeepsTheList)
+{
+    edit();
+    {
+        const AspectScope scope(1);
+        current.apply();
+    }
+    EXPECT_EQ(flagsInAspect1(), 5u);
+    EXPECT_EQ(current.sizeChanged(), 1u);
+
+    node->setExternalFlags(6);
+    {
+        const AspectScope scope(1);
+        current.applyToCurrent();
+    }
+    EXPECT_EQ(flagsInAspect1(), 6u);
+    EXPECT_EQ(current.sizeChanged(), 1u);
+
+    node->setExternalFlags(7);
+    {
+        const AspectScope scope(1);
+        current.applyAndClear();
+    }
+    EXPECT_EQ(flagsInAspect1(), 7u);
+    EXPECT_TRUE(current.empty());
+}
+
+TEST_F(OSGChangeListApplyTest, AnAspectsOwnListChangesNothingInIt)
+{
+    addRefCP(node.get());
+    edit();
+    const Int32 count = node.get().getRefCount();
+
+    current.applyToCurrent();
+
+    EXPECT_EQ(node.get().getRefCount(), count);
+    EXPECT_EQ(current.sizeAddRefd(), 1u);
+    current.applyAndClear();
+    EXPECT_TRUE(current.empty());
+    NodePtr release = node;
+    subRefCP(release);
+}
+
+TEST_F(OSGChangeListApplyTest, TheListIsReadWriteAfterwards)
+{
+    current.setReadOnly(true);
+    current.applyTo(1);
+    EXPECT_FALSE(current.isReadOnly());
+}
+
+TEST_F(OSGChangeListApplyTest, TheListIsReadWriteAfterwardsAlsoInItsOwnAspect)
+{
+    current.setReadOnly(true);
+    current.applyToCurrent();
+    EXPECT_FALSE(current.isReadOnly());
+}
+
+TEST_F(OSGChangeListApplyTest, CopiesOnlyTheMaskedFields)
+{
+    node->setTravMask(1);
+    edit();
+    current.applyTo(1);
+
+    const AspectScope scope(1);
+    EXPECT_EQ(node->getExternalFlags(), 5u);
+    EXPECT_EQ(node->getTravMask(), TypeTraits<UInt32>::Max);
+}
+
+TEST_F(OSGChangeListApplyTest, CallsChangeHandlersWithoutRecords)
+{
+    // A new matrix makes volumes invalid, which is recorded in aspect 0 but must not be while it is applied.
+    node->setCore(Transform::create());
+    node->updateVolume();
+    endEditCP(node, FieldBits::AllFields);
+    node->updateVolume();
+    current.applyTo(1);
+    endEditCP(node->getCore(), Transform::MatrixFieldMask);
+    ASSERT_EQ(current.sizeChanged(), 2u);
+    ChangeList &onlyMatrix = list;
+    onlyMatrix.addChanged(node->getCore(), Transform::MatrixFieldMask);
+
+    onlyMatrix.applyTo(1);
+
+    EXPECT_EQ(current.sizeChanged(), 2u);
+    const AspectScope scope(1);
+    EXPECT_FALSE(node->getVolume().isValid());
+}
+
+TEST_F(OSGChangeListApplyTest, SkipsContainersThatHaveGone)
+{
+    NodePtr gone = Node::create();
+    endEditCP(gone, 4);
+    addRefCP(gone);
+    current.addSubRefd(gone);
+    subRefCP(gone);
+    ASSERT_TRUE(gone == NullFC);
+
+    current.applyTo(1);
+
+    EXPECT_TRUE(current.empty());
+}
+
+TEST_F(OSGChangeListApplyTest, TakesReferencesBeforeItReleases)
+{
+    NodePtr fresh = Node::create();
+    const UInt32 id = fresh.getFieldContainerId();
+    ChangeList &other = list;
+    other.addSubRefd(fresh);
+    other.addAddRefd(fresh);
+    addRefCP(fresh);
+    current.clearAll();
+
+    other.applyTo(1);
+
+    EXPECT_EQ(FieldContainerFactory::the()->getContainer(id).getRefCount(), 1);
+    subRefCP(fresh);
+}
+
+TEST_F(OSGChangeListTest, DumpsItsEntries)
+{
+    list.addChanged(node.get(), 4);
+    list.addCreated(7);
+    list.addCreated(8);
+    std::vector<std::string> lines;
+    const LogSink previous = setLogSink([&](const std::string &line) { lines.push_back(line); });
+    list.dump();
+    setLogSink(previous);
+    EXPECT_THAT(lines,
+                testing::ElementsAre("changed: " + std::to_string(node.get().getFieldContainerId()) + "/4",
+                                     "addRefd:", "subRefd:", "created: 7 8", "destroyed:"));
+}
+
+} // namespace

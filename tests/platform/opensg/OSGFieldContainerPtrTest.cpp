@@ -1,0 +1,245 @@
+// SPDX-License-Identifier: MIT
+#include "support/ksRecords.h"
+
+#include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGLock.h>
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGThreadManager.h>
+#include <OpenSG/OSGTransform.h>
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <type_traits>
+
+namespace {
+
+using namespace osg;
+
+static_assert(sizeof(FieldContainerPtr) == 16 && sizeof(NodePtr) == 16 && sizeof(TransformPtr) == 16);
+static_assert(!std::is_polymorphic_v<NodePtr>);
+static_assert(std::is_base_of_v<AttachmentContainerPtr, NodePtr>);
+static_assert(std::is_base_of_v<AttachmentContainerPtr, CNodePtr>);
+static_assert(std::is_base_of_v<FieldContainerPtr, AttachmentPtr>);
+static_assert(std::is_base_of_v<FieldContainerPtr, NullFieldContainerPtr>);
+static_assert(std::is_same_v<NodeCorePtr, FCPtr<AttachmentContainerPtr, NodeCore>>);
+static_assert(std::is_same_v<TransformPtr, FCPtr<GroupPtr, Transform>>);
+static_assert(std::is_same_v<GroupPtr::Inherited, NodeCorePtr>);
+static_assert(std::is_same_v<GroupPtr::StoredObjectType, Group>);
+static_assert(std::is_same_v<NodePtr::ObjectType, Node>);
+static_assert(!std::is_convertible_v<const Node &, NodePtr>, "from a raw object only explicitly");
+static_assert(!std::is_convertible_v<NodeCorePtr, GroupPtr>, "down only by dcast");
+static_assert(std::is_same_v<decltype(NodePtr::dcast(FieldContainerPtr())), NodePtr>);
+static_assert(std::is_same_v<decltype(std::declval<const NodePtr>().getCPtr()), Node *>);
+
+TEST(OSGFieldContainerPtr, NullHandleIsHarmless)
+{
+    ksRecorder recorder;
+    NodePtr null;
+
+    EXPECT_TRUE(null == NullFC);
+    EXPECT_FALSE(null != NullFC);
+    EXPECT_TRUE(!null);
+    EXPECT_FALSE(null ? true : false);
+    EXPECT_EQ(null.getFieldContainerId(), 0u);
+    EXPECT_EQ(null.getRefCount(), 0);
+    EXPECT_EQ(null.getContainerSize(), 0);
+    EXPECT_TRUE(NodePtr::dcast(null) == NullFC);
+    EXPECT_TRUE(null == FieldContainerPtr(NullFC));
+
+    addRefCP(null);
+    subRefCP(null);
+    setRefdCP(null, NodePtr());
+    clearRefCP(null);
+    beginEditCP(null);
+    endEditCP(null);
+    endEditNotChangedCP(null);
+    changedCP(null);
+    null.deleteContainers();
+
+    EXPECT_EQ(recorder.take(), ksRecords());
+}
+
+TEST(OSGFieldContainerPtr, KnowsItsContainer)
+{
+    ksRecorder recorder;
+    const NodeRefPtr node = Node::create();
+    const NodePtr handle = node;
+
+    EXPECT_EQ(recorder.idOf(handle), 1);
+    EXPECT_TRUE(handle != NullFC);
+    EXPECT_FALSE(!handle);
+    EXPECT_TRUE(handle ? true : false);
+    EXPECT_EQ(handle.getRefCount(), 1);
+    EXPECT_EQ(handle.getContainerSize(), sizeof(Node));
+    EXPECT_EQ(handle->getContainerSize(), sizeof(Node));
+    EXPECT_EQ(&*handle, handle.getCPtr());
+    EXPECT_EQ(handle->getTypeName(), std::string("Node"));
+}
+
+TEST(OSGFieldContainerPtr, ComparesContainersOnly)
+{
+    const NodeRefPtr node = Node::create();
+    const NodeRefPtr other = Node::create();
+    NodePtr marked = node;
+    marked.setParentFieldPos(3);
+
+    EXPECT_EQ(marked.getParentFieldPos(), 3);
+    EXPECT_EQ(node.get().getParentFieldPos(), FieldContainerPtr::InvalidParentEPos);
+    EXPECT_TRUE(marked == node.get());
+    EXPECT_TRUE(FieldContainerPtr(marked) == node.get());
+    EXPECT_TRUE(other.get() != node.get());
+    EXPECT_TRUE((node.get() < other.get()) != (other.get() < node.get()));
+    EXPECT_FALSE(node.get() < NullFC);
+    EXPECT_TRUE(FieldContainerPtr() < node.get());
+}
+
+TEST(OSGFieldContainerPtr, OrderIsThatOfAddresses)
+{
+    std::set<NodePtr> nodes;
+    for (int i = 0; i < 20; ++i) {
+        const NodePtr node = Node::create();
+        addRefCP(node);
+        nodes.insert(node);
+    }
+    const Node *previous = nullptr;
+    for (const NodePtr &node : nodes) {
+        EXPECT_LT(previous, node.getCPtr());
+        previous = node.getCPtr();
+    }
+    for (NodePtr node : nodes) {
+        subRefCP(node);
+    }
+}
+
+TEST(OSGFieldContainerPtr, DowncastNeedsTheClass)
+{
+    const TransformRefPtr transform = Transform::create();
+    NodeCorePtr core = transform;
+    core.setParentFieldPos(5);
+
+    EXPECT_TRUE(TransformPtr::dcast(core) == core);
+    EXPECT_EQ(TransformPtr::dcast(core).getParentFieldPos(), 5);
+    EXPECT_TRUE(GroupPtr::dcast(core) == core);
+    EXPECT_TRUE(AttachmentContainerPtr::dcast(core) == core);
+    EXPECT_TRUE(FieldContainerPtr::dcast(core) == core);
+    EXPECT_TRUE(NodePtr::dcast(core) == NullFC);
+    EXPECT_TRUE(AttachmentPtr::dcast(core) == NullFC);
+    EXPECT_TRUE(dynamic_fcptr_cast<GroupPtr>(core) == core);
+    EXPECT_TRUE(dynamic_fcptr_cast<NodePtr>(core) == NullFC);
+
+    const GroupRefPtr group = Group::create();
+    EXPECT_TRUE(TransformPtr::dcast(group.get()) == NullFC);
+}
+
+TEST(OSGFieldContainerPtr, IsMadeFromARawObject)
+{
+    const NodeRefPtr node = Node::create();
+    const Node &object = *node;
+
+    EXPECT_TRUE(NodePtr(object) == node.get());
+    EXPECT_EQ(NodePtr(object).getContainerSize(), sizeof(Node));
+    EXPECT_TRUE(FieldContainerPtr(object) == node.get());
+    EXPECT_TRUE(CNodePtr(node.get()) == node.get());
+    EXPECT_EQ(CNodePtr(object)->getNChildren(), 0u);
+
+    const AspectScope otherAspect(1);
+    EXPECT_NE(node.get().getCPtr(), &object) << "every aspect has a copy";
+    EXPECT_TRUE(NodePtr(*node) == node.get());
+    EXPECT_TRUE(NodePtr(object) == node.get());
+}
+
+TEST(OSGFieldContainerPtr, CountsReferences)
+{
+    NodePtr node = Node::create();
+    EXPECT_EQ(node.getRefCount(), 0);
+    addRefCP(node);
+    addRefCP(node);
+    EXPECT_EQ(node.getRefCount(), 2);
+    subRefCP(node);
+    EXPECT_EQ(node.getRefCount(), 1);
+    EXPECT_TRUE(node != NullFC);
+
+    const UInt32 id = node.getFieldContainerId();
+    subRefCP(node);
+    EXPECT_TRUE(node == NullFC) << "the handle given is set to null";
+    EXPECT_TRUE(FieldContainerFactory::the()->getContainer(id) == NullFC);
+}
+
+TEST(OSGFieldContainerPtr, ReleasingNullsTheVariableBehindAConstReference)
+{
+    struct Holder
+    {
+        NodePtr node = Node::create();
+    } holder;
+    const Holder &seen = holder;
+
+    subRefCP(seen.node);
+
+    EXPECT_TRUE(holder.node == NullFC);
+}
+
+TEST(OSGFieldContainerPtr, SetRefdReleasesFirst)
+{
+    ksRecorder recorder;
+    NodePtr parent = Node::create();
+    addRefCP(parent);
+    const NodePtr child = Node::create();
+    addRefCP(child);
+    parent->addChild(child);
+    recorder.take();
+
+    NodePtr target = parent;
+    setRefdCP(target, parent);
+    EXPECT_EQ(recorder.take(), ksRecords()) << "the same container: nothing to do";
+
+    // The destruction of the parent releases the child before the child gets the reference of the target.
+    setRefdCP(target, child);
+
+    EXPECT_TRUE(target == child);
+    EXPECT_EQ(child.getRefCount(), 2);
+    EXPECT_EQ(recorder.take(), ksRecords().destroy(1).change(2, Node::ParentFieldMask).subRef(2).addRef(2));
+
+    clearRefCP(target);
+    EXPECT_TRUE(target == NullFC);
+    EXPECT_EQ(child.getRefCount(), 1);
+    EXPECT_EQ(recorder.take(), ksRecords().subRef(2));
+    NodePtr last = child;
+    subRefCP(last);
+}
+
+TEST(OSGFieldContainerPtr, DeleteContainersIgnoresCountAndRecordsNothing)
+{
+    const NodePtr node = Node::create();
+    addRefCP(node);
+    addRefCP(node);
+    const UInt32 id = node.getFieldContainerId();
+    ksRecorder recorder;
+
+    node.deleteContainers();
+
+    EXPECT_TRUE(FieldContainerFactory::the()->getContainer(id) == NullFC);
+    EXPECT_EQ(recorder.take(), ksRecords());
+}
+
+TEST(OSGFieldContainerPtr, DeleteContainersWorksAfterUnregistering)
+{
+    const NodePtr node = Node::create();
+    FieldContainerFactory &factory = *FieldContainerFactory::the();
+    const UInt32 id = node.getFieldContainerId();
+
+    EXPECT_FALSE(factory.unregisterFieldContainer(node)) << "false says that it worked";
+    EXPECT_TRUE(factory.getContainer(id) == NullFC);
+    EXPECT_TRUE(factory.unregisterFieldContainer(node));
+    node.deleteContainers();
+}
+
+TEST(OSGFieldContainerPtr, CountsAreLockedByTheNamedPool)
+{
+    ASSERT_NE(FieldContainerPtrBase::_pRefCountLock, nullptr);
+    EXPECT_EQ(FieldContainerPtrBase::_pRefCountLock,
+              ThreadManager::the()->getLockPool("DSPTRRefCountLockPool"));
+}
+
+} // namespace

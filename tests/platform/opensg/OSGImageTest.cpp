@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: MIT
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+OSG_BEGIN_NAMESPACE
+
+#define OSG_SCREEN_FIELDS(SF, MF)      \
+    SF(SFImagePtr, left, Left, NullFC) \
+    SF(SFImagePtr, right, Right, NullFC)
+
+OSG_CONTAINER_POINTER(Screen, AttachmentPtr)
+OSG_CONTAINER_BASE(Screen, Attachment, OSG_SCREEN_FIELDS)
+
+/// Notes its changes.
+class Screen : public ScreenBase
+{
+    OSG_CONTAINER(Screen)
+
+public:
+    void changed(BitVector whichField, UInt32 origin) override
+    {
+        changes().emplace_back(whichField, origin);
+        Inherited::changed(whichField, origin);
+    }
+
+    static std::vector<std::pair<BitVector, UInt32>> &changes()
+    {
+        static std::vector<std::pair<BitVector, UInt32>> list;
+        return list;
+    }
+};
+
+OSG_DEFINE_CONTAINER(Screen, Attachment, "", OSG_SCREEN_FIELDS)
+
+OSG_END_NAMESPACE
+
+namespace {
+
+using namespace osg;
+
+typedef std::vector<std::pair<BitVector, UInt32>> Changes;
+
+class OSGImageTest : public testing::Test
+{
+protected:
+    OSGImageTest() { Screen::changes().clear(); }
+
+    const ImageRefPtr image = Image::create();
+    const ScreenRefPtr screen = Screen::create();
+};
+
+TEST_F(OSGImageTest, NewImageIsEmpty)
+{
+    EXPECT_EQ(image->getData(), nullptr);
+    EXPECT_EQ(image->getWidth(), 0);
+    EXPECT_EQ(image->getMipMapCount(), 1);
+    EXPECT_EQ(image->getFrameCount(), 1);
+    EXPECT_EQ(image->getSideCount(), 1);
+    EXPECT_EQ(image->getDataType(), Image::OSG_UINT8_IMAGEDATA);
+}
+
+TEST_F(OSGImageTest, SetTakesLayoutAndPixels)
+{
+    const UInt8 pixels[] = {1, 2, 3, 4, 5, 6};
+    EXPECT_TRUE(image->set(Image::OSG_RGB_PF, 1, 2, 1, 1, 1, 0.5, pixels));
+
+    EXPECT_EQ(image->getDimension(), 2);
+    EXPECT_EQ(image->getWidth(), 1);
+    EXPECT_EQ(image->getHeight(), 2);
+    EXPECT_EQ(image->getDepth(), 1);
+    EXPECT_EQ(image->getBpp(), 3);
+    EXPECT_EQ(image->getFrameDelay(), 0.5);
+    EXPECT_EQ(image->getPixelFormat(), UInt32(Image::OSG_RGB_PF));
+    EXPECT_EQ(image->getComponentSize(), 1);
+    EXPECT_EQ(image->getSideSize(), 6);
+    EXPECT_EQ(image->getFrameSize(), 6);
+    EXPECT_EQ(image->getPixel().getValues(), (std::vector<UInt8>{1, 2, 3, 4, 5, 6}));
+    EXPECT_EQ(image->getData(), &image->getPixel()[0]);
+}
+
+TEST_F(OSGImageTest, SetCountsLevelsSidesAndFrames)
+{
+    EXPECT_TRUE(
+        image->set(Image::OSG_RGBA_PF, 4, 2, 1, 3, 5, 0, nullptr, Image::OSG_FLOAT32_IMAGEDATA, true, 6));
+
+    EXPECT_EQ(image->getBpp(), 16);
+    EXPECT_EQ(image->getSideSize(), (8 + 2 + 1) * 16);
+    EXPECT_EQ(image->getFrameSize(), 6 * (8 + 2 + 1) * 16);
+    EXPECT_EQ(image->getPixel().getValues(), std::vector<UInt8>(5 * 6 * (8 + 2 + 1) * 16, 0));
+    EXPECT_EQ(image->getFrameCount(), 5);
+    EXPECT_EQ(image->getSideCount(), 6);
+    EXPECT_EQ(image->getMipMapCount(), 3);
+}
+
+TEST_F(OSGImageTest, SetKnowsFormatsAndTypes)
+{
+    for (const auto &[format, components] : {std::make_pair(Image::OSG_A_PF, 1),
+                                             {Image::OSG_L_PF, 1},
+                                             {Image::OSG_LA_PF, 2},
+                                             {Image::OSG_RGB_PF, 3},
+                                             {Image::OSG_BGR_PF, 3},
+                                             {Image::OSG_RGBA_PF, 4},
+                                             {Image::OSG_BGRA_PF, 4}}) {
+        EXPECT_TRUE(image->set(format, 1));
+        EXPECT_EQ(image->getBpp(), components);
+        EXPECT_EQ(image->getDimension(), 1);
+    }
+    for (const auto &[type, bytes] : {std::make_pair(Image::OSG_UINT8_IMAGEDATA, 1),
+                                      {Image::OSG_UINT16_IMAGEDATA, 2},
+                                      {Image::OSG_FLOAT16_IMAGEDATA, 2},
+                                      {Image::OSG_UINT32_IMAGEDATA, 4},
+                                      {Image::OSG_FLOAT32_IMAGEDATA, 4}}) {
+        EXPECT_TRUE(image->set(Image::OSG_L_PF, 1, 1, 2, 1, 1, 0, nullptr, type));
+        EXPECT_EQ(image->getBpp(), bytes);
+        EXPECT_EQ(image->getDimension(), 3);
+    }
+}
+
+TEST_F(OSGImageTest, SetRefusesNonsense)
+{
+    image->set(Image::OSG_L_PF, 3);
+    EXPECT_FALSE(image->set(Image::OSG_INVALID_PF, 1));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 0));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, -1));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 0));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 0));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 0));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 1, 0, nullptr, 77));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, true, 0));
+    EXPECT_EQ(image->getWidth(), 3);
+}
+
+TEST_F(OSGImageTest, SetWithoutAllocationKeepsNoPixels)
+{
+    image->set(Image::OSG_L_PF, 3);
+    EXPECT_TRUE(image->set(Image::OSG_L_PF, 2, 1, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_EQ(image->getData(), nullptr);
+    EXPECT_EQ(image->getFrameSize(), 2);
+}
+
+TEST_F(OSGImageTest, ChangeReachesTheFieldsThatHoldTheImage)
+{
+    image->addParent(screen.get(), Screen::LeftFieldId);
+    image->addParent(screen.get(), Screen::RightFieldId);
+
+    endEditCP(image, Image::NameFieldMask);
+
+    EXPECT_EQ(Screen::changes(), (Changes{{Screen::LeftFieldMask, ChangedOrigin::Child},
+                                          {Screen::RightFieldMask, ChangedOrigin::Child}}));
+
+    Screen::changes().clear();
+    image->subParent(screen.get(), Screen::LeftFieldId);
+    endEditCP(image, Image::NameFieldMask);
+    EXPECT_EQ(Screen::changes(), (Changes{{Screen::RightFieldMask, ChangedOrigin::Child}}));
+    image->subParent(screen.get(), Screen::LeftFieldId);
+    EXPECT_EQ(image->getParents().size(), 1u);
+}
+
+TEST_F(OSGImageTest, MaterialKeepsReferenceAndParent)
+{
+    const SimpleTexturedMaterialRefPtr material = SimpleTexturedMaterial::create();
+    const ImageRefPtr second = Image::create();
+
+    material->setImage(image);
+    EXPECT_TRUE(material->getImage() == image.get());
+    EXPECT_EQ(image.get().getRefCount(), 2);
+    ASSERT_EQ(image->getParents().size(), 1u);
+    EXPECT_TRUE(image->getParents(0) == material.get());
+    EXPECT_EQ(image->getParents(0).getParentFieldPos(), SimpleTexturedMaterial::ImageFieldId);
+
+    material->setImage(second);
+    EXPECT_EQ(image.get().getRefCount(), 1);
+    EXPECT_TRUE(image->getParents().empty());
+    EXPECT_EQ(second.get().getRefCount(), 2);
+
+    material->setImage(second);
+    EXPECT_EQ(second.get().getRefCount(), 2);
+    EXPECT_EQ(second->getParents().size(), 1u);
+    material->setImage(NullFC);
+    EXPECT_EQ(second.get().getRefCount(), 1);
+    EXPECT_TRUE(material->getImage() == NullFC);
+}
+
+} // namespace
