@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 OSG_BEGIN_NAMESPACE
 
@@ -24,7 +25,7 @@ struct Triangle
     Real64 upper[3][3] = {};
     bool flat[3] = {};
 
-    /// False if a column other than zero depends on those before it.
+    /// False if a column other than zero depends on those before it, or adds too little or too much.
     bool setColumns(const Columns &columns)
     {
         for (UInt32 i = 0; i < 3; ++i) {
@@ -56,7 +57,8 @@ private:
         const Real64 length = rest.length();
         upper[column][column] = length;
         axes[column] = rest * (1 / length);
-        return length > dependent * source.length();
+        return length > dependent * source.length() && length >= std::numeric_limits<Real32>::min() &&
+               length <= std::numeric_limits<Real32>::max();
     }
 
     /// Gives columns of zeros axes that make a rotation with the others.

@@ -17,8 +17,8 @@ struct AffineFactors
     Vec3d scale{1, 1, 1};
 
     /// The factors of @p matrix. False, and no change, where there are none: if the last row is not (0, 0, 0,
-    /// 1), if an element is not finite, or if a singular matrix is so for another reason than columns of
-    /// zeros, which are scale factors of 0.
+    /// 1), if an element is not finite, if a scale factor is no normal number in single precision, or if a
+    /// singular matrix is so for another reason than columns of zeros, which are scale factors of 0.
     bool setFactorsOf(const Matrix &matrix);
 };
 

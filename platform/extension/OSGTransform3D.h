@@ -101,12 +101,14 @@ public:
     /// other axis.
     Vec3f getOrientedAxis(Int32 axis) const;
 
-    /// Sets translation, rotation, Euler angles, scale and shear so that the matrix becomes @p matrix, to
-    /// 1e-5 of its elements; pivots, orientation and order stay. A mirror image gets one or three negative
-    /// scale factors, a column of zeros the scale factor 0. The edit is up to the caller.
+    /// Sets translation, rotation, Euler angles, scale and shear so that the matrix becomes @p matrix, each
+    /// column to 1e-5 of its length (the last to 1e-5 of it and the pivots); pivots, orientation and order
+    /// stay. A mirror image gets one or three negative scale factors, a column of zeros the scale factor 0.
+    /// The edit is up to the caller.
     ///
     /// False, and no change, for matrices that no components give: those with another last row than (0, 0, 0,
-    /// 1), with elements that are not finite, and singular ones without such a column of zeros.
+    /// 1), with elements that are not finite or too small or large for a scale factor, and singular ones
+    /// without such a column of zeros.
     bool decompose(const ::osg::Matrix &matrix);
 
     /// Brings the fields into step, as described above.
