@@ -7,6 +7,7 @@
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/core/ksSyncFunction.h>
 #include <ksundo/core/ksTouch.h>
 #include <ksundo/core/ksUndoCommand.h>
 #include <ksundo/core/ksUndoMacro.h>
@@ -15,3 +16,15 @@
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
 #include <ksundo/field/ksUndoUtil.h>
+#include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
+#include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
+#include <ksundo/transform/ksFunctionUndoCommand.h>
+#include <ksundo/transform/ksRemoveTransformSwitchVariantUndoCommand.h>
+#include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
+#include <ksundo/transform/ksTransformUndoBaseCommand.h>
+#include <ksundo/transform/ksTransformUndoCommand.h>
+#include <ksundo/transform/ksTransformValueUndoCommands.h>
+#include <ksundo/transform/ksTransformVariantMoveCommand.h>
+#include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
+#include <ksundo/transform/ksTransformVariantOptionsUndoCommand.h>
+#include <ksundo/transform/ksTransformationUndoCommand.h>

@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/ksTouch.h>
+
+#include <OSGTransform3D.h>
+
+/// Both forms of the rotation are written in one edit, so that observers never see them apart.
+void osg::Transform3D::setRotationAsQuaternion(const QuaternionBase<float> &q)
+{
+    setRotation(q);
+    setEulerRotation(convertQuatToEuler(q, true));
+    ksTouch(Transform3DPtr(*this), RotationFieldMask | EulerRotationFieldMask);
+}

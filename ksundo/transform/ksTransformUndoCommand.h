@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/NodeUtils.h>
+#include <ksundo/transform/ksFunctionUndoCommand.h>
+#include <ksundo/transform/ksTransformUndoBaseCommand.h>
+
+#include <QString>
+
+/// Changes one value of one transform node.
+///
+/// Its text is a verb and the node's name in apostrophes, as it is when the command is built: Translate
+/// 'Box'. Commands merge when they concern the same node in the same mode and with the same index.
+template <class T>
+class ksTransformUndoCommand : public ksFunctionUndoCommand<T>, public ksTransformUndoBaseCommand
+{
+public:
+    /// \param verb what the text begins with, translated
+    /// \param modeFlag an option of the property's getter and setter
+    /// \param index which of the node's transforms: -1 its own, from 0 on those of its variants
+    ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag,
+                           QUndoCommand *parent = nullptr, int index = -1)
+        : ksFunctionUndoCommand<T>(textOf(verb, node), node, std::move(value), parent)
+        , modeFlag(modeFlag)
+        , index(index)
+    {}
+
+    /// The same with merging switched on or off, see ksUndoCommand::setMergeEnabled().
+    ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag, bool mergeEnabled,
+                           QUndoCommand *parent = nullptr, int index = -1)
+        : ksTransformUndoCommand(verb, node, std::move(value), modeFlag, parent, index)
+    {
+        this->setMergeEnabled(mergeEnabled);
+    }
+
+    /// The same with a merge window in seconds, see ksUndoCommand::setMergeResponseDelta().
+    ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag,
+                           double mergeResponseDelta, QUndoCommand *parent = nullptr, int index = -1)
+        : ksTransformUndoCommand(verb, node, std::move(value), modeFlag, parent, index)
+    {
+        this->setMergeResponseDelta(mergeResponseDelta);
+    }
+
+    /// Adds "id" and "node", then "transformCommand", which is true.
+    void makeMessage(ksMessage &message) const override
+    {
+        ksFunctionUndoCommand<T>::makeMessage(message);
+        message.set("transformCommand", true, true);
+    }
+
+    /// Demands, beyond the same node, the same mode and index.
+    bool canMergeWith(const QUndoCommand *other) const override
+    {
+        if (!ksFunctionUndoCommand<T>::canMergeWith(other))
+            return false;
+        const auto *newer = static_cast<const ksTransformUndoCommand *>(other);
+        return newer->modeFlag == modeFlag && newer->index == index;
+    }
+
+protected:
+    bool modeFlag;
+    int index;
+
+private:
+    static QString textOf(const QString &verb, const osg::NodePtr &node)
+    {
+        return verb + QLatin1String(" '") + NodeUtils::getText(node) + QLatin1Char('\'');
+    }
+};
