@@ -90,7 +90,7 @@ def main():
     except KeyError as missing:
         sys.exit(f"not measured: {missing}")
     if broken:
-        sys.exit(f"{broken} limits are broken")
+        sys.exit(f"broken limits: {broken}")
 
 
 main()
