@@ -69,3 +69,16 @@ TEST_F(NodeUtilsTest, GivesTheBytesOfTheName)
     EXPECT_STREQ(NodeUtils::getName(node), "Gr\xc3\xb6\xc3\x9f"
                                            "e");
 }
+
+TEST_F(NodeUtilsTest, GivesTheNameAsText)
+{
+    node->setCore(osg::Group::create());
+    osg::setName(node.get(), std::string("Gr\u00f6\u00dfe"));
+    EXPECT_EQ(NodeUtils::getText(node), QStringLiteral("Gr\u00f6\u00dfe"));
+}
+
+TEST_F(NodeUtilsTest, GivesAnEmptyTextForNoName)
+{
+    EXPECT_EQ(NodeUtils::getText(node), QString());
+    EXPECT_EQ(NodeUtils::getText(osg::NullFC), QString());
+}

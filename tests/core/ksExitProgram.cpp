@@ -23,10 +23,12 @@ class HoldingCommand : public ksUndoCommand
     KS_UNDO_COMMAND(HoldingCommand)
 
 public:
-    explicit HoldingCommand(const osg::NodePtr &node)
-        : ksUndoCommand(QStringLiteral("hold"))
+    HoldingCommand(const QString &text, const osg::NodePtr &node)
+        : ksUndoCommand(text)
         , held(node)
     {}
+
+    ~HoldingCommand() override { std::printf("%s\n", qPrintable(text())); }
 
 private:
     ksHeldReference<osg::NodePtr> held;
@@ -65,8 +67,8 @@ int main(int argc, char **argv)
 
     for (const unsigned int which : {0u, 1u}) {
         ksUndoStack *stack = ksUndoStack::get(which);
-        stack->add(new HoldingCommand(makeNode()));
-        stack->add(new HoldingCommand(makeNode()));
+        stack->add(new HoldingCommand(QStringLiteral("done in %1").arg(which), makeNode()));
+        stack->add(new HoldingCommand(QStringLiteral("undone in %1").arg(which), makeNode()));
         stack->undo();
         stack->showHistory();
     }

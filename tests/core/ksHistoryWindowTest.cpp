@@ -9,6 +9,7 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <support/ksProbeCommand.h>
 #include <support/ksQtWarnings.h>
 #include <support/ksStackRecorder.h>
 #include <support/ksStackState.h>
@@ -199,6 +200,19 @@ TEST_F(ksHistoryWindow, GoesWithItsStack)
         EXPECT_EQ(historyWindows().size(), 1u);
     }
     EXPECT_THAT(historyWindows(), testing::IsEmpty());
+}
+
+TEST_F(ksHistoryWindow, GoesBeforeTheCommandsOfItsStack)
+{
+    ksProbeLog log;
+    {
+        ksUndoStack other;
+        other.add(new ksProbeCommand<>(QStringLiteral("A"), log));
+        other.showHistory();
+        ASSERT_NE(historyWindow(), nullptr);
+        QObject::connect(historyWindow(), &QObject::destroyed, [&log] { log.push_back("delete window"); });
+    }
+    EXPECT_THAT(log, ElementsAre("redo A", "delete window", "delete A"));
 }
 
 TEST_F(ksHistoryWindow, IsOnePerStack)

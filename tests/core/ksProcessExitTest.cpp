@@ -11,7 +11,7 @@ class ksProcessExit : public testing::TestWithParam<const char *>
 } // namespace
 
 /// Stacks live in static objects, which go after main has returned, and so do commands and what these hold.
-TEST_P(ksProcessExit, IsQuiet)
+TEST_P(ksProcessExit, DeletesTheCommandsOfBothStacksQuietly)
 {
     QTemporaryDir runtimeDirectory;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -25,6 +25,8 @@ TEST_P(ksProcessExit, IsQuiet)
     EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
     EXPECT_EQ(process.exitCode(), 0);
     EXPECT_EQ(process.readAllStandardError().toStdString(), "");
+    EXPECT_EQ(process.readAllStandardOutput().toStdString(),
+              "done in 1\nundone in 1\ndone in 0\nundone in 0\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Order, ksProcessExit, testing::Values("stack-first", "scene-first", "exit"));

@@ -91,6 +91,15 @@ TEST(ksUndoCommand, TakesItsCreationTimeFromTheWallClockInSeconds)
     EXPECT_LE(ksCommandTime::of(command), after);
 }
 
+TEST(ksUndoCommand, KeepsItsCreationTimeWhenItRuns)
+{
+    ksUndoCommand command{QString()};
+    ksCommandTime::of(command) = 1.0;
+    command.redo();
+    command.undo();
+    EXPECT_EQ(ksCommandTime::of(command), 1.0);
+}
+
 TEST(ksUndoCommand, KeepsItsVirtualFunctionsInOrder)
 {
     EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::undo), 2u);

@@ -416,3 +416,17 @@ TEST_F(ksFieldUndoCommandInAStack, RunsAsAChildOfABatch)
     stack.undo();
     EXPECT_EQ(probe->getQ(), 0);
 }
+
+TEST_F(ksFieldUndoCommandInAStack, UndoesByTheRedoOfADerivedClass)
+{
+    struct Command : ksFieldUndoCommand<int>
+    {
+        using ksFieldUndoCommand<int>::ksFieldUndoCommand;
+        void redo() override { ++runs; }
+        int runs = 0;
+    };
+
+    Command command(QString(), container(), "q", 9);
+    command.undo();
+    EXPECT_EQ(command.runs, 1);
+}
