@@ -9,10 +9,10 @@ namespace {
 
 /// A scene and a history of edits in it.
 template <class Edits>
-class Session
+class EditedScene
 {
 public:
-    Session(int containers, int steps)
+    EditedScene(int containers, int steps)
         : containers(containers)
         , steps(steps)
         , scene(containers)
@@ -20,14 +20,14 @@ public:
         push(steps);
     }
 
-    /// The session of this size in its first state: all steps done. It is kept until another size is asked
-    /// for, since a large one takes longer to build than to measure.
-    static Session &of(int containers, int steps)
+    /// The scene and history of this size in its first state: all steps done. It is kept until another size
+    /// is asked for, since a large one takes longer to build than to measure.
+    static EditedScene &of(int containers, int steps)
     {
-        static std::unique_ptr<Session> current;
+        static std::unique_ptr<EditedScene> current;
         if (current == nullptr || current->containers != containers || current->steps != steps) {
             current.reset();
-            current = std::make_unique<Session>(containers, steps);
+            current = std::make_unique<EditedScene>(containers, steps);
         }
         current->restore();
         return *current;
@@ -72,27 +72,27 @@ private:
 template <class Edits>
 void push(Meter &meter, int containers, int steps)
 {
-    auto &session = Session<Edits>::of(containers, steps);
-    meter.measure(stepCount, [&session](int i) { session.pushOne(i); });
-    meter.require(session.count() == steps + stepCount, "a pushed command is missing");
+    auto &edited = EditedScene<Edits>::of(containers, steps);
+    meter.measure(stepCount, [&edited](int i) { edited.pushOne(i); });
+    meter.require(edited.count() == steps + stepCount, "a pushed command is missing");
 }
 
 template <class Edits>
 void undo(Meter &meter, int containers, int steps)
 {
-    auto &session = Session<Edits>::of(containers, steps);
-    meter.measure(stepCount, [&session](int) { session.edits.undo(); });
-    meter.require(session.edits.index() == steps - stepCount, "a step was not undone");
-    session.redo(stepCount);
+    auto &edited = EditedScene<Edits>::of(containers, steps);
+    meter.measure(stepCount, [&edited](int) { edited.edits.undo(); });
+    meter.require(edited.edits.index() == steps - stepCount, "a step was not undone");
+    edited.redo(stepCount);
 }
 
 template <class Edits>
 void redo(Meter &meter, int containers, int steps)
 {
-    auto &session = Session<Edits>::of(containers, steps);
-    session.undo(stepCount);
-    meter.measure(stepCount, [&session](int) { session.edits.redo(); });
-    meter.require(session.edits.index() == steps, "a step was not redone");
+    auto &edited = EditedScene<Edits>::of(containers, steps);
+    edited.undo(stepCount);
+    meter.measure(stepCount, [&edited](int) { edited.edits.redo(); });
+    meter.require(edited.edits.index() == steps, "a step was not redone");
 }
 
 void addSteps(const std::string &prefix, int containers, int steps)
