@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksMergeForm.h"
+
+#include <ksundo/transform/ksTransformValueUndoCommands.h>
+
+#include <ksNodeUtils.h>
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+/// How to build a command, apart from its node and its value.
+struct ksTransformValueForm
+{
+    bool mode = false;
+    int index = -1;
+    ksMergeForm merge;
+    ksTransformCallback callback;
+    QUndoCommand *parent = nullptr;
+};
+
+/// What the ten commands on vector values are required to be, one row per class.
+struct ksTransformValueRow
+{
+    using Command = ksTransformUndoCommand<ksTransformValue>;
+
+    /// A sync function: its last argument is the mode as a text, - for the classes that pass none.
+    using Sync = std::function<void(const osg::NodePtr &, const ksTransformValue &, const std::string &)>;
+
+    const char *className;
+    const char *verb;
+    bool hasMode;
+    bool hasCallback;
+    bool hasIndex;
+    bool syncsEveryIndex;
+    /// What an edit names.
+    osg::BitVector mask;
+    /// The application's getter.
+    ksTransformValue (*read)(const osg::NodePtr &node, bool mode, int index);
+    Command *(*make)(const osg::NodePtr &node, const ksTransformValue &value,
+                     const ksTransformValueForm &form);
+    void (*setSync)(const Sync &sync);
+    int (*commandId)();
+
+    std::vector<int> indexes() const { return hasIndex ? std::vector<int>{-1, 0, 2} : std::vector<int>{-1}; }
+    std::vector<bool> modes() const
+    {
+        return hasMode ? std::vector<bool>{false, true} : std::vector<bool>{false};
+    }
+
+    friend std::ostream &operator<<(std::ostream &stream, const ksTransformValueRow &row)
+    {
+        return stream << row.className;
+    }
+
+    /// The axis and the flag of every rotation pivot direction command.
+    static constexpr int directionAxis = 2;
+    static constexpr bool directionFlag = true;
+};
+
+namespace ksTransformValueRows {
+
+using Row = ksTransformValueRow;
+using Form = ksTransformValueForm;
+using Value = ksTransformValue;
+using osg::NodePtr;
+using osg::Transform3D;
+
+template <class Command>
+Row::Command *plain(const NodePtr &node, const Value &value, const Form &form)
+{
+    return ksBuilderOf<Command>(form.merge, node, value)(form.parent, form.index);
+}
+
+template <class Command>
+Row::Command *withMode(const NodePtr &node, const Value &value, const Form &form)
+{
+    return ksBuilderOf<Command>(form.merge, node, value, form.mode)(form.parent, form.index);
+}
+
+template <class Command>
+Row::Command *withCallback(const NodePtr &node, const Value &value, const Form &form)
+{
+    return ksBuilderOf<Command>(form.merge, node, value)(form.parent, form.callback, form.index);
+}
+
+inline Row::Command *translation(const NodePtr &node, const Value &value, const Form &form)
+{
+    return ksBuilderOf<ksTranslationUndoCommand>(form.merge, node, value,
+                                                 form.mode)(form.parent, form.callback, form.index);
+}
+
+inline Row::Command *direction(const NodePtr &node, const Value &value, const Form &form)
+{
+    return ksBuilderOf<ksRotationPivotDirectionUndoCommand>(form.merge, node, value, Row::directionAxis,
+                                                            Row::directionFlag)(form.parent, form.index);
+}
+
+/// The shear command has one constructor only.
+inline Row::Command *shear(const NodePtr &node, const Value &value, const Form &form)
+{
+    return new ksShearUndoCommand(node, value, form.parent);
+}
+
+template <class Command>
+void setSync(const Row::Sync &sync)
+{
+    if (sync)
+        Command::setSyncFunction([sync](const NodePtr &node, const Value &value) { sync(node, value, "-"); });
+    else
+        Command::setSyncFunction({});
+}
+
+template <class Command>
+void setModeSync(const Row::Sync &sync)
+{
+    if (sync)
+        Command::setSyncFunction([sync](const NodePtr &node, const Value &value, bool mode) {
+            sync(node, value, mode ? "true" : "false");
+        });
+    else
+        Command::setSyncFunction({});
+}
+
+/// A getter without a mode.
+template <ksTransformValue (*get)(const NodePtr &, int)>
+Value read(const NodePtr &node, bool, int index)
+{
+    return get(node, index);
+}
+
+inline Value readDirection(const NodePtr &node, bool, int index)
+{
+    return ksNodeUtils::getTransformNodeRotationDirection(node, index, -1);
+}
+
+inline Value readShear(const NodePtr &node, bool, int)
+{
+    return ksNodeUtils::getTransformNodeShear(node);
+}
+
+inline const std::vector<Row> all = {
+    {"ksTranslationUndoCommand", "Translate", true, true, true, false, Transform3D::TranslationFieldMask,
+     &ksNodeUtils::getTransformNodeTranslation, &translation, &setModeSync<ksTranslationUndoCommand>,
+     &ksTranslationUndoCommand::commandId},
+    {"ksRotationUndoCommand", "Rotate", false, true, true, false,
+     Transform3D::RotationFieldMask | Transform3D::EulerRotationFieldMask,
+     &read<&ksNodeUtils::getTransformNodeRotation>, &withCallback<ksRotationUndoCommand>,
+     &setSync<ksRotationUndoCommand>, &ksRotationUndoCommand::commandId},
+    {"ksScaleUndoCommand", "Scale", false, true, true, false, Transform3D::ScaleFieldMask,
+     &read<&ksNodeUtils::getTransformNodeScale>, &withCallback<ksScaleUndoCommand>,
+     &setSync<ksScaleUndoCommand>, &ksScaleUndoCommand::commandId},
+    {"ksScalePivotUndoCommand", "Change Scale Pivot", true, false, true, true,
+     Transform3D::ScalePivotFieldMask, &ksNodeUtils::getTransformNodeScalePivot,
+     &withMode<ksScalePivotUndoCommand>, &setModeSync<ksScalePivotUndoCommand>,
+     &ksScalePivotUndoCommand::commandId},
+    {"ksRotationPivotUndoCommand", "Change Rotation Pivot", true, false, true, true,
+     Transform3D::RotatePivotFieldMask, &ksNodeUtils::getTransformNodeRotatePivot,
+     &withMode<ksRotationPivotUndoCommand>, &setModeSync<ksRotationPivotUndoCommand>,
+     &ksRotationPivotUndoCommand::commandId},
+    {"ksScalePivotTranslationUndoCommand", "Change Scale Pivot Translation", false, false, true, true,
+     Transform3D::ScalePivotTranslationFieldMask, &read<&ksNodeUtils::getTransformNodeScalePivotTranslation>,
+     &plain<ksScalePivotTranslationUndoCommand>, &setSync<ksScalePivotTranslationUndoCommand>,
+     &ksScalePivotTranslationUndoCommand::commandId},
+    {"ksRotationPivotTranslationUndoCommand", "Change Rotation Pivot Translation", false, false, true, true,
+     Transform3D::RotatePivotTranslationFieldMask,
+     &read<&ksNodeUtils::getTransformNodeRotatePivotTranslation>,
+     &plain<ksRotationPivotTranslationUndoCommand>, &setSync<ksRotationPivotTranslationUndoCommand>,
+     &ksRotationPivotTranslationUndoCommand::commandId},
+    {"ksRotationPivotOrientationUndoCommand", "Change Rotation Pivot", false, false, true, false,
+     Transform3D::RotationOrientationFieldMask, &read<&ksNodeUtils::getTransformNodeRotationOrientation>,
+     &plain<ksRotationPivotOrientationUndoCommand>, &setSync<ksRotationPivotOrientationUndoCommand>,
+     &ksRotationPivotOrientationUndoCommand::commandId},
+    {"ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot", false, false, true, false,
+     Transform3D::RotationDirectionFieldMask | Transform3D::RotationDirectionModeFieldMask |
+         Transform3D::RotationDirectionOnFieldMask,
+     &readDirection, &direction, &setSync<ksRotationPivotDirectionUndoCommand>,
+     &ksRotationPivotDirectionUndoCommand::commandId},
+    {"ksShearUndoCommand", "Shear", false, false, false, true, Transform3D::ShearFieldMask, &readShear,
+     &shear, &setSync<ksShearUndoCommand>, &ksShearUndoCommand::commandId},
+};
+
+} // namespace ksTransformValueRows
