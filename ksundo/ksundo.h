@@ -14,6 +14,7 @@
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
+#include <ksundo/field/ksFieldCast.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
 #include <ksundo/field/ksUndoUtil.h>
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>

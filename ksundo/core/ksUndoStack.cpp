@@ -129,8 +129,10 @@ void ksUndoStack::setMessageCallback(MessageCallback callback)
 
 void ksUndoStack::sendMessage(const char *name, int index, bool added) const
 {
+    if (messageCallback == nullptr)
+        return;
     const QUndoCommand *command = undoStack->command(index);
-    if (command == nullptr || messageCallback == nullptr)
+    if (command == nullptr)
         return;
 
     ksMessage message;

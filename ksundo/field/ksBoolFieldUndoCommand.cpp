@@ -2,8 +2,6 @@
 #include <ksundo/core/ksTouch.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 
-#include <OpenSG/OSGSField.h>
-
 ksBoolFieldUndoCommand::ksBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container,
                                                const std::string &fieldName, bool value, QUndoCommand *parent)
     : ksFieldBaseUndoCommand(text, container, fieldName, parent)

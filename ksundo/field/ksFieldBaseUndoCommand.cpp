@@ -6,25 +6,21 @@
 #include <ksMessage.h>
 
 #include <cctype>
+#include <cstring>
 
 namespace {
 
-char lowered(char letter)
+int lowered(char letter)
 {
-    return static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
+    return std::tolower(static_cast<unsigned char>(letter));
 }
 
-bool matches(const std::string &fieldName, const std::string &name)
-{
-    return fieldName.size() == name.size() && lowered(fieldName.front()) == lowered(name.front()) &&
-           fieldName.compare(1, std::string::npos, name, 1, std::string::npos) == 0;
-}
-
+/// Field names that commands must not find: both are the scene graph's own business.
 bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &description)
 {
     const bool isNodeVolume =
         type == osg::Node::getClassType() && description.getFieldMask() == osg::Node::VolumeFieldMask;
-    return isNodeVolume || description.getName() == "parents";
+    return isNodeVolume || std::strcmp(description.getCName(), "parents") == 0;
 }
 
 } // namespace
@@ -50,10 +46,16 @@ const osg::FieldDescription *ksFieldBaseUndoCommand::findField(osg::FieldContain
 {
     if (name.empty())
         return nullptr;
-    osg::FieldContainerType &type = container->getType();
+    const int firstLetter = lowered(name.front());
+    const char *rest = name.c_str() + 1;
+    const osg::FieldContainerType &type = container->getType();
     for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id) {
         const osg::FieldDescription *description = type.getFieldDescription(id);
-        if (description != nullptr && !isHidden(type, *description) && matches(description->getCName(), name))
+        if (description == nullptr)
+            continue;
+        const char *fieldName = description->getCName();
+        if (lowered(fieldName[0]) == firstLetter && std::strcmp(fieldName + 1, rest) == 0 &&
+            !isHidden(type, *description))
             return description;
     }
     return nullptr;

@@ -3,8 +3,8 @@
 
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/field/ksFieldCast.h>
 
-#include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGFieldDescription.h>
 
@@ -55,7 +55,7 @@ protected:
     template <class FieldT>
     FieldT *fieldOf(const osg::FieldContainerPtr &container) const
     {
-        return dynamic_cast<FieldT *>(fieldOf(container));
+        return ksFieldCast<FieldT>(fieldOf(container));
     }
 
     osg::UInt32 fcId = 0;

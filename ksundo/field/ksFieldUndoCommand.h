@@ -4,8 +4,6 @@
 #include <ksundo/core/ksTouch.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
-#include <OpenSG/OSGSField.h>
-
 /// Sets a numeric field, an osg::SField<T>, of one container.
 ///
 /// Redo and undo are the same exchange of the field's value with the stored one. Commands on the same field
@@ -23,6 +21,13 @@ public:
     ksFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, const std::string &fieldName,
                        T value, QUndoCommand *parent = nullptr)
         : ksFieldBaseUndoCommand(text, container, fieldName, parent)
+        , value(value)
+    {}
+
+    /// Sets the field of \a container with the id \a fieldId, counted from 1.
+    ksFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId, T value,
+                       QUndoCommand *parent = nullptr)
+        : ksFieldBaseUndoCommand(text, container, fieldId, parent)
         , value(value)
     {}
 

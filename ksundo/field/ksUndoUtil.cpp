@@ -13,14 +13,6 @@
 
 namespace {
 
-osg::Field *findField(const osg::FieldContainerPtr &container, const std::string &fieldName)
-{
-    if (container == osg::NullFC)
-        return nullptr;
-    const osg::FieldDescription *description = ksFieldBaseUndoCommand::findField(container, fieldName);
-    return description == nullptr ? nullptr : description->getField(container);
-}
-
 /// Builds commands on one field for the first of the tried types that the field has.
 class CommandMaker
 {
@@ -29,31 +21,30 @@ public:
                  QUndoCommand *parent)
         : text(text)
         , container(container)
-        , fieldName(fieldName)
         , parent(parent)
-        , field(findField(container, fieldName))
-    {}
+    {
+        if (container == osg::NullFC)
+            return;
+        if (const auto *description = ksFieldBaseUndoCommand::findField(container, fieldName)) {
+            fieldId = static_cast<int>(description->getFieldId());
+            field = description->getField(container);
+        }
+    }
 
     template <class T, class ValueT>
     bool tryNumber(ValueT value) const
     {
-        return isA<osg::SField<T>>() &&
-               hand(new ksFieldUndoCommand<T>(text, container, fieldName, static_cast<T>(value), parent));
+        return ksFieldCast<osg::SField<T>>(field) != nullptr &&
+               hand(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
     }
 
     bool tryBool(bool value) const
     {
-        return isA<osg::SField<bool, 2>>() &&
-               hand(new ksBoolFieldUndoCommand(text, container, fieldName, value, parent));
+        return ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
+               hand(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
     }
 
 private:
-    template <class FieldT>
-    bool isA() const
-    {
-        return dynamic_cast<const FieldT *>(field) != nullptr;
-    }
-
     bool hand(QUndoCommand *command) const
     {
         if (parent == nullptr)
@@ -63,9 +54,9 @@ private:
 
     const QString &text;
     const osg::FieldContainerPtr &container;
-    const std::string &fieldName;
     QUndoCommand *parent;
-    const osg::Field *field;
+    int fieldId = 0;
+    osg::Field *field = nullptr;
 };
 
 /// Lists the entries that \a append adds to the list for the first \a maxCount of \a nodes.
