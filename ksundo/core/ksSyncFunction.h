@@ -4,10 +4,14 @@
 #include <ksundo/ksExport.h>
 
 #include <functional>
+#include <utility>
 
 /// Gives a command class a function of its own that its commands call after writing, by which the application
 /// mirrors their changes elsewhere. Setting it reaches all commands of the class, also those already on a
 /// stack. To be set on the thread that runs the commands.
+///
+/// A class declares its instance extern and has it instantiated once, in the library, so that all modules of
+/// a process share the function.
 ///
 /// \tparam Command the class
 /// \tparam Signature what the function takes

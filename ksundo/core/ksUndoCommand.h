@@ -28,7 +28,8 @@ public:
     explicit ksUndoCommand(const QString &text, QUndoCommand *parent = nullptr);
 
     /// Sets the length of the merge window: the command may be absorbed by the one before it when it was
-    /// created less than \a seconds after that one's latest edit. A negative value means without limit.
+    /// created less than \a seconds after that one's latest edit. A negative value, and not a number, means
+    /// without limit.
     void setMergeResponseDelta(const double &seconds);
 
     /// Tells whether this command may be absorbed by the one before it. Whether this command may absorb later
@@ -36,7 +37,9 @@ public:
     void setMergeEnabled(bool enabled);
 
     /// The id of the command class \a type: 1, 2, 3 ... in the order in which the running process first asks.
-    /// Ids differ from run to run and must never be stored.
+    /// Ids differ from run to run and must never be stored. Commands with equal ids are taken for commands of
+    /// one class: on a stack, all ids but -1 must come from here. Not to be called by several threads at
+    /// once.
     static int makeId(std::type_index type);
 
     /// Adds what the application should know about this command to \a message: "id", the id() as an int.

@@ -11,6 +11,7 @@
 #include <QVector>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -92,7 +93,12 @@ void ksUndoStack::add(QUndoCommand *command)
         return;
     added = true;
     const BusyScope busy(busyDepth);
-    undoStack->push(command);
+    try {
+        undoStack->push(command);
+    } catch (...) {
+        added = false;
+        throw;
+    }
 }
 
 void ksUndoStack::beginMacro(const QString &text)
@@ -255,13 +261,14 @@ void ksUndoStack::showHistory()
 
 void ksUndoStack::indexChanged(int i)
 {
-    if (lastIndex <= i) {
-        Q_EMIT redoPerformed(undoStack->command(i - 1), added);
-        sendMessage("ksURManager::redo", i - 1, added);
-    } else {
+    // Receivers may use the stack, which must find its state up to date then.
+    const bool isUndo = i < std::exchange(lastIndex, i);
+    const bool isAddition = std::exchange(added, false);
+    if (isUndo) {
         Q_EMIT undoPerformed(undoStack->command(i));
         sendMessage("ksURManager::undo", i, false);
+    } else {
+        Q_EMIT redoPerformed(undoStack->command(i - 1), isAddition);
+        sendMessage("ksURManager::redo", i - 1, isAddition);
     }
-    lastIndex = i;
-    added = false;
 }

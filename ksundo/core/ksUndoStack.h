@@ -49,8 +49,12 @@ public:
     /// True when the stack holds no command, done or undone.
     bool isEmpty() const;
 
-    /// Adds \a command, which belongs to the stack from now on, and runs its redo(). Undone commands are
-    /// deleted first. The command may be absorbed by the one before it, and deleted. Null is ignored.
+    /// Runs the redo() of \a command and adds it to the stack, which owns it from then on. Undone commands
+    /// are deleted. The command may be absorbed by the one before it, and deleted. When its redo() throws,
+    /// the stack is as before and the command stays with the caller. Null is ignored.
+    ///
+    /// Commands are offered to each other for merging by their id(): those that do not take theirs from
+    /// ksUndoCommand::makeId() must have none, that is -1.
     void add(QUndoCommand *command);
 
     /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text. Macros
@@ -76,9 +80,9 @@ public:
     /// there is no such command.
     void sendMessage(const char *name, int index, bool added) const;
 
-    /// How many operations of this stack are running commands right now: greater than 0 when the caller has
-    /// been called, directly or not, by a command of this stack. Steps that the user takes by a click into
-    /// the history window do not count.
+    /// How many operations of this stack are in progress: greater than 0 when the caller has been called,
+    /// directly or not, by a command of this stack, a receiver of its signals, or the message callback. Steps
+    /// that the user takes by a click into the history window, beginMacro() and clear() do not count.
     int getBusyDepth() const;
 
     /// The text of the command that undo() would undo; empty when there is none.
@@ -88,7 +92,7 @@ public:
     QString redoText() const;
 
     /// An action that calls undo(), whose text is \a prefix ("Undo" when empty) and undoText(), and which is
-    /// enabled while there is something to undo. It belongs to \a parent.
+    /// enabled while there is something to undo. It belongs to \a parent, or to the caller when that is null.
     QAction *createUndoAction(QObject *parent, const QString &prefix = QString()) const;
 
     /// The same for redo().
@@ -97,6 +101,8 @@ public:
     /// Sets how many commands the stack keeps at most; the oldest go first. 0, the default, is without limit.
     /// Takes effect on an empty stack only.
     void setUndoLimit(int limit);
+
+    /// How many commands the stack keeps at most; 0 is without limit.
     int undoLimit() const;
 
     /// Declares the current state to be the one that is saved. The next command does not merge into the
@@ -113,10 +119,10 @@ public:
     int index() const;
 
 Q_SIGNALS:
-    /// \a command was added (\a added is true) or redone. It is null when the stack was cleared.
+    /// \a command was added (\a added is true) or redone. It is null when the stack was cleared or destroyed.
     void redoPerformed(const QUndoCommand *command, bool added);
 
-    /// \a command was undone. It is null when the stack was cleared.
+    /// \a command was undone. It is null when the stack was cleared or destroyed.
     void undoPerformed(const QUndoCommand *command);
 
     /// All commands were deleted by clear().
@@ -129,13 +135,16 @@ public Q_SLOTS:
     /// Redoes the command after the current one, if any.
     void redo();
 
-    /// Deletes all commands without undoing them and forgets the mark.
+    /// Deletes all commands without undoing them and forgets the mark. A command must not call it from its
+    /// redo() or undo().
     void clear();
 
-    /// Remembers the current index, 0 when never called.
+    /// Remembers the current index. It is a position, not a command: commands that fall off at the undo limit
+    /// shift those that follow.
     void mark();
 
-    /// Undoes or redoes commands until the stack is at the marked index again, or as close as it gets.
+    /// Undoes or redoes commands until the stack is at the marked index again, or as close as it gets; at 0
+    /// when mark() was never called.
     void reset();
 
     /// Shows and raises the history window, which is made on the first call and belongs to the stack. It is

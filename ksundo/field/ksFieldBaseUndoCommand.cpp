@@ -6,7 +6,7 @@
 #include <ksMessage.h>
 
 #include <cctype>
-#include <cstring>
+#include <string_view>
 
 namespace {
 
@@ -20,7 +20,7 @@ bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &
 {
     const bool isNodeVolume =
         type == osg::Node::getClassType() && description.getFieldMask() == osg::Node::VolumeFieldMask;
-    return isNodeVolume || std::strcmp(description.getCName(), "parents") == 0;
+    return isNodeVolume || std::string_view(description.getCName()) == "parents";
 }
 
 } // namespace
@@ -29,32 +29,35 @@ ksFieldBaseUndoCommand::ksFieldBaseUndoCommand(const QString &text, osg::FieldCo
                                                std::string fieldName, QUndoCommand *parent)
     : ksUndoCommand(text, parent)
 {
-    if (container != osg::NullFC)
-        aimAt(container, findField(container, fieldName));
+    if (const osg::FieldDescription *description = findField(container, fieldName))
+        aimAt(container, *description, description->getFieldId());
 }
 
 ksFieldBaseUndoCommand::ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container,
                                                int fieldId, QUndoCommand *parent)
     : ksUndoCommand(text, parent)
 {
-    if (container != osg::NullFC)
-        aimAt(container, container->getType().getFieldDescription(static_cast<osg::UInt32>(fieldId)));
+    if (container == osg::NullFC)
+        return;
+    const auto id = static_cast<osg::UInt32>(fieldId);
+    if (const osg::FieldDescription *description = container->getType().getFieldDescription(id))
+        aimAt(container, *description, id);
 }
 
 const osg::FieldDescription *ksFieldBaseUndoCommand::findField(osg::FieldContainerPtr container,
                                                                const std::string &name)
 {
-    if (name.empty())
+    if (container == osg::NullFC || name.empty())
         return nullptr;
     const int firstLetter = lowered(name.front());
-    const char *rest = name.c_str() + 1;
+    const std::string_view rest = std::string_view(name).substr(1);
     const osg::FieldContainerType &type = container->getType();
     for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id) {
         const osg::FieldDescription *description = type.getFieldDescription(id);
         if (description == nullptr)
             continue;
-        const char *fieldName = description->getCName();
-        if (lowered(fieldName[0]) == firstLetter && std::strcmp(fieldName + 1, rest) == 0 &&
+        const std::string_view fieldName = description->getCName();
+        if (!fieldName.empty() && lowered(fieldName.front()) == firstLetter && fieldName.substr(1) == rest &&
             !isHidden(type, *description))
             return description;
     }
@@ -82,16 +85,14 @@ bool ksFieldBaseUndoCommand::canMergeWith(const QUndoCommand *other) const
 }
 
 void ksFieldBaseUndoCommand::aimAt(const osg::FieldContainerPtr &container,
-                                   const osg::FieldDescription *description)
+                                   const osg::FieldDescription &description, osg::UInt32 id)
 {
-    if (description == nullptr)
-        return;
     fcId = container.getFieldContainerId();
-    fieldId = description->getFieldId();
-    fieldMask = description->getFieldMask();
+    fieldId = id;
+    fieldMask = description.getFieldMask();
 }
 
-osg::Field *ksFieldBaseUndoCommand::fieldOf(const osg::FieldContainerPtr &container) const
+osg::Field *ksFieldBaseUndoCommand::anyFieldOf(const osg::FieldContainerPtr &container) const
 {
     if (container == osg::NullFC)
         return nullptr;

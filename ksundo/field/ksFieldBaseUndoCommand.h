@@ -28,9 +28,9 @@ public:
     ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
                            QUndoCommand *parent = nullptr);
 
-    /// The first field of \a container, which must not be NullFC, that is called \a name; null when there is
-    /// none. Case matters, but for the first letter: diffuse finds Diffuse, DIFFUSE does not. A field
-    /// "parents" is never found, nor is the volume of a node: both are the scene graph's own business.
+    /// The first field of \a container that is called \a name; null when there is none, and for NullFC. Case
+    /// matters, but for the first letter: diffuse finds Diffuse, DIFFUSE does not. A field "parents" is never
+    /// found, nor is the volume of a node: both are the scene graph's own business.
     static const osg::FieldDescription *findField(osg::FieldContainerPtr container, const std::string &name);
 
     /// The id of the container that the command changes; 0 when its field could not be found.
@@ -55,7 +55,7 @@ protected:
     template <class FieldT>
     FieldT *fieldOf(const osg::FieldContainerPtr &container) const
     {
-        return ksFieldCast<FieldT>(fieldOf(container));
+        return ksFieldCast<FieldT>(anyFieldOf(container));
     }
 
     osg::UInt32 fcId = 0;
@@ -63,6 +63,7 @@ protected:
     osg::BitVector fieldMask = 0;
 
 private:
-    void aimAt(const osg::FieldContainerPtr &container, const osg::FieldDescription *description);
-    osg::Field *fieldOf(const osg::FieldContainerPtr &container) const;
+    void aimAt(const osg::FieldContainerPtr &container, const osg::FieldDescription &description,
+               osg::UInt32 id);
+    osg::Field *anyFieldOf(const osg::FieldContainerPtr &container) const;
 };

@@ -23,8 +23,6 @@ public:
         , container(container)
         , parent(parent)
     {
-        if (container == osg::NullFC)
-            return;
         if (const auto *description = ksFieldBaseUndoCommand::findField(container, fieldName)) {
             fieldId = static_cast<int>(description->getFieldId());
             field = description->getField(container);
@@ -35,17 +33,17 @@ public:
     bool tryNumber(ValueT value) const
     {
         return ksFieldCast<osg::SField<T>>(field) != nullptr &&
-               hand(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
+               deliver(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
     }
 
     bool tryBool(bool value) const
     {
         return ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
-               hand(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
+               deliver(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
     }
 
 private:
-    bool hand(QUndoCommand *command) const
+    bool deliver(QUndoCommand *command) const
     {
         if (parent == nullptr)
             ksUndoStack::get(0)->add(command);
@@ -137,6 +135,8 @@ QString ksUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>>
 {
     return listNames(nodes, maxCount, [](QStringList &names, const std::pair<osg::NodePtr, int> &entry) {
         const auto &[node, variant] = entry;
+        if (node == osg::NullFC)
+            return;
         const QString name = NodeUtils::getText(node);
         const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
         const QString text = hasVariantName ? QString(name + name) : name;

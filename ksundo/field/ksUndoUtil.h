@@ -42,7 +42,8 @@ KSUNDO_EXPORT QString makeNameList(const ksNodePtr &node);
 KSUNDO_EXPORT QString makeNameList(const std::vector<osg::NodePtr> &nodes);
 KSUNDO_EXPORT QString makeNameList(const std::vector<ksNodePtr> &nodes);
 
-/// The same for the first \a maxCount of \a nodes, with an ellipsis when there are more: 'A', 'B', ...
+/// The same for the first \a maxCount of \a nodes, with an ellipsis when there are more: 'A', 'B', ... and,
+/// for none of some, '', ...
 KSUNDO_EXPORT QString makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount);
 KSUNDO_EXPORT QString makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount);
 

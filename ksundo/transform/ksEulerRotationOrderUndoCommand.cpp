@@ -7,6 +7,9 @@
 
 #include <utility>
 
+template class ksSyncFunction<ksEulerRotationOrderUndoCommand,
+                              void(const osg::NodePtr &, const std::string &)>;
+
 namespace {
 
 QString verb()

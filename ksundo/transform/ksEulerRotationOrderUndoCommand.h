@@ -40,3 +40,6 @@ public:
 private:
     ChangeCallback changeCallback;
 };
+
+extern template class ksSyncFunction<ksEulerRotationOrderUndoCommand,
+                                     void(const osg::NodePtr &, const std::string &)>;

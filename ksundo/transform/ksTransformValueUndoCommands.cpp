@@ -3,6 +3,24 @@
 
 #include <ksNodeUtils.h>
 
+template class ksSyncFunction<ksTranslationUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+template class ksSyncFunction<ksRotationUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksScaleUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksScalePivotUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+template class ksSyncFunction<ksRotationPivotUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+template class ksSyncFunction<ksScalePivotTranslationUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksRotationPivotTranslationUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksRotationPivotOrientationUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksRotationPivotDirectionUndoCommand,
+                              void(const osg::NodePtr &, const ksTransformValue &)>;
+template class ksSyncFunction<ksShearUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
+
 const ksTranslationUndoCommand::Row ksTranslationUndoCommand::row = {
     "ksTranslationUndoCommand",
     QT_TRANSLATE_NOOP("ksTranslationUndoCommand", "Translate"),

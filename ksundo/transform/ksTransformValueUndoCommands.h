@@ -268,3 +268,24 @@ public:
 
     static const Row row;
 };
+
+extern template class ksSyncFunction<ksTranslationUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+extern template class ksSyncFunction<ksRotationUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksScaleUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksScalePivotUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+extern template class ksSyncFunction<ksRotationPivotUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
+extern template class ksSyncFunction<ksScalePivotTranslationUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksRotationPivotTranslationUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksRotationPivotOrientationUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksRotationPivotDirectionUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;
+extern template class ksSyncFunction<ksShearUndoCommand,
+                                     void(const osg::NodePtr &, const ksTransformValue &)>;

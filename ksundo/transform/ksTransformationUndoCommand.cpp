@@ -7,6 +7,8 @@
 
 #include <utility>
 
+template class ksSyncFunction<ksTransformationUndoCommand, void(const osg::NodePtr &)>;
+
 ksTransformationUndoCommand::ksTransformationUndoCommand(
     osg::NodePtr node, osg::Vector<float, 3u> translation, osg::Vector<float, 3u> rotation,
     osg::Vector<float, 3u> scale, osg::Vector<float, 3u> shear, osg::Vector<float, 3u> scalePivot,

@@ -76,3 +76,5 @@ private:
     Notification notification;
     bool syncs;
 };
+
+extern template class ksSyncFunction<ksTransformationUndoCommand, void(const osg::NodePtr &)>;
