@@ -2,7 +2,6 @@
 #include "ksNodeUtils.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace {
 
@@ -40,6 +39,12 @@ void write(const osg::NodePtr &node, int index, const Component &component, cons
         const osg::CPEditor edit(transform, component.mask);
         ((*transform).*component.field)()->setValue(value);
     }
+}
+
+/// Null for a negative index: no list is long enough to have what it converts to.
+osg::TransformVariantPtr variantAt(const osg::NodePtr &node, int index)
+{
+    return ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(index));
 }
 
 osg::Matrix4d parentToWorld(const osg::NodePtr &node)
@@ -88,11 +93,11 @@ osg::NodePtr ksNodeUtils::findTransform(osg::NodePtr node)
 
 osg::Transform3DPtr ksNodeUtils::getTransform3D(const osg::NodePtr &node, int index)
 {
-    if (!node || index < -1)
+    if (!node)
         return osg::NullFC;
     if (index == -1)
         return osg::Transform3DPtr::dcast(node->getCore());
-    const osg::TransformVariantPtr variant = getTransformVariant(node, static_cast<unsigned long>(index));
+    const osg::TransformVariantPtr variant = variantAt(node, index);
     return variant ? variant->getTransform() : osg::Transform3DPtr();
 }
 
@@ -310,7 +315,7 @@ void ksNodeUtils::insertTransformVariant(const osg::NodePtr &node, unsigned long
 
 void ksNodeUtils::removeTransformVariant(const osg::NodePtr &node, int index)
 {
-    if (index < 0 || static_cast<osg::UInt32>(index) >= getTransformVariantCount(node))
+    if (!variantAt(node, index))
         return;
     const auto attachment = getTransformVariantsAttachment(node);
     const osg::CPEditor edit(attachment, osg::TransformVariantsAttachment::VariantsFieldMask);
@@ -332,8 +337,6 @@ osg::UInt32 ksNodeUtils::getTransformVariantCount(const osg::NodePtr &node)
 
 std::string ksNodeUtils::getTransformVariantName(const osg::NodePtr &node, int index)
 {
-    if (index < 0)
-        return {};
-    const osg::TransformVariantPtr variant = getTransformVariant(node, static_cast<unsigned long>(index));
+    const osg::TransformVariantPtr variant = variantAt(node, index);
     return variant ? variant->getName() : std::string();
 }

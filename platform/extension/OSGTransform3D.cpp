@@ -106,7 +106,6 @@ void Transform3D::changed(BitVector whichField, UInt32 origin)
         const BitVector derived = derive(whichField);
         if (derived != FieldBits::NoField) {
             endEditNotChangedCP(Transform3DPtr(*this), derived);
-            whichField |= derived;
         }
     }
     if (whichField & (ComponentsFieldMask | MatrixFieldMask)) {

@@ -133,8 +133,10 @@ TEST(OSGAffineFactors, ColumnsOfZerosAreFactorsOfZero)
 
 TEST(OSGAffineFactors, FlatMatricesOfAnyDirectionHaveFactors)
 {
-    const Vec3d directions[] = {Vec3d(1, 0, 0),  Vec3d(0, 1, 0),   Vec3d(0, 0, 1),    Vec3d(0, 0, -1),
-                                Vec3d(1, 2, -3), Vec3d(-1, -1, 1), Vec3d(-0.1, 5, 0), Vec3d(4, 0.3, 0.2)};
+    const Vec3d directions[] = {Vec3d(1, 0, 0),    Vec3d(0, 1, 0),     Vec3d(0, 0, 1),
+                                Vec3d(0, 0, -1),   Vec3d(1, 2, -3),    Vec3d(-1, -1, 1),
+                                Vec3d(-0.1, 5, 0), Vec3d(4, 0.3, 0.2), Vec3d(1, 1e-8, 0),
+                                Vec3d(0, 1, 1e-8), Vec3d(1e-8, 0, -1), Vec3d(3e-8, 1, 2e-8)};
     for (const Vec3d &direction : directions) {
         for (UInt32 filled = 0; filled < 3; ++filled) {
             Matrix line = diagonal(0, 0, 0);
