@@ -75,13 +75,13 @@ void ksTransformVariantMoveCommand::move(const Positions &from, const Positions 
     if (node == osg::NullFC)
         return;
 
-    std::map<unsigned int, ksHeldReference<osg::TransformVariantPtr>> held;
+    std::multimap<unsigned int, ksHeldReference<osg::TransformVariantPtr>> held; // one per place taken from
     for (auto entry = from.rbegin(); entry != from.rend(); ++entry) {
         const auto [index, id] = *entry;
         const auto variant = ksFindContainer<osg::TransformVariantPtr>(id);
         if (variant == osg::NullFC)
             continue;
-        held.try_emplace(id, variant);
+        held.emplace(id, variant);
         ksNodeUtils::removeTransformVariant(node, index);
     }
     for (const auto [index, id] : to) {
@@ -89,7 +89,8 @@ void ksTransformVariantMoveCommand::move(const Positions &from, const Positions 
         if (variant == osg::NullFC)
             continue;
         ksNodeUtils::insertTransformVariant(node, static_cast<unsigned long>(index), variant);
-        held.erase(id);
+        if (const auto reference = held.find(id); reference != held.end())
+            held.erase(reference);
     }
     notification(nodeId, before, after);
 }
