@@ -17,8 +17,8 @@ struct ksTransformValueForm
 {
     bool mode = false;
     int index = -1;
-    ksMergeForm merge;
-    ksTransformCallback callback;
+    ksMergeForm merge = {};
+    ksTransformCallback callback = {};
     QUndoCommand *parent = nullptr;
 };
 

@@ -59,7 +59,7 @@ protected:
         std::vector<Form> result;
         for (const int index : row().indexes())
             for (const bool mode : row().modes())
-                result.push_back({mode, index, {}, {}, nullptr});
+                result.push_back({mode, index});
         return result;
     }
 
@@ -151,7 +151,7 @@ TEST_P(ksTransformValueUndoCommandsTest, ChangesOnlyTheTransformOfItsIndex)
 {
     for (const int index : row().indexes()) {
         auto expected = scene();
-        make({false, index, {}, {}, nullptr})->redo();
+        make({false, index})->redo();
         const long long changed = recorder.idOf(ksNodeUtils::getTransform3D(node, index));
         auto actual = scene();
         EXPECT_NE(actual[changed], expected[changed]);
@@ -186,13 +186,13 @@ TEST_P(ksTransformValueUndoCommandsTest, PassesItsModeToGetterAndSetter)
 {
     if (!row().hasMode)
         return;
-    const ksTransformValue local = read({false, -1, {}, {}, nullptr});
-    const ksTransformValue world = read({true, -1, {}, {}, nullptr});
+    const ksTransformValue local = read({false, -1});
+    const ksTransformValue world = read({true, -1});
     ASSERT_FALSE(isNear(local, world)) << "the modes differ here";
-    EXPECT_TRUE(sameBits(make({true, -1, {}, {}, nullptr})->get(node), world));
-    make({true, -1, {}, {}, nullptr})->redo();
+    EXPECT_TRUE(sameBits(make({true, -1})->get(node), world));
+    make({true, -1})->redo();
     EXPECT_FALSE(isNear(read(), target));
-    EXPECT_TRUE(isNear(read({true, -1, {}, {}, nullptr}), target));
+    EXPECT_TRUE(isNear(read({true, -1}), target));
 }
 
 TEST_P(ksTransformValueUndoCommandsTest, RecordsOneEditPerStep)
@@ -234,7 +234,7 @@ TEST_P(ksTransformValueUndoCommandsTest, CallsItsCallbackWhateverTheIndexAndItsS
 {
     logSync();
     for (const int index : {-2, 1, 77}) {
-        Form place{false, index, {}, loggingCallback(), nullptr};
+        Form place{false, index, {}, loggingCallback()};
         make(place)->redo();
         std::size_t expected = row().hasCallback ? 1 : 0;
         if (row().syncsEveryIndex)
@@ -417,7 +417,7 @@ TEST_P(ksTransformValueUndoCommandsTest, StartsANewStepWhenModeOrIndexChanges)
 TEST_P(ksTransformValueUndoCommandsTest, IsIdleWithANullNode)
 {
     logSync();
-    const Command command(row().make(osg::NullFC, target, {false, -1, {}, loggingCallback(), nullptr}));
+    const Command command(row().make(osg::NullFC, target, {false, -1, {}, loggingCallback()}));
     expectIdle(*command);
     EXPECT_EQ(events, ksTransformEvents());
 }
@@ -425,7 +425,7 @@ TEST_P(ksTransformValueUndoCommandsTest, IsIdleWithANullNode)
 TEST_P(ksTransformValueUndoCommandsTest, IsIdleWhenTheNodeHasGone)
 {
     logSync();
-    const Form form{false, -1, {}, loggingCallback(), nullptr};
+    const Form form{false, -1, {}, loggingCallback()};
     const Command fresh = make(form);
     const Command applied = make(form);
     applied->redo();
@@ -442,7 +442,7 @@ TEST_P(ksTransformValueUndoCommandsTest, IsIdleWhenTheNodeHasGone)
 TEST_P(ksTransformValueUndoCommandsTest, IsIdleWhileItsIdNamesAnotherKindOfContainer)
 {
     logSync();
-    const Command command = make({false, -1, {}, loggingCallback(), nullptr});
+    const Command command = make({false, -1, {}, loggingCallback()});
     {
         const ksSlotSwap swap(nodeId(), node->getCore());
         expectIdle(*command);
@@ -456,7 +456,7 @@ TEST_P(ksTransformValueUndoCommandsTest, NotifiesAlsoForANodeWithoutATransform)
 {
     logSync();
     const osg::NodePtr plain = group;
-    const Command command(row().make(plain, target, {false, -1, {}, loggingCallback(), nullptr}));
+    const Command command(row().make(plain, target, {false, -1, {}, loggingCallback()}));
     const auto before = scene();
     forget();
     command->redo();
@@ -471,7 +471,7 @@ TEST_P(ksTransformValueMergeForms, TellWhetherAndForHowLongACommandMerges)
     const Command older = make();
     ksCommandTime::of(*older) = 1000;
     const auto mergesAfter = [&](const ksMergeForm &form, double seconds) {
-        const Command newer = make({false, -1, form, {}, nullptr});
+        const Command newer = make({false, -1, form});
         ksCommandTime::of(*newer) = 1000 + seconds;
         return older->canMergeWith(newer.get());
     };
@@ -490,7 +490,7 @@ TEST_P(ksTransformValueMergeForms, DifferInNothingElse)
     logSync();
     for (const ksMergeForm &form : {ksMergeForm(), ksMergeForm(true), ksMergeForm(2.0)}) {
         for (const Form &place : places()) {
-            const Form with{place.mode, place.index, form, loggingCallback(), nullptr};
+            const Form with{place.mode, place.index, form, loggingCallback()};
             watched = with;
             const ksTransformValue before = read(place);
             const Command command = make(with);
