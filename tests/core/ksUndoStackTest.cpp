@@ -660,6 +660,17 @@ TEST_F(ksUndoStackTest, LosesTheOldestCommandsAtTheUndoLimit)
     EXPECT_EQ(state(), ksHolding({"B", "C"}, 0));
 }
 
+TEST_F(ksUndoStackTest, ResetsToAPositionAlsoWhenCommandsHaveFallenOff)
+{
+    stack.setUndoLimit(3);
+    addAll("ABC");
+    stack.undo();
+    stack.mark();
+    addAll("DE");
+    stack.reset();
+    EXPECT_EQ(state(), ksHolding({"B", "D", "E"}, 2));
+}
+
 TEST_F(ksUndoStackTest, TakesAnUndoLimitOnlyWhileEmpty)
 {
     addAll("ABC");
@@ -778,6 +789,61 @@ TEST_F(ksUndoStackTest, CountsNestedOperations)
     EXPECT_EQ(stack.count(), 2);
     EXPECT_EQ(stack.index(), 2);
     EXPECT_EQ(stack.getBusyDepth(), 0);
+}
+
+TEST_F(ksUndoStackTest, ReportsWhatAReceiverAddsAsWell)
+{
+    QMetaObject::Connection once;
+    once = QObject::connect(&stack, &ksUndoStack::redoPerformed, &receiver, [&] {
+        QObject::disconnect(once);
+        add("B");
+    });
+    add("A");
+    EXPECT_EQ(recorder.take(), (ksEvents{"redoPerformed(A, true)"} + ksStep::added("B", 1) +
+                                ksEvents{ksStep::message("ksURManager::redo", true, "", 0, "A")}));
+    EXPECT_EQ(state(), ksHolding({"A", "B"}, 2));
+    stack.undo();
+    EXPECT_EQ(recorder.take(), ksStep::undone("B", 1));
+}
+
+TEST_F(ksUndoStackTest, ReportsWhatAReceiverUndoesAsWell)
+{
+    QMetaObject::Connection once;
+    once = QObject::connect(&stack, &ksUndoStack::redoPerformed, &receiver, [&] {
+        QObject::disconnect(once);
+        stack.undo();
+    });
+    add("A");
+    EXPECT_EQ(recorder.take(), (ksEvents{"redoPerformed(A, true)"} + ksStep::undone("A", 0) +
+                                ksEvents{ksStep::message("ksURManager::redo", true, "", 0, "A")}));
+    EXPECT_EQ(state(), ksHolding({"A"}, 0, true));
+    stack.redo();
+    EXPECT_EQ(recorder.take(), ksStep::redone("A", 0));
+}
+
+TEST_F(ksUndoStackTest, IsAsBeforeWhenTheRedoOfANewCommandHasThrown)
+{
+    addAll("A");
+    stack.undo();
+    recorder.take();
+    bool fails = true;
+    const auto refused = std::make_unique<ksFailingCommand>(fails);
+    EXPECT_THROW(stack.add(refused.get()), std::runtime_error);
+    EXPECT_EQ(state(), ksHolding({"A"}, 0, true));
+    EXPECT_THAT(recorder.take(), IsEmpty());
+    stack.redo();
+    EXPECT_EQ(recorder.take(), ksStep::redone("A", 0));
+}
+
+TEST_F(ksUndoStackTest, AnnouncesANullCommandAtItsEnd)
+{
+    std::vector<const QUndoCommand *> undone;
+    auto ending = std::make_unique<ksUndoStack>();
+    ending->add(new QUndoCommand);
+    QObject::connect(ending.get(), &ksUndoStack::undoPerformed, &receiver,
+                     [&](const QUndoCommand *command) { undone.push_back(command); });
+    ending.reset();
+    EXPECT_THAT(undone, ElementsAre(nullptr));
 }
 
 TEST_F(ksUndoStackTest, IsBusyOnlyForItsOwnCommands)

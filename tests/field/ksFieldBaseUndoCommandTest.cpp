@@ -238,6 +238,11 @@ TEST_F(ksFindField, GivesTheFirstOfSeveral)
     EXPECT_EQ(findId(container(), "level"), osg::ProbeContainer::FirstLevelFieldId);
 }
 
+TEST_F(ksFindField, FindsNothingInNull)
+{
+    EXPECT_EQ(ksFieldBaseUndoCommand::findField(osg::NullFC, "int32"), nullptr);
+}
+
 TEST_F(ksFindField, NeverFindsParents)
 {
     const osg::GroupRefPtr group(osg::Group::create());

@@ -100,6 +100,20 @@ TYPED_TEST(ksFieldUndoCommandTest, ExchangesTheValueAtEveryStep)
     EXPECT_EQ(this->get(), TypeParam(9));
 }
 
+TYPED_TEST(ksFieldUndoCommandTest, ChangesAFieldGivenByItsId)
+{
+    QUndoCommand parent;
+    auto *command = new ksFieldUndoCommand<TypeParam>(QStringLiteral("text"), this->container(),
+                                                      static_cast<int>(this->id), TypeParam(9), &parent);
+    EXPECT_EQ(parent.child(0), command);
+    EXPECT_EQ(command->text(), QStringLiteral("text"));
+    command->redo();
+    this->expectOneEdit(this->mask, this->text());
+    EXPECT_EQ(this->get(), TypeParam(9));
+    command->undo();
+    EXPECT_EQ(this->get(), TypeParam(5));
+}
+
 TYPED_TEST(ksFieldUndoCommandTest, RestoresWhatItFindsNotWhatWasThereWhenBuilt)
 {
     const auto command = this->make(TypeParam(9));
