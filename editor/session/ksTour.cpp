@@ -20,6 +20,7 @@
 #include <QUndoCommand>
 
 #include <limits>
+#include <memory>
 #include <type_traits>
 
 namespace {
@@ -167,11 +168,12 @@ void ksTour::useFactories()
 
 void ksTour::editBatches()
 {
-    int runs = 0;
+    // The batch lives on in the history.
+    const auto runs = std::make_shared<int>(0);
     const QString title =
         QStringLiteral("Set opacity of ") + ksUndoUtil::makeNameList(targets.nodes, NamesAtMost);
-    const auto makeBatch = [this, &title, &runs](float opacity, bool merging) {
-        auto *batch = new ksMultiCommand(title, [&runs] { ++runs; });
+    const auto makeBatch = [this, &title, runs](float opacity, bool merging) {
+        auto *batch = new ksMultiCommand(title, [runs] { ++*runs; });
         for (const osg::ksNodeSettingsPtr &settings : targets.settings)
             dragEvent(settings, opacity, merging, batch);
         return batch;
@@ -181,7 +183,7 @@ void ksTour::editBatches()
     add(makeBatch(0.75F, true), 0);
     history.undo();
     history.redo();
-    history.verify(runs == 5, QStringLiteral("the action of a batch ran after every run"));
+    history.verify(*runs == 5, QStringLiteral("the action of a batch ran after every run"));
     history.verify(targets.settings.back()->getOpacity() == 0.75F, QStringLiteral("the last value is back"));
 
     auto *made = new ksMultiCommand(QStringLiteral("Number ") + ksUndoUtil::makeNameList(targets.nodes));
