@@ -89,10 +89,10 @@ private:
     {
         constexpr Real64 tooNear = 0.9;
 
-        const UInt32 helper = std::abs(axis[wanted]) < tooNear ? wanted : (wanted + 1) % 3;
+        const UInt32 start = std::abs(axis[wanted]) < tooNear ? wanted : (wanted + 1) % 3;
         Vec3d result;
-        result[helper] = 1;
-        result -= axis * axis[helper];
+        result[start] = 1;
+        result -= axis * axis[start];
         result.normalize();
         return result;
     }

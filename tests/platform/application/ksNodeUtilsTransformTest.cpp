@@ -3,7 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
+#include <array>
+#include <cmath>
 #include <functional>
 #include <platform/extension/ksAspects.h>
 #include <string>
@@ -53,9 +54,13 @@ void addVariant(const NodePtr &node, const Transform3DPtr &transform)
     ksNodeUtils::insertTransformVariant(node, ksNodeUtils::getTransformVariantCount(node), variant);
 }
 
+/// Equal, also in the sign of zeros.
 bool sameBits(const Vec3f &a, const Vec3f &b)
 {
-    return std::memcmp(a.getValues(), b.getValues(), 3 * sizeof(float)) == 0;
+    const auto signs = [](const Vec3f &v) {
+        return std::array{std::signbit(v.x()), std::signbit(v.y()), std::signbit(v.z())};
+    };
+    return a == b && signs(a) == signs(b);
 }
 
 /// One pair of accessors, without their space.

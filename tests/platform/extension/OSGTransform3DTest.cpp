@@ -67,6 +67,12 @@ Real32 difference(const Matrix &actual, const Matrix &expected, Real32 reach = 0
     return result;
 }
 
+/// A generated number of at most \a limit parts, of either sign.
+Real32 number(int limit, int parts = 100)
+{
+    return static_cast<Real32>(*rc::gen::inRange(-limit, limit + 1)) / static_cast<Real32>(parts);
+}
+
 class OSGTransform3DTest : public testing::Test
 {
 protected:
@@ -295,7 +301,7 @@ TEST_F(OSGTransform3DTest, OrientedAxisPointsAlongTheDirection)
 {
     const bool passed = rc::check([] {
         const Transform3DRefPtr turned(Transform3D::create());
-        const auto part = [] { return *rc::gen::inRange(-1000, 1001) / 10.0f; };
+        const auto part = [] { return number(1000, 10); };
         const Vec3f direction(part(), part(), part());
         RC_PRE(direction.length() > 0);
         const Int32 axis = *rc::gen::inRange(0, 3);
@@ -514,18 +520,17 @@ TEST_F(OSGTransform3DTest, DecomposeLeavesTheEditToTheCaller)
 TEST_F(OSGTransform3DTest, DecomposedMatricesComeBack)
 {
     const bool passed = rc::check([] {
-        const auto number = [](int limit) { return *rc::gen::inRange(-limit, limit + 1) / 100.0f; };
-        const auto vector = [&](int limit) { return Vec3f(number(limit), number(limit), number(limit)); };
-        const auto factor = [&] {
-            const Real32 size = *rc::gen::inRange(1, 10000) / 100.0f;
-            return *rc::gen::arbitrary<bool>() ? size : -size;
+        const auto vector = [](int limit) { return Vec3f(number(limit), number(limit), number(limit)); };
+        const auto scale = [] {
+            const Real32 factor = number(10000);
+            return factor == 0 ? 0.01f : factor;
         };
         Matrix rotated;
         Quaternion rotation(number(100), number(100), number(100), number(100));
         rotation.normalize();
         rotated.setRotate(rotation);
         const Matrix matrix = translated(vector(100000)) * rotated * sheared(vector(1000)) *
-                              scaled(Vec3f(factor(), factor(), factor()));
+                              scaled(Vec3f(scale(), scale(), scale()));
         const Transform3DRefPtr made(Transform3D::create());
         const bool withPivots = *rc::gen::arbitrary<bool>();
         if (withPivots) {
