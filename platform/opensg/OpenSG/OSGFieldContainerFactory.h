@@ -20,7 +20,7 @@ public:
     virtual ~FieldContainerMapper(void) = default;
 
     /// The factory's id for @p id; 0 if there is none.
-    virtual UInt32 map(UInt32 id) const = 0;
+    virtual UInt32 map(UInt32 id) = 0;
 };
 
 /// Knows all containers by id and all container types by id and name. Lives for the rest of the process.

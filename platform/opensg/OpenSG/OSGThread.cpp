@@ -71,7 +71,6 @@ void Thread::runFunction(std::function<void(void)> work, UInt32 aspect)
     _thread = std::thread([this, work = std::move(work), aspect] {
         enter(aspect);
         work();
-        leave();
     });
 }
 

@@ -63,8 +63,14 @@ TEST(OSGInit, RunsOnce)
     const FieldContainerPtr prototype = Node::getClassType().getPrototype();
     const UInt32 size = static_cast<UInt32>(FieldContainerFactory::the()->getFieldContainerStore()->size());
 
+    ChangeList &changes = *Thread::getCurrentChangeList();
+    changes.clearAll();
+    changes.addCreated(1);
+
     EXPECT_TRUE(osgInit(0, nullptr));
 
+    EXPECT_EQ(changes.sizeCreated(), 1u);
+    EXPECT_EQ(Thread::getCurrentChangeList(), &changes);
     EXPECT_TRUE(Node::getClassType().getPrototype() == prototype);
     EXPECT_EQ(FieldContainerFactory::the()->getFieldContainerStore()->size(), size);
 }

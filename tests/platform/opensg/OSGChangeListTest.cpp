@@ -1,17 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "support/ksRecords.h"
 
+#include <OpenSG/OSGAttachment.h>
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGLog.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGSFSysTypes.h>
 #include <OpenSG/OSGTransform.h>
 
 #include <gmock/gmock.h>
 
 #include <string>
+#include <tuple>
 #include <type_traits>
 #include <vector>
+
+OSG_BEGIN_NAMESPACE
+
+#define OSG_LISTENER_FIELDS(SF, MF) SF(SFUInt32, number, Number, 0)
+
+OSG_CONTAINER_POINTER(Listener, AttachmentPtr)
+OSG_CONTAINER_BASE(Listener, Attachment, OSG_LISTENER_FIELDS)
+
+/// Notes its changes: mask, origin, and the aspect and the value at that time.
+class Listener : public ListenerBase
+{
+    OSG_CONTAINER(Listener)
+
+public:
+    typedef std::tuple<BitVector, UInt32, UInt32, UInt32> Call;
+
+    void changed(BitVector whichField, UInt32 origin) override
+    {
+        calls().emplace_back(whichField, origin, Thread::getAspect(), getNumber());
+        Inherited::changed(whichField, origin);
+    }
+
+    static std::vector<Call> &calls()
+    {
+        static std::vector<Call> list;
+        return list;
+    }
+};
+
+OSG_DEFINE_CONTAINER(Listener, Attachment, "", OSG_LISTENER_FIELDS)
+
+OSG_END_NAMESPACE
 
 namespace {
 
@@ -297,6 +332,19 @@ TEST_F(OSGChangeListApplyTest, CallsChangeHandlersWithoutRecords)
     EXPECT_EQ(current.sizeChanged(), 2u);
     const AspectScope scope(1);
     EXPECT_FALSE(node->getVolume().isValid());
+}
+
+TEST_F(OSGChangeListApplyTest, TellsHandlersThatItIsASync)
+{
+    const ListenerRefPtr listener = Listener::create();
+    listener->setNumber(7);
+    endEditNotChangedCP(listener, Listener::NumberFieldMask);
+    Listener::calls().clear();
+
+    current.applyTo(1);
+
+    EXPECT_THAT(Listener::calls(),
+                testing::ElementsAre(Listener::Call(Listener::NumberFieldMask, ChangedOrigin::Sync, 1, 7)));
 }
 
 TEST_F(OSGChangeListApplyTest, SkipsContainersThatHaveGone)

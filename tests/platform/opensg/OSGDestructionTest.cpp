@@ -359,6 +359,20 @@ TEST_F(OSGAppliedDestructionTest, ChildThatMovedOnKeepsItsNewParent)
     EXPECT_EQ(child.getRefCount(), 2);
 }
 
+TEST_F(OSGAppliedDestructionTest, ChildKeepsANewParentThatTheOtherAspectHasAlready)
+{
+    // Aspect 1 has got the child's new parent, but not yet the old one's new list of children.
+    const NodeRefPtr next = Node::create();
+    next->addChild(child);
+    changes.clearAll();
+    endEditCP(child, Parent);
+    changes.applyTo(1);
+
+    subRefCP(node);
+
+    EXPECT_TRUE(parentOfChild(1) == next.get());
+}
+
 TEST_F(OSGDestructionTest, ShallowCopyTakesValuesButNothingOwned)
 {
     const NodeRefPtr parent = Node::create();

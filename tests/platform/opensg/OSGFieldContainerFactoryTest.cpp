@@ -107,7 +107,7 @@ TEST_F(OSGFieldContainerFactoryTest, MapsIdsWhileThereIsAMapper)
 {
     struct Shift : FieldContainerMapper
     {
-        UInt32 map(UInt32 id) const override { return id + 1; }
+        UInt32 map(UInt32 id) override { return id + 1; }
     } shift;
     const NodeRefPtr first = Node::create();
     const NodeRefPtr second = Node::create();

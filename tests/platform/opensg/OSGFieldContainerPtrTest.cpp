@@ -11,7 +11,10 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <string>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 namespace {
 
@@ -165,6 +168,29 @@ TEST(OSGFieldContainerPtr, CountsReferences)
     subRefCP(node);
     EXPECT_TRUE(node == NullFC) << "the handle given is set to null";
     EXPECT_TRUE(FieldContainerFactory::the()->getContainer(id) == NullFC);
+}
+
+TEST(OSGFieldContainerPtr, CountsRightFromManyThreads)
+{
+    const NodeRefPtr node = Node::create();
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back([&] {
+            NodePtr handle = node;
+            for (int turn = 0; turn < 20000; ++turn) {
+                addRefCP(handle);
+                subRefCP(handle);
+            }
+            addRefCP(handle);
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(node.get().getRefCount(), 5);
+    for (int i = 0; i < 4; ++i) {
+        subRefCP(node.get());
+    }
 }
 
 TEST(OSGFieldContainerPtr, ReleasingNullsTheVariableBehindAConstReference)

@@ -146,6 +146,8 @@ TEST(OSGFieldContainerType, ContainersAreCopiesOfThePrototype)
     prototype->getMatrix().setTranslate(1, 2, 3);
 
     type.setPrototype(prototype);
+    EXPECT_EQ(original.getRefCount(), 1);
+    EXPECT_EQ(prototype.getRefCount(), 1);
     const TransformRefPtr copy = Transform::create();
     type.setPrototype(original);
     FieldContainerPtr release = original;
@@ -209,6 +211,26 @@ TEST_F(OSGLateFieldContainerType, LeavesTheFactoryAtItsEnd)
     }
     EXPECT_EQ(factory.findType("LateGuest"), nullptr);
     EXPECT_EQ(factory.findType(id), nullptr);
+}
+
+TEST_F(OSGLateFieldContainerType, TakesItsPrototypeAlong)
+{
+    UInt32 id;
+    {
+        const FieldContainerType type(
+            "LateGuest", "Group", "", [] { return FieldContainerPtr(Group::createEmpty()); }, nullptr,
+            nullptr, 0);
+        factory.initializePendingTypes();
+        id = type.getPrototype().getFieldContainerId();
+        EXPECT_TRUE(factory.getContainer(id) != NullFC);
+    }
+    EXPECT_TRUE(factory.getContainer(id) == NullFC);
+}
+
+TEST_F(OSGLateFieldContainerType, SharesAGroupByName)
+{
+    const FieldContainerType type("LateName", "Attachment", "name", nullptr, nullptr, nullptr, 0);
+    EXPECT_EQ(type.getGroupId(), Name::getClassGroupId());
 }
 
 TEST_F(OSGLateFieldContainerType, RunsItsStartWhenItIsRegistered)

@@ -135,6 +135,14 @@ TEST_F(OSGImageTest, SetRefusesNonsense)
     EXPECT_EQ(image->getWidth(), 3);
 }
 
+TEST_F(OSGImageTest, SetWithoutDataLeavesNoOldPixels)
+{
+    const UInt8 pixels[] = {1, 2};
+    image->set(Image::OSG_L_PF, 2, 1, 1, 1, 1, 0, pixels);
+    image->set(Image::OSG_L_PF, 3);
+    EXPECT_EQ(image->getPixel().getValues(), (std::vector<UInt8>{0, 0, 0}));
+}
+
 TEST_F(OSGImageTest, SetWithoutAllocationKeepsNoPixels)
 {
     image->set(Image::OSG_L_PF, 3);

@@ -113,6 +113,7 @@ TEST_F(OSGNodeTest, ChildMovesWithinItsParent)
 TEST_F(OSGNodeTest, ChildMovesThatOnlyItsParentHolds)
 {
     other->addChild(Node::create());
+    other->addChild(d);
     const NodePtr child = other->getChild(0);
     node->addChild(other->getChildren()[0]);
     EXPECT_EQ(child.getRefCount(), 1);
@@ -139,9 +140,18 @@ TEST_F(OSGNodeTest, ReplacesChildren)
     EXPECT_EQ(childrenOf(node), (std::vector<NodePtr>{d, b}));
 }
 
+TEST_F(OSGNodeTest, ReplacesAChildByOneBeforeIt)
+{
+    EXPECT_TRUE(node->replaceChildBy(node->getChildren()[1], node->getChildren()[0]));
+    EXPECT_EQ(childrenOf(node), (std::vector<NodePtr>{a, c}));
+    EXPECT_TRUE(b->getParent() == NullFC);
+    EXPECT_TRUE(a->getParent() == node.get());
+}
+
 TEST_F(OSGNodeTest, ReplacesNothingThatIsNotThere)
 {
     EXPECT_FALSE(node->replaceChild(3, d));
+    EXPECT_FALSE(node->replaceChild(100000000, d));
     EXPECT_FALSE(node->replaceChild(0, NullFC));
     EXPECT_FALSE(node->replaceChildBy(d, a));
     EXPECT_FALSE(node->replaceChildBy(NullFC, a));
@@ -216,6 +226,22 @@ TEST_F(OSGNodeTest, VolumeLeavesOutWhatIsNotTraversed)
     EXPECT_FALSE(a->getVolume().isValid());
     a->updateVolume();
     EXPECT_FALSE(a->getVolume().isValid());
+}
+
+TEST_F(OSGNodeTest, VolumeShrinksAgain)
+{
+    a->setCore(Cube::create());
+    b->setCore(Cube::create());
+    node->updateVolume();
+    a->setTravMask(0);
+    endEditCP(a, Node::TravMaskFieldMask);
+    b->setCore(NullFC);
+    EXPECT_TRUE(a->getVolume().isValid());
+
+    node->updateVolume();
+
+    EXPECT_TRUE(node->getVolume().isValid());
+    EXPECT_TRUE(node->getVolume().isEmpty());
 }
 
 TEST_F(OSGNodeTest, NewCoreMakesVolumesInvalid)

@@ -156,6 +156,8 @@ const Row rows[] = {
      ksRecords().addRef(Group2Id).change(GroupId, CoreParents).subRef(GroupId).change(Group2Id, CoreParents)},
     {"setNoCore", [](Scene &s) { s.node->setCore(s.group.get()); }, [](Scene &s) { s.node->setCore(NullFC); },
      ksRecords().change(GroupId, CoreParents).subRef(GroupId)},
+    {"setCoreOfValidVolume", withValidVolumes, [](Scene &s) { s.node->setCore(s.group.get()); },
+     ksRecords().addRef(GroupId).change(GroupId, CoreParents).change(NodeId, Volume).change(OtherId, Volume)},
     {"setCoreWithinEdit", nothing,
      [](Scene &s) {
          const CPEditor edit(s.node, Core);

@@ -194,22 +194,23 @@ TEST(OSGLockPool, LocksByAddress)
 
 TEST(OSGBarrier, OpensWhenAllAreIn)
 {
+    constexpr int turns = 100;
     Barrier barrier;
     std::vector<int> rounds(3, 0);
     std::vector<std::thread> threads;
-    std::vector<bool> complete(2, false);
+    bool complete = true;
     Lock lock;
     int entered = 0;
     for (int &round : rounds) {
         threads.emplace_back([&] {
-            for (int turn = 0; turn < 2; ++turn) {
+            for (int turn = 0; turn < turns; ++turn) {
                 lock.aquire();
                 ++entered;
                 lock.release();
                 barrier.enter(3);
                 ++round;
                 lock.aquire();
-                complete[static_cast<std::size_t>(turn)] = entered >= 3 * (turn + 1);
+                complete = complete && entered >= 3 * (turn + 1);
                 lock.release();
                 barrier.enter(3);
             }
@@ -218,8 +219,8 @@ TEST(OSGBarrier, OpensWhenAllAreIn)
     for (std::thread &thread : threads) {
         thread.join();
     }
-    EXPECT_EQ(rounds, (std::vector<int>{2, 2, 2}));
-    EXPECT_EQ(complete, (std::vector<bool>{true, true}));
+    EXPECT_EQ(rounds, std::vector<int>(3, turns));
+    EXPECT_TRUE(complete);
 }
 
 } // namespace
