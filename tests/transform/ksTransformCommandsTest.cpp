@@ -182,11 +182,11 @@ protected:
     }
 
     static void expectMatrices(const std::vector<osg::Matrix> &actual,
-                               const std::vector<osg::Matrix> &expected)
+                               const std::vector<osg::Matrix> &expected,
+                               bool exactly = !GetParam().inWorldSpace)
     {
         for (std::size_t i = 0; i < expected.size(); ++i)
-            EXPECT_TRUE(GetParam().inWorldSpace ? isNear(actual[i], expected[i]) : actual[i] == expected[i])
-                << "node " << i;
+            EXPECT_TRUE(exactly ? actual[i] == expected[i] : isNear(actual[i], expected[i])) << "node " << i;
     }
 
     /// The scene without what the command's undo need not bring back, as far as it is in \a reference.
@@ -233,6 +233,27 @@ TEST_P(ksTransformCommandsTest, BringBackEveryWorldMatrix)
         expectMatrices(worldMatrices(), before);
         command->redo();
         expectMatrices(worldMatrices(), after);
+    }
+}
+
+/// Angles are what commands remember of such a turn.
+TEST_P(ksTransformCommandsTest, BringBackTurnsThatWereSetAsQuaternionsNearly)
+{
+    for (const osg::Quaternion &turn :
+         {osg::Quaternion(0.3f, -0.7f, 0.2f, 0.6f), osg::Quaternion(0.5f, 0.5f, 0.5f, 0.5f),
+          osg::Quaternion(0.1f, 0.70710678f, 0.1f, 0.6928203f)}) {
+        ownTransformOf(node)->setRotationAsQuaternion(turn);
+        const auto before = worldMatrices();
+        const auto command = make();
+        command->redo();
+        const auto after = worldMatrices();
+        for (int i = 0; i < 3; ++i) {
+            command->undo();
+            expectMatrices(worldMatrices(), before, false);
+            command->redo();
+            expectMatrices(worldMatrices(), after, false);
+        }
+        command->undo();
     }
 }
 

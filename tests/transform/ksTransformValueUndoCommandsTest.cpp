@@ -5,7 +5,6 @@
 
 #include <ksundo/core/ksUndoStack.h>
 
-#include <cstring>
 #include <memory>
 #include <support/ksEchoTranslator.h>
 #include <type_traits>
@@ -23,9 +22,10 @@ static_assert(
 
 const ksTransformValue target(-3.3f, 0.1f, 7.7f);
 
+/// Equal, also in the sign of zeros.
 bool sameBits(const ksTransformValue &a, const ksTransformValue &b)
 {
-    return std::memcmp(a.getValues(), b.getValues(), 3 * sizeof(float)) == 0;
+    return ksTextOf(a) == ksTextOf(b);
 }
 
 bool isNear(const ksTransformValue &actual, const ksTransformValue &expected)
