@@ -25,6 +25,31 @@ void dumpIds(const Char8 *title, const std::vector<UInt32> &ids)
     logNotice(line);
 }
 
+/// Keeps a list from recording, and lets it record afterwards, whatever it did before.
+class ReadOnlyScope
+{
+public:
+    explicit ReadOnlyScope(ChangeList *list)
+        : _list(list)
+    {
+        set(true);
+    }
+    ~ReadOnlyScope(void) { set(false); }
+
+    ReadOnlyScope(const ReadOnlyScope &) = delete;
+    ReadOnlyScope &operator=(const ReadOnlyScope &) = delete;
+
+private:
+    void set(bool readOnly) const
+    {
+        if (_list != nullptr) {
+            _list->setReadOnly(readOnly);
+        }
+    }
+
+    ChangeList *const _list;
+};
+
 } // namespace
 
 bool ChangeList::_readWriteDefault = false;
@@ -130,10 +155,7 @@ void ChangeList::applyAndClear(void)
 
 void ChangeList::replay(UInt32 aspect) const
 {
-    ChangeList *const current = Thread::getCurrentChangeList();
-    if (current != nullptr) {
-        current->setReadOnly(true);
-    }
+    const ReadOnlyScope readOnly(Thread::getCurrentChangeList());
     if (aspect != _aspect) {
         const AspectScope scope(aspect);
         const FieldContainerFactory &factory = *FieldContainerFactory::the();
@@ -150,9 +172,6 @@ void ChangeList::replay(UInt32 aspect) const
         for (const UInt32 id : _subRefd) {
             subRefCP(factory.getContainer(id));
         }
-    }
-    if (current != nullptr) {
-        current->setReadOnly(false);
     }
 }
 

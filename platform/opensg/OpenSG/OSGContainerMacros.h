@@ -111,7 +111,7 @@ OSG_END_NAMESPACE
     {                                                              \
         return _sf##Name.getValue();                               \
     }                                                              \
-    void set##Name(FieldSpec<Type>::Real::ArgumentType value)      \
+    void set##Name(const FieldSpec<Type>::Real::StoredType &value) \
     {                                                              \
         _sf##Name.setValue(value);                                 \
     }

@@ -91,20 +91,21 @@ void FieldContainerPtrBase::subRef(void) const
     if (_storeP == nullptr) {
         return;
     }
-    Int32 left;
     {
+        // Recorded under the lock: once it is free, another thread may destroy the container.
         const RefCountGuard guard(_pRefCountLock, _storeP);
-        left = --header().refCount;
-    }
-    if (left > 0) {
-        recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Released);
-        return;
+        if (--header().refCount > 0) {
+            recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Released);
+            return;
+        }
     }
     if (ChangeList *changes = Thread::getCurrentChangeList()) {
         changes->addDestroyed(getFieldContainerId());
     }
-    deleteContainers();
+    // The handle itself may lie in memory that goes away with the container.
+    const FieldContainerPtrBase fc(*this);
     const_cast<FieldContainerPtrBase *>(this)->_storeP = nullptr;
+    fc.deleteContainers();
 }
 
 void FieldContainerPtrBase::deleteContainers(void) const

@@ -28,8 +28,10 @@ inline void subRefCP(const FieldContainerPtrBase &fc)
 inline void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &source)
 {
     if (target != source) {
+        // The source may lie in memory that goes away with the old container.
+        const FieldContainerPtrBase assigned(source);
         subRefCP(target);
-        target = source;
+        target = assigned;
         addRefCP(target);
     }
 }

@@ -2,6 +2,8 @@
 #include <OpenSG/OSGImage.h>
 
 #include <algorithm>
+#include <limits>
+#include <vector>
 
 OSG_BEGIN_NAMESPACE
 
@@ -47,11 +49,11 @@ Int32 sizeOfType(Int32 type)
 }
 
 /// Pixels of all levels, each half as large as the one before, but at least 1.
-Int32 pixelsOfLevels(Int32 width, Int32 height, Int32 depth, Int32 levels)
+Real64 pixelsOfLevels(Int32 width, Int32 height, Int32 depth, Int32 levels)
 {
-    Int32 pixels = 0;
+    Real64 pixels = 0;
     for (Int32 level = 0; level < levels; ++level) {
-        pixels += width * height * depth;
+        pixels += Real64(width) * height * depth;
         width = std::max(width / 2, 1);
         height = std::max(height / 2, 1);
         depth = std::max(depth / 2, 1);
@@ -82,7 +84,11 @@ bool Image::set(UInt32 pixelFormat, Int32 width, Int32 height, Int32 depth, Int3
     if (bpp == 0 || std::min({width, height, depth, mipMapCount, frameCount, sideCount}) < 1) {
         return false;
     }
-    const Int32 sideSize = pixelsOfLevels(width, height, depth, mipMapCount) * bpp;
+    const Real64 wantedSideSize = pixelsOfLevels(width, height, depth, mipMapCount) * bpp;
+    if (wantedSideSize * sideCount * frameCount > std::numeric_limits<Int32>::max()) {
+        return false;
+    }
+    const Int32 sideSize = static_cast<Int32>(wantedSideSize);
     {
         const CPEditor edit(ImagePtr(*this), DimensionFieldMask | WidthFieldMask | HeightFieldMask |
                                                  DepthFieldMask | BppFieldMask | MipMapCountFieldMask |
@@ -139,8 +145,12 @@ void Image::subParent(const FieldContainerPtr &parent, UInt32 fieldId)
 
 void Image::changed(BitVector whichField, UInt32 origin)
 {
-    for (const FieldContainerPtr &parent : _mfParents) {
-        changedCP(parent, TypeTraits<BitVector>::One << parent.getParentFieldPos(), ChangedOrigin::Child);
+    // Handlers may edit the list.
+    const std::vector<FieldContainerPtr> parents(_mfParents.begin(), _mfParents.end());
+    for (const FieldContainerPtr &parent : parents) {
+        const UInt16 field = parent.getParentFieldPos();
+        const BitVector mask = field < 64 ? TypeTraits<BitVector>::One << field : FieldBits::AllFields;
+        changedCP(parent, mask, ChangedOrigin::Child);
     }
     Inherited::changed(whichField, origin);
 }

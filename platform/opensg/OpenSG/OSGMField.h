@@ -13,7 +13,7 @@ using MFieldVector = std::vector<T>;
 
 /// A field with a list of values; behaves like a vector of them.
 template <class T, Int32 FieldNameSpace = 0>
-class MField final : public Field
+class MField : public Field
 {
 public:
     typedef MField Self;

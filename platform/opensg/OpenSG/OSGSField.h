@@ -12,7 +12,7 @@ using FieldArgument = std::conditional_t<std::is_scalar_v<T>, T, const T &>;
 
 /// A field with one value. @a FieldNameSpace picks the family of value types, see FieldDataTraits.
 template <class T, Int32 FieldNameSpace = 0>
-class SField final : public Field
+class SField : public Field
 {
 public:
     typedef SField Self;
