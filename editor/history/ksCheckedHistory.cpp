@@ -56,6 +56,7 @@ ksCheckedHistory::ksCheckedHistory(const osg::NodePtr &scene, ksTranscript &reco
     , transcript(record)
     , undoStack(stack)
     , current(scene, {})
+    , mirrored(current)
 {
     undoStack->clear();
     snapshots.push_back(current);
@@ -78,8 +79,7 @@ bool ksCheckedHistory::step(const QString &what, const std::function<void()> &ac
     if (openMacros > 0) {
         transcript.note(QStringLiteral("within"), what);
         action();
-        mirror.update();
-        current = ksSceneSnapshot(root(), current);
+        takeSnapshots();
         return compareWithMirror() == 0;
     }
     transcript.step(what);
@@ -192,9 +192,7 @@ bool ksCheckedHistory::receiveMessage(const char *name, ksMessage &message, int)
 
 bool ksCheckedHistory::finishStep(const ksSceneSnapshot &before)
 {
-    // First of all, since aspect 1 may hold the last reference on what has left aspect 0.
-    mirror.update();
-    current = ksSceneSnapshot(root(), current);
+    takeSnapshots();
     noteChanges(before);
     const int found = compareWithHistory() + compareWithMirror();
     transcript.note(
@@ -205,6 +203,13 @@ bool ksCheckedHistory::finishStep(const ksSceneSnapshot &before)
             .arg(containerCount())
             .arg(found == 0 ? QStringLiteral("no difference") : QStringLiteral("%1 DIFFERENCES").arg(found)));
     return found == 0;
+}
+
+void ksCheckedHistory::takeSnapshots()
+{
+    // Aspect 1 comes first, since it may hold the last reference on what has left aspect 0.
+    mirror.update([this] { mirrored = ksSceneSnapshot(osg::NullFC, mirrored); });
+    current = ksSceneSnapshot(root(), current);
 }
 
 void ksCheckedHistory::noteChanges(const ksSceneSnapshot &before)
@@ -229,7 +234,6 @@ int ksCheckedHistory::compareWithHistory()
 
 int ksCheckedHistory::compareWithMirror()
 {
-    mirror.run([this] { mirrored = ksSceneSnapshot(root(), current); });
     const std::vector<ksDifference> found = current.differences(mirrored, ksSceneSnapshot::Scope::Everything);
     noteFaults(QStringLiteral("STALE"), found);
     return static_cast<int>(found.size());

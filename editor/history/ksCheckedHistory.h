@@ -101,6 +101,7 @@ private:
     static bool receiveMessage(const char *name, ksMessage &message, int);
 
     bool finishStep(const ksSceneSnapshot &before);
+    void takeSnapshots();
     void noteChanges(const ksSceneSnapshot &before);
     int compareWithHistory();
     int compareWithMirror();

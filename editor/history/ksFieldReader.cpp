@@ -16,37 +16,35 @@ namespace {
 
 constexpr std::size_t LongestText = 80;
 
-std::size_t bytesHash(const void *bytes, std::size_t size)
-{
-    return std::hash<std::string_view>()({static_cast<const char *>(bytes), size});
-}
-
-/// The hash of \a field from the bytes of its values, if it is one of \a FieldTs.
+/// The bytes of \a field's values, if it is one of \a FieldTs; otherwise nothing.
 template <class... FieldTs>
-std::optional<std::size_t> plainListHash(const osg::Field &field)
+std::optional<std::string_view> bytesAs(const osg::Field &field)
 {
-    std::optional<std::size_t> hash;
-    const auto hashAs = [&field, &hash](const auto *typed) {
+    std::optional<std::string_view> bytes;
+    const auto takeAs = [&field, &bytes](const auto *typed) {
         using FieldT = std::remove_const_t<std::remove_pointer_t<decltype(typed)>>;
         if (field.getType() != FieldT::getClassType())
             return false;
         const auto &values = static_cast<const FieldT &>(field).getValues();
-        hash = bytesHash(values.data(), values.size() * sizeof(values[0]));
+        bytes.emplace(reinterpret_cast<const char *>(values.data()), values.size() * sizeof(values[0]));
         return true;
     };
-    static_cast<void>((hashAs(static_cast<const FieldTs *>(nullptr)) || ...));
-    return hash;
+    static_cast<void>((takeAs(static_cast<const FieldTs *>(nullptr)) || ...));
+    return bytes;
 }
 
-/// The field's text, exact but for the bounds between the texts of a list.
+/// The bytes of a list of geometry or pixels, which come in amounts that are not to be turned into text at
+/// every check; nothing for any other field.
+std::optional<std::string_view> plainBytes(const osg::Field &field)
+{
+    if (field.getCardinality() == osg::FieldType::SINGLE_FIELD)
+        return std::nullopt;
+    return bytesAs<osg::MFUInt8, osg::MFInt32, osg::MFUInt32, osg::MFReal32, osg::MFVec2f, osg::MFVec3f,
+                   osg::MFPnt3f>(field);
+}
+
 std::string plainText(const osg::Field &field)
 {
-    if (const auto *texts = dynamic_cast<const osg::MFString *>(&field)) {
-        std::string result;
-        for (const std::string &text : texts->getValues())
-            result += (result.empty() ? "" : ", ") + ('"' + text + '"');
-        return result;
-    }
     std::string text;
     return field.getValueByStr(text);
 }
@@ -60,7 +58,7 @@ std::string readableText(const osg::Field &field)
 {
     if (field.getType() == osg::SFString::getClassType())
         return '"' + plainText(field) + '"';
-    if (!ksFieldReader::refersToContainers(field) && field.getType() != osg::SFAttachmentMap::getClassType())
+    if (!ksFieldReader::refersToContainers(field))
         return plainText(field);
     std::string text;
     ksFieldReader::visitContainers(field, [&text](const osg::FieldContainerPtr &container) {
@@ -88,29 +86,42 @@ void visitIds(const std::string &text, const std::function<void(const osg::Field
 
 } // namespace
 
-std::size_t ksFieldReader::hash(const osg::Field &field)
+std::string ksFieldReader::content(const osg::Field &field)
 {
-    // Geometry and pixels come in amounts that are not to be turned into text at every check.
-    if (field.getCardinality() == osg::FieldType::MULTI_FIELD)
-        if (const auto hash = plainListHash<osg::MFUInt8, osg::MFInt32, osg::MFUInt32, osg::MFReal32,
-                                            osg::MFVec2f, osg::MFVec3f, osg::MFPnt3f>(field))
-            return *hash;
-    return std::hash<std::string>()(plainText(field));
+    if (const auto bytes = plainBytes(field))
+        return std::string(*bytes);
+    if (const auto *texts = dynamic_cast<const osg::MFString *>(&field)) {
+        std::string content;
+        for (const std::string &text : texts->getValues())
+            content += std::to_string(text.size()) + ':' + text;
+        return content;
+    }
+    return plainText(field);
+}
+
+bool ksFieldReader::holds(const osg::Field &field, const std::string &known)
+{
+    if (const auto bytes = plainBytes(field))
+        return *bytes == known;
+    return content(field) == known;
 }
 
 std::string ksFieldReader::text(const osg::Field &field)
 {
-    std::string text = readableText(field);
-    if (text.size() > LongestText)
+    const auto bytes = plainBytes(field);
+    const bool isLarge = bytes && bytes->size() > LongestText;
+    std::string text = isLarge ? std::string() : readableText(field);
+    if (isLarge || text.size() > LongestText)
         text = text.substr(0, LongestText) + "... (" + std::to_string(field.getSize()) + " values, hash " +
-               std::to_string(hash(field)) + ')';
+               std::to_string(std::hash<std::string>()(content(field))) + ')';
     return field.getCardinality() == osg::FieldType::MULTI_FIELD ? '[' + text + ']' : text;
 }
 
 bool ksFieldReader::refersToContainers(const osg::Field &field)
 {
     const std::string_view type = field.getContentType().getCName();
-    return type.size() > 3 && type.substr(type.size() - 3) == "Ptr";
+    return (type.size() > 3 && type.substr(type.size() - 3) == "Ptr") ||
+           field.getType() == osg::SFAttachmentMap::getClassType();
 }
 
 void ksFieldReader::visitContainers(const osg::Field &field,

@@ -4,7 +4,6 @@
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainerPtr.h>
 
-#include <cstddef>
 #include <functional>
 #include <string>
 
@@ -14,14 +13,17 @@ class ksFieldReader
 public:
     ksFieldReader() = delete;
 
-    /// A number that differs, as good as always, between fields of one type that hold different things.
-    /// Containers count by their id.
-    static std::size_t hash(const osg::Field &field);
+    /// All that \a field holds, as bytes that are the same for two fields of one type exactly when these hold
+    /// the same. Containers count by their id.
+    static std::string content(const osg::Field &field);
+
+    /// Whether content(\a field) is \a known, without building it where it is large.
+    static bool holds(const osg::Field &field, const std::string &known);
 
     /// What \a field holds, in a form made for reading: containers with their class, long lists cut short.
     static std::string text(const osg::Field &field);
 
-    /// Whether \a field is one of container handles, single or as a list.
+    /// Whether \a field is one of container handles, single, as a list, or as the map of attachments.
     static bool refersToContainers(const osg::Field &field);
 
     /// Calls \a visit with every container that \a field refers to, attachments included, null handles left

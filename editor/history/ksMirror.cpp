@@ -22,10 +22,13 @@ ksMirror::~ksMirror()
     thread.join();
 }
 
-void ksMirror::update()
+void ksMirror::update(const std::function<void()> &look)
 {
     osg::ChangeList *changes = osg::Thread::getCurrentChangeList();
-    run([changes] { changes->applyToCurrent(); });
+    run([changes, &look] {
+        changes->applyToCurrent();
+        look();
+    });
     changes->clearAll();
 }
 

@@ -23,8 +23,8 @@ public:
     ksMirror &operator=(const ksMirror &) = delete;
 
     /// Carries everything that the application thread has recorded over to aspect 1 and empties its change
-    /// list.
-    void update();
+    /// list, then calls \a look as run() does.
+    void update(const std::function<void()> &look = [] {});
 
     /// Calls \a work in the mirror's thread, where handles lead to aspect 1, and waits for its end. \a work
     /// must not throw.

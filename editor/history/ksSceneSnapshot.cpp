@@ -59,25 +59,27 @@ ksSceneSnapshot::ksSceneSnapshot(const osg::NodePtr &root, const ksSceneSnapshot
 std::shared_ptr<const ksSceneSnapshot::Container> ksSceneSnapshot::read(const osg::FieldContainerPtr &source,
                                                                         const Entry *known)
 {
-    const osg::FieldContainerType &type = source->getType();
-    std::vector<std::size_t> hashes(type.getNumFieldDescs());
-    visitFields(source, [&hashes](osg::UInt32 id, const osg::Field &field) {
-        hashes[id - 1] = ksFieldReader::hash(field);
-    });
-    if (known != nullptr &&
-        std::equal(hashes.begin(), hashes.end(), known->container->fields.begin(),
-                   known->container->fields.end(),
-                   [](std::size_t hash, const Field &field) { return hash == field.hash; }))
+    if (known != nullptr && holds(source, *known->container))
         return known->container;
 
+    const osg::FieldContainerType &type = source->getType();
     auto container = std::make_shared<Container>();
     container->type = type.getCName();
-    for (osg::UInt32 id = 1; id <= hashes.size(); ++id)
-        container->fields.push_back({type.getFieldDescription(id)->getCName(), hashes[id - 1], {}});
-    visitFields(source, [&container](osg::UInt32 id, const osg::Field &field) {
-        container->fields[id - 1].text = ksFieldReader::text(field);
+    container->fields.resize(type.getNumFieldDescs());
+    visitFields(source, [&container, &type](osg::UInt32 id, const osg::Field &field) {
+        container->fields[id - 1] = {type.getFieldDescription(id)->getCName(), ksFieldReader::content(field),
+                                     ksFieldReader::text(field)};
     });
     return container;
+}
+
+bool ksSceneSnapshot::holds(const osg::FieldContainerPtr &source, const Container &known)
+{
+    bool same = true;
+    visitFields(source, [&same, &known](osg::UInt32 id, const osg::Field &field) {
+        same = same && ksFieldReader::holds(field, known.fields[id - 1].content);
+    });
+    return same;
 }
 
 std::vector<ksDifference> ksSceneSnapshot::differences(const ksSceneSnapshot &actual, Scope scope) const
@@ -116,7 +118,7 @@ void ksSceneSnapshot::compare(const Entry *expected, const Entry *actual,
     const std::vector<Field> &fields = expected->container->fields;
     for (std::size_t i = 0; i < fields.size(); ++i) {
         const Field &other = actual->container->fields[i];
-        if (fields[i].hash != other.hash)
+        if (fields[i].content != other.content)
             differences.push_back({expected->id, expected->container->type, static_cast<osg::UInt32>(i + 1),
                                    fields[i].name, fields[i].text, other.text});
     }

@@ -3,7 +3,6 @@
 
 #include <OpenSG/OSGNode.h>
 
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -65,7 +64,7 @@ private:
     struct Field
     {
         std::string name;
-        std::size_t hash;
+        std::string content;
         std::string text;
     };
 
@@ -83,6 +82,7 @@ private:
     };
 
     static std::shared_ptr<const Container> read(const osg::FieldContainerPtr &source, const Entry *known);
+    static bool holds(const osg::FieldContainerPtr &source, const Container &known);
     static void compare(const Entry *expected, const Entry *actual, std::vector<ksDifference> &differences);
     const Entry *find(osg::UInt32 id) const;
 
