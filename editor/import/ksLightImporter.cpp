@@ -124,7 +124,8 @@ osg::LightPtr createDirectionalLight(const ksLightValues &values)
 {
     const osg::DirectionalLightPtr light = osg::DirectionalLight::create();
     CPEdit(light, osg::DirectionalLight::DirectionFieldMask);
-    light->setDirection(values.direction);
+    // The scene graph wants the way to the light.
+    light->setDirection(-values.direction);
     return light;
 }
 

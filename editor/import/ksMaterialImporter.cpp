@@ -13,6 +13,9 @@
 
 namespace {
 
+/// OpenGL's mode in which the texture's colour is multiplied with the lit material's.
+constexpr osg::UInt32 Modulate = 0x2100;
+
 constexpr float LargestShininess = 128;
 
 /// What a dielectric reflects of light from straight above, grey.
@@ -85,8 +88,10 @@ osg::SimpleMaterialPtr createMaterial(const osg::ImagePtr &image)
     if (image == osg::NullFC)
         return osg::SimpleMaterial::create();
     const osg::SimpleTexturedMaterialPtr material = osg::SimpleTexturedMaterial::create();
-    CPEdit(material, osg::SimpleTexturedMaterial::ImageFieldMask);
+    CPEdit(material,
+           osg::SimpleTexturedMaterial::ImageFieldMask | osg::SimpleTexturedMaterial::EnvModeFieldMask);
     material->setImage(image);
+    material->setEnvMode(Modulate);
     return material;
 }
 
