@@ -49,6 +49,9 @@ public:
     /// \a scriptHost must outlive the object.
     ksScriptContainer(ksScriptHost &scriptHost, osg::UInt32 id);
 
+    /// The container. Throws ksEditorError when it has gone.
+    osg::FieldContainerPtr container() const;
+
     quint32 id() const { return containerId; }
     QString type() const;
     QString name() const;
@@ -75,9 +78,6 @@ public:
     Q_INVOKABLE void drag(const QString &field, const QJSValue &values, const QString &text = QString());
 
 private:
-    /// The container. Throws ksEditorError when it has gone.
-    osg::FieldContainerPtr container() const;
-
     /// What \a read answers, or undefined with an error in the script when it throws ksEditorError.
     template <class Read>
     auto guarded(const Read &read) const;

@@ -21,7 +21,7 @@ constexpr const char *Prelude = R"((function(global) {
             global.history.endMacro();
         }
     };
-    global.check = function() { global.history.check(); };
+    global.check = global.history.check;
     global.print = function() { global.history.print(Array.prototype.map.call(arguments, String).join(" ")); };
     return function(script) {
         try {
@@ -32,12 +32,15 @@ constexpr const char *Prelude = R"((function(global) {
     };
 })(this))";
 
+constexpr const char *PreludeName = "ks-editor:prelude";
+
+/// Throws ksEditorError when \a result is an error of the script \a path.
 void refuseError(const QJSValue &result, const QString &path)
 {
     if (!result.isError())
         return;
     QString place = path;
-    if (result.property(QStringLiteral("fileName")).toString() == path)
+    if (!result.property(QStringLiteral("fileName")).toString().endsWith(QLatin1String(PreludeName)))
         place += QLatin1Char(':') + result.property(QStringLiteral("lineNumber")).toString();
     throw ksEditorError(place.toStdString() + ": " + result.toString().toStdString());
 }
@@ -50,7 +53,7 @@ ksScriptEngine::ksScriptEngine(ksCheckedHistory &history, ksTranscript &transcri
     QJSValue global = engine.globalObject();
     global.setProperty(QStringLiteral("scene"), engine.newQObject(new ksScriptScene(host)));
     global.setProperty(QStringLiteral("history"), engine.newQObject(new ksScriptHistory(host)));
-    runner = engine.evaluate(QString::fromLatin1(Prelude), QStringLiteral("prelude"));
+    runner = engine.evaluate(QString::fromLatin1(Prelude), QLatin1String(PreludeName));
 }
 
 void ksScriptEngine::run(const QString &path)

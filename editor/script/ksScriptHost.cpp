@@ -7,24 +7,27 @@
 #include "ksScriptContainer.h"
 
 #include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 
+#include <cmath>
+
 namespace {
 
-/// The integers up to this size are all numbers of a script.
-constexpr double LargestExact = 9007199254740992.0;
+/// The integers up to this size are numbers of a script without loss: no other integer becomes the same
+/// number.
+constexpr double LargestExact = 9007199254740991.0;
 
 template <class T>
 QJSValue numberValue(T number)
 {
-    if constexpr (sizeof(T) == 8 && std::is_integral_v<T>) {
-        const auto real = static_cast<double>(number);
-        if (real > LargestExact || real < -LargestExact)
+    const auto real = static_cast<double>(number);
+    if constexpr (std::is_integral_v<T>)
+        if (std::abs(real) > LargestExact)
             return QJSValue(QString::number(number));
-    }
-    return QJSValue(static_cast<double>(number));
+    return QJSValue(real);
 }
 
 } // namespace
@@ -76,7 +79,8 @@ QJSValue ksScriptHost::containers(const osg::Field &field)
     ksFieldReader::visitContainers(field, [this, &list, &count](const osg::FieldContainerPtr &container) {
         list.setProperty(count++, object(container));
     });
-    if (field.getCardinality() == osg::FieldType::MULTI_FIELD)
+    if (field.getCardinality() == osg::FieldType::MULTI_FIELD ||
+        field.getType() == osg::SFAttachmentMap::getClassType())
         return list;
     return count > 0 ? list.property(0) : QJSValue(QJSValue::NullValue);
 }
