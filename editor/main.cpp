@@ -8,11 +8,20 @@
 
 #include <QCoreApplication>
 
+#include <cstdlib>
 #include <iostream>
 
 namespace {
 
 constexpr int UsageError = 2;
+
+/// What Qt and the image readers behind it have to say, in the form of the editor's own warnings.
+void showQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    std::cerr << "ks-editor: warning: " << text.toStdString() << std::endl;
+    if (type == QtFatalMsg)
+        std::abort();
+}
 
 QStringList argumentsOf(int argc, char **argv)
 {
@@ -34,6 +43,7 @@ int main(int argc, char **argv)
         return UsageError;
     }
 
+    qInstallMessageHandler(showQtMessage);
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
     int applicationArguments = 1;

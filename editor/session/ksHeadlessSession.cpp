@@ -19,10 +19,15 @@
 
 namespace {
 
-std::ptrdiff_t livingContainers()
+const osg::FieldContainerFactory::FieldContainerStore &allContainers()
 {
-    const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
-    return std::count_if(store.begin(), store.end(),
+    return *osg::FieldContainerFactory::the()->getFieldContainerStore();
+}
+
+/// The number of containers that are left of those made when the next id was \a first.
+std::ptrdiff_t livingSince(std::size_t first)
+{
+    return std::count_if(allContainers().begin() + static_cast<std::ptrdiff_t>(first), allContainers().end(),
                          [](const osg::FieldContainerPtr &container) { return container != osg::NullFC; });
 }
 
@@ -52,7 +57,7 @@ int ksHeadlessSession::run(const ksEditorOptions &options)
 
 int ksHeadlessSession::runChecked(const ksEditorOptions &options)
 {
-    const std::ptrdiff_t livingBefore = livingContainers();
+    const std::size_t firstId = allContainers().size();
     ksTranscript transcript(out);
     int differences = 0;
     int containers = 0;
@@ -76,7 +81,7 @@ int ksHeadlessSession::runChecked(const ksEditorOptions &options)
         differences = history.differenceCount();
     }
 
-    if (const std::ptrdiff_t left = livingContainers() - livingBefore; left != 0) {
+    if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
         transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
         ++differences;
     }
