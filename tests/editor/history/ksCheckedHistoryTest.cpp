@@ -1,0 +1,270 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksundo/field/ksBoolFieldUndoCommand.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+
+#include <ksCheckedHistory.h>
+#include <ksFieldEdits.h>
+#include <ksTranscript.h>
+
+#include <sstream>
+
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+using LayerCommand = ksFieldUndoCommand<osg::UInt8>;
+
+/// Sets the layer, and ends the edits only as far as it is told to.
+class FaultyCommand : public ksUndoCommand
+{
+public:
+    FaultyCommand(const osg::ksNodeSettingsPtr &target, bool endsRedo, bool undoes)
+        : ksUndoCommand(QStringLiteral("Faulty"))
+        , settings(target)
+        , ends(endsRedo)
+        , restores(undoes)
+    {}
+
+    void redo() override { write(5, ends); }
+
+    void undo() override
+    {
+        if (restores)
+            write(0, true);
+    }
+
+private:
+    void write(osg::UInt8 layer, bool end) const
+    {
+        settings->setLayer(layer);
+        if (end)
+            osg::endEditCP(settings, osg::ksNodeSettings::LayerFieldMask);
+    }
+
+    osg::ksNodeSettingsPtr settings;
+    bool ends;
+    bool restores;
+};
+
+class ksCheckedHistoryTest : public ksEditorFixture
+{
+protected:
+    LayerCommand *setLayer(osg::UInt8 layer) const
+    {
+        return new LayerCommand(QStringLiteral("Set layer"), childSettings(), "layer", layer);
+    }
+
+    LayerCommand *setLayerMerging(osg::UInt8 layer) const
+    {
+        LayerCommand *command = setLayer(layer);
+        command->setMergeResponseDelta(-1);
+        return command;
+    }
+
+    std::string label() const { return ksContainers::label(childSettings()).toStdString(); }
+
+    std::ostringstream out;
+    ksTranscript transcript{out};
+    ksUndoStack stack;
+    ksCheckedHistory history{root, transcript, &stack};
+};
+
+} // namespace
+
+TEST_F(ksCheckedHistoryTest, FindsNothingInCorrectEdits)
+{
+    EXPECT_TRUE(history.add(setLayer(3)));
+    EXPECT_TRUE(history.add(setLayerMerging(4)));
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(childSettings()->getLayer(), 0);
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(childSettings()->getLayer(), 4);
+    EXPECT_TRUE(history.check());
+    EXPECT_EQ(history.differenceCount(), 0);
+    EXPECT_EQ(history.containerCount(), 8);
+    EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksCheckedHistoryTest, WritesWhatHappened)
+{
+    history.add(setLayer(3));
+    const std::string container = std::to_string(childSettings().getFieldContainerId());
+    EXPECT_EQ(out.str(), "step 1: add \"Set layer\"\n"
+                         "  message  ksURManager::redo added=true container=" +
+                             container + " fieldId=3 id=" + std::to_string(LayerCommand::commandId()) +
+                             " index=0 text=\"Set layer\"\n"
+                             "  changed  " +
+                             label() +
+                             " layer: 0 -> 3\n"
+                             "  check    index 1 of 1, 8 containers: no difference\n");
+    out.str({});
+    history.undo();
+    EXPECT_THAT(out.str(), HasSubstr("step 2: undo \"Set layer\"\n  message  ksURManager::undo added=false"));
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAWriteThatDoesNotEndTheEdit)
+{
+    EXPECT_FALSE(history.add(new FaultyCommand(childSettings(), false, true)));
+    EXPECT_EQ(history.differenceCount(), 1);
+    EXPECT_THAT(out.str(), HasSubstr("  STALE    " + label() + " layer: expected 5, is 0\n"));
+    EXPECT_THAT(out.str(), Not(HasSubstr("DIFFERS ")));
+    EXPECT_THAT(out.str(), HasSubstr("1 DIFFERENCES"));
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAWriteOutsideTheHistory)
+{
+    history.add(setLayer(3));
+    {
+        CPEdit(rootSettings(), osg::ksNodeSettings::OpacityFieldMask);
+        rootSettings()->setOpacity(0.5F);
+    }
+    EXPECT_FALSE(history.check());
+    EXPECT_EQ(history.differenceCount(), 1);
+    EXPECT_THAT(out.str(), HasSubstr("  DIFFERS  " + ksContainers::label(rootSettings()).toStdString() +
+                                     " opacity: expected 1, is 0.5\n"));
+    EXPECT_THAT(out.str(), Not(HasSubstr("STALE ")));
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAnUndoThatDoesNotRestore)
+{
+    EXPECT_TRUE(history.add(new FaultyCommand(childSettings(), true, false)));
+    EXPECT_FALSE(history.undo());
+    EXPECT_THAT(out.str(), HasSubstr("  DIFFERS  " + label() + " layer: expected 0, is 5\n"));
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAContainerThatLeavesTheScene)
+{
+    root->subChild(child);
+    osg::endEditCP(root.get(), osg::Node::ChildrenFieldMask);
+    EXPECT_FALSE(history.check());
+    EXPECT_THAT(out.str(), HasSubstr("expected present, is absent"));
+}
+
+TEST_F(ksCheckedHistoryTest, ComparesWithTheStateOfEveryIndex)
+{
+    for (osg::UInt8 layer = 1; layer <= 4; ++layer) {
+        history.add(setLayer(layer));
+        stack.setClean();
+    }
+    while (stack.canUndo())
+        EXPECT_TRUE(history.undo());
+    EXPECT_TRUE(history.redo());
+    // A new command takes the place of the undone ones.
+    EXPECT_TRUE(history.add(new ksBoolFieldUndoCommand(childSettings(), "locked", true)));
+    EXPECT_TRUE(history.undo());
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(stack.count(), 2);
+}
+
+TEST_F(ksCheckedHistoryTest, ComparesAfterResetAndClear)
+{
+    history.add(setLayer(1));
+    EXPECT_TRUE(history.mark());
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "locked", true));
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "locked", false));
+    EXPECT_TRUE(history.reset());
+    EXPECT_EQ(stack.index(), 1);
+    EXPECT_TRUE(history.clear());
+    EXPECT_EQ(stack.count(), 0);
+    EXPECT_EQ(childSettings()->getLayer(), 1);
+    EXPECT_TRUE(history.add(setLayer(2)));
+    EXPECT_TRUE(history.undo());
+}
+
+TEST_F(ksCheckedHistoryTest, TakesAMacroAsOneStep)
+{
+    history.beginMacro(QStringLiteral("Outer"));
+    EXPECT_TRUE(history.isInMacro());
+    history.add(setLayer(1));
+    history.beginMacro(QStringLiteral("Inner"));
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "locked", true));
+    EXPECT_TRUE(history.endMacro());
+    EXPECT_TRUE(history.endMacro());
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(transcript.stepCount(), 1);
+    EXPECT_EQ(stack.count(), 1);
+    EXPECT_THAT(out.str(), HasSubstr("step 1: macro \"Outer\"\n  within   add \"Set layer\"\n"
+                                     "  within   macro \"Inner\"\n  within   add \"\"\n"
+                                     "  message  ksURManager::redo added=true index=0 text=\"Outer\"\n"
+                                     "  changed  "));
+    EXPECT_TRUE(history.undo());
+    EXPECT_FALSE(childSettings()->getLocked());
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAStaleMirrorWithinAMacro)
+{
+    history.beginMacro(QStringLiteral("Outer"));
+    EXPECT_FALSE(history.add(new FaultyCommand(childSettings(), false, true)));
+    history.endMacro();
+    EXPECT_GE(history.differenceCount(), 1);
+}
+
+TEST_F(ksCheckedHistoryTest, AcceptsWhatIsExpected)
+{
+    history.add(setLayer(7));
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "layer", false));
+    history.expect({childSettings().getFieldContainerId(), osg::ksNodeSettings::LayerFieldId, "7", "1",
+                    QStringLiteral("flags")});
+    EXPECT_TRUE(history.undo());
+    EXPECT_THAT(out.str(), HasSubstr("  expected " + label() + " layer: 7 came back as 1 (flags)\n"));
+    // What was expected once holds from then on, in both directions.
+    EXPECT_TRUE(history.undo());
+    EXPECT_TRUE(history.redo());
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(history.differenceCount(), 0);
+}
+
+TEST_F(ksCheckedHistoryTest, AcceptsNothingElse)
+{
+    history.add(setLayer(7));
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "layer", false));
+    const osg::UInt32 id = childSettings().getFieldContainerId();
+    const osg::UInt32 field = osg::ksNodeSettings::LayerFieldId;
+    history.expect({id, field, "7", "2", QString()});
+    history.expect({id, field, "8", "1", QString()});
+    history.expect({id, field + 1, "7", "1", QString()});
+    history.expect({id + 1, field, "7", "1", QString()});
+    EXPECT_FALSE(history.undo());
+}
+
+TEST_F(ksCheckedHistoryTest, CountsFailedVerifications)
+{
+    EXPECT_TRUE(history.verify(true, QStringLiteral("one is one")));
+    EXPECT_FALSE(history.verify(false, QStringLiteral("one is two")));
+    EXPECT_EQ(history.differenceCount(), 1);
+    EXPECT_EQ(out.str(), "  FAILS    one is two\n");
+}
+
+TEST_F(ksCheckedHistoryTest, CutsLongListsShort)
+{
+    history.step(QStringLiteral("write"), [this] {
+        for (const osg::ksNodeSettingsPtr &settings : {rootSettings(), childSettings()}) {
+            CPEditAll(settings);
+            settings->setLayer(1);
+            settings->setLodBias(1);
+            settings->setRenderOrder(1);
+            settings->setPickId(1);
+            settings->setSortKey(1);
+        }
+    });
+    EXPECT_EQ(history.differenceCount(), 10);
+    EXPECT_THAT(out.str(), HasSubstr("  changed  ... 10 fields\n"));
+    EXPECT_THAT(out.str(), HasSubstr("  DIFFERS  ... 10 fields\n"));
+}
+
+TEST(ksCheckedHistory, LetsGoOfTheScene)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    {
+        std::ostringstream out;
+        ksTranscript transcript(out);
+        ksUndoStack stack;
+        const osg::NodePtr root = osg::Node::create();
+        const ksCheckedHistory history(root, transcript, &stack);
+        EXPECT_GT(ksLivingContainers(), before);
+    }
+    EXPECT_EQ(ksLivingContainers(), before);
+}

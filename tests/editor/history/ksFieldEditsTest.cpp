@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksundo/core/ksUndoStack.h>
+#include <ksundo/field/ksBoolFieldUndoCommand.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+
+#include <ksFieldEdits.h>
+
+#include <memory>
+
+namespace {
+
+using ksFieldEdits::Merging;
+
+class ksFieldEditsTest : public ksEditorFixture
+{
+protected:
+    ~ksFieldEditsTest() override { ksUndoStack::clearAll(); }
+
+    std::unique_ptr<ksUndoCommand> make(const char *field, const QVariant &value) const
+    {
+        return std::unique_ptr<ksUndoCommand>(ksFieldEdits::make(
+            QStringLiteral("Edit"), childSettings(), QString::fromLatin1(field), value, Merging::Never));
+    }
+
+    template <class CommandT>
+    void expectCommand(const char *field, const QVariant &value) const
+    {
+        EXPECT_NE(dynamic_cast<CommandT *>(make(field, value).get()), nullptr) << field;
+    }
+
+    std::string refusal(const char *field, const QVariant &value) const
+    {
+        return ksErrorOf([&] { make(field, value); });
+    }
+
+    void push(float opacity, Merging merging) const
+    {
+        ksUndoStack::get(0)->add(
+            ksFieldEdits::make(QString(), childSettings(), QStringLiteral("opacity"), opacity, merging));
+    }
+};
+
+} // namespace
+
+TEST_F(ksFieldEditsTest, PickTheCommandForTheField)
+{
+    expectCommand<ksFieldUndoCommand<osg::UInt8>>("layer", 1);
+    expectCommand<ksFieldUndoCommand<osg::Int8>>("lodBias", 1);
+    expectCommand<ksFieldUndoCommand<osg::Int16>>("renderOrder", 1);
+    expectCommand<ksFieldUndoCommand<osg::UInt16>>("stencilReference", 1);
+    expectCommand<ksFieldUndoCommand<osg::UInt32>>("pickId", 1);
+    expectCommand<ksFieldUndoCommand<osg::Int32>>("sortKey", 1);
+    expectCommand<ksFieldUndoCommand<osg::UInt64>>("userFlags", 1);
+    expectCommand<ksFieldUndoCommand<osg::Int64>>("revision", 1);
+    expectCommand<ksFieldUndoCommand<osg::Real32>>("opacity", 1);
+    expectCommand<ksFieldUndoCommand<osg::Real64>>("timeOffset", 1);
+    expectCommand<ksBoolFieldUndoCommand>("locked", true);
+}
+
+TEST_F(ksFieldEditsTest, SetTheValue)
+{
+    make("userFlags", QStringLiteral("18446744073709551615"))->redo();
+    EXPECT_EQ(childSettings()->getUserFlags(), 18446744073709551615u);
+    make("locked", true)->redo();
+    EXPECT_TRUE(childSettings()->getLocked());
+}
+
+TEST_F(ksFieldEditsTest, RefuseWhatDoesNotFit)
+{
+    EXPECT_EQ(refusal("layer", 256), "'256' does not fit the field 'layer', SFUInt8");
+    EXPECT_EQ(refusal("layer", 0.5), "'0.5' does not fit the field 'layer', SFUInt8");
+    EXPECT_EQ(refusal("opacity", QStringLiteral("half")),
+              "'half' does not fit the field 'opacity', SFReal32");
+    EXPECT_EQ(refusal("locked", 1), "'1' does not fit the field 'locked', SFBool");
+    EXPECT_EQ(refusal("layer", {}), "'undefined' does not fit the field 'layer', SFUInt8");
+}
+
+TEST_F(ksFieldEditsTest, RefuseFieldsThatCannotBeEdited)
+{
+    const std::string label = ksContainers::label(childSettings()).toStdString();
+    EXPECT_EQ(refusal("layers", 1), label + " has no field 'layers' that can be edited");
+    EXPECT_EQ(refusal("parents", 1), label + " has no field 'parents' that can be edited");
+    EXPECT_EQ(ksErrorOf([this] {
+                  ksFieldEdits::make(QString(), child, QStringLiteral("core"), 1, Merging::Never);
+              }),
+              "the field 'core' of " + ksContainers::label(child).toStdString() +
+                  " is an SFNodeCorePtr, which cannot be edited");
+}
+
+TEST_F(ksFieldEditsTest, MergeOnlyWhenAsked)
+{
+    push(0.5F, Merging::Never);
+    push(0.25F, Merging::Never);
+    EXPECT_EQ(ksUndoStack::get(0)->count(), 2);
+    push(0.125F, Merging::WithPrevious);
+    EXPECT_EQ(ksUndoStack::get(0)->count(), 2);
+    ksUndoStack::get(0)->undo();
+    EXPECT_EQ(childSettings()->getOpacity(), 0.5F);
+}
+
+TEST_F(ksFieldEditsTest, HaveADefaultText)
+{
+    EXPECT_EQ(ksFieldEdits::defaultText(childSettings(), QStringLiteral("layer")),
+              QStringLiteral("Set layer of 'Child'"));
+}

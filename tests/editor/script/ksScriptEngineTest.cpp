@@ -1,0 +1,276 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <OpenSG/OSGPointLight.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+#include <ksCheckedHistory.h>
+#include <ksScriptEngine.h>
+#include <ksTranscript.h>
+
+#include <sstream>
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+class ksScriptEngineTest : public ksEditorFixture
+{
+protected:
+    /// Runs \a script, which is to succeed, and returns what it printed.
+    std::string run(const std::string &script)
+    {
+        out.str({});
+        EXPECT_EQ(errorOf(script), "");
+        return out.str();
+    }
+
+    /// The error that \a script ends by, without its path; empty when it succeeds.
+    std::string errorOf(const std::string &script)
+    {
+        const QString path = folder.write("script.js", script);
+        const std::string error = ksErrorOf([&] { engine.run(path); });
+        return error.substr(std::min(error.size(), path.toStdString().size()));
+    }
+
+    ksTestFolder folder;
+    std::ostringstream out;
+    ksTranscript transcript{out};
+    ksUndoStack stack;
+    ksCheckedHistory history{root, transcript, &stack};
+    ksScriptEngine engine{history, transcript};
+};
+
+} // namespace
+
+TEST_F(ksScriptEngineTest, PrintsToTheTranscript)
+{
+    EXPECT_EQ(run("print('one', 2, true, null); print();"), "one 2 true null\n\n");
+}
+
+TEST_F(ksScriptEngineTest, FindsNodes)
+{
+    EXPECT_EQ(run("print(scene.root.name, scene.find('Child').name, scene.has('Child'), scene.has('child'));"
+                  "print(scene.nodes().map(function (node) { return node.name; }));"),
+              "Root Child true false\nRoot,Child\n");
+}
+
+TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
+{
+    EXPECT_EQ(
+        run("var child = scene.root.children[0];"
+            "print(child.name, child.type, child.parent.name, child.children.length, scene.root.parent);"
+            "print(child.core.type, child.core.name, child.core.core, child.core.children);"
+            "print(child.attachments.length, child.attachment('ksNodeSettings').type, "
+            "      child.attachment('Group'));"
+            "print(child === scene.find('Child'), child.id === scene.find('Child').id);"
+            "print(child.attachment('ksNodeSettings').fields.slice(2, 4));"),
+        "Child Node Root 0 null\nGroup Child null null\n2 ksNodeSettings null\ntrue true\nlayer,lodBias\n");
+}
+
+TEST_F(ksScriptEngineTest, FindsWhatANodeShows)
+{
+    const osg::SimpleTexturedMaterialPtr material = osg::SimpleTexturedMaterial::create();
+    osg::setName(material, "Oak");
+    const osg::ImagePtr image = osg::Image::create();
+    const osg::ksMeshPtr mesh = osg::ksMesh::create();
+    const osg::NodePtr shape = makeNode("Shape");
+    const osg::NodePtr lamp = makeNode("Lamp");
+    {
+        CPEditAll(image);
+        CPEditAll(material);
+        CPEditAll(mesh);
+        CPEditAll(shape);
+        CPEditAll(lamp);
+        CPEditAll(child);
+        image->setName("oak.png");
+        material->setImage(image);
+        mesh->setMaterial(material);
+        shape->setCore(mesh);
+        lamp->setCore(osg::PointLight::create());
+        child->addChild(shape);
+        child->addChild(lamp);
+    }
+    EXPECT_EQ(run("var child = scene.find('Child');"
+                  "print(child.material.name, child.image.name, child.light.type);"
+                  "print(scene.find('Shape').material.name, scene.find('Shape').light);"
+                  "print(child.material.image.name, scene.find('Lamp').material, scene.root.image);"),
+              "Oak oak.png PointLight\nOak null\noak.png null null\n");
+}
+
+TEST_F(ksScriptEngineTest, ReadsFieldsOfEveryKind)
+{
+    const osg::ksNodeSettingsPtr settings = childSettings();
+    settings->setLodBias(-3);
+    settings->setOpacity(0.5F);
+    settings->setLocked(true);
+    settings->setComment("oak");
+    settings->setUserFlags(9007199254740991u);
+    settings->setRevision(-9007199254740993);
+    EXPECT_EQ(
+        run("var own = scene.find('Child').attachment('ksNodeSettings');"
+            "function show(field) { var value = own.get(field); print(typeof value, value); }"
+            "['lodBias', 'opacity', 'locked', 'comment', 'userFlags', 'revision'].forEach(show);"
+            "print(own.get('parents')[0].name, scene.root.get('parent'), scene.root.get('children').length);"
+            "print(typeof scene.root.get('volume'));"),
+        "number -3\nnumber 0.5\nboolean true\nstring oak\nnumber 9007199254740991\n"
+        "string -9007199254740993\nChild null 1\nstring\n");
+}
+
+TEST_F(ksScriptEngineTest, ReadsVectorsAsArrays)
+{
+    const osg::PointLightPtr light = osg::PointLight::create();
+    {
+        CPEditAll(light);
+        CPEditAll(child);
+        light->setPosition(osg::Pnt3f(1, 0.5F, -2));
+        light->setDiffuse(osg::Color4f(0.25F, 0.5F, 0.75F, 1));
+        child->setCore(light);
+    }
+    EXPECT_EQ(run("var core = scene.find('Child').core;"
+                  "print(core.get('position'), core.get('diffuse').length, core.get('diffuse')[2]);"),
+              "1,0.5,-2 4 0.75\n");
+}
+
+TEST_F(ksScriptEngineTest, EditsThroughTheHistory)
+{
+    run("var own = scene.find('Child').attachment('ksNodeSettings');"
+        "own.set('layer', 9);"
+        "own.set('layer', 10, 'Raise the layer');"
+        "own.set('locked', true);");
+    EXPECT_EQ(stack.count(), 3);
+    EXPECT_EQ(childSettings()->getLayer(), 10);
+    EXPECT_THAT(out.str(), HasSubstr("add \"Set layer of 'Child'\""));
+    EXPECT_THAT(out.str(), HasSubstr("add \"Raise the layer\""));
+    run("while (history.index > 0) history.undo(); print(history.index, history.count);");
+    EXPECT_EQ(childSettings()->getLayer(), 0);
+    run("history.redo();");
+    EXPECT_EQ(childSettings()->getLayer(), 9);
+}
+
+TEST_F(ksScriptEngineTest, DragsMergeIntoOneStep)
+{
+    run("scene.find('Child').attachment('ksNodeSettings').drag('opacity', [0.75, 0.5, 0.25], 'Fade');");
+    EXPECT_EQ(stack.count(), 1);
+    EXPECT_EQ(childSettings()->getOpacity(), 0.25F);
+    run("history.undo();");
+    EXPECT_EQ(childSettings()->getOpacity(), 1);
+}
+
+TEST_F(ksScriptEngineTest, BatchesAreOneStep)
+{
+    run("var all = scene.nodes().map(function (node) { return node.attachment('ksNodeSettings'); });"
+        "function fade(opacity, merging) {"
+        "    history.batch('Fade', all.map(function (own) { return [own, 'opacity', opacity]; }), merging);"
+        "}"
+        "fade(0.5); fade(0.25); fade(0.125, true);");
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(rootSettings()->getOpacity(), 0.125F);
+    EXPECT_EQ(childSettings()->getOpacity(), 0.125F);
+    run("history.undo();");
+    EXPECT_EQ(rootSettings()->getOpacity(), 0.5F);
+}
+
+TEST_F(ksScriptEngineTest, MacrosAreOneStepAndGiveTheResult)
+{
+    EXPECT_THAT(run("var own = scene.root.attachment('ksNodeSettings');"
+                    "print(history.macro('Both', function () { own.set('layer', 1); own.set('lodBias', 2);"
+                    "                                          return 'done'; }));"),
+                EndsWith("done\n"));
+    EXPECT_EQ(stack.count(), 1);
+    run("history.undo();");
+    EXPECT_EQ(rootSettings()->getLodBias(), 0);
+}
+
+TEST_F(ksScriptEngineTest, MacrosEndAlsoByAnError)
+{
+    EXPECT_EQ(errorOf("history.macro('Both', function () {\n"
+                      "    scene.root.attachment('ksNodeSettings').set('layer', 1);\n"
+                      "    nothing();\n"
+                      "});"),
+              ":3: ReferenceError: nothing is not defined");
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(stack.count(), 1);
+    run("history.undo();");
+    EXPECT_EQ(rootSettings()->getLayer(), 0);
+}
+
+TEST_F(ksScriptEngineTest, MarksResetsAndClears)
+{
+    run("var own = scene.root.attachment('ksNodeSettings');"
+        "own.set('layer', 1); history.mark(); own.set('layer', 2); own.set('layer', 3); history.reset();");
+    EXPECT_EQ(rootSettings()->getLayer(), 1);
+    EXPECT_EQ(stack.index(), 1);
+    run("history.clear();");
+    EXPECT_EQ(stack.count(), 0);
+}
+
+TEST_F(ksScriptEngineTest, ErrorsTellLineAndReason)
+{
+    EXPECT_EQ(errorOf("print('one');\nscene.find('Tabel').set('layer', 1);"),
+              ":2: Error: there is no node 'Tabel'");
+    EXPECT_EQ(errorOf("\n\nvar = 3;"), ":3: SyntaxError: Expected token `identifier'");
+    EXPECT_EQ(errorOf("null.core;"), ":1: TypeError: Cannot read property 'core' of null");
+    EXPECT_EQ(errorOf("function deep() {\n    throw new Error('too deep');\n}\ndeep();"),
+              ":2: Error: too deep");
+    EXPECT_EQ(errorOf("throw 'a text';"), ": Error: uncaught a text");
+}
+
+TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
+{
+    const std::string label = ksContainers::label(childSettings()).toStdString();
+    const std::string own = "var own = scene.find('Child').attachment('ksNodeSettings');\n";
+    EXPECT_EQ(errorOf(own + "own.set('layer', 300);"),
+              ":2: Error: '300' does not fit the field 'layer', SFUInt8");
+    EXPECT_EQ(errorOf(own + "own.set('layers', 3);"),
+              ":2: Error: " + label + " has no field 'layers' that can be edited");
+    EXPECT_EQ(errorOf(own + "own.get('layers');"), ":2: Error: " + label + " has no field 'layers'");
+    EXPECT_EQ(errorOf(own + "own.drag('layer', 3);"), ":2: Error: the values of a drag are an array");
+    EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', 1], ['own', 'layer', 1]]);"),
+              ":2: Error: an edit of a batch is an array of a container, a field and a value");
+    EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
+              ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
+    EXPECT_EQ(stack.count(), 0);
+    EXPECT_EQ(childSettings()->getLayer(), 0);
+}
+
+TEST_F(ksScriptEngineTest, ErrorsOfTheHistoryTellTheReason)
+{
+    EXPECT_EQ(errorOf("history.undo();"), ":1: Error: there is nothing to undo");
+    EXPECT_EQ(errorOf("history.redo();"), ":1: Error: there is nothing to redo");
+    for (const char *call : {"undo", "redo", "reset", "clear"})
+        EXPECT_EQ(errorOf(std::string("history.macro('m', function () { history.") + call + "(); });"),
+                  ":1: Error: not possible within a macro")
+            << call;
+}
+
+TEST_F(ksScriptEngineTest, ScriptsMayCatchErrors)
+{
+    EXPECT_EQ(run("try { scene.find('Tabel'); } catch (error) { print(error.message); }"),
+              "there is no node 'Tabel'\n");
+}
+
+TEST_F(ksScriptEngineTest, KnowsContainersThatHaveGone)
+{
+    run("gone = scene.find('Child').attachment('ksNodeSettings');");
+    const std::string id = std::to_string(childSettings().getFieldContainerId());
+    child->subAttachment(childSettings());
+    osg::endEditCP(child, osg::Node::AttachmentsFieldMask);
+    EXPECT_THAT(errorOf("check();"), HasSubstr("the scene differs from the history"));
+    for (const char *use : {"gone.name;", "gone.get('layer');", "gone.set('layer', 1);", "gone.core;",
+                            "history.batch('b', [[gone, 'layer', 1]]);"})
+        EXPECT_EQ(errorOf(use), ":1: Error: the container " + id + " has gone") << use;
+}
+
+TEST_F(ksScriptEngineTest, ChecksOnDemand)
+{
+    EXPECT_THAT(run("check();"), HasSubstr("no difference"));
+    childSettings()->setLayer(1);
+    EXPECT_EQ(errorOf("\ncheck();"), ":2: Error: the scene differs from the history");
+}
+
+TEST_F(ksScriptEngineTest, RefusesFilesThatCannotBeRead)
+{
+    const QString path = folder.path("missing.js");
+    EXPECT_EQ(ksErrorOf([&] { engine.run(path); }), path.toStdString() + ": No such file or directory");
+}

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksundo/core/ksUndoStack.h>
+
+#include <ksEditorOptions.h>
+#include <ksHeadlessSession.h>
+
+#include <sstream>
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class ksHeadlessSessionTest : public testing::Test
+{
+protected:
+    int run(const QString &model, const std::string &script = {})
+    {
+        out.str({});
+        errors.str({});
+        ksEditorOptions options;
+        options.model = model;
+        if (!script.empty())
+            options.script = folder.write("script.js", script);
+        return ksHeadlessSession(out, errors).run(options);
+    }
+
+    ksTestFolder folder;
+    std::ostringstream out;
+    std::ostringstream errors;
+};
+
+} // namespace
+
+TEST_F(ksHeadlessSessionTest, ToursTheModel)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_EQ(run(ksRoomFile()), 0);
+    EXPECT_EQ(errors.str(), "");
+    EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nstep 1: add "));
+    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 253 containers, 0 differences\n$"));
+    EXPECT_EQ(ksLivingContainers(), before);
+    EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
+}
+
+TEST_F(ksHeadlessSessionTest, RunsAScriptInstead)
+{
+    EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
+                         "  check    index 0 of 0, 253 containers: no difference\n"
+                         "OK: 1 steps, 253 containers, 0 differences\n");
+}
+
+TEST_F(ksHeadlessSessionTest, RunsTheScriptOfTheRoom)
+{
+    ksEditorOptions options;
+    options.model = ksRoomFile();
+    options.script = QStringLiteral(KS_ROOM_SCRIPT);
+    EXPECT_EQ(ksHeadlessSession(out, errors).run(options), 0) << errors.str();
+    EXPECT_THAT(out.str(), HasSubstr("\nOK: "));
+}
+
+TEST_F(ksHeadlessSessionTest, ReportsAScriptsError)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_EQ(run(ksRoomFile(), "var table = scene.find('Table').attachment('ksNodeSettings');\n"
+                                "table.set('layer', 3);\ntable.set('layer', 'three');\n"),
+              1);
+    EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
+                                ":3: Error: 'three' does not fit the field 'layer', SFUInt8\n");
+    EXPECT_EQ(ksLivingContainers(), before);
+    EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
+}
+
+/// A script that catches the error of a failed check does not make it undone.
+TEST_F(ksHeadlessSessionTest, FailsWhenACheckFailed)
+{
+    const osg::FieldContainerPtr victim = osg::ksNodeSettings::getClassType().getPrototype();
+    ASSERT_NE(victim, osg::NullFC);
+    // The prototype is a container like any other: writing it without an end of the edit leaves aspect 1
+    // stale.
+    auto settings = osg::ksNodeSettingsPtr::dcast(victim);
+    settings->setLayer(1);
+    EXPECT_EQ(run(ksRoomFile(), "print('nothing');"), 1);
+    settings->setLayer(0);
+    EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
+    EXPECT_THAT(out.str(),
+                testing::ContainsRegex("\nFAILED: 1 steps, 253 containers, [1-9][0-9]* differences\n$"));
+}
+
+TEST_F(ksHeadlessSessionTest, ReportsAModelThatCannotBeRead)
+{
+    const QString path = folder.path("missing.gltf");
+    EXPECT_EQ(run(path), 1);
+    EXPECT_EQ(errors.str(), "ks-editor: " + path.toStdString() + ": no such file\n");
+    EXPECT_EQ(out.str(), "");
+}
+
+TEST_F(ksHeadlessSessionTest, WarnsOfMissingTexturesAndGoesOn)
+{
+    folder.write("m.mtl", "newmtl wood\nmap_Kd wood.png\n");
+    const QString model =
+        folder.write("m.obj", "mtllib m.mtl\nv 0 0 0\nv 1 0 0\nv 0 1 0\nusemtl wood\nf 1 2 3\n");
+    EXPECT_EQ(run(model), 0);
+    EXPECT_EQ(errors.str(), "ks-editor: warning: texture wood.png: no such file\n");
+    EXPECT_THAT(out.str(), HasSubstr("\nOK: "));
+}
