@@ -11,7 +11,8 @@
 #include <QApplication>
 
 #include <cstdio>
-#include <cstring>
+#include <cstdlib>
+#include <string_view>
 
 /// Leaves, in the way that its only argument says, with the history windows open and with commands in both
 /// stacks that hold the last references on parts of the scene.
@@ -55,11 +56,10 @@ void print(QtMsgType, const QMessageLogContext &, const QString &line)
 
 int main(int argc, char **argv)
 {
-    const bool stackFirst = argc > 1 && std::strcmp(argv[1], "stack-first") == 0;
-    const bool exits = argc > 1 && std::strcmp(argv[1], "exit") == 0;
+    const std::string_view way = argc > 1 ? argv[1] : "";
 
     qInstallMessageHandler(&print);
-    if (stackFirst)
+    if (way == "stack-first")
         ksUndoStack::get(0);
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
@@ -70,10 +70,11 @@ int main(int argc, char **argv)
         stack->add(new HoldingCommand(QStringLiteral("done in %1").arg(which), makeNode()));
         stack->add(new HoldingCommand(QStringLiteral("undone in %1").arg(which), makeNode()));
         stack->undo();
-        stack->showHistory();
+        if (way != "one-window" || which == 0)
+            stack->showHistory();
     }
     QCoreApplication::processEvents();
-    if (exits)
+    if (way == "exit")
         std::exit(0);
     return 0;
 }

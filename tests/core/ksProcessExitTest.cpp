@@ -29,4 +29,5 @@ TEST_P(ksProcessExit, DeletesTheCommandsOfBothStacksQuietly)
               "done in 1\nundone in 1\ndone in 0\nundone in 0\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Order, ksProcessExit, testing::Values("stack-first", "scene-first", "exit"));
+INSTANTIATE_TEST_SUITE_P(Ways, ksProcessExit,
+                         testing::Values("stack-first", "scene-first", "one-window", "exit"));

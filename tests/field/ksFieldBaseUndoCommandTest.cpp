@@ -205,6 +205,12 @@ TEST_F(ksFindField, FindsEveryFieldByItsName)
         EXPECT_EQ(findId(container(), type.getFieldDescription(id)->getCName()), id);
 }
 
+TEST_F(ksFindField, FindsTheLastField)
+{
+    ASSERT_EQ(osg::ProbeContainer::QFieldId, probe->getType().getNumFieldDescs());
+    EXPECT_EQ(findId(container(), "q"), osg::ProbeContainer::QFieldId);
+}
+
 TEST_F(ksFindField, GivesTheDescriptionOfTheType)
 {
     EXPECT_EQ(ksFieldBaseUndoCommand::findField(container(), "text"),

@@ -34,9 +34,9 @@ OSG_CONTAINER_POINTER(ProbeContainer, FieldContainerPtr)
     MF(MFInt32, numbers, Numbers)                \
     SF(SFInt32, parents, OwnParents, 0)          \
     SF(SFInt32, Parents, OtherParents, 0)        \
-    SF(SFInt32, q, Q, 0)                         \
     SF(SFInt32, Level, FirstLevel, 0)            \
-    SF(SFInt32, level, SecondLevel, 0)
+    SF(SFInt32, level, SecondLevel, 0)           \
+    SF(SFInt32, q, Q, 0)
 // clang-format on
 
 OSG_CONTAINER_BASE(ProbeContainer, FieldContainer, OSG_PROBE_CONTAINER_FIELDS)
