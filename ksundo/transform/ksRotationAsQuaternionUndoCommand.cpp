@@ -15,6 +15,7 @@ osg::Transform3DPtr transformOf(const osg::NodePtr &node)
 
 void ksRotationAsQuaternionUndoCommand::makeMessage(ksMessage &message) const
 {
+    // The node stays out of this message. NOLINTNEXTLINE(bugprone-parent-virtual-call)
     ksUndoCommand::makeMessage(message);
     message.set("transformCommand", true, true);
 }
