@@ -8,6 +8,7 @@
 #include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string_view>
@@ -111,9 +112,11 @@ std::string ksFieldReader::text(const osg::Field &field)
     const auto bytes = plainBytes(field);
     const bool isLarge = bytes && bytes->size() > LongestText;
     std::string text = isLarge ? std::string() : readableText(field);
-    if (isLarge || text.size() > LongestText)
-        text = text.substr(0, LongestText) + "... (" + std::to_string(field.getSize()) + " values, hash " +
-               std::to_string(std::hash<std::string>()(content(field))) + ')';
+    if (isLarge || text.size() > LongestText) {
+        text.resize(std::min(text.size(), LongestText));
+        text += "... (" + std::to_string(field.getSize()) + " values, hash " +
+                std::to_string(std::hash<std::string>()(content(field))) + ')';
+    }
     return field.getCardinality() == osg::FieldType::MULTI_FIELD ? '[' + text + ']' : text;
 }
 

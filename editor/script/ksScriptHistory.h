@@ -7,6 +7,9 @@
 
 class ksScriptHost;
 
+// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
+// notification. clazy:excludeall=qproperty-without-notify
+
 /// The undo history in a script: the global object "history". Every step is checked.
 ///
 /// Besides what is declared here, a script has history.macro(text, function): what the function does becomes
