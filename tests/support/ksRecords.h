@@ -97,7 +97,7 @@ public:
     /// What the thread has recorded since the last time. Empties its list.
     ksRecords take()
     {
-        const ksRecords records = read(list());
+        ksRecords records = read(list());
         list().clearAll();
         return records;
     }

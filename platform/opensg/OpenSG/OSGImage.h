@@ -71,9 +71,8 @@ public:
     /// @param data      all pixels, copied; null leaves them zero
     /// @param type      a Type
     /// @param allocate  false: no pixels are kept
-    /// @return false, and no change, for an unknown format or type, a size or count below 1, and more bytes
-    /// than an
-    ///         Int32 counts
+    /// @return false, and no change, for an unknown format or type, a size or count below 1, and an image of
+    ///         more bytes than an Int32 counts
     bool set(UInt32 pixelFormat, Int32 width, Int32 height = 1, Int32 depth = 1, Int32 mipMapCount = 1,
              Int32 frameCount = 1, Time frameDelay = 0, const UInt8 *data = nullptr,
              Int32 type = OSG_UINT8_IMAGEDATA, bool allocate = true, Int32 sideCount = 1);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/ksRecords.h"
 
+#include <OpenSG/OSGAttachment.h>
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGLock.h>
 #include <OpenSG/OSGNode.h>
@@ -15,6 +16,29 @@
 #include <thread>
 #include <type_traits>
 #include <vector>
+
+OSG_BEGIN_NAMESPACE
+
+#define OSG_WITNESS_FIELDS(SF, MF)
+
+OSG_CONTAINER_POINTER(Witness, AttachmentPtr)
+OSG_CONTAINER_BASE(Witness, Attachment, OSG_WITNESS_FIELDS)
+
+/// Notes at its end how often a node is counted then.
+class Witness : public WitnessBase
+{
+    OSG_CONTAINER(Witness)
+
+public:
+    void onDestroy() override { countAtEnd = watched.getRefCount(); }
+
+    static inline NodePtr watched;
+    static inline Int32 countAtEnd = -1;
+};
+
+OSG_DEFINE_CONTAINER(Witness, Attachment, "", OSG_WITNESS_FIELDS)
+
+OSG_END_NAMESPACE
 
 namespace {
 
@@ -233,6 +257,57 @@ TEST(OSGFieldContainerPtr, SetRefdReleasesFirst)
     EXPECT_EQ(recorder.take(), ksRecords().subRef(2));
     NodePtr last = child;
     subRefCP(last);
+}
+
+TEST(OSGFieldContainerPtr, SetRefdTakesTheNewReferenceAfterTheRelease)
+{
+    const NodeRefPtr node = Node::create();
+    FieldContainerPtr target = Witness::create();
+    addRefCP(target);
+    Witness::watched = node;
+
+    setRefdCP(target, node.get());
+
+    EXPECT_EQ(Witness::countAtEnd, 1);
+    EXPECT_EQ(node.get().getRefCount(), 2);
+    clearRefCP(target);
+}
+
+TEST(OSGFieldContainerPtr, SetRefdTakesAHandleThatGoesWithTheOldContainer)
+{
+    const NodeRefPtr child = Node::create();
+    NodePtr target = Node::create();
+    addRefCP(target);
+    target->addChild(child);
+
+    setRefdCP(target, target->getChildren()[0]);
+
+    EXPECT_TRUE(target == child.get());
+    EXPECT_EQ(child.get().getRefCount(), 2);
+    clearRefCP(target);
+}
+
+TEST(OSGFieldContainerPtr, ReleasesThroughAHandleThatGoesWithTheContainer)
+{
+    const NodePtr parent = Node::create();
+    addRefCP(parent);
+    const UInt32 id = parent.getFieldContainerId();
+    parent->addChild(Node::create());
+
+    // The handle lies in the child, which the parent's end destroys.
+    subRefCP(parent->getChild(0)->getParent());
+
+    EXPECT_TRUE(FieldContainerFactory::the()->getContainer(id) == NullFC);
+    EXPECT_TRUE(FieldContainerFactory::the()->getContainer(id + 1) == NullFC);
+}
+
+TEST(OSGFieldContainerPtr, HandleSetToNullIsNullInEveryAspect)
+{
+    NodePtr node = Node::create();
+    subRefCP(node);
+    const AspectScope other(1);
+    EXPECT_TRUE(NodePtr::dcast(node) == NullFC);
+    EXPECT_TRUE(dynamic_fcptr_cast<AttachmentContainerPtr>(node) == NullFC);
 }
 
 TEST(OSGFieldContainerPtr, DeleteContainersIgnoresCountAndRecordsNothing)

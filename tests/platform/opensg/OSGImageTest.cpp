@@ -25,8 +25,14 @@ public:
     void changed(BitVector whichField, UInt32 origin) override
     {
         changes().emplace_back(whichField, origin);
+        if (leaves) {
+            leaves->getParents().clear();
+        }
         Inherited::changed(whichField, origin);
     }
+
+    /// The image that the handler takes all parents from; null: none.
+    static inline ImagePtr leaves;
 
     static std::vector<std::pair<BitVector, UInt32>> &changes()
     {
@@ -135,6 +141,14 @@ TEST_F(OSGImageTest, SetRefusesNonsense)
     EXPECT_EQ(image->getWidth(), 3);
 }
 
+TEST_F(OSGImageTest, SetRefusesMoreBytesThanItCanCount)
+{
+    EXPECT_FALSE(image->set(Image::OSG_RGB_PF, 40000, 40000));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 0x7FFFFFFF, 0x7FFFFFFF, 0x7FFFFFFF));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 20000, 20000, 1, 1, 10));
+    EXPECT_EQ(image->getWidth(), 0);
+}
+
 TEST_F(OSGImageTest, SetWithoutDataLeavesNoOldPixels)
 {
     const UInt8 pixels[] = {1, 2};
@@ -167,6 +181,24 @@ TEST_F(OSGImageTest, ChangeReachesTheFieldsThatHoldTheImage)
     EXPECT_EQ(Screen::changes(), (Changes{{Screen::RightFieldMask, ChangedOrigin::Child}}));
     image->subParent(screen.get(), Screen::LeftFieldId);
     EXPECT_EQ(image->getParents().size(), 1u);
+}
+
+TEST_F(OSGImageTest, ChangeReachesParentsWithoutAMarkWithAllFields)
+{
+    image->getParents().push_back(screen.get());
+    endEditCP(image, Image::NameFieldMask);
+    EXPECT_EQ(Screen::changes(), (Changes{{FieldBits::AllFields, ChangedOrigin::Child}}));
+}
+
+TEST_F(OSGImageTest, HandlersOfParentsMayEditTheParents)
+{
+    image->addParent(screen.get(), Screen::LeftFieldId);
+    image->addParent(screen.get(), Screen::RightFieldId);
+    Screen::leaves = image;
+    endEditCP(image, Image::NameFieldMask);
+    Screen::leaves = NullFC;
+    EXPECT_EQ(Screen::changes().size(), 2u);
+    EXPECT_TRUE(image->getParents().empty());
 }
 
 TEST_F(OSGImageTest, MaterialKeepsReferenceAndParent)

@@ -82,8 +82,13 @@ TEST(OSGColor, HasNamedComponents)
     Color3f color(0.1, 0.2, 0.3);
     color.green() = 1;
     EXPECT_EQ(color, Color3f(0.1, 1, 0.3));
+    const Color3f seen(color);
+    EXPECT_EQ(seen.red(), 0.1f);
+    EXPECT_EQ(seen.green(), 1);
+    EXPECT_EQ(seen.blue(), 0.3f);
     const Color4f more(0.1, 0.2, 0.3, 0.4);
     EXPECT_EQ(more.red(), 0.1f);
+    EXPECT_EQ(more.green(), 0.2f);
     EXPECT_EQ(more.blue(), 0.3f);
     EXPECT_EQ(more.alpha(), 0.4f);
 }
@@ -133,6 +138,18 @@ TEST(OSGQuaternion, RotatesAndCombines)
     vector = Vec3f(1, 0, 0);
     aboutZ.multVec(vector, vector);
     EXPECT_TRUE(vector.equals(Vec3f(0, 1, 0), Near));
+}
+
+TEST(OSGQuaternion, ProductRotatesLikeOneAfterTheOther)
+{
+    const Quaternion a(Vec3f(1, -2, 0.5), 0.8f);
+    const Quaternion b(Vec3f(0.3f, 1, 3), -1.3f);
+    Vec3f step;
+    b.multVec(Vec3f(3, 1, 2), step);
+    a.multVec(step, step);
+    Vec3f atOnce;
+    (a * b).multVec(Vec3f(3, 1, 2), atOnce);
+    EXPECT_TRUE(atOnce.equals(step, Near));
 }
 
 TEST(OSGQuaternion, Normalizes)
