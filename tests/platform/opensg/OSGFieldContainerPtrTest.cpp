@@ -24,13 +24,18 @@ OSG_BEGIN_NAMESPACE
 OSG_CONTAINER_POINTER(Witness, AttachmentPtr)
 OSG_CONTAINER_BASE(Witness, Attachment, OSG_WITNESS_FIELDS)
 
-/// Notes at its end how often a node is counted then.
+/// Notes at its end how often the watched node is counted then.
 class Witness : public WitnessBase
 {
     OSG_CONTAINER(Witness)
 
 public:
-    void onDestroy() override { countAtEnd = watched.getRefCount(); }
+    void onDestroy() override
+    {
+        if (watched != NullFC) {
+            countAtEnd = watched.getRefCount();
+        }
+    }
 
     static inline NodePtr watched;
     static inline Int32 countAtEnd = -1;
@@ -267,6 +272,8 @@ TEST(OSGFieldContainerPtr, SetRefdTakesTheNewReferenceAfterTheRelease)
     Witness::watched = node;
 
     setRefdCP(target, node.get());
+    // The prototype of the type ends after the node.
+    Witness::watched = NullFC;
 
     EXPECT_EQ(Witness::countAtEnd, 1);
     EXPECT_EQ(node.get().getRefCount(), 2);
