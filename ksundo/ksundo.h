@@ -16,6 +16,12 @@
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 #include <ksundo/field/ksFieldCast.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
+#include <ksundo/field/ksInvokeMultiCommand.h>
+#include <ksundo/field/ksInvokedMethod.h>
+#include <ksundo/field/ksStringFieldUndoCommand.h>
+#include <ksundo/field/ksStringsFieldUndoCommand.h>
+#include <ksundo/field/ksTextFieldUndoCommand.h>
 #include <ksundo/field/ksUndoUtil.h>
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>

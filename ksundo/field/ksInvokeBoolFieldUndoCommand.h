@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/field/ksBoolFieldUndoCommand.h>
+#include <ksundo/field/ksInvokedMethod.h>
+
+/// Switches a flag as ksBoolFieldUndoCommand does, and tells a Qt method of the application.
+///
+/// Every redo writes the field, then calls the method with the value written. **Undo does nothing**: it
+/// neither restores the field nor calls the method; redoing afterwards writes what the field held before the
+/// first redo. What the method does comes in the place of an undo of its own.
+///
+/// A method that is declared with one bool receives the value; one without parameters is called without it.
+/// When there is no such method, "Method not found: class::signature" is logged at construction, and only the
+/// field is written. A call that Qt refuses is logged as "Could not invoke: class::signature"; the field
+/// stays written.
+class KSUNDO_EXPORT ksInvokeBoolFieldUndoCommand : public ksBoolFieldUndoCommand
+{
+    KS_UNDO_COMMAND(ksInvokeBoolFieldUndoCommand)
+
+public:
+    /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
+    /// may be redone
+    /// \param method the name and the parameter types in parentheses, such as "setVisible(bool)"
+    ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container,
+                                 const std::string &fieldName, bool value, QObject *object,
+                                 const char *method, QUndoCommand *parent = nullptr);
+
+    /// The same, with an empty text.
+    ksInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, const std::string &fieldName, bool value,
+                                 QObject *object, const char *method, QUndoCommand *parent = nullptr);
+
+    /// Switches the field of \a container with the id \a fieldId, counted from 1.
+    ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
+                                 bool value, QObject *object, const char *method,
+                                 QUndoCommand *parent = nullptr);
+
+    /// The same, with an empty text.
+    ksInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, bool value, QObject *object,
+                                 const char *method, QUndoCommand *parent = nullptr);
+
+    /// Nothing.
+    void undo() override;
+    void redo() override;
+    bool mergeWith(const QUndoCommand *other) override;
+
+    /// Never.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+private:
+    ksInvokedMethod method;
+};

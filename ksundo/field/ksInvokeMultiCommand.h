@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/field/ksInvokedMethod.h>
+
+/// Several commands as one step, followed by a call of a Qt method of the application without arguments: the
+/// same one after redo and after undo.
+///
+/// When there is no such method, "Method not found: class::signature" is logged at construction, and only the
+/// children run. A call that Qt refuses is logged as "Could not invoke: class::signature"; what the children
+/// did stays.
+class KSUNDO_EXPORT ksInvokeMultiCommand : public ksMultiCommand
+{
+    KS_UNDO_COMMAND(ksInvokeMultiCommand)
+
+public:
+    /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
+    /// may be undone or redone
+    /// \param method the name and the parameter types in parentheses, such as "update()"
+    ksInvokeMultiCommand(const QString &text, QObject *object, const char *method);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    ksInvokedMethod method;
+};

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/field/ksInvokedMethod.h>
+
+#include <ksLog.h>
+
+#include <QByteArray>
+#include <QObject>
+
+#include <array>
+#include <cstddef>
+
+ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
+    : object(object)
+{
+    const QMetaObject *meta = object->metaObject();
+    const QByteArray normalized = QMetaObject::normalizedSignature(signature);
+    const int index = meta->indexOfMethod(normalized.constData());
+    if (index < 0) {
+        ksLog::error("Method not found: %s::%s", meta->className(), normalized.constData());
+        this->object = nullptr;
+        return;
+    }
+    method = meta->method(index);
+    if (method.parameterCount() == 1)
+        parameterType = method.parameterTypes().constFirst().toStdString();
+}
+
+void ksInvokedMethod::call() const
+{
+    invoke(QGenericArgument());
+}
+
+void ksInvokedMethod::call(bool argument) const
+{
+    if (parameterType.empty()) {
+        invoke(QGenericArgument());
+        return;
+    }
+    // An integer parameter reads more than a bool.
+    alignas(std::max_align_t) const std::array<bool, sizeof(std::max_align_t)> room{argument};
+    invoke(QGenericArgument(parameterType.c_str(), room.data()));
+}
+
+void ksInvokedMethod::invoke(QGenericArgument argument) const
+{
+    if (object == nullptr)
+        return;
+    if (!method.invoke(object, Qt::AutoConnection, argument))
+        ksLog::error("Could not invoke: %s::%s", object->metaObject()->className(),
+                     method.methodSignature().constData());
+}

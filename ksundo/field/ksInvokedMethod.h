@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/ksExport.h>
+
+#include <QMetaMethod>
+
+#include <string>
+
+class QObject;
+
+/// A method of an object that commands call, found by its signature in the object's meta-object.
+///
+/// The object is not owned and not watched: the caller keeps it alive as long as the method may be called.
+class KSUNDO_EXPORT ksInvokedMethod
+{
+public:
+    /// Looks for the method of \a object, which must not be null, with \a signature: its name and the types
+    /// of its parameters in parentheses. When there is none, "Method not found: class::signature" is logged
+    /// and the calls do nothing.
+    ksInvokedMethod(QObject *object, const char *signature);
+
+    /// Calls the method without arguments.
+    void call() const;
+
+    /// Calls the method with \a argument, which goes under the declared type of the parameter, whatever that
+    /// is, when the method takes exactly one; without arguments otherwise.
+    void call(bool argument) const;
+
+private:
+    void invoke(QGenericArgument argument) const;
+
+    QObject *object;
+    QMetaMethod method;
+    std::string parameterType;
+};
