@@ -6,9 +6,9 @@
 #include "ksMesh.h"
 #include "ksModelFile.h"
 #include "ksNodeSettingsImporter.h"
+#include "ksTransformImporter.h"
 
 #include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGTransform.h>
 
 #include <assimp/scene.h>
 
@@ -18,15 +18,6 @@
 #include <vector>
 
 namespace {
-
-osg::TransformPtr createTransform(const aiMatrix4x4 &m)
-{
-    const osg::TransformPtr transform = osg::Transform::create();
-    CPEdit(transform, osg::Transform::MatrixFieldMask);
-    transform->setMatrix(osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4,
-                                     m.d1, m.d2, m.d3, m.d4));
-    return transform;
-}
 
 osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,
                         const osg::ksNodeSettingsPtr &settings)
@@ -97,7 +88,7 @@ private:
     osg::NodePtr buildNode(const aiNode &source)
     {
         const std::string name = source.mName.C_Str();
-        const osg::NodePtr node = createNode(name, createTransform(source.mTransformation),
+        const osg::NodePtr node = createNode(name, ksTransformImporter::create(source, warn),
                                              ksNodeSettingsImporter::create(source, warn));
         CPEdit(node, osg::Node::ChildrenFieldMask);
         for (unsigned int i = 0; i < source.mNumChildren; ++i)

@@ -8,15 +8,15 @@
 
 /// Loads model files of every format that Assimp reads into the scene graph.
 ///
-/// A node of the model becomes a node with the same name, a Transform core and the same children in the same
-/// order. Its meshes and its light become further children behind those, which have the mesh or light as
+/// A node of the model becomes a node with the same name, a Transform3D core and the same children in the
+/// same order. Its meshes and its light become further children behind those, which have the mesh or light as
 /// their core. Meshes, materials and images that the model uses several times are shared. Every node has
 /// settings, see osg::ksNodeSettings; those of a light's node hold the light's intensity.
 class ksSceneImporter
 {
 public:
     /// What is left out of a scene is reported to \a reportTo: textures that cannot be read, lights without a
-    /// place, settings with unfit values.
+    /// place, settings with unfit values, matrices that no transform gives.
     explicit ksSceneImporter(ksWarn reportTo);
 
     /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read.

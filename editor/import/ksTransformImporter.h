@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksWarn.h"
+
+#include <OSGTransform3D.h>
+
+struct aiNode;
+
+/// Makes the transforms of nodes of a model file.
+class ksTransformImporter
+{
+public:
+    ksTransformImporter() = delete;
+
+    /// A new transform whose matrix is that of \a node, put together from components: translation, Euler
+    /// angles and the rotation that these give bit for bit, as if a user had set them, scale and shear. Where
+    /// no components give the matrix, see osg::Transform3D::decompose(), it is left out with a warning.
+    static osg::Transform3DPtr create(const aiNode &node, const ksWarn &warn);
+};
