@@ -91,6 +91,16 @@ osg::NodePtr ksNodeUtils::findTransform(osg::NodePtr node)
     return node;
 }
 
+bool ksNodeUtils::hasParent(const osg::NodePtr &node, const osg::NodePtr &ancestor)
+{
+    if (!node || !ancestor)
+        return false;
+    osg::NodePtr parent = node->getParent();
+    while (parent && parent != ancestor)
+        parent = parent->getParent();
+    return parent == ancestor;
+}
+
 osg::Transform3DPtr ksNodeUtils::getTransform3D(const osg::NodePtr &node, int index)
 {
     if (!node)

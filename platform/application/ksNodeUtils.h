@@ -32,6 +32,10 @@ public:
     /// for a null node.
     static osg::NodePtr findTransform(osg::NodePtr node);
 
+    /// Whether \a ancestor is the node's parent, or further above it. A node is not above itself. False for
+    /// null nodes.
+    static bool hasParent(const osg::NodePtr &node, const osg::NodePtr &ancestor);
+
     /// The transform that \a index means, or null.
     static osg::Transform3DPtr getTransform3D(const osg::NodePtr &node, int index);
 

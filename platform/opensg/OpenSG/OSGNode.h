@@ -6,6 +6,25 @@
 
 OSG_BEGIN_NAMESPACE
 
+/// Bits of a node's external flags. The others are free for applications.
+namespace NodeExternalFlags {
+
+/// The node stands for another one whose core it shares.
+constexpr UInt32 Instance = 0x2;
+
+/// The node is the visibility reference of a light.
+constexpr UInt32 VisibilityReference = 0x10;
+
+} // namespace NodeExternalFlags
+
+/// Bits of a node's internal flags, which are the application's own marks.
+namespace NodeInternalFlags {
+
+/// The node must not take the place of an instance that shares its core.
+constexpr UInt32 ExcludedFromInstanceSubstitution = 0x1000;
+
+} // namespace NodeInternalFlags
+
 typedef DeclaredField<SFUInt32, SFBool> NodeTravMaskField;
 
 #define OSG_NODE_FIELDS(SF, MF)                                        \
@@ -14,7 +33,8 @@ typedef DeclaredField<SFUInt32, SFBool> NodeTravMaskField;
     SF(InternalField<SFNodePtr>, parent, Parent, NullFC)               \
     MF(MFNodePtr, children, Children)                                  \
     SF(SFNodeCorePtr, core, Core, NullFC)                              \
-    SF(SFUInt32, externalFlags, ExternalFlags, 0)
+    SF(SFUInt32, externalFlags, ExternalFlags, 0)                      \
+    SF(SFUInt32, internalFlags, InternalFlags, 0)
 
 OSG_CONTAINER_BASE(Node, AttachmentContainer, OSG_NODE_FIELDS)
 

@@ -70,7 +70,7 @@ TEST_F(OSGFieldDescriptionTest, GivesTheFieldOfAnObjectAndOfAHandle)
     EXPECT_EQ(node->getField("externalFlags"), node->getSFExternalFlags());
     EXPECT_EQ(flags.getField(FieldContainerPtr()), nullptr);
     EXPECT_EQ(node->getField(0u), nullptr);
-    EXPECT_EQ(node->getField(8), nullptr);
+    EXPECT_EQ(node->getField(Node::NextFieldId), nullptr);
     EXPECT_EQ(node->getField("ExternalFlags"), nullptr);
     EXPECT_TRUE(lines.empty());
 }

@@ -66,6 +66,7 @@ TEST_F(OSGNodeTest, NewNodeIsBare)
     EXPECT_EQ(d->getNChildren(), 0u);
     EXPECT_EQ(d->getTravMask(), 0xFFFFFFFFu);
     EXPECT_EQ(d->getExternalFlags(), 0u);
+    EXPECT_EQ(d->getInternalFlags(), 0u);
     EXPECT_FALSE(d->getVolume().isValid());
 }
 

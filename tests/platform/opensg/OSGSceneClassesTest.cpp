@@ -42,7 +42,7 @@ const ClassRow classes[] = {
      "Node",
      false,
      {"volume SFDynamicVolume", "travMask SFBool/SFUInt32", "parent SFNodePtr (i)", "children MFNodePtr",
-      "core SFNodeCorePtr", "externalFlags SFUInt32"}},
+      "core SFNodeCorePtr", "externalFlags SFUInt32", "internalFlags SFUInt32"}},
     {"NodeCore", "AttachmentContainer", "NodeCore", true, {"parents MFNodePtr (i)"}},
     {"Group", "NodeCore", "Group", false, {}},
     {"Transform", "Group", "Transform", false, {"matrix SFMatrix"}},
@@ -199,7 +199,8 @@ TEST(OSGSceneClasses, IdsAndMasksAreConstants)
     static_assert(Node::ChildrenFieldId == 5 && Node::ChildrenFieldMask == 0x20);
     static_assert(Node::CoreFieldId == 6 && Node::CoreFieldMask == 0x40);
     static_assert(Node::ExternalFlagsFieldId == 7 && Node::ExternalFlagsFieldMask == 0x80);
-    static_assert(Node::NextFieldId == 8);
+    static_assert(Node::InternalFlagsFieldId == 8 && Node::InternalFlagsFieldMask == 0x100);
+    static_assert(Node::NextFieldId == 9);
     static_assert(NodeCore::ParentsFieldId == 2);
     static_assert(Group::NextFieldId == 3);
     static_assert(Transform::MatrixFieldId == 3 && Switch::ChoiceFieldId == 3);
