@@ -40,7 +40,7 @@ osg::Field &findField(const osg::FieldContainerPtr &container, const QString &na
 } // namespace
 
 ksUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainerPtr &container,
-                                  const QString &field, const QVariant &value, Merging merging,
+                                  const QString &field, const QVariant &value, ksMerging merging,
                                   QUndoCommand *parent)
 {
     osg::Field &target = findField(container, field);
@@ -64,10 +64,7 @@ ksUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainer
             refuseValue(target, field, value);
         command = new ksBoolFieldUndoCommand(text, container, name, value.toBool(), parent);
     }
-
-    command->setMergeEnabled(merging == Merging::WithPrevious);
-    command->setMergeResponseDelta(-1);
-    return command;
+    return ksMergingAs(merging, command);
 }
 
 QString ksFieldEdits::defaultText(const osg::FieldContainerPtr &container, const QString &field)

@@ -1,25 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ksMerging.h"
+
 #include <OpenSG/OSGFieldContainerPtr.h>
 
 #include <QString>
 #include <QVariant>
 
 class QUndoCommand;
-class ksUndoCommand;
 
 /// The edits of single fields that the editor offers, whatever the field's type.
 namespace ksFieldEdits {
-
-/// Whether an edit may become one step with the edit before it.
-enum class Merging
-{
-    Never,
-
-    /// When the edit before it is of the same field, however long ago it was.
-    WithPrevious
-};
 
 /// The command that sets the field of \a container called \a field to \a value: a number, or a bool for a
 /// bool field. Integers of 64 bits may be given as text. The caller owns the command unless there is a \a
@@ -28,7 +20,7 @@ enum class Merging
 /// Throws ksEditorError, which says why, when the container has no such field, the field is of a type that
 /// cannot be edited, or the value does not fit it.
 ksUndoCommand *make(const QString &text, const osg::FieldContainerPtr &container, const QString &field,
-                    const QVariant &value, Merging merging, QUndoCommand *parent = nullptr);
+                    const QVariant &value, ksMerging merging, QUndoCommand *parent = nullptr);
 
 /// The text of an edit of \a container's field \a field that has been given none.
 QString defaultText(const osg::FieldContainerPtr &container, const QString &field);

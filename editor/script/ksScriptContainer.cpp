@@ -4,6 +4,7 @@
 #include "ksCheckedHistory.h"
 #include "ksContainers.h"
 #include "ksEditorError.h"
+#include "ksFieldEdits.h"
 #include "ksFieldReader.h"
 #include "ksMesh.h"
 #include "ksScriptHost.h"
@@ -163,7 +164,7 @@ QJSValue ksScriptContainer::get(const QString &fieldName) const
 
 void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
 {
-    host.guard([&] { edit(field, value, text, ksFieldEdits::Merging::Never); });
+    host.guard([&] { edit(field, value, text, ksMerging::Never); });
 }
 
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QString &text)
@@ -171,17 +172,17 @@ void ksScriptContainer::drag(const QString &field, const QJSValue &values, const
     host.guard([&] {
         if (!values.isArray())
             throw ksEditorError("the values of a drag are an array");
-        auto merging = ksFieldEdits::Merging::Never;
+        auto merging = ksMerging::Never;
         const quint32 count = values.property(QStringLiteral("length")).toUInt();
         for (quint32 i = 0; i < count; ++i) {
             edit(field, values.property(i), text, merging);
-            merging = ksFieldEdits::Merging::WithPrevious;
+            merging = ksMerging::WithPrevious;
         }
     });
 }
 
 void ksScriptContainer::edit(const QString &field, const QJSValue &value, const QString &text,
-                             ksFieldEdits::Merging merging)
+                             ksMerging merging)
 {
     const osg::FieldContainerPtr target = container();
     const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, field) : text;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksFieldEdits.h"
+#include "ksMerging.h"
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 
@@ -86,8 +86,7 @@ private:
     auto guarded(const Read &read) const;
 
     QJSValue fieldValue(const char *name) const;
-    void edit(const QString &field, const QJSValue &value, const QString &text,
-              ksFieldEdits::Merging merging);
+    void edit(const QString &field, const QJSValue &value, const QString &text, ksMerging merging);
 
     ksScriptHost &host;
     const osg::UInt32 containerId;

@@ -83,9 +83,9 @@ void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool mer
             const auto *target = qobject_cast<ksScriptContainer *>(entry.property(0).toQObject());
             if (target == nullptr)
                 throw ksEditorError("an edit of a batch is an array of a container, a field and a value");
-            ksFieldEdits::make(
-                text, target->container(), entry.property(1).toString(), entry.property(2).toVariant(),
-                merging ? ksFieldEdits::Merging::WithPrevious : ksFieldEdits::Merging::Never, batch.get());
+            ksFieldEdits::make(text, target->container(), entry.property(1).toString(),
+                               entry.property(2).toVariant(),
+                               merging ? ksMerging::WithPrevious : ksMerging::Never, batch.get());
         }
         host.history().add(batch.release());
     });

@@ -11,8 +11,6 @@
 
 namespace {
 
-using ksFieldEdits::Merging;
-
 class ksFieldEditsTest : public ksEditorFixture
 {
 protected:
@@ -21,7 +19,7 @@ protected:
     std::unique_ptr<ksUndoCommand> make(const char *field, const QVariant &value) const
     {
         return std::unique_ptr<ksUndoCommand>(ksFieldEdits::make(
-            QStringLiteral("Edit"), childSettings(), QString::fromLatin1(field), value, Merging::Never));
+            QStringLiteral("Edit"), childSettings(), QString::fromLatin1(field), value, ksMerging::Never));
     }
 
     template <class CommandT>
@@ -35,7 +33,7 @@ protected:
         return ksErrorOf([&] { make(field, value); });
     }
 
-    void push(float opacity, Merging merging) const
+    void push(float opacity, ksMerging merging) const
     {
         ksUndoStack::get(0)->add(
             ksFieldEdits::make(QString(), childSettings(), QStringLiteral("opacity"), opacity, merging));
@@ -83,7 +81,7 @@ TEST_F(ksFieldEditsTest, RefuseFieldsThatCannotBeEdited)
     EXPECT_EQ(refusal("layers", 1), label + " has no field 'layers' that can be edited");
     EXPECT_EQ(refusal("parents", 1), label + " has no field 'parents' that can be edited");
     EXPECT_EQ(ksErrorOf([this] {
-                  ksFieldEdits::make(QString(), child, QStringLiteral("core"), 1, Merging::Never);
+                  ksFieldEdits::make(QString(), child, QStringLiteral("core"), 1, ksMerging::Never);
               }),
               "the field 'core' of " + ksContainers::label(child).toStdString() +
                   " is an SFNodeCorePtr, which cannot be edited");
@@ -91,10 +89,10 @@ TEST_F(ksFieldEditsTest, RefuseFieldsThatCannotBeEdited)
 
 TEST_F(ksFieldEditsTest, MergeOnlyWhenAsked)
 {
-    push(0.5F, Merging::Never);
-    push(0.25F, Merging::Never);
+    push(0.5F, ksMerging::Never);
+    push(0.25F, ksMerging::Never);
     EXPECT_EQ(ksUndoStack::get(0)->count(), 2);
-    push(0.125F, Merging::WithPrevious);
+    push(0.125F, ksMerging::WithPrevious);
     EXPECT_EQ(ksUndoStack::get(0)->count(), 2);
     ksUndoStack::get(0)->undo();
     EXPECT_EQ(childSettings()->getOpacity(), 0.5F);

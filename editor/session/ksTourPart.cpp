@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "ksTourPart.h"
+
+#include "ksCheckedHistory.h"
+#include "ksFieldEdits.h"
+
+#include <QUndoCommand>
+
+ksTourPart::ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets)
+    : history(checkedHistory)
+    , targets(chosenTargets)
+{}
+
+QString ksTourPart::text(const osg::FieldContainerPtr &container, const char *field)
+{
+    return ksFieldEdits::defaultText(container, QString::fromLatin1(field));
+}
+
+void ksTourPart::add(QUndoCommand *command, int grown)
+{
+    const int before = history.stack()->count();
+    history.add(command);
+    verifyGrowth(before, grown);
+}
+
+void ksTourPart::drag(int events, const std::function<QUndoCommand *(int event)> &make)
+{
+    const int before = history.stack()->count();
+    QUndoCommand *first = make(0);
+    history.step(QStringLiteral("drag \"%1\", %2 events").arg(first->text()).arg(events), [&] {
+        history.stack()->add(first);
+        for (int event = 1; event < events; ++event)
+            history.stack()->add(make(event));
+    });
+    verifyGrowth(before, 1);
+}
+
+void ksTourPart::verifyGrowth(int before, int grown)
+{
+    history.verify(history.stack()->count() == before + grown,
+                   grown == 0 ? QStringLiteral("it merged into the step before")
+                              : QStringLiteral("it is a step of its own"));
+}

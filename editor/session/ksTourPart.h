@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksTourTargets.h"
+
+#include <QString>
+
+#include <functional>
+
+class QUndoCommand;
+class ksCheckedHistory;
+
+/// What the parts of a tour have in common: the history that they edit through, and the containers that they
+/// edit.
+class ksTourPart
+{
+public:
+    /// Both must outlive the part.
+    ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets);
+
+protected:
+    /// The text of an edit of \a container's field \a field.
+    static QString text(const osg::FieldContainerPtr &container, const char *field);
+
+    /// Adds \a command and verifies that the stack has \a grown by that many commands.
+    void add(QUndoCommand *command, int grown);
+
+    /// Adds the commands that \a make gives for the numbers from 0 to \a events - 1, as one step of the
+    /// transcript, and verifies that they became one command.
+    void drag(int events, const std::function<QUndoCommand *(int event)> &make);
+
+    ksCheckedHistory &history;
+    const ksTourTargets &targets;
+
+private:
+    void verifyGrowth(int before, int grown);
+};
