@@ -3,6 +3,7 @@
 
 /// Everything public of the library.
 
+#include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 #include <ksundo/core/NodeUtils.h>
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksHeldReference.h>
@@ -16,6 +17,7 @@
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 #include <ksundo/field/ksFieldCast.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksImageFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
 #include <ksundo/field/ksInvokedMethod.h>
@@ -23,6 +25,17 @@
 #include <ksundo/field/ksStringsFieldUndoCommand.h>
 #include <ksundo/field/ksTextFieldUndoCommand.h>
 #include <ksundo/field/ksUndoUtil.h>
+#include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
+#include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
+#include <ksundo/light/ksLightValueUndoCommands.h>
+#include <ksundo/light/ksLinkSetList.h>
+#include <ksundo/material/ksColorComponentUndoCommand.h>
+#include <ksundo/material/ksContainerContext.h>
+#include <ksundo/material/ksMaterialMultiUndoCommand.h>
+#include <ksundo/material/ksMaterialUndoCommand.h>
+#include <ksundo/material/ksSetEnvironmentUndoCommand.h>
+#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+#include <ksundo/tag/ksTagUndoCommands.h>
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksFunctionUndoCommand.h>
@@ -34,4 +47,5 @@
 #include <ksundo/transform/ksTransformVariantMoveCommand.h>
 #include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
 #include <ksundo/transform/ksTransformVariantOptionsUndoCommand.h>
+#include <ksundo/transform/ksTransformVariantPlace.h>
 #include <ksundo/transform/ksTransformationUndoCommand.h>

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksTouch.h>
+
+#include <algorithm>
+
+namespace {
+
+using Objects = std::vector<ksHeldReference<osg::ConstraintObjectPtr>>;
+
+void hold(Objects &objects, const osg::ConstraintObjectPtr &found)
+{
+    if (found != osg::NullFC)
+        objects.emplace_back(found);
+}
+
+void sort(Objects &objects)
+{
+    std::sort(objects.begin(), objects.end(),
+              [](const auto &left, const auto &right) { return left.get() < right.get(); });
+}
+
+/// Calls \a operation once with each of the objects that still exist.
+template <class Operation>
+void forEach(const Objects &objects, Operation operation)
+{
+    osg::ConstraintObjectPtr previous;
+    for (const auto &reference : objects) {
+        const osg::ConstraintObjectPtr object = reference.get();
+        if (object != osg::NullFC && object != previous)
+            operation(object);
+        previous = object;
+    }
+}
+
+} // namespace
+
+ksDeleteConstraintReferenceUndoCommand::ksDeleteConstraintReferenceUndoCommand(
+    osg::AbstractConstraintPtr constraint, const std::vector<osg::AttachmentContainerPtr> &nodes,
+    QUndoCommand *parent)
+    : ksUndoCommand(QStringLiteral("Remove References from Constraint"), parent)
+    , constraintId(constraint.getFieldContainerId())
+{
+    if (constraint != osg::NullFC)
+        init(constraint, nodes);
+}
+
+void ksDeleteConstraintReferenceUndoCommand::undo()
+{
+    apply(false);
+}
+
+void ksDeleteConstraintReferenceUndoCommand::redo()
+{
+    apply(true);
+}
+
+bool ksDeleteConstraintReferenceUndoCommand::canMergeWith(const QUndoCommand *) const
+{
+    return false;
+}
+
+void ksDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintPtr &constraint,
+                                                  const std::vector<osg::AttachmentContainerPtr> &nodes)
+{
+    const auto aim = osg::AimConstraintPtr::dcast(constraint);
+    for (const osg::AttachmentContainerPtr &node : nodes) {
+        if (node == osg::NullFC)
+            continue;
+        hold(sources, constraint->findSourceConstraintObject(node));
+        if (constraint->hasTarget(node))
+            target.emplace_back(constraint->getTarget());
+        if (aim != osg::NullFC)
+            hold(upVectorObjects, aim->findUpVectorConstraintObject(node));
+    }
+    sort(sources);
+    sort(upVectorObjects);
+}
+
+void ksDeleteConstraintReferenceUndoCommand::apply(bool removing) const
+{
+    const auto constraint = ksFindContainer<osg::AbstractConstraintPtr>(constraintId);
+    if (constraint == osg::NullFC)
+        return;
+    if (!sources.empty()) {
+        forEach(sources, [&](const osg::ConstraintObjectPtr &object) {
+            removing ? constraint->removeSourceObject(object) : constraint->addSourceObject(object);
+        });
+        ksTouch(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
+    }
+    const auto aim = osg::AimConstraintPtr::dcast(constraint);
+    if (!upVectorObjects.empty() && aim != osg::NullFC) {
+        forEach(upVectorObjects, [&](const osg::ConstraintObjectPtr &object) {
+            removing ? aim->removeUpVectorObject(object) : aim->addUpVectorObject(object);
+        });
+        ksTouch(constraint, osg::AimConstraintBase::UpVectorSourcesFieldMask);
+    }
+    if (!target.empty()) {
+        osg::setRefdCP(constraint->getSFTarget()->getValue(),
+                       removing ? osg::AttachmentContainerPtr() : target.front().get());
+        ksTouch(constraint, osg::AbstractConstraintBase::TargetFieldMask);
+    }
+}

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksHeldReference.h>
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OSGAimConstraint.h>
+
+#include <vector>
+
+/// Removes nodes from a constraint that refers to them: as its sources, as its target, and, if it is an aim
+/// constraint, as its up vector objects. "Remove References from Constraint".
+///
+/// What refers to the nodes is settled when the command is built. It keeps those constraint objects and the
+/// target alive, and undo puts the very same ones back, where the constraint's add operations put them. A
+/// constraint that has gone, or was null, makes a step a silent no-op. The command never merges.
+class KSUNDO_EXPORT ksDeleteConstraintReferenceUndoCommand : public ksUndoCommand
+{
+    KS_UNDO_COMMAND(ksDeleteConstraintReferenceUndoCommand)
+
+public:
+    /// \param nodes null ones are passed over
+    ksDeleteConstraintReferenceUndoCommand(osg::AbstractConstraintPtr constraint,
+                                           const std::vector<osg::AttachmentContainerPtr> &nodes,
+                                           QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+    /// Never.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+private:
+    /// One reference for each time that a container was found. Those to constraint objects are in the order
+    /// of the handles.
+    template <class PtrT>
+    using References = std::vector<ksHeldReference<PtrT>>;
+
+    void init(const osg::AbstractConstraintPtr &constraint,
+              const std::vector<osg::AttachmentContainerPtr> &nodes);
+    void apply(bool removing) const;
+
+    osg::UInt32 constraintId;
+    References<osg::AttachmentContainerPtr> target;
+    References<osg::ConstraintObjectPtr> upVectorObjects;
+    References<osg::ConstraintObjectPtr> sources;
+};

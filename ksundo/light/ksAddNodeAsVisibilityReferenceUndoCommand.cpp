@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksTouch.h>
+#include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
+
+#include <ksMessage.h>
+
+ksAddNodeAsVisibilityReferenceUndoCommand::ksAddNodeAsVisibilityReferenceUndoCommand(osg::UberLightPtr light,
+                                                                                     osg::NodePtr node,
+                                                                                     bool remove,
+                                                                                     QUndoCommand *parent)
+    : ksUndoCommand(QStringLiteral("Add Node as Visibility Reference"), parent)
+    , lightId(light.getFieldContainerId())
+    , nodeId(node.getFieldContainerId())
+    , remove(remove)
+{}
+
+void ksAddNodeAsVisibilityReferenceUndoCommand::undo()
+{
+    apply(!remove);
+}
+
+void ksAddNodeAsVisibilityReferenceUndoCommand::redo()
+{
+    apply(remove);
+}
+
+void ksAddNodeAsVisibilityReferenceUndoCommand::makeMessage(ksMessage &message) const
+{
+    ksUndoCommand::makeMessage(message);
+    message.set("lightCommand", lightId, true);
+}
+
+bool ksAddNodeAsVisibilityReferenceUndoCommand::canMergeWith(const QUndoCommand *) const
+{
+    return false;
+}
+
+void ksAddNodeAsVisibilityReferenceUndoCommand::apply(bool removing) const
+{
+    const auto light = ksFindContainer<osg::UberLightPtr>(lightId);
+    const auto node = ksFindContainer<osg::NodePtr>(nodeId);
+    if (light == osg::NullFC || node == osg::NullFC)
+        return;
+    osg::NodePtr &reference = light->getSFVisibilityReference()->getValue();
+    const osg::UInt32 flags = node->getExternalFlags();
+    if (removing) {
+        osg::setRefdCP(reference, osg::NodePtr());
+        node->setExternalFlags(flags & ~osg::NodeExternalFlags::VisibilityReference);
+    } else {
+        osg::setRefdCP(reference, node);
+        node->setExternalFlags(flags | osg::NodeExternalFlags::VisibilityReference);
+        ksTouch(node, osg::Node::ExternalFlagsFieldMask);
+    }
+    ksTouch(light, osg::UberLightBase::VisibilityReferenceFieldMask);
+    ksTouch(node, osg::Node::ExternalFlagsFieldMask);
+}

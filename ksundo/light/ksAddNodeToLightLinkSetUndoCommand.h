@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/light/ksLinkSetList.h>
+
+#include <OSGLightLinkSet.h>
+
+#include <vector>
+
+/// Adds nodes to one of the two lists of a light link set, its lights or its scene nodes, or removes them.
+///
+/// Undo does the opposite; nodes that were removed come back at the positions that they had when the command
+/// was built. Which nodes the command acts on is settled then, too:
+///  - null nodes are left out;
+///  - so is the root of the scene graph, with "Cannot add Root to Light Link Set." in the log;
+///  - in the list of lights, a node that is an instance is replaced by the one node below the scene root that
+///    shares its core and is neither an instance nor excluded from the substitution; without such a node, or
+///    with several, it is left out;
+///  - when adding, so is a node that the list already holds.
+///
+/// A link set that has gone, or was null, makes a step a silent no-op; a node that has gone is passed over.
+class KSUNDO_EXPORT ksAddNodeToLightLinkSetUndoCommand : public ksUndoCommand
+{
+    KS_UNDO_COMMAND(ksAddNodeToLightLinkSetUndoCommand)
+
+public:
+    /// \param list 3 for the lights; any other number for the scene nodes
+    /// \param remove false: redo adds the nodes; true: redo removes them
+    ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, const std::vector<osg::NodePtr> &nodes,
+                                       unsigned int list, bool remove, QUndoCommand *parent = nullptr);
+
+    /// The same for one node.
+    ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, osg::NodePtr node, unsigned int list,
+                                       bool remove, QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+    /// Adds "id", then "lightlinkset", the link set's id as unsigned int, 0 for none.
+    void makeMessage(ksMessage &message) const override;
+
+    /// Never.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+private:
+    using List = ksLinkSetList<osg::LightLinkSetPtr>;
+
+    void init(const osg::LightLinkSetPtr &set, const std::vector<osg::NodePtr> &nodes);
+    void apply(bool removing) const;
+    List::Nodes livingNodes() const;
+    List::PlacedNodes removedNodes() const;
+
+    osg::UInt32 setId;
+    bool remove;
+    std::vector<osg::UInt32> nodeIds;
+    /// One per node when removing, -1 for a node that was not in the list; none when adding.
+    std::vector<int> insertPositions;
+    bool sceneNodes;
+};

@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+
+/// Runs one field command on a colour component, and tells which component of which container that concerns.
+/// Nothing but the inner command's own container is notified. Two such commands merge when component, parent
+/// container and inner commands do.
+class KSUNDO_EXPORT ksColorComponentUndoCommand : public ksWrappedFieldUndoCommand
+{
+    KS_UNDO_COMMAND(ksColorComponentUndoCommand)
+
+public:
+    /// Takes over \a command, which must not be null if this one is to run.
+    ksColorComponentUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
+                                osg::FieldContainerPtr component, osg::FieldContainerPtr parentContainer,
+                                QUndoCommand *parent = nullptr);
+
+    /// Adds "id" and "container", then, unless they were null, "component" and "parent".
+    void makeMessage(ksMessage &message) const override;
+};

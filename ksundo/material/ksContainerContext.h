@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/ksExport.h>
+
+#include <OpenSG/OSGFieldContainerPtr.h>
+
+class ksMessage;
+
+/// The two containers in whose context a command changes a third one. They are known by their ids; null ones
+/// have the id 0.
+class KSUNDO_EXPORT ksContainerContext
+{
+public:
+    /// Tells the scene graph that the fields \a mask of the container with the id \a containerId have
+    /// changed, as the end of an edit does; no value is changed. Does nothing when there is no such
+    /// container.
+    void touch(unsigned int containerId, unsigned long long mask) const;
+
+protected:
+    ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second);
+
+    bool isSameContext(const ksContainerContext &other) const;
+
+    /// Adds the ids that are not 0 as unsigned int.
+    void addContext(ksMessage &message, const char *firstKey, const char *secondKey) const;
+
+    /// Touches the colour components of the first container, a material, after the planar projection of the
+    /// second one, its component settings.
+    void touchMaterial() const;
+
+private:
+    osg::UInt32 firstId;
+    osg::UInt32 secondId;
+};

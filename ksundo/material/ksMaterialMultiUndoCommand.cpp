@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/material/ksMaterialMultiUndoCommand.h>
+
+ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
+                                                       osg::FieldContainerPtr componentSettings)
+    : ksMultiCommand(text)
+    , ksContainerContext(material, componentSettings)
+{}
+
+void ksMaterialMultiUndoCommand::undo()
+{
+    ksMultiCommand::undo();
+    touchMaterial();
+}
+
+void ksMaterialMultiUndoCommand::redo()
+{
+    ksMultiCommand::redo();
+    touchMaterial();
+}
+
+bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)
+{
+    return other->id() == id() && isSameContext(*static_cast<const ksMaterialMultiUndoCommand *>(other)) &&
+           ksMultiCommand::mergeWith(other);
+}
+
+void ksMaterialMultiUndoCommand::makeMessage(ksMessage &message) const
+{
+    ksMultiCommand::makeMessage(message);
+    addContext(message, "material", "componentSettings");
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/material/ksContainerContext.h>
+
+/// Several commands on parts of a material as one step, after which the component settings and the material
+/// are touched as by ksMaterialUndoCommand. Two such commands merge when material, settings and all children
+/// do.
+class KSUNDO_EXPORT ksMaterialMultiUndoCommand : public ksMultiCommand, public ksContainerContext
+{
+    KS_UNDO_COMMAND(ksMaterialMultiUndoCommand)
+
+public:
+    ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
+                               osg::FieldContainerPtr componentSettings);
+
+    void undo() override;
+    void redo() override;
+    bool mergeWith(const QUndoCommand *other) override;
+
+    /// Adds what ksMultiCommand does, then, unless they were null, "material" and "componentSettings".
+    void makeMessage(ksMessage &message) const override;
+};

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/material/ksMaterialUndoCommand.h>
+
+ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
+                                             osg::FieldContainerPtr material,
+                                             osg::FieldContainerPtr componentSettings, QUndoCommand *parent)
+    : ksWrappedFieldUndoCommand(text, command, material, componentSettings, parent)
+{}
+
+void ksMaterialUndoCommand::undo()
+{
+    ksWrappedFieldUndoCommand::undo();
+    touchMaterial();
+}
+
+void ksMaterialUndoCommand::redo()
+{
+    ksWrappedFieldUndoCommand::redo();
+    touchMaterial();
+}
+
+void ksMaterialUndoCommand::makeMessage(ksMessage &message) const
+{
+    ksWrappedFieldUndoCommand::makeMessage(message);
+    addContext(message, "material", "componentSettings");
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+
+/// Runs one field command on a part of a material, and touches the component settings and the material
+/// afterwards, so that both take notice of the change.
+///
+/// Touched are the planar projection of the settings, then the colour components of the material. Containers
+/// that have gone, or were null, are passed over. Two such commands merge when material, settings and inner
+/// commands do.
+class KSUNDO_EXPORT ksMaterialUndoCommand : public ksWrappedFieldUndoCommand
+{
+    KS_UNDO_COMMAND(ksMaterialUndoCommand)
+
+public:
+    /// Takes over \a command, which must not be null if this one is to run.
+    ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
+                          osg::FieldContainerPtr material, osg::FieldContainerPtr componentSettings,
+                          QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+    /// Adds "id" and "container", then, unless they were null, "material" and "componentSettings".
+    void makeMessage(ksMessage &message) const override;
+};

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OSGUBRDFMaterial.h>
+#include <OpenSG/OSGMaterial.h>
+
+/// Sets the environment of a physically based material: "Change Environment".
+///
+/// Undo sets the environment that the material had when the command was built, or none. The command keeps
+/// none of the materials alive: an environment that has gone is set as none, and without the material a step
+/// is a silent no-op. It never merges.
+class KSUNDO_EXPORT ksSetEnvironmentUndoCommand : public ksUndoCommand
+{
+    KS_UNDO_COMMAND(ksSetEnvironmentUndoCommand)
+
+public:
+    /// Neither \a material nor \a environment may be null.
+    ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material, osg::MaterialPtr environment,
+                                QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+    /// Adds "id", then, unless it was null, "material", the material's id as unsigned int.
+    void makeMessage(ksMessage &message) const override;
+
+    /// Never.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+private:
+    void apply(osg::UInt32 environmentId) const;
+
+    osg::UInt32 materialId;
+    osg::UInt32 oldEnvironmentId;
+    osg::UInt32 newEnvironmentId;
+};

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/field/ksFieldBaseUndoCommand.h>
+#include <ksundo/material/ksContainerContext.h>
+
+#include <memory>
+
+/// Base class of the commands that run one field command, the inner one, in the context of two containers.
+class KSUNDO_EXPORT ksWrappedFieldUndoCommand : public ksUndoCommand, public ksContainerContext
+{
+public:
+    void undo() override;
+    void redo() override;
+
+    /// Lets the inner command absorb the inner command of \a other.
+    bool mergeWith(const QUndoCommand *other) override;
+
+    /// Adds "id", then "container", the id of the container that the inner command changes as unsigned int.
+    void makeMessage(ksMessage &message) const override;
+
+    /// Demands, beyond ksUndoCommand's conditions, the same context, and that the inner commands can merge.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+protected:
+    /// Takes over \a command. A command that is null may be destroyed, but nothing else.
+    ksWrappedFieldUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
+                              const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second,
+                              QUndoCommand *parent);
+
+private:
+    std::unique_ptr<ksFieldBaseUndoCommand> command;
+};

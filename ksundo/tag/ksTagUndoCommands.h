@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksHeldReference.h>
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OSGTagAttachment.h>
+#include <OpenSG/OSGAttachmentContainer.h>
+#include <OpenSG/OSGMFBaseTypes.h>
+#include <OpenSG/OSGMFSysTypes.h>
+
+#include <string>
+
+/// @file
+/// The commands on the tags of a container. Which class a command has tells the application whether a tag was
+/// added or removed; what it does is the same. They never merge, have no parent, and tell nothing but "id".
+
+/// Base class of the tag commands: which tag, and in which list.
+class KSUNDO_EXPORT ksTagUndoCommand : public ksUndoCommand
+{
+public:
+    /// Which of the two lists of a container's tag attachment.
+    enum TAG_TYPE
+    {
+        USER_TAG = 0,
+        LAYER_TAG = 1
+    };
+
+    explicit ksTagUndoCommand(const QString &text);
+
+    void undo() override = 0;
+    void redo() override = 0;
+
+    /// The tag that was added or removed.
+    std::string getTagString() const;
+
+    TAG_TYPE getTagType() const;
+
+protected:
+    TAG_TYPE tagType = USER_TAG;
+    std::string tagString;
+};
+
+/// Base class of the commands that change the tags of a container.
+///
+/// Redo writes the new tags and values, undo the old ones: both lists of the container's tag attachment are
+/// replaced whole, whatever happened to them in between. The command keeps the container alive. Without a tag
+/// attachment, or with a field that is no list of strings, nothing happens.
+class KSUNDO_EXPORT ksAttachedTagUndoCommand : public ksTagUndoCommand
+{
+public:
+    /// The old tags are those of the moment. Without the attachment or the field the command has neither tags
+    /// nor a tag string, and the tag type is 0.
+    ///
+    /// \param container the tagged container
+    /// \param fieldMask what is announced for either list after it has been written
+    /// \param fieldId the attachment's field with the tags, counted from 1: 4 gives the tag type 0, 5 gives
+    /// 1; any other gives 1 and prints "Tag type is not Undo Redo supported!"
+    /// \param newStrings the tags to write; copied, and may be null only if there is no such field
+    /// \param oldValues the values that go with the old tags
+    /// \param newValues the values that go with the new tags
+    ksAttachedTagUndoCommand(const QString &text, osg::AttachmentContainerPtr container,
+                             osg::BitVector fieldMask, osg::UInt32 fieldId, std::string tagString,
+                             osg::MField<std::string> *newStrings, osg::MField<osg::UInt64> oldValues,
+                             osg::MField<osg::UInt64> newValues);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    osg::TagAttachmentPtr findAttachment() const;
+    osg::MField<std::string> *stringsOf(const osg::TagAttachmentPtr &attachment) const;
+    void apply(const osg::MField<std::string> &strings, const osg::MField<osg::UInt64> &values) const;
+
+    osg::MField<std::string> oldStrings;
+    osg::MField<std::string> newStrings;
+    osg::MField<osg::UInt64> oldValues;
+    osg::MField<osg::UInt64> newValues;
+    osg::UInt32 fieldId;
+    osg::BitVector fieldMask;
+    ksHeldReference<osg::AttachmentContainerPtr> container;
+};
+
+/// Adds a tag to a container.
+class KSUNDO_EXPORT ksAddTagUndoCommand : public ksAttachedTagUndoCommand
+{
+    KS_UNDO_COMMAND(ksAddTagUndoCommand)
+
+public:
+    using ksAttachedTagUndoCommand::ksAttachedTagUndoCommand;
+};
+
+/// Removes a tag from a container.
+class KSUNDO_EXPORT ksSubTagUndoCommand : public ksAttachedTagUndoCommand
+{
+    KS_UNDO_COMMAND(ksSubTagUndoCommand)
+
+public:
+    using ksAttachedTagUndoCommand::ksAttachedTagUndoCommand;
+};
+
+/// Base class of the commands that change nothing in the scene, such as adding a tag to nothing, but stand in
+/// the history all the same.
+class KSUNDO_EXPORT ksEmptyTagUndoCommand : public ksTagUndoCommand
+{
+public:
+    ksEmptyTagUndoCommand(const QString &text, std::string tagString, TAG_TYPE type);
+
+    /// Nothing.
+    void undo() override;
+
+    /// Nothing.
+    void redo() override;
+};
+
+/// Adds a tag to nothing.
+class KSUNDO_EXPORT ksAddEmptyTagUndoCommand : public ksEmptyTagUndoCommand
+{
+    KS_UNDO_COMMAND(ksAddEmptyTagUndoCommand)
+
+public:
+    using ksEmptyTagUndoCommand::ksEmptyTagUndoCommand;
+};
+
+/// Removes a tag from nothing.
+class KSUNDO_EXPORT ksSubEmptyTagUndoCommand : public ksEmptyTagUndoCommand
+{
+    KS_UNDO_COMMAND(ksSubEmptyTagUndoCommand)
+
+public:
+    using ksEmptyTagUndoCommand::ksEmptyTagUndoCommand;
+};
