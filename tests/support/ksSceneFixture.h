@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGNode.h>
+#include <ksMessage.h>
+
+#include <gmock/gmock.h>
+
+#include <map>
+#include <platform/extension/ksAspects.h>
+#include <string>
+#include <support/ksCommandTime.h>
+#include <support/ksDescribe.h>
+#include <support/ksRecords.h>
+
+/// A scene to edit by commands, and everything that such an edit can be observed by. Derived classes hold the
+/// scene.
+class ksSceneFixture : public testing::Test
+{
+protected:
+    ~ksSceneFixture() override { osg::FieldContainerPtr::_ignore_change = false; }
+
+    static osg::NodePtr nodeWith(const osg::NodeCorePtr &core)
+    {
+        const osg::NodePtr result = osg::Node::create();
+        const osg::CPEditor edit(result, osg::Node::CoreFieldMask);
+        result->setCore(core);
+        return result;
+    }
+
+    static void append(const osg::NodePtr &parent, const osg::NodePtr &newChild)
+    {
+        const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
+        parent->addChild(newChild);
+    }
+
+    /// All fields of all containers of the scene that live, by id, as a thread of \a aspect sees them.
+    std::map<long long, ksFieldTexts> scene(osg::UInt32 aspect = 0) const
+    {
+        const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
+        std::map<long long, ksFieldTexts> texts;
+        for (const osg::FieldContainerPtr &container : store)
+            if (container != osg::NullFC && recorder.idOf(container) > 0)
+                texts[recorder.idOf(container)] = ksFieldTextsOf(container, aspect);
+        return texts;
+    }
+
+    /// Expects that neither redo() nor undo() does anything that can be seen, in any order.
+    void expectIdle(QUndoCommand &command)
+    {
+        const auto before = scene();
+        forget();
+        command.redo();
+        command.undo();
+        command.undo();
+        command.redo();
+        command.redo();
+        EXPECT_EQ(scene(), before);
+        EXPECT_EQ(recorder.take(), ksRecords());
+    }
+
+    /// Expects that aspect 1 is as aspect 0 once it has what was recorded.
+    void expectAspectsInStep()
+    {
+        ksSyncAspects();
+        EXPECT_EQ(scene(1), scene(0));
+        forget();
+    }
+
+    /// Expects that \a older never merges with \a newer, both of which would be in time.
+    static void expectNoMerge(ksUndoCommand &older, ksUndoCommand &newer)
+    {
+        const double time = ksCommandTime::of(older);
+        ksCommandTime::of(newer) = time + 1;
+        newer.setMergeResponseDelta(-1.0);
+        EXPECT_FALSE(older.canMergeWith(&newer));
+        EXPECT_FALSE(older.mergeWith(&newer));
+        EXPECT_EQ(ksCommandTime::of(older), time);
+    }
+
+    void forget() { recorder.take(); }
+
+    static int countOf(const osg::FieldContainerPtr &container) { return container.getRefCount(); }
+
+    /// Its ids count from the first container of the scene, and the scene is what the list begins with.
+    ksRecorder recorder;
+};
