@@ -29,3 +29,12 @@ inline std::string ksDescribe(const ksMessage &message)
         result += (result.empty() ? "" : " ") + key + '=' + ksDescribe(value);
     return result;
 }
+
+/// What \a command says about itself in a message.
+template <class Command>
+std::string ksMessageOf(const Command &command)
+{
+    ksMessage message;
+    command.makeMessage(message);
+    return ksDescribe(message);
+}
