@@ -31,13 +31,13 @@ bool ksMultiCommand::mergeWith(const QUndoCommand *other)
         return false;
 
     for (int i = 0; i < children; ++i) {
-        const ksUndoCommand *mine = mergeableChild(i);
+        const ksUndoCommand *mine = libraryChild(i);
         const auto *theirs = dynamic_cast<const ksUndoCommand *>(other->child(i));
         if (mine == nullptr || theirs == nullptr || !mine->canMergeWith(theirs))
             return false;
     }
     for (int i = 0; i < children; ++i)
-        mergeableChild(i)->mergeWith(other->child(i));
+        libraryChild(i)->mergeWith(other->child(i));
     return true;
 }
 
@@ -47,8 +47,9 @@ void ksMultiCommand::makeMessage(ksMessage &message) const
         first->makeMessage(message);
 }
 
-/// QUndoCommand hands its children out as constant although they are this command's own.
-ksUndoCommand *ksMultiCommand::mergeableChild(int position) const
+/// The child at \a position when it is a command of the library, null otherwise. QUndoCommand hands its
+/// children out as constant although they are this command's own.
+ksUndoCommand *ksMultiCommand::libraryChild(int position) const
 {
     return dynamic_cast<ksUndoCommand *>(const_cast<QUndoCommand *>(child(position)));
 }

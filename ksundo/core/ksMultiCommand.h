@@ -37,7 +37,7 @@ public:
     virtual void makeMessage(ksMessage &message) const;
 
 private:
-    ksUndoCommand *mergeableChild(int position) const;
+    ksUndoCommand *libraryChild(int position) const;
     void runPostAction() const;
 
     std::function<void()> postAction;

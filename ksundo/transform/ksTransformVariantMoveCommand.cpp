@@ -5,7 +5,6 @@
 
 #include <ksNodeUtils.h>
 
-#include <cstdint>
 #include <utility>
 
 ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node, QUndoCommand *parent,
