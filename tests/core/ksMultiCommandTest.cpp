@@ -8,6 +8,7 @@
 #include <support/ksDescribe.h>
 #include <support/ksProbeCommand.h>
 #include <support/ksStackRecorder.h>
+#include <support/ksStackState.h>
 #include <support/ksVirtualSlot.h>
 #include <type_traits>
 
@@ -160,7 +161,7 @@ TEST_F(ksMultiCommandRuns, DropsTheActionBeforeTheChildren)
     EXPECT_THAT(log, ElementsAre("delete action", "delete A", "delete B"));
 }
 
-TEST(ksMultiCommand, HasItsTextAndNoParent)
+TEST(ksMultiCommand, HasItsText)
 {
     const ksMultiCommand bare(QStringLiteral("bare"));
     const ksMultiCommand active(QStringLiteral("active"), [] {});
@@ -305,6 +306,19 @@ TEST(ksMultiCommandInAStack, MergesBatchesIntoOneStep)
     EXPECT_THAT(std::make_pair(x, y), testing::Pair(4, 40));
 }
 
+TEST(ksMultiCommandInAStack, MergesBatchesWithinTheDefaultWindowOfTheirChildren)
+{
+    ksProbeLog log;
+    ksUndoStack stack;
+    for (const double time : {0.0, 0.1, 0.2, 0.625}) {
+        auto *batch = new ksMultiCommand(QStringLiteral("batch"));
+        ksCommandTime::of(*new ksProbeCommand<1>(QString(), log, batch)) = time;
+        ksCommandTime::of(*new ksProbeCommand<2>(QString(), log, batch)) = time;
+        stack.add(batch);
+    }
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"batch", "batch"}, 2)) << "only the last is too late";
+}
+
 TEST(ksMultiCommandInAStack, StaysBesideABatchThatCannotMerge)
 {
     int x = 0;
@@ -340,25 +354,19 @@ TEST(ksMultiCommandMessage, IsThatOfTheFirstChild)
     ksMultiCommand command{QString()};
     new ksProbeCommand<1>(QString(), log, &command);
     new ksProbeCommand<2>(QString(), log, &command);
-    ksMessage message;
-    command.makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "id=int:" + std::to_string(ksProbeCommand<1>::commandId()));
+    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(ksProbeCommand<1>::commandId()));
 }
 
 TEST(ksMultiCommandMessage, HasTheKeysThatTheFirstChildAdds)
 {
     ksMultiCommand command{QString()};
     new ksTalkingCommand(QString(), &command);
-    ksMessage message;
-    command.makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "own=bool:true");
+    EXPECT_EQ(ksMessageOf(command), "own=bool:true");
 }
 
 TEST(ksMultiCommandMessage, IsEmptyWithoutChildren)
 {
-    ksMessage message;
-    ksMultiCommand(QString()).makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "");
+    EXPECT_EQ(ksMessageOf(ksMultiCommand(QString())), "");
 }
 
 TEST(ksMultiCommandMessage, IsEmptyWhenTheFirstChildIsNotOfTheLibrary)
@@ -367,9 +375,7 @@ TEST(ksMultiCommandMessage, IsEmptyWhenTheFirstChildIsNotOfTheLibrary)
     ksMultiCommand command{QString()};
     new QUndoCommand(&command);
     new ksProbeCommand<>(QString(), log, &command);
-    ksMessage message;
-    command.makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "");
+    EXPECT_EQ(ksMessageOf(command), "");
 }
 
 TEST(ksMultiCommandMessage, ReachesTheApplicationThroughTheStack)

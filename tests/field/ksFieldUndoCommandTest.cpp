@@ -14,7 +14,6 @@
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksFieldTarget.h>
-#include <support/ksVirtualSlot.h>
 #include <thread>
 
 namespace {
@@ -357,10 +356,9 @@ TYPED_TEST(ksFieldUndoCommandTest, HasTextParentAndMessage)
                                                             this->name, TypeParam(9), &parent);
     EXPECT_EQ(parent.child(0), command);
     EXPECT_EQ(command->text(), QStringLiteral("text"));
-    ksMessage message;
-    command->makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "container=uint:" + std::to_string(this->probeId()) + " fieldId=uint:" +
-                                       std::to_string(this->id) + " id=int:" + std::to_string(command->id()));
+    EXPECT_EQ(ksMessageOf(*command), "container=uint:" + std::to_string(this->probeId()) +
+                                         " fieldId=uint:" + std::to_string(this->id) +
+                                         " id=int:" + std::to_string(command->id()));
 }
 
 TYPED_TEST(ksFieldUndoCommandTest, HasAnIdOfItsClass)
@@ -429,6 +427,25 @@ TEST_F(ksFieldUndoCommandInAStack, RunsAsAChildOfABatch)
     EXPECT_EQ(probe->getQ(), 10);
     stack.undo();
     EXPECT_EQ(probe->getQ(), 0);
+}
+
+TEST_F(ksFieldUndoCommandInAStack, MergesWithTheOnesAtTheSamePlaceOfABatch)
+{
+    probe->setQ(5);
+    ksUndoStack stack;
+    for (const int step : {1, 2, 3}) {
+        auto *batch = new ksMultiCommand(QString());
+        for (const char *name : {"Level", "q"}) {
+            auto *command = new ksFieldUndoCommand<int>(QString(), container(), name, 10 * step, batch);
+            ksCommandTime::of(*command) = 0.1 * step;
+        }
+        stack.add(batch);
+    }
+    EXPECT_EQ(stack.count(), 1);
+    stack.undo();
+    EXPECT_THAT(std::make_pair(probe->getFirstLevel(), probe->getQ()), testing::Pair(0, 5));
+    stack.redo();
+    EXPECT_THAT(std::make_pair(probe->getFirstLevel(), probe->getQ()), testing::Pair(30, 30));
 }
 
 TEST_F(ksFieldUndoCommandInAStack, UndoesByTheRedoOfADerivedClass)
