@@ -3,12 +3,12 @@
 
 #include <QApplication>
 #include <QStyledItemDelegate>
-#include <QTranslator>
 #include <QUndoStack>
 #include <QUndoView>
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <support/ksEchoTranslator.h>
 #include <support/ksProbeCommand.h>
 #include <support/ksQtWarnings.h>
 #include <support/ksStackRecorder.h>
@@ -59,17 +59,6 @@ public:
     }
 
     mutable int asked = 0;
-};
-
-class ksSpellingTranslator : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-
-    QString translate(const char *context, const char *text, const char *, int) const override
-    {
-        return QLatin1String(context) + QLatin1Char(':') + QLatin1String(text);
-    }
 };
 
 /// How often \a view asks for the size of a row while \a step is taken five times.
@@ -127,12 +116,10 @@ TEST_F(ksHistoryWindow, HasItsTitleSizeAndNoParent)
 
 TEST_F(ksHistoryWindow, HasATranslatedTitle)
 {
-    ksSpellingTranslator translator;
-    QCoreApplication::installTranslator(&translator);
+    const ksEchoTranslator translator;
     stack.showHistory();
-    QCoreApplication::removeTranslator(&translator);
     ASSERT_NE(historyWindow(), nullptr);
-    EXPECT_EQ(historyWindow()->windowTitle(), QStringLiteral("ksUndoStack:Undo/Redo History"));
+    EXPECT_EQ(historyWindow()->windowTitle(), QStringLiteral("ksUndoStack|Undo/Redo History"));
 }
 
 TEST_F(ksHistoryWindow, KeepsWhatTheUserMadeOfIt)

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoStack.h>
 
 #include <QAction>

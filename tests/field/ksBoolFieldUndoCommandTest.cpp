@@ -7,7 +7,6 @@
 #include <OpenSG/OSGGroup.h>
 
 #include <limits>
-#include <memory>
 #include <support/ksDescribe.h>
 #include <support/ksFieldTarget.h>
 #include <thread>
@@ -20,7 +19,7 @@ class ksBoolFieldUndoCommandTest : public ksFieldFixture
 protected:
     void expectIdle(ksBoolFieldUndoCommand &command)
     {
-        const Values before = values();
+        const ksFieldTexts before = values();
         forget();
         command.redo();
         command.undo();
@@ -109,7 +108,7 @@ TEST_F(ksBoolFieldUndoCommandTest, ChangesNothingBeforeItRuns)
 
 TEST_F(ksBoolFieldUndoCommandTest, ChangesNoOtherField)
 {
-    Values expected = values();
+    ksFieldTexts expected = values();
     ksBoolFieldUndoCommand(QString(), container(), "flag", true).redo();
     expected["flag"] = values()["flag"];
     EXPECT_EQ(values(), expected);
@@ -259,11 +258,9 @@ TEST_F(ksBoolFieldUndoCommandTest, HasAnIdOfItsOwnAndTellsItsAim)
     const ksBoolFieldUndoCommand command(QString(), container(), "flag", true);
     EXPECT_EQ(command.id(), ksBoolFieldUndoCommand::commandId());
     EXPECT_EQ(command.id(), ksUndoCommand::makeId(typeid(ksBoolFieldUndoCommand)));
-    ksMessage message;
-    command.makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "container=uint:" + std::to_string(probeId()) +
-                                       " fieldId=uint:" + std::to_string(osg::ProbeContainer::FlagFieldId) +
-                                       " id=int:" + std::to_string(command.id()));
+    EXPECT_EQ(ksMessageOf(command), "container=uint:" + std::to_string(probeId()) +
+                                        " fieldId=uint:" + std::to_string(osg::ProbeContainer::FlagFieldId) +
+                                        " id=int:" + std::to_string(command.id()));
 }
 
 TYPED_TEST(ksBoolCommandOnAnInteger, WritesOneAndZero)

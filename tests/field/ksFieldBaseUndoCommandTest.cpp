@@ -8,7 +8,6 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <limits>
-#include <memory>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksFieldTarget.h>
@@ -49,13 +48,6 @@ protected:
 
     void expectNoAim(ksFieldBaseUndoCommand &command) { expectAim(command, 0, 0, 0); }
     void expectNoAim(ksFieldBaseUndoCommand &&command) { expectNoAim(command); }
-
-    static std::string messageOf(const ksFieldBaseUndoCommand &command)
-    {
-        ksMessage message;
-        command.makeMessage(message);
-        return ksDescribe(message);
-    }
 };
 
 using ksFindField = ksFieldBaseUndoCommandTest;
@@ -130,7 +122,7 @@ TEST_F(ksFieldBaseUndoCommandTest, HasNoAimWithoutAContainer)
 
 TEST_F(ksFieldBaseUndoCommandTest, ChangesAndHoldsNothingWhenBuilt)
 {
-    const Values before = values();
+    const ksFieldTexts before = values();
     ksFieldBaseUndoCommand command(QString(), container(), "int32");
     EXPECT_EQ(values(), before);
     EXPECT_EQ(container().getRefCount(), 1);
@@ -166,26 +158,26 @@ TEST_F(ksFieldBaseUndoCommandTest, KeepsItsVirtualFunctionsInOrder)
 TEST_F(ksFieldBaseUndoCommandTest, TellsItsAimInItsMessage)
 {
     const AimingCommand command(container(), "text");
-    EXPECT_EQ(messageOf(command), "container=uint:" + std::to_string(probeId()) +
-                                      " fieldId=uint:" + std::to_string(osg::ProbeContainer::TextFieldId) +
-                                      " id=int:" + std::to_string(AimingCommand::commandId()));
+    EXPECT_EQ(ksMessageOf(command), "container=uint:" + std::to_string(probeId()) +
+                                        " fieldId=uint:" + std::to_string(osg::ProbeContainer::TextFieldId) +
+                                        " id=int:" + std::to_string(AimingCommand::commandId()));
 }
 
 TEST_F(ksFieldBaseUndoCommandTest, TellsZerosWithoutAnAim)
 {
-    EXPECT_EQ(messageOf(ksFieldBaseUndoCommand(QString(), osg::NullFC, "int32")),
+    EXPECT_EQ(ksMessageOf(ksFieldBaseUndoCommand(QString(), osg::NullFC, "int32")),
               "container=uint:0 fieldId=uint:0 id=int:-1");
-    EXPECT_EQ(messageOf(ksFieldBaseUndoCommand(QString(), container(), "unknown")),
+    EXPECT_EQ(ksMessageOf(ksFieldBaseUndoCommand(QString(), container(), "unknown")),
               "container=uint:0 fieldId=uint:0 id=int:-1");
 }
 
 TEST_F(ksFieldBaseUndoCommandTest, TellsItsAimAlsoWhenThatHasGone)
 {
     const AimingCommand command(container(), "text");
-    const std::string before = messageOf(command);
+    const std::string before = ksMessageOf(command);
     const osg::UInt32 id = probeId();
     destroy();
-    EXPECT_EQ(messageOf(command), before);
+    EXPECT_EQ(ksMessageOf(command), before);
     EXPECT_EQ(command.containerId(), id);
 }
 

@@ -3,22 +3,18 @@
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGThread.h>
-#include <OpenSG/OSGThreadContext.h>
 
 #include <gmock/gmock.h>
 
-#include <map>
 #include <string>
 #include <support/OSGProbeContainer.h>
+#include <support/ksFieldTexts.h>
 #include <support/ksRecords.h>
-#include <vector>
 
 /// A container to edit, and everything that an edit of it can be observed by.
 class ksFieldFixture : public testing::Test
 {
 protected:
-    using Values = std::map<std::string, std::string>;
-
     ksFieldFixture() { forget(); }
     ~ksFieldFixture() override { osg::FieldContainerPtr::_ignore_change = false; }
 
@@ -26,15 +22,7 @@ protected:
     osg::UInt32 probeId() const { return container().getFieldContainerId(); }
 
     /// The values of all fields of the probe, by name, as a thread of \a aspect sees them.
-    Values values(osg::UInt32 aspect = 0) const
-    {
-        const osg::AspectScope scope(aspect);
-        Values result;
-        osg::FieldContainerType &type = probe->getType();
-        for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id)
-            probe->getField(id)->getValueByStr(result[type.getFieldDescription(id)->getCName()]);
-        return result;
-    }
+    ksFieldTexts values(osg::UInt32 aspect = 0) const { return ksFieldTextsOf(container(), aspect); }
 
     /// Forgets what has been recorded and handled so far.
     void forget()

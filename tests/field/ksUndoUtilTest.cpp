@@ -50,7 +50,7 @@ protected:
         expectNoEdit();
     }
 
-    const Values initial = values();
+    const ksFieldTexts initial = values();
 };
 
 } // namespace

@@ -4,10 +4,13 @@
 #include <OpenSG/OSGConfig.h>
 #include <OpenSG/OSGContainerMacros.h>
 #include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGImage.h>
+#include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGMFSysTypes.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFSysTypes.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,7 +34,11 @@ OSG_CONTAINER_POINTER(ProbeContainer, FieldContainerPtr)
     SF(SFString, text, Text, "")                 \
     SF(SFGLenum, glEnum, GlEnum, 0)              \
     SF(SFTime, time, Time, 0)                    \
+    SF(SFString, label, Label, "")               \
+    SF(SFImagePtr, image, Image, NullFC)         \
     MF(MFInt32, numbers, Numbers)                \
+    MF(MFString, words, Words)                   \
+    MF(MFString, tags, Tags)                     \
     SF(SFInt32, parents, OwnParents, 0)          \
     SF(SFInt32, Parents, OtherParents, 0)        \
     SF(SFInt32, Level, FirstLevel, 0)            \
@@ -42,10 +49,11 @@ OSG_CONTAINER_POINTER(ProbeContainer, FieldContainerPtr)
 OSG_CONTAINER_BASE(ProbeContainer, FieldContainer, OSG_PROBE_CONTAINER_FIELDS)
 
 /// A container with a field of every class that field commands know, and some that they do not, which notes
-/// how its change handler is called. Its second field has the mask that a node's volume has.
+/// how its change handler is called. Its second field has the mask that a node's volume has. It holds a
+/// reference on its image.
 class ProbeContainer : public ProbeContainerBase
 {
-    OSG_CONTAINER(ProbeContainer)
+    OSG_CONTAINER_MEMBERS(ProbeContainer)
 
 public:
     /// One call of the change handler: what it was told, the value of the field at that time, and how many
@@ -62,6 +70,16 @@ public:
 
     /// The calls of all probes since the last time.
     static std::vector<Call> takeCalls();
+
+    /// Is run by the change handler of every probe, in every aspect, unless it is empty.
+    static std::function<void()> whenChanged;
+
+protected:
+    ProbeContainer(void) = default;
+
+    /// The image is not copied.
+    ProbeContainer(const ProbeContainer &source);
+    ~ProbeContainer(void) override;
 };
 
 OSG_END_NAMESPACE

@@ -351,7 +351,7 @@ TEST_F(ksAddTransformVariantUndoCommandTest, TellsItsIdAndBelongsToItsParent)
     const auto *command = new Command(child, added, 0, &parent, {});
     EXPECT_EQ(parent.child(0), command);
     EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(messageOf(*command), "id=int:" + std::to_string(Command::commandId()));
+    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
 }
 
 TEST_F(ksAddTransformVariantUndoCommandTest, NeverMerges)

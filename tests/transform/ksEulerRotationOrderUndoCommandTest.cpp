@@ -6,7 +6,6 @@
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 
-#include <memory>
 #include <support/ksEchoTranslator.h>
 #include <type_traits>
 
@@ -217,8 +216,8 @@ TEST_F(ksEulerRotationOrderUndoCommandTest, TellsTheNodeAndThatItIsATransformCom
 {
     const Command command(node, "ZXY");
     EXPECT_EQ(command.id(), Command::commandId());
-    EXPECT_EQ(messageOf(command), "id=int:" + std::to_string(Command::commandId()) + " node=uint:" + id() +
-                                      " transformCommand=bool:true");
+    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(Command::commandId()) + " node=uint:" + id() +
+                                        " transformCommand=bool:true");
 }
 
 TEST_F(ksEulerRotationOrderUndoCommandTest, IsIdleWithoutANode)

@@ -215,7 +215,7 @@ TEST_F(ksFunctionUndoCommandTest, IsIdleWithANullNode)
     expectIdle(command);
     EXPECT_THAT(command.log, testing::IsEmpty());
     EXPECT_EQ(stored(command), 5u);
-    EXPECT_EQ(messageOf(command), "id=int:" + std::to_string(command.id()) + " node=uint:0");
+    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(command.id()) + " node=uint:0");
 }
 
 TEST_F(ksFunctionUndoCommandTest, IsIdleWhenTheNodeWentBeforeTheRedo)
@@ -226,7 +226,7 @@ TEST_F(ksFunctionUndoCommandTest, IsIdleWhenTheNodeWentBeforeTheRedo)
     expectIdle(command);
     EXPECT_THAT(command.log, testing::IsEmpty());
     EXPECT_EQ(stored(command), 5u);
-    EXPECT_EQ(messageOf(command),
+    EXPECT_EQ(ksMessageOf(command),
               "id=int:" + std::to_string(command.id()) + " node=uint:" + std::to_string(id));
 }
 

@@ -307,7 +307,7 @@ TEST_F(ksRemoveTransformSwitchVariantUndoCommandTest, TellsItsIdAndBelongsToItsP
     const auto *command = new Command(child, 0, &parent, {});
     EXPECT_EQ(parent.child(0), command);
     EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(messageOf(*command), "id=int:" + std::to_string(Command::commandId()));
+    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
 }
 
 TEST_F(ksRemoveTransformSwitchVariantUndoCommandTest, NeverMerges)

@@ -99,7 +99,7 @@ TEST_F(ksRotationAsQuaternionUndoCommandTest, DoesNotNameTheNodeInItsMessage)
 {
     const Command command(QString(), node, target, nullptr);
     EXPECT_EQ(command.id(), Command::commandId());
-    EXPECT_EQ(messageOf(command),
+    EXPECT_EQ(ksMessageOf(command),
               "id=int:" + std::to_string(Command::commandId()) + " transformCommand=bool:true");
 }
 

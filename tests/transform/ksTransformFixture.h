@@ -2,7 +2,6 @@
 #pragma once
 
 #include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksUndoCommand.h>
 
 #include <OSGTransform3D.h>
 #include <OSGTransformVariant.h>
@@ -10,18 +9,13 @@
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSimpleAttachments.h>
-#include <ksMessage.h>
 #include <ksNodeUtils.h>
 
 #include <gmock/gmock.h>
 
 #include <limits>
-#include <map>
-#include <platform/extension/ksAspects.h>
 #include <string>
-#include <support/ksCommandTime.h>
-#include <support/ksDescribe.h>
-#include <support/ksRecords.h>
+#include <support/ksSceneFixture.h>
 #include <support/ksSlotSwap.h>
 #include <utility>
 #include <vector>
@@ -43,7 +37,7 @@ inline std::string ksTextOf(const osg::Vec3f &value)
 ///       group     without a transform
 ///         node    a transform, named Box
 ///           child a transform
-class ksTransformFixture : public testing::Test
+class ksTransformFixture : public ksSceneFixture
 {
 protected:
     ksTransformFixture()
@@ -55,21 +49,6 @@ protected:
         fill(ownTransformOf(node), 2);
         fill(ownTransformOf(child), 3);
         osg::setName(node.get(), "Box");
-    }
-    ~ksTransformFixture() override { osg::FieldContainerPtr::_ignore_change = false; }
-
-    static osg::NodePtr nodeWith(const osg::NodeCorePtr &core)
-    {
-        const osg::NodePtr result = osg::Node::create();
-        const osg::CPEditor edit(result, osg::Node::CoreFieldMask);
-        result->setCore(core);
-        return result;
-    }
-
-    static void append(const osg::NodePtr &parent, const osg::NodePtr &newChild)
-    {
-        const osg::CPEditor edit(parent, osg::Node::ChildrenFieldMask);
-        parent->addChild(newChild);
     }
 
     static osg::Transform3DPtr ownTransformOf(const osg::NodePtr &owner)
@@ -125,51 +104,6 @@ protected:
         return names;
     }
 
-    /// All fields of all containers of the scene that live, by id, as a thread of \a aspect sees them.
-    std::map<long long, ksFieldTexts> scene(osg::UInt32 aspect = 0) const
-    {
-        const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
-        std::map<long long, ksFieldTexts> texts;
-        for (const osg::FieldContainerPtr &container : store)
-            if (container != osg::NullFC && recorder.idOf(container) > 0)
-                texts[recorder.idOf(container)] = ksFieldTextsOf(container, aspect);
-        return texts;
-    }
-
-    /// Expects that neither redo() nor undo() does anything that can be seen, in any order.
-    void expectIdle(QUndoCommand &command)
-    {
-        const auto before = scene();
-        forget();
-        command.redo();
-        command.undo();
-        command.undo();
-        command.redo();
-        command.redo();
-        EXPECT_EQ(scene(), before);
-        EXPECT_EQ(recorder.take(), ksRecords());
-    }
-
-    static std::string messageOf(const ksUndoCommand &command)
-    {
-        ksMessage message;
-        command.makeMessage(message);
-        return ksDescribe(message);
-    }
-
-    /// Expects that \a older never merges with \a newer, both of which would be in time.
-    static void expectNoMerge(ksUndoCommand &older, ksUndoCommand &newer)
-    {
-        const double time = ksCommandTime::of(older);
-        ksCommandTime::of(newer) = time + 1;
-        newer.setMergeResponseDelta(-1.0);
-        EXPECT_FALSE(older.canMergeWith(&newer));
-        EXPECT_FALSE(older.mergeWith(&newer));
-        EXPECT_EQ(ksCommandTime::of(older), time);
-    }
-
-    void forget() { recorder.take(); }
-
     /// Takes the node out of the scene, which destroys it.
     void destroyNode()
     {
@@ -184,10 +118,6 @@ protected:
 
     osg::UInt32 nodeId() const { return node.get().getFieldContainerId(); }
 
-    static int countOf(const osg::FieldContainerPtr &container) { return container.getRefCount(); }
-
-    /// Its ids count from the first container of the scene, and the scene is what the list begins with.
-    ksRecorder recorder;
     osg::NodeRefPtr root{nodeWith(osg::Transform3D::create())};
     osg::NodeRefPtr group{nodeWith(osg::Group::create())};
     osg::NodeRefPtr node{nodeWith(osg::Transform3D::create())};

@@ -8,7 +8,6 @@
 #include <functional>
 #include <memory>
 #include <numeric>
-#include <optional>
 #include <support/ksEchoTranslator.h>
 
 namespace {
@@ -507,7 +506,7 @@ TEST_F(ksTransformVariantMoveCommandTest, TellsItsIdAndBelongsToItsParent)
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(parent.child(i), commands[i]);
         EXPECT_EQ(commands[i]->id(), Command::commandId());
-        EXPECT_EQ(messageOf(*commands[i]), "id=int:" + std::to_string(Command::commandId()));
+        EXPECT_EQ(ksMessageOf(*commands[i]), "id=int:" + std::to_string(Command::commandId()));
     }
 }
 

@@ -160,7 +160,7 @@ TEST_F(ksTransformVariantOptionsUndoCommandTest, TellsItsIdAndBelongsToItsParent
     const auto *command = new Command(variant, 0x3, &parent, [] {});
     EXPECT_EQ(parent.child(0), command);
     EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(messageOf(*command), "id=int:" + std::to_string(Command::commandId()));
+    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
 }
 
 TEST_F(ksTransformVariantOptionsUndoCommandTest, NeverMerges)

@@ -353,7 +353,7 @@ TEST_F(ksTransformationUndoCommandTest, TellsItsIdAndBelongsToItsParent)
     ASSERT_EQ(parent.childCount(), 1);
     EXPECT_EQ(parent.child(0), command);
     EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(messageOf(*command), "id=int:" + std::to_string(Command::commandId()));
+    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
 }
 
 TEST_F(ksTransformationUndoCommandTest, NeverMerges)
