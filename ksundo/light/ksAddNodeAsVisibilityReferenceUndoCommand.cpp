@@ -45,13 +45,14 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(bool removing) const
     osg::NodePtr &reference = light->getSFVisibilityReference()->getValue();
     const osg::UInt32 flags = node->getExternalFlags();
     if (removing) {
-        osg::setRefdCP(reference, osg::NodePtr());
         node->setExternalFlags(flags & ~osg::NodeExternalFlags::VisibilityReference);
+        osg::setRefdCP(reference, osg::NodePtr());
     } else {
         osg::setRefdCP(reference, node);
         node->setExternalFlags(flags | osg::NodeExternalFlags::VisibilityReference);
         ksTouch(node, osg::Node::ExternalFlagsFieldMask);
     }
     ksTouch(light, osg::UberLightBase::VisibilityReferenceFieldMask);
-    ksTouch(node, osg::Node::ExternalFlagsFieldMask);
+    // Gone by now if only the light held it.
+    ksTouch(ksFindContainer<osg::NodePtr>(nodeId), osg::Node::ExternalFlagsFieldMask);
 }
