@@ -17,19 +17,6 @@ std::vector<ProbeContainer::Call> calls;
 
 } // namespace
 
-std::function<void()> ProbeContainer::whenChanged;
-
-ProbeContainer::ProbeContainer(const ProbeContainer &source)
-    : Inherited(source)
-{
-    _sfImage.setValue(NullFC);
-}
-
-ProbeContainer::~ProbeContainer(void)
-{
-    setRefdCP(_sfImage.getValue(), NullFC);
-}
-
 void ProbeContainer::changed(BitVector whichField, UInt32 origin)
 {
     std::string value;
@@ -38,9 +25,6 @@ void ProbeContainer::changed(BitVector whichField, UInt32 origin)
             getField(id)->getValueByStr(value);
     const ChangeList *changes = PThreadBase::getCurrentChangeList();
     calls.push_back({whichField, origin, value, changes == nullptr ? 0 : changes->sizeChanged()});
-    if (whenChanged) {
-        whenChanged();
-    }
     Inherited::changed(whichField, origin);
 }
 

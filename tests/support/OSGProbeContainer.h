@@ -4,13 +4,11 @@
 #include <OpenSG/OSGConfig.h>
 #include <OpenSG/OSGContainerMacros.h>
 #include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGMFSysTypes.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFSysTypes.h>
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -35,7 +33,6 @@ OSG_CONTAINER_POINTER(ProbeContainer, FieldContainerPtr)
     SF(SFGLenum, glEnum, GlEnum, 0)              \
     SF(SFTime, time, Time, 0)                    \
     SF(SFString, label, Label, "")               \
-    SF(SFImagePtr, image, Image, NullFC)         \
     MF(MFInt32, numbers, Numbers)                \
     MF(MFString, words, Words)                   \
     MF(MFString, tags, Tags)                     \
@@ -49,11 +46,10 @@ OSG_CONTAINER_POINTER(ProbeContainer, FieldContainerPtr)
 OSG_CONTAINER_BASE(ProbeContainer, FieldContainer, OSG_PROBE_CONTAINER_FIELDS)
 
 /// A container with a field of every class that field commands know, and some that they do not, which notes
-/// how its change handler is called. Its second field has the mask that a node's volume has. It holds a
-/// reference on its image.
+/// how its change handler is called. Its second field has the mask that a node's volume has.
 class ProbeContainer : public ProbeContainerBase
 {
-    OSG_CONTAINER_MEMBERS(ProbeContainer)
+    OSG_CONTAINER(ProbeContainer)
 
 public:
     /// One call of the change handler: what it was told, the value of the field at that time, and how many
@@ -70,16 +66,6 @@ public:
 
     /// The calls of all probes since the last time.
     static std::vector<Call> takeCalls();
-
-    /// Is run by the change handler of every probe, in every aspect, unless it is empty.
-    static std::function<void()> whenChanged;
-
-protected:
-    ProbeContainer(void) = default;
-
-    /// The image is not copied.
-    ProbeContainer(const ProbeContainer &source);
-    ~ProbeContainer(void) override;
 };
 
 OSG_END_NAMESPACE
