@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: MIT
+#include "ksLightLinkSetFixture.h"
+
+#include <ksundo/light/ksLinkSetList.h>
+
+#include <rapidcheck.h>
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace {
+
+using PlacedNodes = ksLinkSetList<osg::LightLinkSetPtr>::PlacedNodes;
+
+/// A link set that can do nothing but one node at a time. It passes that on and logs it.
+class OneByOneSet
+{
+public:
+    using Log = std::vector<std::string>;
+
+    OneByOneSet(const osg::LightLinkSetPtr &set, std::function<std::string(const osg::NodePtr &)> nameOf)
+        : set(set)
+        , nameOf(std::move(nameOf))
+    {}
+
+    osg::MFNodePtr *getMFLights() { return set->getMFLights(); }
+    osg::MFNodePtr *getMFSceneNodes() { return set->getMFSceneNodes(); }
+
+    void addLight(const osg::NodePtr &node)
+    {
+        log.push_back("addLight " + nameOf(node));
+        set->addLight(node);
+    }
+    void addSceneNode(const osg::NodePtr &node)
+    {
+        log.push_back("addSceneNode " + nameOf(node));
+        set->addSceneNode(node);
+    }
+    void insertLight(const osg::NodePtr &node, osg::Int32 position)
+    {
+        log.push_back("insertLight " + nameOf(node) + ' ' + std::to_string(position));
+        set->insertLight(node, position);
+    }
+    void insertSceneNode(const osg::NodePtr &node, osg::Int32 position)
+    {
+        log.push_back("insertSceneNode " + nameOf(node) + ' ' + std::to_string(position));
+        set->insertSceneNode(node, position);
+    }
+    void subLight(const osg::NodePtr &node)
+    {
+        log.push_back("subLight " + nameOf(node));
+        set->subLight(node);
+    }
+    void subSceneNode(const osg::NodePtr &node)
+    {
+        log.push_back("subSceneNode " + nameOf(node));
+        set->subSceneNode(node);
+    }
+
+    Log take() { return std::exchange(log, {}); }
+
+private:
+    const osg::LightLinkSetPtr set;
+    const std::function<std::string(const osg::NodePtr &)> nameOf;
+    Log log;
+};
+
+struct OneByOneSetPtr : std::shared_ptr<OneByOneSet>
+{
+    using ObjectType = OneByOneSet;
+    using std::shared_ptr<OneByOneSet>::shared_ptr;
+};
+
+static_assert(ksTakesManyNodes<osg::LightLinkSet>);
+static_assert(!ksTakesManyNodes<OneByOneSet>);
+
+/// Two link sets: the bundled one, and one that has only the operations on one node.
+class ksLinkSetListTest : public ksLightLinkSetFixture
+{
+protected:
+    PlacedNodes placed(const std::vector<std::pair<char, int>> &letters) const
+    {
+        PlacedNodes result;
+        for (const auto &[letter, position] : letters)
+            result.emplace_back(node(letter), position);
+        return result;
+    }
+
+    const osg::LightLinkSetRefPtr behind{osg::LightLinkSet::create()};
+    const OneByOneSetPtr single{new OneByOneSet(behind, [this](const osg::NodePtr &entry) {
+        osg::MFNodePtr list;
+        list.push_back(entry);
+        return letters(list);
+    })};
+    const ksLinkSetList<osg::LightLinkSetPtr> manyNodes{set, true};
+    const ksLinkSetList<osg::LightLinkSetPtr> manyLights{set, false};
+    const ksLinkSetList<OneByOneSetPtr> oneNodes{single, true};
+    const ksLinkSetList<OneByOneSetPtr> oneLights{single, false};
+};
+
+/// Letters of some nodes, each as often as it comes.
+rc::Gen<std::string> letters(char end)
+{
+    return rc::gen::container<std::string>(rc::gen::inRange('A', end));
+}
+
+} // namespace
+
+TEST_F(ksLinkSetListTest, IsOneOfTheTwoLists)
+{
+    set->addLight(node('A'));
+    set->addSceneNode(node('B'));
+    behind->addLight(node('C'));
+    behind->addSceneNode(node('D'));
+    EXPECT_EQ(letters(manyLights.nodes()), "A");
+    EXPECT_EQ(letters(manyNodes.nodes()), "B");
+    EXPECT_EQ(letters(oneLights.nodes()), "C");
+    EXPECT_EQ(letters(oneNodes.nodes()), "D");
+}
+
+TEST_F(ksLinkSetListTest, CallsTheOperationsOnOneNodeInOrder)
+{
+    oneNodes.add(nodes("ABCA"));
+    EXPECT_THAT(single->take(),
+                testing::ElementsAre("addSceneNode A", "addSceneNode B", "addSceneNode C", "addSceneNode A"));
+    oneNodes.subtract(nodes("CA"));
+    EXPECT_THAT(single->take(), testing::ElementsAre("subSceneNode C", "subSceneNode A"));
+    oneNodes.insert(placed({{'D', 1}, {'E', -1}, {'F', 0}}));
+    EXPECT_THAT(single->take(),
+                testing::ElementsAre("insertSceneNode D 1", "insertSceneNode E -1", "insertSceneNode F 0"));
+    EXPECT_EQ(letters(oneNodes.nodes()), "FBDAE");
+
+    oneLights.add(nodes("BA"));
+    oneLights.subtract(nodes("A"));
+    oneLights.insert(placed({{'C', 0}}));
+    EXPECT_THAT(single->take(),
+                testing::ElementsAre("addLight B", "addLight A", "subLight A", "insertLight C 0"));
+    EXPECT_EQ(letters(oneLights.nodes()), "CB");
+    EXPECT_EQ(letters(oneNodes.nodes()), "FBDAE");
+}
+
+TEST_F(ksLinkSetListTest, ChangesOnlyItsListOfTheBundledSet)
+{
+    manyNodes.add(nodes("ABC"));
+    manyLights.add(nodes("DEF"));
+    manyNodes.subtract(nodes("A"));
+    manyLights.subtract(nodes("F"));
+    manyNodes.insert(placed({{'G', 0}}));
+    manyLights.insert(placed({{'H', 0}}));
+    EXPECT_EQ(letters(*set->getMFSceneNodes()), "GBC");
+    EXPECT_EQ(letters(*set->getMFLights()), "HDE");
+}
+
+TEST_F(ksLinkSetListTest, EndsOneEditForAllTheNodesOfTheBundledSet)
+{
+    const long long setId = recorder.idOf(set.get());
+    const auto id = [this](char letter) { return recorder.idOf(node(letter)); };
+    for (const auto &[list, mask] : {std::pair(manyNodes, osg::LightLinkSet::SceneNodesFieldMask),
+                                     {manyLights, osg::LightLinkSet::LightsFieldMask}}) {
+        list.add(nodes("ABC"));
+        forget();
+        list.subtract(nodes("AC"));
+        EXPECT_EQ(recorder.take(), ksRecords().change(setId, mask).subRef(id('A')).subRef(id('C')));
+        list.insert(placed({{'C', 0}, {'A', 0}}));
+        EXPECT_EQ(recorder.take(), ksRecords().addRef(id('C')).addRef(id('A')).change(setId, mask));
+        EXPECT_EQ(letters(list.nodes()), "ACB");
+    }
+}
+
+TEST_F(ksLinkSetListTest, GivesTheSameListWithManyNodesAtOnceAsWithOneAtATime)
+{
+    const bool passed = rc::check([this] {
+        const std::string present = *::letters('A' + nodeCount);
+        const std::string leaving = *::letters('A' + nodeCount);
+        const std::string coming = *::letters('A' + nodeCount);
+        PlacedNodes places;
+        for (const char letter : coming)
+            places.emplace_back(node(letter),
+                                *rc::gen::inRange(-2, static_cast<int>(present.size() + coming.size()) + 2));
+        const bool sceneNodes = *rc::gen::arbitrary<bool>();
+        const auto &many = sceneNodes ? manyNodes : manyLights;
+        const auto &one = sceneNodes ? oneNodes : oneLights;
+
+        many.add(nodes(present));
+        one.add(nodes(present));
+        RC_ASSERT(letters(many.nodes()) == present);
+        RC_ASSERT(letters(one.nodes()) == present);
+        many.subtract(nodes(leaving));
+        one.subtract(nodes(leaving));
+        RC_ASSERT(letters(many.nodes()) == letters(one.nodes()));
+        many.insert(places);
+        one.insert(places);
+        RC_ASSERT(letters(many.nodes()) == letters(one.nodes()));
+
+        const std::vector<osg::NodePtr> rest = many.nodes().getValues();
+        many.subtract(rest);
+        one.subtract(rest);
+        RC_ASSERT(many.nodes().empty());
+        RC_ASSERT(one.nodes().empty());
+    });
+    EXPECT_TRUE(passed);
+}
