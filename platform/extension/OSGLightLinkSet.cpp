@@ -122,11 +122,9 @@ void LightLinkSet::insert(MFNodePtr &list, BitVector mask, const NodePtr &node, 
     if (node == NullFC) {
         return;
     }
-    // By value: the caller's handle may lie in the list.
-    const NodePtr coming = node;
     const CPEditor edit(LightLinkSetPtr(*this), mask);
-    addRefCP(coming);
-    list.insert(list.begin() + placeOf(position, list.size()), coming);
+    addRefCP(node);
+    list.insert(list.begin() + placeOf(position, list.size()), node);
 }
 
 void LightLinkSet::insert(MFNodePtr &list, BitVector mask, const PlacedNodes &nodes)
@@ -166,6 +164,7 @@ void LightLinkSet::remove(MFNodePtr &list, BitVector mask, const NodePtr &node)
     if (node == NullFC || found == list.end()) {
         return;
     }
+    // By value: the caller's handle may lie in the list.
     const NodePtr leaving = node;
     {
         const CPEditor edit(LightLinkSetPtr(*this), mask);

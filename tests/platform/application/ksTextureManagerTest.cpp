@@ -145,6 +145,8 @@ TEST_F(ksTextureManagerTest, EditedImageIsKnownByWhatItIsOnceItComesAgain)
 
     const ImageRefPtr edited(makeImage("wood", 5));
     EXPECT_TRUE(manager.getImage(edited, true) == first.get());
+
+    first->getPixel(3) = 4;
     EXPECT_TRUE(manager.getImage(image, true) == image.get());
 }
 

@@ -234,6 +234,16 @@ TEST_F(OSGLightLinkSetTest, HandleFromTheListCanBeAddedAgain)
     EXPECT_EQ(lights(), "ABCB");
 }
 
+TEST_F(OSGLightLinkSetTest, HandleFromTheListCanBeRemoved)
+{
+    fill("ABC", "");
+
+    set->subLight(set->getLights(1));
+
+    EXPECT_EQ(lights(), "AC");
+    EXPECT_EQ(recorder.take(), ksRecords().change(1, Lights).subRef(3));
+}
+
 TEST_F(OSGLightLinkSetTest, NodeThatWasTheLastToHoldTheSetMayTakeItAlong)
 {
     node('A')->setCore(set.get());
