@@ -297,12 +297,19 @@ TEST_F(ksImageFieldUndoCommandTest, RunsOnAThreadWithoutAList)
 
 TEST_F(ksImageFieldUndoCommandTest, ReachesTheOtherAspect)
 {
-    const auto command = make();
+    show(osg::NullFC);
+    const auto first = make(fresh);
     forget();
-    for (const auto step : {&QUndoCommand::redo, &QUndoCommand::undo}) {
-        (command.get()->*step)();
-        ksExpectSync(container());
-    }
+    first->redo();
+    ksExpectSync(container());
+    const auto second = make(shown);
+    forget();
+    second->redo();
+    ksExpectSync(container());
+    second->undo();
+    ksExpectSync(container());
+    first->undo();
+    ksExpectSync(container());
 }
 
 TEST_F(ksImageFieldUndoCommandTest, BringsBackThatNoImageWasShown)
