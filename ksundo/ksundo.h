@@ -34,6 +34,7 @@
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
+#include <ksundo/material/ksTouchMaterial.h>
 #include <ksundo/material/ksWrappedFieldUndoCommand.h>
 #include <ksundo/tag/ksTagUndoCommands.h>
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>

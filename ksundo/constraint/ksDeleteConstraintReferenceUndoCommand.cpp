@@ -70,7 +70,7 @@ void ksDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintP
             continue;
         hold(sources, constraint->findSourceConstraintObject(node));
         if (constraint->hasTarget(node))
-            target.emplace_back(constraint->getTarget());
+            targets.emplace_back(constraint->getTarget());
         if (aim != osg::NullFC)
             hold(upVectorObjects, aim->findUpVectorConstraintObject(node));
     }
@@ -96,9 +96,9 @@ void ksDeleteConstraintReferenceUndoCommand::apply(bool removing) const
         });
         ksTouch(constraint, osg::AimConstraintBase::UpVectorSourcesFieldMask);
     }
-    if (!target.empty()) {
+    if (!targets.empty()) {
         osg::setRefdCP(constraint->getSFTarget()->getValue(),
-                       removing ? osg::AttachmentContainerPtr() : target.front().get());
+                       removing ? osg::AttachmentContainerPtr() : targets.front().get());
         ksTouch(constraint, osg::AbstractConstraintBase::TargetFieldMask);
     }
 }

@@ -31,8 +31,8 @@ public:
     bool canMergeWith(const QUndoCommand *other) const override;
 
 private:
-    /// One reference for each time that a container was found. Those to constraint objects are in the order
-    /// of the handles.
+    /// One reference for each time that a container was found: constraint objects in the order of their
+    /// handles, and always the same target.
     template <class PtrT>
     using References = std::vector<ksHeldReference<PtrT>>;
 
@@ -41,7 +41,7 @@ private:
     void apply(bool removing) const;
 
     osg::UInt32 constraintId;
-    References<osg::AttachmentContainerPtr> target;
+    References<osg::AttachmentContainerPtr> targets;
     References<osg::ConstraintObjectPtr> upVectorObjects;
     References<osg::ConstraintObjectPtr> sources;
 };

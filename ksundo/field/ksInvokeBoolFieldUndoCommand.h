@@ -7,8 +7,8 @@
 /// Switches a flag as ksBoolFieldUndoCommand does, and tells a Qt method of the application.
 ///
 /// Every redo writes the field, then calls the method with the value written. **Undo does nothing**: it
-/// neither restores the field nor calls the method; redoing afterwards writes what the field held before the
-/// first redo. What the method does comes in the place of an undo of its own.
+/// neither restores the field nor calls the method. Redoing afterwards writes what the field held before the
+/// first redo, and so on.
 ///
 /// A method that is declared with one bool receives the value; one without parameters is called without it.
 /// When there is no such method, "Method not found: class::signature" is logged at construction, and only the

@@ -9,7 +9,7 @@
 ///
 /// When there is no such method, "Method not found: class::signature" is logged at construction, and only the
 /// children run. A call that Qt refuses is logged as "Could not invoke: class::signature"; what the children
-/// did stays.
+/// did stays. When two such commands merge, the method of the older one is called.
 class KSUNDO_EXPORT ksInvokeMultiCommand : public ksMultiCommand
 {
     KS_UNDO_COMMAND(ksInvokeMultiCommand)

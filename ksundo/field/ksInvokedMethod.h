@@ -23,8 +23,8 @@ public:
     /// Calls the method without arguments.
     void call() const;
 
-    /// Calls the method with \a argument, which goes under the declared type of the parameter, whatever that
-    /// is, when the method takes exactly one; without arguments otherwise.
+    /// Calls the method with \a argument when it takes exactly one parameter, which must be declared as a
+    /// bool or an integer; without arguments otherwise.
     void call(bool argument) const;
 
 private:

@@ -5,6 +5,13 @@
 
 #include <ksMessage.h>
 
+namespace {
+
+/// The bit of a node's external flags that marks the visibility references of lights.
+constexpr osg::UInt32 visibilityReferenceFlag = 0x10;
+
+} // namespace
+
 ksAddNodeAsVisibilityReferenceUndoCommand::ksAddNodeAsVisibilityReferenceUndoCommand(osg::UberLightPtr light,
                                                                                      osg::NodePtr node,
                                                                                      bool remove,
@@ -45,11 +52,11 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(bool removing) const
     osg::NodePtr &reference = light->getSFVisibilityReference()->getValue();
     const osg::UInt32 flags = node->getExternalFlags();
     if (removing) {
-        node->setExternalFlags(flags & ~osg::NodeExternalFlags::VisibilityReference);
+        node->setExternalFlags(flags & ~visibilityReferenceFlag);
         osg::setRefdCP(reference, osg::NodePtr());
     } else {
         osg::setRefdCP(reference, node);
-        node->setExternalFlags(flags | osg::NodeExternalFlags::VisibilityReference);
+        node->setExternalFlags(flags | visibilityReferenceFlag);
         ksTouch(node, osg::Node::ExternalFlagsFieldMask);
     }
     ksTouch(light, osg::UberLightBase::VisibilityReferenceFieldMask);

@@ -9,12 +9,19 @@
 #include <ksOpenSGUtils.h>
 #include <ksSceneDataManager.h>
 
-#include <algorithm>
 #include <unordered_map>
 
 namespace {
 
 constexpr unsigned int lightList = 3;
+
+/// The bit of a node's external flags that marks instances.
+constexpr osg::UInt32 instanceFlag = 0x2;
+
+bool isInstance(const osg::NodePtr &node)
+{
+    return (node->getExternalFlags() & instanceFlag) != 0;
+}
 
 /// The node that stands in the lists of lights for \a instance; null when there is not exactly one.
 osg::NodePtr substituteOf(const osg::NodePtr &instance)
@@ -26,7 +33,7 @@ osg::NodePtr substituteOf(const osg::NodePtr &instance)
     osg::NodePtr substitute;
     for (const osg::NodePtr &candidate : core->getParents()) {
         if (candidate == osg::NullFC || ksLights::isExcludedFromInstanceSubstitution(candidate) ||
-            ksLights::isInstance(candidate) || !ksNodeUtils::hasParent(candidate, sceneRoot))
+            isInstance(candidate) || !ksNodeUtils::hasParent(candidate, sceneRoot))
             continue;
         if (substitute != osg::NullFC)
             return osg::NullFC;
@@ -106,7 +113,7 @@ void ksAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr &set,
             ksLog::error("Cannot add Root to Light Link Set.");
             continue;
         }
-        if (!sceneNodes && ksLights::isInstance(node))
+        if (!sceneNodes && isInstance(node))
             node = substituteOf(node);
         if (node == osg::NullFC)
             continue;

@@ -5,6 +5,7 @@
 
 #include <OSGUberLight.h>
 #include <OpenSG/OSGVector.h>
+#include <ksMessage.h>
 
 /// @file
 /// The commands on the values of a light. They differ by the application's getter and setter. Whatever is out

@@ -11,7 +11,7 @@ class KSUNDO_EXPORT ksColorComponentUndoCommand : public ksWrappedFieldUndoComma
     KS_UNDO_COMMAND(ksColorComponentUndoCommand)
 
 public:
-    /// Takes over \a command, which must not be null if this one is to run.
+    /// Takes over \a command, which must have no parent, and must not be null if this one is to run.
     ksColorComponentUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
                                 osg::FieldContainerPtr component, osg::FieldContainerPtr parentContainer,
                                 QUndoCommand *parent = nullptr);

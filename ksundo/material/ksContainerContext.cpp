@@ -3,8 +3,6 @@
 #include <ksundo/core/ksTouch.h>
 #include <ksundo/material/ksContainerContext.h>
 
-#include <OSGColorComponentSettings.h>
-#include <OSGUberMaterial.h>
 #include <ksMessage.h>
 
 void ksContainerContext::touch(unsigned int containerId, unsigned long long mask) const
@@ -29,10 +27,4 @@ void ksContainerContext::addContext(ksMessage &message, const char *firstKey, co
         message.set(firstKey, firstId, true);
     if (secondId != 0)
         message.set(secondKey, secondId, true);
-}
-
-void ksContainerContext::touchMaterial() const
-{
-    touch(secondId, osg::ColorComponentSettingsBase::PlanarProjectionFieldMask);
-    touch(firstId, osg::UberMaterialBase::ColorComponentDataFieldMask);
 }

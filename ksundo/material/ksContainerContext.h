@@ -25,11 +25,6 @@ protected:
     /// Adds the ids that are not 0 as unsigned int.
     void addContext(ksMessage &message, const char *firstKey, const char *secondKey) const;
 
-    /// Touches the colour components of the first container, a material, after the planar projection of the
-    /// second one, its component settings.
-    void touchMaterial() const;
-
-private:
     osg::UInt32 firstId;
     osg::UInt32 secondId;
 };

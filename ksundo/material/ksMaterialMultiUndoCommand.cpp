@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
+#include <ksundo/material/ksTouchMaterial.h>
 
 ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
                                                        osg::FieldContainerPtr componentSettings)
@@ -10,13 +11,13 @@ ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg:
 void ksMaterialMultiUndoCommand::undo()
 {
     ksMultiCommand::undo();
-    touchMaterial();
+    ksTouchMaterial(*this, firstId, secondId);
 }
 
 void ksMaterialMultiUndoCommand::redo()
 {
     ksMultiCommand::redo();
-    touchMaterial();
+    ksTouchMaterial(*this, firstId, secondId);
 }
 
 bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)

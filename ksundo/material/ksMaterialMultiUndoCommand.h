@@ -12,6 +12,8 @@ class KSUNDO_EXPORT ksMaterialMultiUndoCommand : public ksMultiCommand, public k
     KS_UNDO_COMMAND(ksMaterialMultiUndoCommand)
 
 public:
+    /// Builds a command without children, for a material and its component settings, either of which may be
+    /// null.
     ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
                                osg::FieldContainerPtr componentSettings);
 

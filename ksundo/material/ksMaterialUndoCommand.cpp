@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/material/ksMaterialUndoCommand.h>
+#include <ksundo/material/ksTouchMaterial.h>
 
 ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
                                              osg::FieldContainerPtr material,
@@ -10,13 +11,13 @@ ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUnd
 void ksMaterialUndoCommand::undo()
 {
     ksWrappedFieldUndoCommand::undo();
-    touchMaterial();
+    ksTouchMaterial(*this, firstId, secondId);
 }
 
 void ksMaterialUndoCommand::redo()
 {
     ksWrappedFieldUndoCommand::redo();
-    touchMaterial();
+    ksTouchMaterial(*this, firstId, secondId);
 }
 
 void ksMaterialUndoCommand::makeMessage(ksMessage &message) const

@@ -14,7 +14,7 @@ class KSUNDO_EXPORT ksMaterialUndoCommand : public ksWrappedFieldUndoCommand
     KS_UNDO_COMMAND(ksMaterialUndoCommand)
 
 public:
-    /// Takes over \a command, which must not be null if this one is to run.
+    /// Takes over \a command, which must have no parent, and must not be null if this one is to run.
     ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
                           osg::FieldContainerPtr material, osg::FieldContainerPtr componentSettings,
                           QUndoCommand *parent = nullptr);

@@ -36,11 +36,13 @@ ksAttachedTagUndoCommand::ksAttachedTagUndoCommand(const QString &text, osg::Att
     , fieldMask(fieldMask)
     , container(container)
 {
-    const osg::MField<std::string> *strings = stringsOf(findAttachment());
-    if (strings == nullptr)
+    osg::Field *field = fieldOf(findAttachment());
+    if (field == nullptr)
         return;
-    oldStrings = *strings;
-    this->newStrings = *newStrings;
+    if (const auto *strings = ksFieldCast<osg::MField<std::string>>(field)) {
+        oldStrings = *strings;
+        this->newStrings = *newStrings;
+    }
     this->tagString = std::move(tagString);
     tagType = fieldId == 4 ? USER_TAG : LAYER_TAG;
     if (fieldId != 4 && fieldId != 5)
@@ -65,20 +67,19 @@ osg::TagAttachmentPtr ksAttachedTagUndoCommand::findAttachment() const
     return osg::TagAttachmentPtr::dcast(tagged->findAttachment(osg::TagAttachment::getClassGroupId()));
 }
 
-osg::MField<std::string> *ksAttachedTagUndoCommand::stringsOf(const osg::TagAttachmentPtr &attachment) const
+osg::Field *ksAttachedTagUndoCommand::fieldOf(const osg::TagAttachmentPtr &attachment) const
 {
     if (attachment == osg::NullFC)
         return nullptr;
     const osg::FieldDescription *description = attachment->getType().getFieldDescription(fieldId);
-    return description == nullptr ? nullptr
-                                  : ksFieldCast<osg::MField<std::string>>(description->getField(attachment));
+    return description == nullptr ? nullptr : description->getField(attachment);
 }
 
 void ksAttachedTagUndoCommand::apply(const osg::MField<std::string> &strings,
                                      const osg::MField<osg::UInt64> &values) const
 {
     const osg::TagAttachmentPtr attachment = findAttachment();
-    osg::MField<std::string> *tags = stringsOf(attachment);
+    auto *tags = ksFieldCast<osg::MField<std::string>>(fieldOf(attachment));
     if (tags == nullptr)
         return;
     *tags = strings;

@@ -12,15 +12,16 @@
 #include <string>
 
 /// @file
-/// The commands on the tags of a container. Which class a command has tells the application whether a tag was
-/// added or removed; what it does is the same. They never merge, have no parent, and tell nothing but "id".
+/// The commands on the tags of a container. The class that a command is of tells the application whether a
+/// tag was added or removed; what it does is the same. They never merge, have no parent, and tell nothing but
+/// "id".
 
 /// Base class of the tag commands: which tag, and in which list.
 class KSUNDO_EXPORT ksTagUndoCommand : public ksUndoCommand
 {
 public:
     /// Which of the two lists of a container's tag attachment.
-    enum TAG_TYPE
+    enum TAG_TYPE : osg::UInt32
     {
         USER_TAG = 0,
         LAYER_TAG = 1
@@ -45,7 +46,7 @@ protected:
 ///
 /// Redo writes the new tags and values, undo the old ones: both lists of the container's tag attachment are
 /// replaced whole, whatever happened to them in between. The command keeps the container alive. Without a tag
-/// attachment, or with a field that is no list of strings, nothing happens.
+/// attachment or its field, and with a field that is no list of strings, nothing happens.
 class KSUNDO_EXPORT ksAttachedTagUndoCommand : public ksTagUndoCommand
 {
 public:
@@ -56,7 +57,7 @@ public:
     /// \param fieldMask what is announced for either list after it has been written
     /// \param fieldId the attachment's field with the tags, counted from 1: 4 gives the tag type 0, 5 gives
     /// 1; any other gives 1 and prints "Tag type is not Undo Redo supported!"
-    /// \param newStrings the tags to write; copied, and may be null only if there is no such field
+    /// \param newStrings the tags to write, which are copied; may be null only if there is no such field
     /// \param oldValues the values that go with the old tags
     /// \param newValues the values that go with the new tags
     ksAttachedTagUndoCommand(const QString &text, osg::AttachmentContainerPtr container,
@@ -69,7 +70,7 @@ public:
 
 private:
     osg::TagAttachmentPtr findAttachment() const;
-    osg::MField<std::string> *stringsOf(const osg::TagAttachmentPtr &attachment) const;
+    osg::Field *fieldOf(const osg::TagAttachmentPtr &attachment) const;
     void apply(const osg::MField<std::string> &strings, const osg::MField<osg::UInt64> &values) const;
 
     osg::MField<std::string> oldStrings;
