@@ -11,6 +11,8 @@
 #include <QUndoCommand>
 
 #include <algorithm>
+#include <cmath>
+#include <cstring>
 
 namespace {
 
@@ -47,6 +49,21 @@ QString withValues(const ksDifference &difference, const QString &between)
            between + QString::fromStdString(difference.actual);
 }
 
+/// The numbers that \a content, which is that of a field of them, consists of.
+std::vector<float> numbersIn(const std::string &content)
+{
+    std::vector<float> numbers(content.size() / sizeof(float));
+    std::memcpy(numbers.data(), content.data(), numbers.size() * sizeof(float));
+    return numbers;
+}
+
+bool areNear(const std::vector<float> &left, const std::vector<float> &right, double tolerance)
+{
+    return !left.empty() &&
+           std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [tolerance](double a, double b) { return std::abs(a - b) <= tolerance; });
+}
+
 } // namespace
 
 ksCheckedHistory *ksCheckedHistory::receiver = nullptr;
@@ -79,6 +96,7 @@ bool ksCheckedHistory::step(const QString &what, const std::function<void()> &ac
     if (openMacros > 0) {
         transcript.note(QStringLiteral("within"), what);
         action();
+        noteMessages();
         takeSnapshots();
         return compareWithMirror() == 0;
     }
@@ -86,6 +104,17 @@ bool ksCheckedHistory::step(const QString &what, const std::function<void()> &ac
     const ksSceneSnapshot before = current;
     action();
     return finishStep(before);
+}
+
+bool ksCheckedHistory::drag(const QString &what, const std::function<void()> &action)
+{
+    return step(what, [this, &action] {
+        dragging = true;
+        action();
+        dragging = false;
+        takeSnapshots();
+        keepSnapshot(current);
+    });
 }
 
 bool ksCheckedHistory::add(QUndoCommand *command)
@@ -165,6 +194,11 @@ void ksCheckedHistory::expect(const ksExpectedDifference &difference)
     expectations.push_back(difference);
 }
 
+void ksCheckedHistory::expect(const ksExpectedRounding &rounding)
+{
+    roundings.push_back(rounding);
+}
+
 int ksCheckedHistory::containerCount() const
 {
     return current.count(ksSceneSnapshot::Scope::Scene);
@@ -172,12 +206,15 @@ int ksCheckedHistory::containerCount() const
 
 void ksCheckedHistory::commandPerformed(const QUndoCommand *command, bool added)
 {
-    if (command == nullptr || !added)
-        return;
+    if (command != nullptr && added && !dragging)
+        keepSnapshot(ksSceneSnapshot(root(), current));
+}
+
+void ksCheckedHistory::keepSnapshot(const ksSceneSnapshot &snapshot)
+{
     // A command that merged leaves the index where it was, and what the index stands for has changed.
-    const auto index = static_cast<std::size_t>(undoStack->index());
-    snapshots.resize(std::min(index, snapshots.size()));
-    snapshots.emplace_back(root(), current);
+    snapshots.resize(static_cast<std::size_t>(undoStack->index()));
+    snapshots.push_back(snapshot);
 }
 
 bool ksCheckedHistory::receiveMessage(const char *name, ksMessage &message, int)
@@ -185,13 +222,26 @@ bool ksCheckedHistory::receiveMessage(const char *name, ksMessage &message, int)
     QStringList entries;
     for (const auto &[key, value] : message.values())
         entries += QString::fromStdString(key) + QLatin1Char('=') + valueText(value);
-    receiver->transcript.note(QStringLiteral("message"),
-                              QString::fromLatin1(name) + QLatin1Char(' ') + entries.join(QLatin1Char(' ')));
+    const QString text = QString::fromLatin1(name) + QLatin1Char(' ') + entries.join(QLatin1Char(' '));
+    if (receiver->messageCount > 0 && receiver->message != text)
+        receiver->noteMessages();
+    receiver->message = text;
+    ++receiver->messageCount;
     return true;
+}
+
+void ksCheckedHistory::noteMessages()
+{
+    if (messageCount > 0)
+        transcript.note(QStringLiteral("message"),
+                        messageCount == 1 ? message
+                                          : message + QStringLiteral(" (%1 times)").arg(messageCount));
+    messageCount = 0;
 }
 
 bool ksCheckedHistory::finishStep(const ksSceneSnapshot &before)
 {
+    noteMessages();
     takeSnapshots();
     noteChanges(before);
     const int found = compareWithHistory() + compareWithMirror();
@@ -224,9 +274,11 @@ void ksCheckedHistory::noteChanges(const ksSceneSnapshot &before)
 int ksCheckedHistory::compareWithHistory()
 {
     std::vector<ksDifference> found = snapshots.at(static_cast<std::size_t>(undoStack->index()))
-                                          .differences(current, ksSceneSnapshot::Scope::Scene);
+                                          .differences(current, ksSceneSnapshot::Scope::Kept);
     found.erase(std::remove_if(found.begin(), found.end(),
-                               [this](const ksDifference &difference) { return accept(difference); }),
+                               [this](const ksDifference &difference) {
+                                   return accept(difference) || acceptRounding(difference);
+                               }),
                 found.end());
     noteFaults(QStringLiteral("DIFFERS"), found);
     return static_cast<int>(found.size());
@@ -248,13 +300,38 @@ bool ksCheckedHistory::accept(const ksDifference &difference)
         });
     if (expected == expectations.end())
         return false;
-    transcript.note(QStringLiteral("expected"), withValues(difference, QStringLiteral(" came back as ")) +
-                                                    QStringLiteral(" (") + expected->reason +
-                                                    QLatin1Char(')'));
-    for (ksSceneSnapshot &snapshot : snapshots)
-        if (snapshot.text(difference.container, difference.field) == difference.expected)
-            snapshot.adopt(current, difference.container, difference.field);
+    takeOver(difference, expected->reason, [&difference](const ksSceneSnapshot &snapshot) {
+        return snapshot.text(difference.container, difference.field) == difference.expected;
+    });
     return true;
+}
+
+bool ksCheckedHistory::acceptRounding(const ksDifference &difference)
+{
+    const auto contentOf = [&difference](const ksSceneSnapshot &snapshot) {
+        return snapshot.content(difference.container, difference.field);
+    };
+    const std::string expected = contentOf(snapshots.at(static_cast<std::size_t>(undoStack->index())));
+    const auto rounding =
+        std::find_if(roundings.begin(), roundings.end(), [&](const ksExpectedRounding &known) {
+            return known.container == difference.container && known.field == difference.field &&
+                   areNear(numbersIn(expected), numbersIn(contentOf(current)), known.tolerance);
+        });
+    if (rounding == roundings.end())
+        return false;
+    takeOver(difference, rounding->reason,
+             [&](const ksSceneSnapshot &snapshot) { return contentOf(snapshot) == expected; });
+    return true;
+}
+
+void ksCheckedHistory::takeOver(const ksDifference &difference, const QString &reason,
+                                const std::function<bool(const ksSceneSnapshot &)> &holdsExpected)
+{
+    transcript.note(QStringLiteral("expected"), withValues(difference, QStringLiteral(" came back as ")) +
+                                                    QStringLiteral(" (") + reason + QLatin1Char(')'));
+    for (ksSceneSnapshot &snapshot : snapshots)
+        if (holdsExpected(snapshot))
+            snapshot.adopt(current, difference.container, difference.field);
 }
 
 void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDifference> &differences)

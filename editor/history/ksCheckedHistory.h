@@ -32,12 +32,27 @@ struct ksExpectedDifference
     QString reason;
 };
 
+/// A difference that is right: the numbers in single precision that the field \a field of the container \a
+/// container holds are calculated by each step, and come back only as far as that carries.
+struct ksExpectedRounding
+{
+    osg::UInt32 container;
+    osg::UInt32 field;
+
+    /// How far each number may be from what it was.
+    double tolerance;
+
+    /// Where the numbers come from, for the transcript.
+    QString reason;
+};
+
 /// An undo stack that is checked after every step.
 ///
 /// It keeps a snapshot of the scene for every index of the stack. After a step, the scene must be as the
-/// snapshot of the present index says, and aspect 1, which only follows the change list, must equal aspect 0
-/// field by field. Each step gives a block in the transcript: what was done, the messages that the stack
-/// sent, the fields that changed, and the result of the check.
+/// snapshot of the present index says, as must be what commands keep out of the scene; and aspect 1, which
+/// only follows the change list, must equal aspect 0 field by field. Each step gives a block in the
+/// transcript: what was done, the messages that the stack sent, equal ones in a row as one, the fields that
+/// changed, and the result of the check.
 ///
 /// While it lives, it is the receiver of the stack's messages; there may be one at a time.
 class ksCheckedHistory : public QObject
@@ -57,6 +72,10 @@ public:
     /// checks. Within a macro, only aspect 1 is checked, since the stack has no index then. Returns whether
     /// the check found nothing.
     bool step(const QString &what, const std::function<void()> &action);
+
+    /// The same for an \a action that adds commands which all become one: the scene is looked at after the
+    /// last one only.
+    bool drag(const QString &what, const std::function<void()> &action);
 
     /// Adds \a command as one step.
     bool add(QUndoCommand *command);
@@ -85,6 +104,9 @@ public:
     /// take over the actual one.
     void expect(const ksExpectedDifference &difference);
 
+    /// The same for all values within the tolerance.
+    void expect(const ksExpectedRounding &rounding);
+
     ksUndoStack *stack() const { return undoStack; }
     osg::NodePtr root() const { return sceneRoot.get(); }
 
@@ -102,10 +124,15 @@ private:
 
     bool finishStep(const ksSceneSnapshot &before);
     void takeSnapshots();
+    void keepSnapshot(const ksSceneSnapshot &snapshot);
     void noteChanges(const ksSceneSnapshot &before);
     int compareWithHistory();
     int compareWithMirror();
     bool accept(const ksDifference &difference);
+    bool acceptRounding(const ksDifference &difference);
+    void takeOver(const ksDifference &difference, const QString &reason,
+                  const std::function<bool(const ksSceneSnapshot &)> &holdsExpected);
+    void noteMessages();
     void noteFaults(const QString &label, const std::vector<ksDifference> &differences);
 
     static ksCheckedHistory *receiver;
@@ -120,7 +147,13 @@ private:
     ksSceneSnapshot current;
     ksSceneSnapshot mirrored;
     std::vector<ksExpectedDifference> expectations;
+    std::vector<ksExpectedRounding> roundings;
+
+    /// The message that came last, and how often it came in a row, as long as that is not written.
+    QString message;
+    int messageCount = 0;
     ksSceneSnapshot beforeMacro;
     int openMacros = 0;
+    bool dragging = false;
     int faults = 0;
 };

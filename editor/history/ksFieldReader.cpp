@@ -7,41 +7,89 @@
 #include <OpenSG/OSGMFVecTypes.h>
 #include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
+#include <OpenSG/OSGSFMathTypes.h>
+#include <OpenSG/OSGSFSysTypes.h>
+#include <OpenSG/OSGSFVecTypes.h>
 
 #include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 
 namespace {
 
 constexpr std::size_t LongestText = 80;
 
-/// The bytes of \a field's values, if it is one of \a FieldTs; otherwise nothing.
-template <class... FieldTs>
-std::optional<std::string_view> bytesAs(const osg::Field &field)
+template <class T>
+std::string_view bytesOf(const T *values, std::size_t count)
 {
-    std::optional<std::string_view> bytes;
-    const auto takeAs = [&field, &bytes](const auto *typed) {
-        using FieldT = std::remove_const_t<std::remove_pointer_t<decltype(typed)>>;
-        if (field.getType() != FieldT::getClassType())
-            return false;
-        const auto &values = static_cast<const FieldT &>(field).getValues();
-        bytes.emplace(reinterpret_cast<const char *>(values.data()), values.size() * sizeof(values[0]));
-        return true;
-    };
-    static_cast<void>((takeAs(static_cast<const FieldTs *>(nullptr)) || ...));
-    return bytes;
+    return std::string_view(reinterpret_cast<const char *>(values), count * sizeof(T));
 }
 
-/// The bytes of a list of geometry or pixels, which come in amounts that are not to be turned into text at
-/// every check; nothing for any other field.
+template <class T, auto Namespace>
+std::string_view bytesOf(const osg::SField<T, Namespace> &field)
+{
+    return bytesOf(&field.getValue(), 1);
+}
+
+template <class T, auto Namespace>
+std::string_view bytesOf(const osg::MField<T, Namespace> &field)
+{
+    return bytesOf(field.getValues().data(), field.getValues().size());
+}
+
+/// The values of a field of the class \a FieldT, which has plain ones.
+template <class FieldT>
+std::string_view bytesAs(const osg::Field &field)
+{
+    return bytesOf(static_cast<const FieldT &>(field));
+}
+
+/// How fields of one type are read.
+struct Reading
+{
+    /// The bytes of the values, where they are plain; geometry and pixels come in amounts that are not to be
+    /// turned into text at every check.
+    std::string_view (*bytes)(const osg::Field &) = nullptr;
+
+    bool refersToContainers = false;
+};
+
+template <class... FieldTs>
+Reading readingAmong(const osg::FieldType &type)
+{
+    const std::string_view content = type.getContentType().getCName();
+    Reading reading;
+    reading.refersToContainers = (content.size() > 3 && content.substr(content.size() - 3) == "Ptr") ||
+                                 type == osg::SFAttachmentMap::getClassType();
+    static_cast<void>(
+        ((type == FieldTs::getClassType() && (reading.bytes = &bytesAs<FieldTs>, true)) || ...));
+    return reading;
+}
+
+const Reading &readingOf(const osg::Field &field)
+{
+    thread_local std::unordered_map<const osg::FieldType *, Reading> known;
+    const osg::FieldType &type = field.getType();
+    const auto found = known.find(&type);
+    if (found != known.end())
+        return found->second;
+    return known
+        .emplace(
+            &type,
+            readingAmong<osg::SFBool, osg::SFInt8, osg::SFUInt8, osg::SFInt16, osg::SFUInt16, osg::SFInt32,
+                         osg::SFUInt32, osg::SFInt64, osg::SFUInt64, osg::SFReal32, osg::SFReal64,
+                         osg::SFVec2f, osg::SFVec3f, osg::SFVec4f, osg::SFPnt3f, osg::SFColor3f,
+                         osg::SFColor4f, osg::SFQuaternion, osg::SFMatrix, osg::MFUInt8, osg::MFInt32,
+                         osg::MFUInt32, osg::MFReal32, osg::MFVec2f, osg::MFVec3f, osg::MFPnt3f>(type))
+        .first->second;
+}
+
 std::optional<std::string_view> plainBytes(const osg::Field &field)
 {
-    if (field.getCardinality() == osg::FieldType::SINGLE_FIELD)
-        return std::nullopt;
-    return bytesAs<osg::MFUInt8, osg::MFInt32, osg::MFUInt32, osg::MFReal32, osg::MFVec2f, osg::MFVec3f,
-                   osg::MFPnt3f>(field);
+    const Reading &reading = readingOf(field);
+    return reading.bytes != nullptr ? std::optional(reading.bytes(field)) : std::nullopt;
 }
 
 std::string plainText(const osg::Field &field)
@@ -122,9 +170,7 @@ std::string ksFieldReader::text(const osg::Field &field)
 
 bool ksFieldReader::refersToContainers(const osg::Field &field)
 {
-    const std::string_view type = field.getContentType().getCName();
-    return (type.size() > 3 && type.substr(type.size() - 3) == "Ptr") ||
-           field.getType() == osg::SFAttachmentMap::getClassType();
+    return readingOf(field).refersToContainers;
 }
 
 void ksFieldReader::visitContainers(const osg::Field &field,

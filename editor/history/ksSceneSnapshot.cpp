@@ -85,7 +85,6 @@ bool ksSceneSnapshot::holds(const osg::FieldContainerPtr &source, const Containe
 std::vector<ksDifference> ksSceneSnapshot::differences(const ksSceneSnapshot &actual, Scope scope) const
 {
     std::vector<ksDifference> found;
-    const auto within = [scope](const Entry &entry) { return scope == Scope::Everything || entry.inScene; };
     auto mine = entries.begin();
     auto other = actual.entries.begin();
     while (mine != entries.end() || other != actual.entries.end()) {
@@ -93,12 +92,20 @@ std::vector<ksDifference> ksSceneSnapshot::differences(const ksSceneSnapshot &ac
             mine != entries.end() && (other == actual.entries.end() || mine->id <= other->id);
         const bool hasOther =
             other != actual.entries.end() && (mine == entries.end() || other->id <= mine->id);
-        compare(hasMine && within(*mine) ? &*mine : nullptr, hasOther && within(*other) ? &*other : nullptr,
-                found);
+        const Entry *expected = hasMine ? &*mine : nullptr;
+        const Entry *present = hasOther ? &*other : nullptr;
+        compare(expected != nullptr && isWithin(scope, *expected, present) ? expected : nullptr,
+                present != nullptr && isWithin(scope, *present, expected) ? present : nullptr, found);
         mine += hasMine ? 1 : 0;
         other += hasOther ? 1 : 0;
     }
     return found;
+}
+
+bool ksSceneSnapshot::isWithin(Scope scope, const Entry &entry, const Entry *counterpart)
+{
+    const bool isKept = scope == Scope::Kept && counterpart != nullptr && !counterpart->inScene;
+    return isKept || entry.inScene || scope == Scope::Everything;
 }
 
 void ksSceneSnapshot::compare(const Entry *expected, const Entry *actual,
@@ -150,10 +157,22 @@ void ksSceneSnapshot::adopt(const ksSceneSnapshot &other, osg::UInt32 container,
     entries[static_cast<std::size_t>(mine - entries.data())].container = std::move(changed);
 }
 
-std::string ksSceneSnapshot::text(osg::UInt32 container, osg::UInt32 field) const
+const ksSceneSnapshot::Field *ksSceneSnapshot::find(osg::UInt32 container, osg::UInt32 field) const
 {
     const Entry *entry = find(container);
     return entry != nullptr && field - 1 < entry->container->fields.size()
-               ? entry->container->fields[field - 1].text
-               : std::string();
+               ? &entry->container->fields[field - 1]
+               : nullptr;
+}
+
+std::string ksSceneSnapshot::text(osg::UInt32 container, osg::UInt32 field) const
+{
+    const Field *found = find(container, field);
+    return found != nullptr ? found->text : std::string();
+}
+
+std::string ksSceneSnapshot::content(osg::UInt32 container, osg::UInt32 field) const
+{
+    const Field *found = find(container, field);
+    return found != nullptr ? found->content : std::string();
 }

@@ -36,6 +36,10 @@ public:
         /// commands that keep it.
         Scene,
 
+        /// Those of the scene, and those that are out of it, but exist, in both snapshots: what commands keep
+        /// must not change meanwhile.
+        Kept,
+
         /// Those that exist.
         Everything
     };
@@ -60,6 +64,9 @@ public:
     /// What the field \a field of the container \a container holds, as text; empty when there is none.
     std::string text(osg::UInt32 container, osg::UInt32 field) const;
 
+    /// The same as ksFieldReader::content().
+    std::string content(osg::UInt32 container, osg::UInt32 field) const;
+
 private:
     struct Field
     {
@@ -83,8 +90,10 @@ private:
 
     static std::shared_ptr<const Container> read(const osg::FieldContainerPtr &source, const Entry *known);
     static bool holds(const osg::FieldContainerPtr &source, const Container &known);
+    static bool isWithin(Scope scope, const Entry &entry, const Entry *counterpart);
     static void compare(const Entry *expected, const Entry *actual, std::vector<ksDifference> &differences);
     const Entry *find(osg::UInt32 id) const;
+    const Field *find(osg::UInt32 container, osg::UInt32 field) const;
 
     /// By id.
     std::vector<Entry> entries;

@@ -4,6 +4,8 @@
 #include "ksCheckedHistory.h"
 #include "ksFieldTour.h"
 #include "ksHistoryTour.h"
+#include "ksTransformTour.h"
+#include "ksVariantTour.h"
 
 ksTour::ksTour(ksCheckedHistory &checkedHistory)
     : history(checkedHistory)
@@ -14,6 +16,9 @@ void ksTour::run()
     const ksTourTargets targets(history.root());
     ksFieldTour(history, targets).run();
     ksHistoryTour(history, targets).run();
+    ksTransformTour transformTour(history, targets);
+    ksVariantTour(history, targets, transformTour).run();
+    transformTour.run();
     walkHistory();
 }
 

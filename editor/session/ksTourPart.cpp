@@ -6,6 +6,8 @@
 
 #include <QUndoCommand>
 
+#include <algorithm>
+
 ksTourPart::ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets)
     : history(checkedHistory)
     , targets(chosenTargets)
@@ -27,7 +29,7 @@ void ksTourPart::drag(int events, const std::function<QUndoCommand *(int event)>
 {
     const int before = history.stack()->count();
     QUndoCommand *first = make(0);
-    history.step(QStringLiteral("drag \"%1\", %2 events").arg(first->text()).arg(events), [&] {
+    history.drag(QStringLiteral("drag \"%1\", %2 events").arg(first->text()).arg(events), [&] {
         history.stack()->add(first);
         for (int event = 1; event < events; ++event)
             history.stack()->add(make(event));
@@ -40,4 +42,16 @@ void ksTourPart::verifyGrowth(int before, int grown)
     history.verify(history.stack()->count() == before + grown,
                    grown == 0 ? QStringLiteral("it merged into the step before")
                               : QStringLiteral("it is a step of its own"));
+}
+
+void ksTourPart::verifyCalls(ksCallLog &log, const ksCallLog::Lines &expected)
+{
+    const ksCallLog::Lines actual = log.take();
+    const auto [wrong, right] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    const auto shown = [](const ksCallLog::Lines &lines, ksCallLog::Lines::const_iterator line) {
+        return line == lines.end() ? QStringLiteral("nothing") : QString::fromStdString(*line);
+    };
+    history.verify(actual == expected, QStringLiteral("the call is \"") + shown(expected, right) +
+                                           QStringLiteral("\", not \"") + shown(actual, wrong) +
+                                           QLatin1Char('"'));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ksCallLog.h"
 #include "ksTourTargets.h"
 
 #include <QString>
@@ -28,6 +29,9 @@ protected:
     /// Adds the commands that \a make gives for the numbers from 0 to \a events - 1, as one step of the
     /// transcript, and verifies that they became one command.
     void drag(int events, const std::function<QUndoCommand *(int event)> &make);
+
+    /// Verifies that what \a log has got since the last call of this is \a expected.
+    void verifyCalls(ksCallLog &log, const ksCallLog::Lines &expected);
 
     ksCheckedHistory &history;
     const ksTourTargets &targets;

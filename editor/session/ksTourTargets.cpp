@@ -6,6 +6,7 @@
 
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
+#include <OSGTransform3D.h>
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGImage.h>
 #include <OpenSG/OSGLight.h>
@@ -16,6 +17,7 @@
 namespace {
 
 constexpr std::size_t NodesAtMost = 4;
+constexpr std::size_t TransformsAtMost = 3;
 constexpr std::size_t OthersAtMost = 2;
 
 /// At most \a count of \a all, the first and the last among them.
@@ -54,6 +56,8 @@ ksTourTargets::ksTourTargets(const osg::NodePtr &root)
     std::vector<osg::ImagePtr> images;
     ksContainers::visitNodes(root, [&](const osg::NodePtr &node) {
         allNodes.push_back(node);
+        if (osg::Transform3DPtr::dcast(node->getCore()) != osg::NullFC)
+            transforms.push_back(node);
         addOnce(lights, node->getCore());
         if (const osg::ksMeshPtr mesh = osg::ksMeshPtr::dcast(node->getCore()))
             addOnce(materials, mesh->getMaterial());
@@ -63,6 +67,7 @@ ksTourTargets::ksTourTargets(const osg::NodePtr &root)
             addOnce(images, textured->getImage());
 
     nodes = spread(allNodes, NodesAtMost);
+    transforms = spread(transforms, TransformsAtMost);
     for (const osg::NodePtr &node : nodes)
         addOnce(settings, node->findAttachment(osg::ksNodeSettings::getClassType()));
 

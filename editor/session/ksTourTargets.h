@@ -18,7 +18,10 @@ struct ksTourTargets
     std::vector<osg::NodePtr> nodes;
     std::vector<osg::ksNodeSettingsPtr> settings;
 
-    /// All of them, and the materials, lights and images of the scene.
+    /// Nodes whose core is a transform.
+    std::vector<osg::NodePtr> transforms;
+
+    /// All nodes and settings, and the materials, lights and images of the scene.
     std::vector<osg::FieldContainerPtr> containers;
 
     /// The fields of \a container that may be edited without regard to others: what describes the layout of

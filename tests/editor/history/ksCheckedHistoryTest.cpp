@@ -230,6 +230,103 @@ TEST_F(ksCheckedHistoryTest, AcceptsNothingElse)
     EXPECT_FALSE(history.undo());
 }
 
+TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfAFieldWithinItsTolerance)
+{
+    const auto setOpacity = [this](float opacity) {
+        return new ksFieldUndoCommand<float>(QStringLiteral("Set opacity"), childSettings(), "opacity",
+                                             opacity);
+    };
+    const auto disturb = [this](float opacity) {
+        CPEdit(childSettings(), osg::ksNodeSettings::OpacityFieldMask);
+        childSettings()->setOpacity(opacity);
+    };
+    history.add(setOpacity(0.5F));
+    history.expect(ksExpectedRounding{childSettings().getFieldContainerId(),
+                                      osg::ksNodeSettings::OpacityFieldId, 0.01, QStringLiteral("why")});
+    disturb(0.50390625F);
+    EXPECT_TRUE(history.check());
+    EXPECT_THAT(out.str(),
+                HasSubstr("  expected " + label() + " opacity: 0.5 came back as 0.50390625 (why)\n"));
+    // What came back is what is expected from then on.
+    history.undo();
+    EXPECT_EQ(history.differenceCount(), 0);
+    history.redo();
+    EXPECT_EQ(history.differenceCount(), 0);
+    disturb(0.53125F);
+    EXPECT_FALSE(history.check());
+}
+
+TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfNoOtherField)
+{
+    const osg::UInt32 id = childSettings().getFieldContainerId();
+    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::LayerFieldId, 100, QString()});
+    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::CommentFieldId, 100, QString()});
+    history.expect(ksExpectedRounding{id + 1, osg::ksNodeSettings::OpacityFieldId, 100, QString()});
+    {
+        CPEditAll(childSettings());
+        childSettings()->setOpacity(0.5F);
+        childSettings()->setComment("text");
+    }
+    EXPECT_FALSE(history.check());
+    EXPECT_EQ(history.differenceCount(), 2);
+}
+
+TEST_F(ksCheckedHistoryTest, WritesEqualMessagesInARowOnce)
+{
+    history.step(QStringLiteral("edits"), [this] {
+        for (osg::UInt8 layer = 1; layer <= 5; ++layer)
+            stack.add(setLayerMerging(layer));
+        stack.undo();
+    });
+    EXPECT_THAT(out.str(), HasSubstr(" index=0 text=\"Set layer\" (5 times)\n  message  ksURManager::undo "));
+    EXPECT_THAT(out.str(), Not(HasSubstr("(1 times)")));
+    EXPECT_EQ(history.differenceCount(), 0);
+}
+
+TEST_F(ksCheckedHistoryTest, TakesADragAsOneStep)
+{
+    history.add(new ksBoolFieldUndoCommand(childSettings(), "locked", true));
+    EXPECT_TRUE(history.drag(QStringLiteral("drag"), [this] {
+        for (osg::UInt8 layer = 1; layer <= 5; ++layer)
+            stack.add(setLayerMerging(layer));
+    }));
+    EXPECT_EQ(transcript.stepCount(), 2);
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_TRUE(history.undo());
+    EXPECT_EQ(childSettings()->getLayer(), 0);
+    EXPECT_TRUE(history.redo());
+    EXPECT_EQ(childSettings()->getLayer(), 5);
+    EXPECT_TRUE(history.add(setLayer(6)));
+    EXPECT_TRUE(history.undo());
+}
+
+TEST_F(ksCheckedHistoryTest, SeesADragThatIsStaleOrDoesNotComeBack)
+{
+    EXPECT_FALSE(history.drag(QStringLiteral("drag"),
+                              [this] { stack.add(new FaultyCommand(childSettings(), false, false)); }));
+    const int before = history.differenceCount();
+    EXPECT_FALSE(history.undo());
+    EXPECT_GT(history.differenceCount(), before);
+}
+
+TEST_F(ksCheckedHistoryTest, SeesAWriteToWhatIsOutOfTheScene)
+{
+    const osg::ksNodeSettingsRefPtr kept(childSettings());
+    history.add(setLayer(3));
+    history.step(QStringLiteral("detach"), [this, &kept] {
+        CPEdit(child, osg::Node::AttachmentsFieldMask);
+        child->subAttachment(kept.get());
+    });
+    const int before = history.differenceCount();
+    history.clear();
+    {
+        CPEdit(kept.get(), osg::ksNodeSettings::OpacityFieldMask);
+        kept->setOpacity(0.5F);
+    }
+    EXPECT_FALSE(history.check());
+    EXPECT_EQ(history.differenceCount(), before + 1);
+}
+
 TEST_F(ksCheckedHistoryTest, CountsFailedVerifications)
 {
     EXPECT_TRUE(history.verify(true, QStringLiteral("one is one")));

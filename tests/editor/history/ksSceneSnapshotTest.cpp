@@ -63,6 +63,25 @@ TEST_F(ksSceneSnapshotTest, ComparesTheSceneOrEverything)
     EXPECT_EQ(difference.actual, "present");
 }
 
+TEST_F(ksSceneSnapshotTest, ComparesWhatIsKeptOutOfTheScene)
+{
+    const osg::NodeRefPtr kept(child);
+    const osg::ksNodeSettingsPtr settings = childSettings();
+    root->subChild(child);
+    const ksSceneSnapshot outside(root, before);
+    settings->setLayer(3);
+    const osg::ksNodeSettingsRefPtr added(osg::ksNodeSettings::create());
+    const ksSceneSnapshot edited(root, before);
+    EXPECT_THAT(outside.differences(edited, Scope::Scene), IsEmpty());
+    ASSERT_THAT(outside.differences(edited, Scope::Kept), SizeIs(1));
+    EXPECT_EQ(outside.differences(edited, Scope::Kept).front().name, "layer");
+    // What is in the scene at one time and out of it at the other is missing there.
+    for (const auto &[one, other] : {std::pair(before, edited), std::pair(edited, before)}) {
+        EXPECT_EQ(one.differences(other, Scope::Kept).size(), one.differences(other, Scope::Scene).size());
+        EXPECT_EQ(one.differences(other, Scope::Kept).back().field, 0u);
+    }
+}
+
 TEST_F(ksSceneSnapshotTest, SeesContainersThatLeaveTheScene)
 {
     const osg::NodeRefPtr kept(child);
@@ -118,6 +137,8 @@ TEST_F(ksSceneSnapshotTest, IsNotTouchedByWhatItLacks)
     EXPECT_EQ(empty.text(id, osg::ksNodeSettings::LayerFieldId), "");
     before.adopt(empty, id, osg::ksNodeSettings::LayerFieldId);
     EXPECT_EQ(before.text(id, osg::ksNodeSettings::LayerFieldId), "0");
+    EXPECT_EQ(before.content(id, osg::ksNodeSettings::LayerFieldId), std::string(1, 0));
+    EXPECT_EQ(empty.content(id, osg::ksNodeSettings::LayerFieldId), "");
     EXPECT_EQ(before.text(id, 99), "");
     EXPECT_EQ(before.text(id, 0), "");
 }

@@ -2,6 +2,8 @@
 #include "ksEditorFixture.h"
 
 #include <ksundo/core/ksUndoStack.h>
+#include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
+#include <ksundo/transform/ksTransformValueUndoCommands.h>
 
 #include <ksCheckedHistory.h>
 #include <ksSceneImporter.h>
@@ -13,6 +15,15 @@
 
 namespace {
 
+/// Whether commands of a few classes would call a sync function.
+struct ksSyncProbe : ksTranslationUndoCommand, ksEulerRotationOrderUndoCommand
+{
+    static bool isSyncing()
+    {
+        return ksTranslationUndoCommand::s_sync || ksEulerRotationOrderUndoCommand::s_sync;
+    }
+};
+
 class ksTourTest : public testing::Test
 {
 protected:
@@ -23,6 +34,7 @@ protected:
         const ksSceneSnapshot before(root, {});
         ksTour(history).run();
         EXPECT_EQ(history.differenceCount(), 0) << out.str();
+        EXPECT_FALSE(ksSyncProbe::isSyncing());
         EXPECT_EQ(history.stack()->index(), 0);
         EXPECT_GT(history.stack()->count(), 20);
         EXPECT_TRUE(before.differences(ksSceneSnapshot(root, before), ksSceneSnapshot::Scope::Scene).empty());
@@ -38,8 +50,9 @@ protected:
         tour(node);
     }
 
-    /// The names of the containers' classes and fields that the tour changed.
-    std::set<std::string> changedFields() const
+    /// The names of the containers' classes and fields that the lines of the transcript called \a wanted are
+    /// about.
+    std::set<std::string> fieldsAfter(const std::string &wanted) const
     {
         std::set<std::string> fields;
         std::istringstream lines(out.str());
@@ -49,7 +62,7 @@ protected:
             std::string type;
             words >> label >> type;
             const std::size_t colon = line.find(": ");
-            if (label == "changed" && colon != std::string::npos) {
+            if (label == wanted && colon != std::string::npos) {
                 const std::size_t space = line.rfind(' ', colon - 1);
                 fields.insert(type + '.' + line.substr(space + 1, colon - space - 1));
             }
@@ -66,18 +79,50 @@ TEST_F(ksTourTest, EditsEveryKindOfContainerOfTheRoom)
 {
     const osg::NodeRefPtr room = ksSceneImporter([](const QString &) {}).load(ksRoomFile());
     tour(room);
-    const std::set<std::string> fields = changedFields();
-    for (const char *field :
-         {"ksNodeSettings.layer", "ksNodeSettings.lodBias", "ksNodeSettings.renderOrder",
-          "ksNodeSettings.stencilReference", "ksNodeSettings.pickId", "ksNodeSettings.sortKey",
-          "ksNodeSettings.userFlags", "ksNodeSettings.revision", "ksNodeSettings.opacity",
-          "ksNodeSettings.timeOffset", "ksNodeSettings.locked", "Node.travMask",
-          "SimpleTexturedMaterial.shininess", "SimpleTexturedMaterial.lit", "PointLight.on",
-          "PointLight.constantAttenuation", "DirectionalLight.on", "Image.resX"})
+    const std::set<std::string> fields = fieldsAfter("changed");
+    for (const char *field : {"ksNodeSettings.layer",
+                              "ksNodeSettings.lodBias",
+                              "ksNodeSettings.renderOrder",
+                              "ksNodeSettings.stencilReference",
+                              "ksNodeSettings.pickId",
+                              "ksNodeSettings.sortKey",
+                              "ksNodeSettings.userFlags",
+                              "ksNodeSettings.revision",
+                              "ksNodeSettings.opacity",
+                              "ksNodeSettings.timeOffset",
+                              "ksNodeSettings.locked",
+                              "Node.travMask",
+                              "SimpleTexturedMaterial.shininess",
+                              "SimpleTexturedMaterial.lit",
+                              "PointLight.on",
+                              "PointLight.constantAttenuation",
+                              "DirectionalLight.on",
+                              "Image.resX",
+                              "Transform3D.translation",
+                              "Transform3D.rotation",
+                              "Transform3D.eulerRotation",
+                              "Transform3D.eulerRotationOrder",
+                              "Transform3D.scale",
+                              "Transform3D.shear",
+                              "Transform3D.scalePivot",
+                              "Transform3D.rotatePivot",
+                              "Transform3D.scalePivotTranslation",
+                              "Transform3D.rotatePivotTranslation",
+                              "Transform3D.rotationOrientation",
+                              "Transform3D.rotationDirection",
+                              "Transform3D.matrix",
+                              "TransformVariant.name",
+                              "TransformVariant.applyFlags",
+                              "TransformVariantsAttachment.variants"})
         EXPECT_EQ(fields.count(field), 1u) << field;
     // The layout of pixels and what the scene graph keeps itself are left alone.
     for (const char *field : {"Image.width", "Image.bpp", "Node.volume", "ksMesh.cornersPerFace"})
         EXPECT_EQ(fields.count(field), 0u) << field;
+    // Only what is calculated through world space may come back other than bit for bit.
+    EXPECT_THAT(fieldsAfter("expected"),
+                testing::UnorderedElementsAre("ksNodeSettings.stencilReference", "Transform3D.matrix",
+                                              "Transform3D.translation", "Transform3D.scalePivot",
+                                              "Transform3D.rotatePivot"));
 }
 
 TEST_F(ksTourTest, WorksOnASingleNode)

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "ksTransformEdits.h"
+
+#include <ksNodeUtils.h>
+
+#include <algorithm>
+#include <type_traits>
+#include <utility>
+
+namespace {
+
+using osg::Transform3D;
+
+/// A row of the table. \a Mode is bool for the commands that take a space.
+template <class Command, class... Mode>
+struct Row
+{
+    static constexpr bool HasCallback =
+        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *,
+                                ksTransformCallback, int>;
+    static constexpr bool HasIndex =
+        HasCallback ||
+        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *, int>;
+
+    static ksTransformValue read(const ksTransformTarget &target)
+    {
+        return Command::row.get(target.node, Mode(target.world)..., target.index);
+    }
+
+    static ksUndoCommand *make(const ksTransformTarget &target, const ksTransformValue &value,
+                               const ksTransformCallback &callback)
+    {
+        if constexpr (HasCallback)
+            return new Command(target.node, value, Mode(target.world)..., nullptr, callback, target.index);
+        else if constexpr (HasIndex)
+            return new Command(target.node, value, Mode(target.world)..., nullptr, target.index);
+        else
+            return new Command(target.node, value, nullptr);
+    }
+
+    static ksTransformProperty named(const char *name, osg::UInt32 field)
+    {
+        return {name, field, sizeof...(Mode) > 0, HasIndex, HasCallback, &read, &make};
+    }
+};
+
+ksTransformValue readDirection(const ksTransformTarget &target)
+{
+    return ksNodeUtils::getTransformNodeRotationDirection(target.node, target.index, -1);
+}
+
+ksUndoCommand *makeDirection(const ksTransformTarget &target, const ksTransformValue &value,
+                             const ksTransformCallback &)
+{
+    return new ksRotationPivotDirectionUndoCommand(target.node, value, target.directionAxis,
+                                                   target.directionOn, nullptr, target.index);
+}
+
+} // namespace
+
+ksTransformation::ksTransformation(const osg::Transform3DPtr &transform)
+    : translation(transform->getTranslation())
+    , rotation(transform->getEulerRotation())
+    , scale(transform->getScale())
+    , shear(transform->getShear())
+    , scalePivot(transform->getScalePivot())
+    , rotatePivot(transform->getRotatePivot())
+    , scalePivotTranslation(transform->getScalePivotTranslation())
+    , rotatePivotTranslation(transform->getRotatePivotTranslation())
+    , inheritType(transform->getInheritType())
+    , eulerRotationOrder(transform->getEulerRotationOrder())
+{
+    rotationDirectionOn = transform->getRotationDirectionValues(rotationDirection, rotationDirectionMode);
+}
+
+const std::vector<ksTransformProperty> &ksTransformEdits::properties()
+{
+    static const std::vector<ksTransformProperty> all = {
+        Row<ksTranslationUndoCommand, bool>::named("translation", Transform3D::TranslationFieldId),
+        Row<ksRotationUndoCommand>::named("eulerRotation", Transform3D::EulerRotationFieldId),
+        Row<ksScaleUndoCommand>::named("scale", Transform3D::ScaleFieldId),
+        Row<ksShearUndoCommand>::named("shear", Transform3D::ShearFieldId),
+        Row<ksScalePivotUndoCommand, bool>::named("scalePivot", Transform3D::ScalePivotFieldId),
+        Row<ksRotationPivotUndoCommand, bool>::named("rotatePivot", Transform3D::RotatePivotFieldId),
+        Row<ksScalePivotTranslationUndoCommand>::named("scalePivotTranslation",
+                                                       Transform3D::ScalePivotTranslationFieldId),
+        Row<ksRotationPivotTranslationUndoCommand>::named("rotatePivotTranslation",
+                                                          Transform3D::RotatePivotTranslationFieldId),
+        Row<ksRotationPivotOrientationUndoCommand>::named("rotationOrientation",
+                                                          Transform3D::RotationOrientationFieldId),
+        {"rotationDirection", Transform3D::RotationDirectionFieldId, false, true, false, &readDirection,
+         &makeDirection},
+    };
+    return all;
+}
+
+const ksTransformProperty *ksTransformEdits::find(const QString &name)
+{
+    const auto found =
+        std::find_if(properties().begin(), properties().end(), [&name](const ksTransformProperty &property) {
+            return name == QLatin1String(property.name);
+        });
+    return found != properties().end() ? &*found : nullptr;
+}
+
+ksTransformationUndoCommand *
+ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &values, int index, bool syncs,
+                            ksTransformationUndoCommand::Notification notification)
+{
+    return new ksTransformationUndoCommand(
+        node, values.translation, values.rotation, values.scale, values.shear, values.scalePivot,
+        values.rotatePivot, values.scalePivotTranslation, values.rotatePivotTranslation, values.inheritType,
+        values.eulerRotationOrder, values.rotationDirectionOn, values.rotationDirection,
+        values.rotationDirectionMode, syncs, nullptr, std::move(notification), index);
+}
+
+osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)
+{
+    const osg::Transform3DPtr own = ksNodeUtils::getTransform3D(node, -1);
+    const osg::Transform3DPtr transform =
+        own != osg::NullFC ? osg::Transform3DPtr::dcast(own->shallowCopy()) : osg::Transform3D::create();
+    const osg::TransformVariantPtr variant = osg::TransformVariant::create();
+    CPEdit(variant, osg::TransformVariant::NameFieldMask | osg::TransformVariant::TransformFieldMask);
+    variant->setName(name);
+    variant->setTransform(transform);
+    return variant;
+}

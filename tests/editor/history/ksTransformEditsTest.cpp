@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksNodeUtils.h>
+#include <ksTransformEdits.h>
+
+#include <memory>
+#include <set>
+
+namespace {
+
+using osg::Transform3D;
+
+class ksTransformEditsTest : public ksEditorFixture
+{
+protected:
+    ksTransformEditsTest()
+    {
+        replaceCore(root);
+        replaceCore(child);
+        CPEditAll(transformOf(root));
+        transformOf(root)->setTranslation(osg::Vec3f(10, 20, 30));
+        transformOf(root)->setScale(osg::Vec3f(2, 2, 2));
+    }
+
+    static void replaceCore(const osg::NodePtr &node)
+    {
+        CPEdit(node, osg::Node::CoreFieldMask);
+        node->setCore(Transform3D::create());
+    }
+
+    static osg::Transform3DPtr transformOf(const osg::NodePtr &node)
+    {
+        return osg::Transform3DPtr::dcast(node->getCore());
+    }
+
+    static const ksTransformProperty &property(const char *name)
+    {
+        return *ksTransformEdits::find(QString::fromLatin1(name));
+    }
+
+    static std::unique_ptr<ksUndoCommand> make(const ksTransformProperty &property,
+                                               const ksTransformTarget &target, const ksTransformValue &value)
+    {
+        return std::unique_ptr<ksUndoCommand>(property.make(target, value, {}));
+    }
+
+    void addVariant() const
+    {
+        ksNodeUtils::createTransformVariantsAttachment(child);
+        ksNodeUtils::insertTransformVariant(child, 0, ksTransformEdits::makeVariant(child, "One"));
+    }
+};
+
+} // namespace
+
+TEST_F(ksTransformEditsTest, EditsTheFieldThatTheNameSays)
+{
+    std::set<int> ids;
+    for (const ksTransformProperty &each : ksTransformEdits::properties()) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(&property(each.name), &each);
+        EXPECT_STREQ(Transform3D::getClassType().getFieldDescription(each.field)->getCName(), each.name);
+        const auto &field = static_cast<const osg::SFVec3f &>(*transformOf(child)->getField(each.field));
+        const osg::Vec3f before = field.getValue();
+        const std::unique_ptr<ksUndoCommand> command = make(each, {child}, {1, 2, 3});
+        command->redo();
+        EXPECT_EQ(field.getValue(), osg::Vec3f(1, 2, 3));
+        EXPECT_EQ(each.read({child}), osg::Vec3f(1, 2, 3));
+        command->undo();
+        EXPECT_EQ(field.getValue(), before);
+        ids.insert(command->id());
+    }
+    EXPECT_EQ(ids.size(), 10u);
+    EXPECT_EQ(ksTransformEdits::find(QStringLiteral("matrix")), nullptr);
+}
+
+TEST_F(ksTransformEditsTest, EditsInWorldSpaceWhatHasASpace)
+{
+    for (const ksTransformProperty &each : ksTransformEdits::properties()) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(each.hasSpace, std::string(each.name) == "translation" ||
+                                     std::string(each.name) == "scalePivot" ||
+                                     std::string(each.name) == "rotatePivot");
+        const ksTransformTarget inWorld{child, -1, true};
+        make(each, inWorld, {12, 24, 36})->redo();
+        EXPECT_EQ(each.read(inWorld), osg::Vec3f(12, 24, 36));
+        EXPECT_EQ(each.read({child}), each.hasSpace ? osg::Vec3f(1, 2, 3) : osg::Vec3f(12, 24, 36));
+    }
+}
+
+TEST_F(ksTransformEditsTest, EditsTheTransformsOfVariants)
+{
+    addVariant();
+    for (const ksTransformProperty &each : ksTransformEdits::properties()) {
+        SCOPED_TRACE(each.name);
+        EXPECT_EQ(each.hasIndex, std::string(each.name) != "shear");
+        const osg::Vec3f own = each.read({child});
+        make(each, {child, 0}, {1, 2, 3})->redo();
+        EXPECT_EQ(each.read({child, 0}), osg::Vec3f(1, 2, 3));
+        EXPECT_EQ(each.read({child}), each.hasIndex ? own : osg::Vec3f(1, 2, 3));
+    }
+}
+
+TEST_F(ksTransformEditsTest, PassesCallbacksOn)
+{
+    for (const ksTransformProperty &each : ksTransformEdits::properties()) {
+        int calls = 0;
+        const std::unique_ptr<ksUndoCommand> command(each.make(
+            {child}, {1, 2, 3}, [&calls](unsigned int, const ksTransformValue &, int) { ++calls; }));
+        command->redo();
+        EXPECT_EQ(calls, each.hasCallback ? 1 : 0) << each.name;
+    }
+}
+
+TEST_F(ksTransformEditsTest, SetsAxisAndSwitchOfADirection)
+{
+    make(property("rotationDirection"), {child, -1, false, 2, false}, {1, 2, 3})->redo();
+    EXPECT_EQ(transformOf(child)->getRotationDirectionMode(), 2);
+    EXPECT_FALSE(transformOf(child)->getRotationDirectionOn());
+}
+
+TEST_F(ksTransformEditsTest, AppliesWhatATransformHas)
+{
+    const osg::Transform3DPtr source = transformOf(root);
+    {
+        CPEditAll(source);
+        osg::UInt32 next = 1;
+        for (const ksTransformProperty &each : ksTransformEdits::properties())
+            static_cast<osg::SFVec3f &>(*source->getField(each.field))
+                .setValue(osg::Vec3f(static_cast<float>(next++), 2, 3));
+        source->setRotationOrientation(osg::Vec3f());
+        source->setInheritType(4);
+        source->setEulerRotationOrder("ZXY");
+        source->updateRotation();
+        source->setRotationDirectionOn(true);
+        source->setRotationDirectionMode(2);
+    }
+    int appliedTo = 0;
+    const std::unique_ptr<ksUndoCommand> command(ksTransformEdits::makeApply(
+        child, ksTransformation(source), -1, false, [&appliedTo](int index) { appliedTo = index; }));
+    command->redo();
+    EXPECT_EQ(appliedTo, -1);
+    const osg::Transform3DPtr target = transformOf(child);
+    for (const ksTransformProperty &each : ksTransformEdits::properties())
+        EXPECT_EQ(each.read({child}), each.read({root})) << each.name;
+    EXPECT_EQ(target->getInheritType(), 4);
+    EXPECT_EQ(target->getEulerRotationOrder(), "ZXY");
+    EXPECT_TRUE(target->getRotationDirectionOn());
+    EXPECT_EQ(target->getRotationDirectionMode(), 2);
+    EXPECT_EQ(target->getMatrix(), source->getMatrix());
+    command->undo();
+    EXPECT_EQ(target->getMatrix(), osg::Matrix());
+}
+
+TEST_F(ksTransformEditsTest, MakesVariantsLikeTheNode)
+{
+    const osg::RefPtr<osg::TransformVariantPtr> variant(ksTransformEdits::makeVariant(root, "Like"));
+    EXPECT_EQ(variant->getName(), "Like");
+    EXPECT_NE(variant->getTransform(), transformOf(root));
+    EXPECT_EQ(variant->getTransform()->getMatrix(), transformOf(root)->getMatrix());
+    EXPECT_EQ(variant->getTransform()->getScale(), osg::Vec3f(2, 2, 2));
+    EXPECT_TRUE(variant->getTransform()->getParents().empty());
+
+    const osg::NodeRefPtr bare(osg::Node::create());
+    const osg::RefPtr<osg::TransformVariantPtr> plain(ksTransformEdits::makeVariant(bare, "Plain"));
+    EXPECT_EQ(plain->getTransform()->getMatrix(), osg::Matrix());
+}
