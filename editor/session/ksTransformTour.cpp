@@ -8,6 +8,7 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
+#include <OSGPrecision.h>
 #include <ksNodeUtils.h>
 
 #include <algorithm>
@@ -54,24 +55,28 @@ double largestOf(const ksTransformValue &value)
     return std::max({std::abs(value[0]), std::abs(value[1]), std::abs(value[2])});
 }
 
-/// Whether positions in world space have a position in the space of \a node's parent.
-bool isReachedFromWorld(const osg::NodePtr &node)
+/// How much \a matrix can lengthen a vector, its largest component being its length.
+template <class T>
+double stretchOf(const osg::TransformationMatrix<T> &matrix)
 {
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            if (transform->getMatrix().det() == 0)
-                return false;
-    return true;
+    double largest = 0;
+    for (osg::UInt32 row = 0; row < 3; ++row) {
+        double sum = 0;
+        for (osg::UInt32 column = 0; column < 3; ++column)
+            sum += std::abs(static_cast<double>(matrix[column][row]));
+        largest = std::max(largest, sum);
+    }
+    return largest;
 }
 
-/// The largest factor by which \a matrix stretches a component, or 1 if that is larger.
-double stretchOf(const osg::Matrix &matrix)
+/// From the space of \a node's parent to the world.
+osg::Matrix4d toWorld(const osg::NodePtr &node)
 {
-    double largest = 1;
-    for (osg::UInt32 column = 0; column < 3; ++column)
-        for (osg::UInt32 row = 0; row < 3; ++row)
-            largest = std::max(largest, std::abs(static_cast<double>(matrix[column][row])));
-    return largest;
+    osg::Matrix4d result;
+    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
+            result.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
+    return result;
 }
 
 /// A turn by \a degrees about a slanted axis.
@@ -135,8 +140,9 @@ void ksTransformTour::edit(const osg::NodePtr &node, int index)
         // The axis and the switch of the direction are those that have been applied: undoing leaves them.
         const ksTransformTarget own = {node, index, false, 1, true};
         dragValue(property, own);
+        // From a space that is flattened there is no way back.
         const ksTransformTarget inWorld = {node, index, true};
-        if (property.hasSpace && isReachedFromWorld(node))
+        if (property.hasSpace && toWorld(node).invert())
             dragValue(property, inWorld);
     }
     dragOrder(node, index);
@@ -187,7 +193,6 @@ void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTra
         return calls;
     };
     const ksTransformValue before = property.read(target);
-    const ksTransformValue localBefore = property.read(inParent(target));
     ksCallLog::Lines calls;
     drag(DragEvents, [&](int event) {
         const ksTransformValue value = dragged(before, event);
@@ -202,10 +207,11 @@ void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTra
     const ksTransformValue localAfter = property.read(inParent(target));
     double tolerance = 0;
     if (target.world) {
-        const double shrinking = largestOf(localAfter - localBefore) / largestOf(wanted - before);
-        tolerance = WorldPrecision *
-                    std::max({largestOf(before), largestOf(wanted), largestOf(localAfter) / shrinking});
-        expectRounding(property, target, tolerance * shrinking);
+        osg::Matrix4d space = toWorld(target.node);
+        const double world = std::max(largestOf(before), largestOf(wanted));
+        tolerance = WorldPrecision * (world + stretchOf(space) * largestOf(localAfter));
+        space.invert();
+        expectRounding(property, target, WorldPrecision * (largestOf(localAfter) + stretchOf(space) * world));
     }
     history.verify(largestOf(after - wanted) <= tolerance, QStringLiteral("the last value is set"));
     history.undo();
@@ -224,7 +230,7 @@ void ksTransformTour::expectRounding(const ksTransformProperty &property, const 
     const QString reason = QStringLiteral("a value in world space");
     history.expect(ksExpectedRounding{id, property.field, tolerance, reason});
     history.expect(ksExpectedRounding{id, osg::Transform3D::MatrixFieldId,
-                                      2 * tolerance * stretchOf(transform->getMatrix()), reason});
+                                      tolerance * (1 + stretchOf(transform->getMatrix())), reason});
 }
 
 void ksTransformTour::dragOrder(const osg::NodePtr &node, int index)
