@@ -309,7 +309,7 @@ void addLightKinds(std::vector<ksFaultKind> &kinds)
     kinds.push_back(kind<osg::LightLinkSetPtr>(
         "ksAddNodeToLightLinkSetUndoCommand_remove",
         [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
-            return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.listed, scene.mark}, 0, true);
+            return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.mark, scene.listed}, 0, true);
         },
         [](const Scene &scene) { return scene.linkSet(); }));
 }

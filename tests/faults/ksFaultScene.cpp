@@ -102,8 +102,6 @@ ksFaultScene::ksFaultScene()
     mark = addNode("Mark", osg::Group::create());
     linked = addNode("Linked", osg::LightLinkSet::create());
     listed = addNode("Listed", osg::Group::create());
-    linkSet()->addSceneNode(listed);
-    linkSet()->addSceneNode(mark);
 
     tagged = addNode("Tagged", osg::Group::create());
     tagged->addAttachment(osg::TagAttachment::create());
@@ -111,6 +109,8 @@ ksFaultScene::ksFaultScene()
     tags()->getMFTagValues()->push_back(1);
 
     constrained = addNode("Constrained", osg::AimConstraint::create());
+    for (const osg::NodePtr &node : {listed, constrained, mark})
+        linkSet()->addSceneNode(node);
     source = addNode("Source", osg::Group::create());
     constraint()->addSourceObject(objectFor(source));
     constraint()->addUpVectorObject(objectFor(source));

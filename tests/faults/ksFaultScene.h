@@ -68,7 +68,7 @@ public:
     osg::NodePtr lamp; ///< an osg::UberLight
     osg::NodePtr mark;
     osg::NodePtr linked; ///< an osg::LightLinkSet
-    osg::NodePtr listed; ///< one of its scene nodes, the other being mark
+    osg::NodePtr listed; ///< the first of its scene nodes, constrained and mark being the others
     osg::NodePtr tagged;
     osg::NodePtr constrained; ///< an osg::AimConstraint
     osg::NodePtr source;      ///< refers to it in all three ways
