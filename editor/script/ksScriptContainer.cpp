@@ -7,7 +7,6 @@
 #include "ksFieldEdits.h"
 #include "ksFieldReader.h"
 #include "ksMesh.h"
-#include "ksScriptHost.h"
 
 #include <ksundo/core/ksUndoCommand.h>
 
@@ -54,14 +53,6 @@ osg::FieldContainerPtr ksScriptContainer::container() const
     if (found == osg::NullFC)
         throw ksEditorError("the container " + std::to_string(containerId) + " has gone");
     return found;
-}
-
-template <class Read>
-auto ksScriptContainer::guarded(const Read &read) const
-{
-    decltype(read(container())) result{};
-    host.guard([this, &read, &result] { result = read(container()); });
-    return result;
 }
 
 QString ksScriptContainer::type() const
@@ -167,18 +158,26 @@ void ksScriptContainer::set(const QString &field, const QJSValue &value, const Q
     host.guard([&] { edit(field, value, text, ksMerging::Never); });
 }
 
-void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QString &text)
+void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
     host.guard([&] {
-        if (!values.isArray())
-            throw ksEditorError("the values of a drag are an array");
-        auto merging = ksMerging::Never;
-        const quint32 count = values.property(QStringLiteral("length")).toUInt();
-        for (quint32 i = 0; i < count; ++i) {
-            edit(field, values.property(i), text, merging);
-            merging = ksMerging::WithPrevious;
-        }
+        const QString title = text.isUndefined() ? QString() : text.toString();
+        forEachOf(values,
+                  [&](const QJSValue &value, ksMerging merging) { edit(field, value, title, merging); });
     });
+}
+
+void ksScriptContainer::forEachOf(const QJSValue &values,
+                                  const std::function<void(const QJSValue &, ksMerging)> &edit)
+{
+    if (!values.isArray())
+        throw ksEditorError("the values of a drag are an array");
+    ksMerging merging = ksMerging::Never;
+    const quint32 count = values.property(QStringLiteral("length")).toUInt();
+    for (quint32 i = 0; i < count; ++i) {
+        edit(values.property(i), merging);
+        merging = ksMerging::WithPrevious;
+    }
 }
 
 void ksScriptContainer::edit(const QString &field, const QJSValue &value, const QString &text,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ksMerging.h"
+#include "ksScriptHost.h"
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 
@@ -10,7 +11,7 @@
 #include <QString>
 #include <QStringList>
 
-class ksScriptHost;
+#include <functional>
 
 // Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
 // notification. clazy:excludeall=qproperty-without-notify
@@ -77,17 +78,30 @@ public:
     Q_INVOKABLE void set(const QString &field, const QJSValue &value, const QString &text = QString());
 
     /// Sets the field called \a field to each of \a values, an array, as a drag does: the edits merge into
-    /// one.
-    Q_INVOKABLE void drag(const QString &field, const QJSValue &values, const QString &text = QString());
+    /// one, which is called \a text.
+    Q_INVOKABLE virtual void drag(const QString &field, const QJSValue &values,
+                                  const QJSValue &text = QJSValue());
 
-private:
+protected:
     /// What \a read answers, or undefined with an error in the script when it throws ksEditorError.
     template <class Read>
-    auto guarded(const Read &read) const;
+    auto guarded(const Read &read) const
+    {
+        decltype(read(container())) result{};
+        host.guard([this, &read, &result] { result = read(container()); });
+        return result;
+    }
 
+    /// Calls \a edit with each of \a values, an array, and how it merges: all with the first. Throws
+    /// ksEditorError when it is no array.
+    static void forEachOf(const QJSValue &values,
+                          const std::function<void(const QJSValue &value, ksMerging merging)> &edit);
+
+    ksScriptHost &host;
+
+private:
     QJSValue fieldValue(const char *name) const;
     void edit(const QString &field, const QJSValue &value, const QString &text, ksMerging merging);
 
-    ksScriptHost &host;
     const osg::UInt32 containerId;
 };

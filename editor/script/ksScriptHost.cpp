@@ -4,7 +4,7 @@
 #include "ksEditorError.h"
 #include "ksFieldReader.h"
 #include "ksNumericFields.h"
-#include "ksScriptContainer.h"
+#include "ksScriptNode.h"
 
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGSFAttachmentMap.h>
@@ -46,7 +46,9 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     const auto known = objects.find(id);
     if (known != objects.end())
         return known->second;
-    return objects.emplace(id, scriptEngine.newQObject(new ksScriptContainer(*this, id))).first->second;
+    QObject *made = osg::NodePtr::dcast(container) != osg::NullFC ? new ksScriptNode(*this, id)
+                                                                  : new ksScriptContainer(*this, id);
+    return objects.emplace(id, scriptEngine.newQObject(made)).first->second;
 }
 
 QJSValue ksScriptHost::value(osg::Field &field)

@@ -75,6 +75,59 @@ history.mark();
 history.reset();
 expect("locked", settings("Clock").get("locked"), false);
 
+function expectNear(what, actual, wanted) {
+    actual.forEach(function (number, i) {
+        if (Math.abs(number - wanted[i]) > 1e-5)
+            throw new Error(what + " is " + actual + ", not " + wanted);
+    });
+}
+
+print("The chair is pulled from the table, the book turned and the vase stretched");
+var chair = scene.find("Chair");
+before = history.index;
+var place = chair.getTransform("translation");
+var way = [];
+for (var i = 1; i <= 60; ++i)
+    way.push([place[0], place[1], place[2] + i / 100]);
+chair.drag("translation", way);
+expect("index", history.index, before + 1);
+history.undo();
+expect("translation", String(chair.getTransform("translation")), String(place));
+history.redo();
+var book = scene.find("Book");
+book.rotate([0, 45, 0]);
+book.rotationOrder = "ZYX";
+book.setTransform("rotatePivot", [0.1, 0, 0.05]);
+scene.find("Rug").turn([0, 0.6, 0, 0.8]);
+var vase = scene.find("Vase");
+vase.scale([1, 2, 1]);
+vase.shear([0.25, 0, 0]);
+vase.drag("scalePivot", [[0, 0.1, 0], [0, 0.2, 0]]);
+
+print("The flower is moved in the room's space, wherever the vase is");
+var flower = scene.find("Flower");
+flower.translate([1, 1.5, -1], { world: true });
+expectNear("translation", flower.getTransform("translation", { world: true }), [1, 1.5, -1]);
+
+print("Places for the lamp, as variants");
+var lampPlaces = scene.find("Lamp").variants;
+lampPlaces.add("Corner");
+lampPlaces.add("Reading");
+lampPlaces.add("Window", 0);
+lampPlaces.rename(1, "By the wall");
+lampPlaces.options(1, 3);
+scene.find("Lamp").translate([2, 0, 2], { index: 2 });
+scene.find("Lamp").apply({ translation: [0, 0, 1], eulerRotation: [0, 90, 0], eulerRotationOrder: "YXZ" }, { index: 0 });
+lampPlaces.move(0, 2);
+lampPlaces.move([2, 0], 0);
+expect("names", String(lampPlaces.names), "Window,By the wall,Reading");
+expect("applyFlags", lampPlaces.at(1).get("applyFlags"), 3);
+while (lampPlaces.length > 0)
+    lampPlaces.remove(0);
+expect("attachment", scene.find("Lamp").attachment("TransformVariantsAttachment"), null);
+history.undo();
+expect("names", String(lampPlaces.names), "Reading");
+
 print("All the way back and forth");
 while (history.index > 0)
     history.undo();
@@ -82,4 +135,5 @@ expect("layer", table.get("layer"), 2);
 while (history.index < history.count)
     history.redo();
 expect("layer", table.get("layer"), 5);
+expect("order", book.rotationOrder, "ZYX");
 check();

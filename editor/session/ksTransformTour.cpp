@@ -4,15 +4,13 @@
 #include "ksCheckedHistory.h"
 #include "ksContainers.h"
 #include "ksTransformEdits.h"
+#include "ksWorldRounding.h"
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
-#include <OSGPrecision.h>
 #include <ksNodeUtils.h>
 
-#include <algorithm>
-#include <cmath>
 #include <set>
 #include <string>
 #include <vector>
@@ -20,9 +18,6 @@
 namespace {
 
 constexpr int DragEvents = 60;
-
-/// How exactly values come back that go through world space, relative to the values involved.
-constexpr double WorldPrecision = 1e-5;
 
 /// The classes that call their sync function also for the transforms of variants.
 const std::set<std::string> SyncsVariants = {"scalePivot", "rotatePivot", "scalePivotTranslation",
@@ -42,41 +37,6 @@ ksTransformValue dragged(const ksTransformValue &start, int event)
 {
     const float way = static_cast<float>(event + 1) / 16;
     return {start[0] + way, start[1] - 2 * way, start[2] + 3 * way};
-}
-
-ksTransformTarget inParent(ksTransformTarget target)
-{
-    target.world = false;
-    return target;
-}
-
-double largestOf(const ksTransformValue &value)
-{
-    return std::max({std::abs(value[0]), std::abs(value[1]), std::abs(value[2])});
-}
-
-/// How much \a matrix can lengthen a vector, its largest component being its length.
-template <class T>
-double stretchOf(const osg::TransformationMatrix<T> &matrix)
-{
-    double largest = 0;
-    for (osg::UInt32 row = 0; row < 3; ++row) {
-        double sum = 0;
-        for (osg::UInt32 column = 0; column < 3; ++column)
-            sum += std::abs(static_cast<double>(matrix[column][row]));
-        largest = std::max(largest, sum);
-    }
-    return largest;
-}
-
-/// From the space of \a node's parent to the world.
-osg::Matrix4d toWorld(const osg::NodePtr &node)
-{
-    osg::Matrix4d result;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            result.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    return result;
 }
 
 /// A turn by \a degrees about a slanted axis.
@@ -142,7 +102,7 @@ void ksTransformTour::edit(const osg::NodePtr &node, int index)
         dragValue(property, own);
         // From a space that is flattened there is no way back.
         const ksTransformTarget inWorld = {node, index, true};
-        if (property.hasSpace && toWorld(node).invert())
+        if (property.hasSpace && ksWorldRounding::isReachable(node))
             dragValue(property, inWorld);
     }
     dragOrder(node, index);
@@ -203,34 +163,22 @@ void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTra
     verifyCalls(log, calls);
 
     const ksTransformValue after = property.read(target);
-    const ksTransformValue wanted = dragged(before, DragEvents - 1);
-    const ksTransformValue localAfter = property.read(inParent(target));
     double tolerance = 0;
     if (target.world) {
-        osg::Matrix4d space = toWorld(target.node);
-        const double world = std::max(largestOf(before), largestOf(wanted));
-        tolerance = WorldPrecision * (world + stretchOf(space) * largestOf(localAfter));
-        space.invert();
-        expectRounding(property, target, WorldPrecision * (largestOf(localAfter) + stretchOf(space) * world));
+        const ksWorldRounding rounding(property, target, before);
+        rounding.expectIn(history);
+        tolerance = rounding.inWorld();
     }
-    history.verify(largestOf(after - wanted) <= tolerance, QStringLiteral("the last value is set"));
+    const auto isNear = [tolerance](const ksTransformValue &value, const ksTransformValue &other) {
+        return ksWorldRounding::length(value - other) <= tolerance;
+    };
+    history.verify(isNear(after, dragged(before, DragEvents - 1)), QStringLiteral("the last value is set"));
     history.undo();
     verifyCalls(log, callsWith(before));
-    history.verify(largestOf(property.read(target) - before) <= tolerance,
+    history.verify(isNear(property.read(target), before),
                    QStringLiteral("one undo takes the whole drag back"));
     history.redo();
     verifyCalls(log, callsWith(after));
-}
-
-void ksTransformTour::expectRounding(const ksTransformProperty &property, const ksTransformTarget &target,
-                                     double tolerance)
-{
-    const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(target.node, target.index);
-    const osg::UInt32 id = transform.getFieldContainerId();
-    const QString reason = QStringLiteral("a value in world space");
-    history.expect(ksExpectedRounding{id, property.field, tolerance, reason});
-    history.expect(ksExpectedRounding{id, osg::Transform3D::MatrixFieldId,
-                                      tolerance * (1 + stretchOf(transform->getMatrix())), reason});
 }
 
 void ksTransformTour::dragOrder(const osg::NodePtr &node, int index)

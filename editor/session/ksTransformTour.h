@@ -33,8 +33,6 @@ private:
     void dragValue(const ksTransformProperty &property, const ksTransformTarget &target);
     void dragOrder(const osg::NodePtr &node, int index);
     void dragQuaternion(const osg::NodePtr &node);
-    void expectRounding(const ksTransformProperty &property, const ksTransformTarget &target,
-                        double tolerance);
 
     ksCallLog log;
 };

@@ -15,13 +15,13 @@ using testing::StartsWith;
 std::string resultOf(const std::string &transcript)
 {
     std::istringstream lines(transcript);
-    std::string result;
-    std::string line;
-    while (std::getline(lines, line))
+    std::string faults;
+    std::string verdict;
+    for (std::string line; std::getline(lines, line); verdict = line)
         for (const char *fault : {"  DIFFERS ", "  STALE ", "  FAILS "})
             if (line.rfind(fault, 0) == 0)
-                result += line + '\n';
-    return result + line;
+                faults += line + '\n';
+    return faults + verdict;
 }
 
 void expectTour(const ksEditorProgram &run)

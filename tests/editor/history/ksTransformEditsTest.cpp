@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include "ksTransformScene.h"
 
 #include <ksNodeUtils.h>
 #include <ksTransformEdits.h>
@@ -11,29 +11,9 @@ namespace {
 
 using osg::Transform3D;
 
-class ksTransformEditsTest : public ksEditorFixture
+class ksTransformEditsTest : public ksTransformScene
 {
 protected:
-    ksTransformEditsTest()
-    {
-        replaceCore(root);
-        replaceCore(child);
-        CPEditAll(transformOf(root));
-        transformOf(root)->setTranslation(osg::Vec3f(10, 20, 30));
-        transformOf(root)->setScale(osg::Vec3f(2, 2, 2));
-    }
-
-    static void replaceCore(const osg::NodePtr &node)
-    {
-        CPEdit(node, osg::Node::CoreFieldMask);
-        node->setCore(Transform3D::create());
-    }
-
-    static osg::Transform3DPtr transformOf(const osg::NodePtr &node)
-    {
-        return osg::Transform3DPtr::dcast(node->getCore());
-    }
-
     static const ksTransformProperty &property(const char *name)
     {
         return *ksTransformEdits::find(QString::fromLatin1(name));

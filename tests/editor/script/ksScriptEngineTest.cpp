@@ -1,45 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include "ksScriptFixture.h"
 
 #include <OpenSG/OSGPointLight.h>
 #include <OpenSG/OSGSimpleTexturedMaterial.h>
-#include <ksCheckedHistory.h>
-#include <ksScriptEngine.h>
-#include <ksTranscript.h>
-
-#include <sstream>
 
 namespace {
 
 using testing::EndsWith;
 using testing::HasSubstr;
 
-class ksScriptEngineTest : public ksEditorFixture
-{
-protected:
-    /// Runs \a script, which is to succeed, and returns what it printed.
-    std::string run(const std::string &script)
-    {
-        out.str({});
-        EXPECT_EQ(errorOf(script), "");
-        return out.str();
-    }
-
-    /// The error that \a script ends by, without its path; empty when it succeeds.
-    std::string errorOf(const std::string &script)
-    {
-        const QString path = folder.write("script.js", script);
-        const std::string error = ksErrorOf([&] { engine.run(path); });
-        return error.substr(std::min(error.size(), path.toStdString().size()));
-    }
-
-    ksTestFolder folder;
-    std::ostringstream out;
-    ksTranscript transcript{out};
-    ksUndoStack stack;
-    ksCheckedHistory history{root, transcript, &stack};
-    ksScriptEngine engine{history, transcript};
-};
+using ksScriptEngineTest = ksScriptFixture<ksEditorFixture>;
 
 } // namespace
 
