@@ -19,9 +19,9 @@
 #include <gmock/gmock.h>
 
 #include <map>
-#include <platform/extension/ksAspects.h>
 #include <string>
 #include <support/OSGProbeContainer.h>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <vector>
 

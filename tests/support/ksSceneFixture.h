@@ -10,8 +10,8 @@
 #include <gmock/gmock.h>
 
 #include <map>
-#include <platform/extension/ksAspects.h>
 #include <string>
+#include <support/ksAspects.h>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksRecords.h>

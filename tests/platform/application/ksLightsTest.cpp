@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <platform/extension/ksAspects.h>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <vector>
 

@@ -6,8 +6,8 @@
 #include <array>
 #include <cmath>
 #include <functional>
-#include <platform/extension/ksAspects.h>
 #include <string>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <vector>
 

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <platform/extension/ksAspects.h>
 #include <string>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <platform/extension/ksAspects.h>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
 #include "ksFieldTable.h"
 
 #include <OSGColorComponentSettings.h>
 
 #include <gtest/gtest.h>
+
+#include <support/ksAspects.h>
 
 namespace {
 

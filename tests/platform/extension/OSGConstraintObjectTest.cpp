@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
 #include "ksFieldTable.h"
 
 #include <OSGConstraintObject.h>
@@ -7,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

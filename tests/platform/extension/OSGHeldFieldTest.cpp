@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
-
 #include <OSGPointConstraint.h>
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
@@ -10,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
-
 #include <OSGAimConstraint.h>
 #include <OSGLightLinkSet.h>
 #include <OSGUberMaterial.h>
@@ -8,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <vector>
 

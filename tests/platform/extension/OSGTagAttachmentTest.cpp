@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
 #include "ksFieldTable.h"
 
 #include <OSGTagAttachment.h>
 #include <OpenSG/OSGNode.h>
 
 #include <gtest/gtest.h>
+
+#include <support/ksAspects.h>
 
 namespace {
 

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
-
 #include <OSGTransform3D.h>
 #include <OpenSG/OSGNode.h>
 
@@ -9,6 +7,7 @@
 
 #include <functional>
 #include <string>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <vector>
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
-
 #include <OSGTransformVariant.h>
 
 #include <gtest/gtest.h>
 
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

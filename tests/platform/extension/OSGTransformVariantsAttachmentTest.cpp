@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
-
 #include <OSGTransformVariantsAttachment.h>
 #include <OpenSG/OSGNode.h>
 
@@ -8,6 +6,7 @@
 
 #include <limits>
 #include <string>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

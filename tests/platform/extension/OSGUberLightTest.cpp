@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
 #include "ksFieldTable.h"
 
 #include <OSGUberLight.h>
@@ -8,6 +7,7 @@
 
 #include <initializer_list>
 #include <limits>
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksAspects.h"
 #include "ksFieldTable.h"
 
 #include <OSGUberMaterial.h>
 
 #include <gtest/gtest.h>
 
+#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 
 namespace {
