@@ -5,7 +5,6 @@
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 
-#include <memory>
 #include <optional>
 #include <support/ksEchoTranslator.h>
 #include <support/ksVirtualSlot.h>

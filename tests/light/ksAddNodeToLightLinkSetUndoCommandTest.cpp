@@ -9,8 +9,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <memory>
-#include <optional>
 #include <support/ksEchoTranslator.h>
 #include <support/ksErrorLines.h>
 #include <support/ksSlotSwap.h>
@@ -115,7 +113,9 @@ protected:
     std::vector<osg::NodeRefPtr> twins;
 };
 
-/// What the scene's lists and a command on one of them should be, with numbers for nodes.
+using ksLightLinkSetCommands = ksLightLinkSetFixture;
+
+/// What a list and a command on it should be, with numbers for nodes.
 struct Model
 {
     std::vector<int> list;
@@ -788,7 +788,7 @@ TEST_F(ksLightInstances, AreReplacedOnceAndForAllWhenTheCommandIsBuilt)
     EXPECT_THAT(set->getLights().getValues(), testing::ElementsAre(original));
 }
 
-TEST_F(ksLightLinkSetFixture, ListSelector3IsTheLightsAndAnyOtherTheSceneNodes)
+TEST_F(ksLightLinkSetCommands, TakeListSelector3ForTheLightsAndAnyOtherForTheSceneNodes)
 {
     for (const unsigned int selector :
          {0u, 1u, 2u, 3u, 4u, 0x103u, std::numeric_limits<unsigned int>::max()}) {
@@ -804,7 +804,7 @@ TEST_F(ksLightLinkSetFixture, ListSelector3IsTheLightsAndAnyOtherTheSceneNodes)
     }
 }
 
-TEST_F(ksLightLinkSetFixture, CommandsHaveTheIdOfTheirClass)
+TEST_F(ksLightLinkSetCommands, HaveTheIdOfTheirClass)
 {
     const Command one(set, node('A'), 1, false);
     const Command many(set, nodes("BC"), 3, true);
@@ -814,7 +814,7 @@ TEST_F(ksLightLinkSetFixture, CommandsHaveTheIdOfTheirClass)
     EXPECT_NE(one.id(), ksAddNodeAsVisibilityReferenceUndoCommand::commandId());
 }
 
-TEST_F(ksLightLinkSetFixture, CommandsKeepTheirVirtualFunctionsInOrder)
+TEST_F(ksLightLinkSetCommands, KeepTheirVirtualFunctionsInOrder)
 {
     EXPECT_EQ(ksVirtualSlot(&Command::undo), 2u);
     EXPECT_EQ(ksVirtualSlot(&Command::redo), 3u);

@@ -3,7 +3,6 @@
 
 #include <OSGUberLight.h>
 #include <OpenSG/OSGGroup.h>
-#include <ksNodeUtils.h>
 
 #include <support/ksSceneFixture.h>
 #include <support/ksSlotSwap.h>

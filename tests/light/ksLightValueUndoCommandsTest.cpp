@@ -7,7 +7,6 @@
 #include <ksLights.h>
 
 #include <array>
-#include <functional>
 #include <memory>
 #include <set>
 #include <support/ksEchoTranslator.h>

@@ -10,7 +10,6 @@
 #include <gmock/gmock.h>
 
 #include <map>
-#include <string>
 #include <support/ksAspects.h>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>

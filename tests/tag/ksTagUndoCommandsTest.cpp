@@ -7,7 +7,6 @@
 #include <OpenSG/OSGGroup.h>
 
 #include <memory>
-#include <optional>
 #include <set>
 #include <support/ksEchoTranslator.h>
 #include <support/ksSceneFixture.h>
