@@ -18,5 +18,8 @@ void addMultiCommandBenchmarks();
 /// Telling the application what has been done.
 void addMessageBenchmarks();
 
+/// Dragging a node, and moving its transform variants.
+void addTransformBenchmarks();
+
 /// One step while the history window shows a long history.
 void addHistoryWindowBenchmarks();

@@ -21,6 +21,7 @@ int main(int argc, char **argv)
     addStackBenchmarks();
     addMessageBenchmarks();
     addFieldBenchmarks();
+    addTransformBenchmarks();
     addMultiCommandBenchmarks();
     addGrowthBenchmarks();
     addHistoryWindowBenchmarks();

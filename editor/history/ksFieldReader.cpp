@@ -160,7 +160,8 @@ std::string ksFieldReader::text(const osg::Field &field)
     const auto bytes = plainBytes(field);
     const bool isLarge = bytes && bytes->size() > LongestText;
     std::string text = isLarge ? std::string() : readableText(field);
-    if (isLarge || text.size() > LongestText) {
+    const bool isOneValue = bytes && field.getCardinality() == osg::FieldType::SINGLE_FIELD;
+    if (!isOneValue && (isLarge || text.size() > LongestText)) {
         text.resize(std::min(text.size(), LongestText));
         text += "... (" + std::to_string(field.getSize()) + " values, hash " +
                 std::to_string(std::hash<std::string>()(content(field))) + ')';

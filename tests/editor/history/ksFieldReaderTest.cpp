@@ -3,6 +3,7 @@
 
 #include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGMFNodePtr.h>
+#include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFNodePtr.h>
 #include <ksFieldReader.h>
 
@@ -95,6 +96,11 @@ TEST_F(ksFieldReaderTest, CutsLongListsShort)
     EXPECT_LT(one.size(), 150u);
     EXPECT_THAT(one, testing::HasSubstr("100 values"));
     EXPECT_NE(one, other);
+    EXPECT_THAT(
+        ksFieldReader::text(osg::SFMatrix(osg::Matrix(
+            -0.9063078F, 1.1099066e-16F, -0.4226183F, 12.345678F, -0.9063078F, 1.1099066e-16F, -0.4226183F,
+            12.345678F, -0.9063078F, 1.1099066e-16F, -0.4226183F, 12.345678F, 0, 0, 0, 1))),
+        testing::Not(testing::HasSubstr("...")));
     EXPECT_THAT(ksFieldReader::text(osg::MFString(std::vector<std::string>(50, "plank"))),
                 testing::AllOf(testing::StartsWith("[plank, plank"), testing::HasSubstr("50 values")));
 }
