@@ -21,5 +21,8 @@ void addMessageBenchmarks();
 /// Dragging a node, and moving its transform variants.
 void addTransformBenchmarks();
 
+/// Removing nodes from light link sets and bringing them back.
+void addLightBenchmarks();
+
 /// One step while the history window shows a long history.
 void addHistoryWindowBenchmarks();

@@ -22,6 +22,7 @@ int main(int argc, char **argv)
     addMessageBenchmarks();
     addFieldBenchmarks();
     addTransformBenchmarks();
+    addLightBenchmarks();
     addMultiCommandBenchmarks();
     addGrowthBenchmarks();
     addHistoryWindowBenchmarks();
