@@ -45,9 +45,9 @@ TEST_F(ksColorComponentUndoCommandTest, GoesOnWhenTheParentHasGone)
 
 TEST_F(ksColorComponentUndoCommandTest, ReachesTheOtherAspect)
 {
-    ksSyncAspects();
+    shareMaterial();
     command.redo();
-    ksExpectSync(component.get());
+    expectSharedStep();
     command.undo();
-    ksExpectSync(component.get());
+    expectSharedStep();
 }

@@ -5,7 +5,7 @@
 
 #include <OSGUberMaterial.h>
 
-#include <memory>
+#include <string>
 #include <support/ksSceneFixture.h>
 #include <support/ksWatched.h>
 #include <vector>
@@ -19,13 +19,29 @@ protected:
 
     ksMaterialFixture()
     {
-        {
-            const osg::CPEditor edit(material, osg::FieldBits::AllFields);
-            material->addColorComponent(component);
-            material->setComponentSettings(settings);
-        }
+        fillMaterial();
         forget();
         calls.take();
+    }
+
+    /// Lets aspect 1, which knows nothing of the scene yet, have what the material holds, too.
+    void shareMaterial()
+    {
+        material->subColorComponent(component);
+        material->setComponentSettings(osg::NullFC);
+        forget();
+        fillMaterial();
+        ksSyncAspects();
+        calls.take();
+    }
+
+    /// Expects that the latest step reaches aspect 1 by way of the change list.
+    void expectSharedStep()
+    {
+        ksExpectSync(component.get());
+        for (const osg::FieldContainerPtr &each :
+             {osg::FieldContainerPtr(material), osg::FieldContainerPtr(settings)})
+            EXPECT_EQ(ksFieldTextsOf(each, 1), ksFieldTextsOf(each));
     }
 
     static osg::UInt32 idOf(const osg::FieldContainerPtr &container)
@@ -96,6 +112,13 @@ protected:
         material->subColorComponent(component);
         component = osg::NullFC;
         forget();
+    }
+
+    void fillMaterial()
+    {
+        const osg::CPEditor edit(material, osg::FieldBits::AllFields);
+        material->addColorComponent(component);
+        material->setComponentSettings(settings);
     }
 
     static constexpr osg::BitVector weightMask = osg::ColorComponent::WeightFieldMask;

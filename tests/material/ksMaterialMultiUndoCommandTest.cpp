@@ -7,6 +7,7 @@
 #include <ksundo/material/ksMaterialUndoCommand.h>
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
 
+#include <memory>
 #include <set>
 #include <support/ksVirtualSlot.h>
 #include <thread>
@@ -135,11 +136,11 @@ TEST_F(ksMaterialMultiUndoCommandTest, CallsHandlersOnAThreadWithoutAList)
 
 TEST_F(ksMaterialMultiUndoCommandTest, ReachesTheOtherAspect)
 {
-    ksSyncAspects();
+    shareMaterial();
     const auto command = make(2);
     for (const auto step : {&QUndoCommand::redo, &QUndoCommand::undo}) {
         (command.get()->*step)();
-        ksExpectSync(component.get());
+        expectSharedStep();
     }
 }
 

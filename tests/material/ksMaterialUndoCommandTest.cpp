@@ -5,6 +5,7 @@
 
 #include <OpenSG/OSGGroup.h>
 
+#include <memory>
 #include <support/ksSlotSwap.h>
 #include <thread>
 
@@ -77,11 +78,11 @@ TEST_F(ksMaterialUndoCommandTest, CallsHandlersOnAThreadWithoutAList)
 
 TEST_F(ksMaterialUndoCommandTest, ReachesTheOtherAspect)
 {
-    ksSyncAspects();
+    shareMaterial();
     const auto command = make();
     for (const auto step : {&QUndoCommand::redo, &QUndoCommand::undo}) {
         (command.get()->*step)();
-        ksExpectSync(component.get());
+        expectSharedStep();
     }
 }
 

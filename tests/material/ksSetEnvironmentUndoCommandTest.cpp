@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
 

@@ -5,6 +5,7 @@
 #include <ksundo/material/ksColorComponentUndoCommand.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
 
+#include <memory>
 #include <support/ksFieldTarget.h>
 #include <support/ksVirtualSlot.h>
 
