@@ -8,7 +8,6 @@
 #include <ksTextureManager.h>
 
 #include <memory>
-#include <optional>
 #include <support/ksEchoTranslator.h>
 #include <support/ksFieldTarget.h>
 #include <support/ksSceneFixture.h>

@@ -2,12 +2,17 @@
 #include "ksMethodReceiver.h"
 
 #include <ksundo/core/ksUndoStack.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksImageFieldUndoCommand.h>
+#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
+#include <ksundo/field/ksStringFieldUndoCommand.h>
+#include <ksundo/field/ksStringsFieldUndoCommand.h>
 
 #include <QThread>
 #include <gmock/gmock.h>
 
-#include <support/ksCommandTime.h>
+#include <set>
 #include <support/ksDescribe.h>
 #include <support/ksErrorLines.h>
 #include <support/ksProbeCommand.h>
@@ -179,4 +184,13 @@ TEST_F(ksInvokeMultiCommandTest, KeepsItsVirtualFunctionsInOrder)
     EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::id), 4u);
     EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::mergeWith), 5u);
     EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::makeMessage), 6u);
+}
+
+TEST(ksFieldCommandIds, AreAllDistinct)
+{
+    const std::set<int> ids{ksFieldUndoCommand<int>::commandId(),  ksBoolFieldUndoCommand::commandId(),
+                            ksStringFieldUndoCommand::commandId(), ksStringsFieldUndoCommand::commandId(),
+                            ksImageFieldUndoCommand::commandId(),  ksInvokeBoolFieldUndoCommand::commandId(),
+                            ksInvokeMultiCommand::commandId(),     ksMultiCommand::commandId()};
+    EXPECT_EQ(ids.size(), 8u);
 }
