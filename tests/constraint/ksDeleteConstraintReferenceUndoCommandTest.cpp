@@ -78,7 +78,7 @@ protected:
     /// Gives a constraint sources whose handles descend.
     Objects addSources(const osg::AbstractConstraintPtr &constraint, const std::string &letters) const
     {
-        const Objects result = objects(letters);
+        Objects result = objects(letters);
         const osg::CPEditor edit(constraint, sourcesMask);
         for (const ConstraintObjectPtr &object : result)
             constraint->addSourceObject(object);
@@ -88,7 +88,7 @@ protected:
     /// Gives the aim constraint up vector objects whose handles descend.
     Objects addUpVectors(const std::string &letters) const
     {
-        const Objects result = objects(letters);
+        Objects result = objects(letters);
         const osg::CPEditor edit(aim, upVectorMask);
         for (const ConstraintObjectPtr &object : result)
             aim->addUpVectorObject(object);
@@ -333,7 +333,7 @@ TEST_F(ksDeleteConstraintReferenceUndoCommandTest, RecordsOnlyTheRolesThatItHas)
         Command command = remove(letters);
         forget();
         command.redo();
-        const ksRecords records = recorder.take();
+        ksRecords records = recorder.take();
         command.undo();
         return records;
     };
