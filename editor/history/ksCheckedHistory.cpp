@@ -53,7 +53,8 @@ QString withValues(const ksDifference &difference, const QString &between)
 std::vector<float> numbersIn(const std::string &content)
 {
     std::vector<float> numbers(content.size() / sizeof(float));
-    std::memcpy(numbers.data(), content.data(), numbers.size() * sizeof(float));
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        std::memcpy(&numbers[i], &content[i * sizeof(float)], sizeof(float));
     return numbers;
 }
 
