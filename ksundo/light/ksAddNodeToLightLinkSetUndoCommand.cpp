@@ -9,8 +9,6 @@
 #include <ksOpenSGUtils.h>
 #include <ksSceneDataManager.h>
 
-#include <unordered_map>
-
 namespace {
 
 constexpr unsigned int lightList = 3;
@@ -42,17 +40,6 @@ osg::NodePtr substituteOf(const osg::NodePtr &instance)
     return substitute;
 }
 
-/// Where each node is first found in \a list, by id.
-std::unordered_map<osg::UInt32, int> positionsIn(const osg::MFNodePtr &list)
-{
-    std::unordered_map<osg::UInt32, int> positions;
-    positions.reserve(list.size());
-    int position = 0;
-    for (const osg::NodePtr &node : list)
-        positions.emplace(node.getFieldContainerId(), position++);
-    return positions;
-}
-
 } // namespace
 
 ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set,
@@ -60,7 +47,7 @@ ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::Ligh
                                                                        unsigned int list, bool remove,
                                                                        QUndoCommand *parent)
     : ksUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), parent)
-    , setId(set.getFieldContainerId())
+    , linkSetId(set.getFieldContainerId())
     , remove(remove)
     , sceneNodes(list != lightList)
 {
@@ -72,7 +59,7 @@ ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::Ligh
                                                                        osg::NodePtr node, unsigned int list,
                                                                        bool remove, QUndoCommand *parent)
     : ksUndoCommand(QStringLiteral("Add Node to Light Link Set"), parent)
-    , setId(set.getFieldContainerId())
+    , linkSetId(set.getFieldContainerId())
     , remove(remove)
     , sceneNodes(list != lightList)
 {
@@ -93,7 +80,7 @@ void ksAddNodeToLightLinkSetUndoCommand::redo()
 void ksAddNodeToLightLinkSetUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("lightlinkset", setId, true);
+    message.set("lightlinkset", linkSetId, true);
 }
 
 bool ksAddNodeToLightLinkSetUndoCommand::canMergeWith(const QUndoCommand *) const
@@ -105,7 +92,7 @@ void ksAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr &set,
                                               const std::vector<osg::NodePtr> &nodes)
 {
     const osg::NodePtr root = ksOpenSGUtils::getRoot();
-    const auto positions = positionsIn(ksLinkSetList(set, sceneNodes).nodes());
+    List::Ids ids;
     for (osg::NodePtr node : nodes) {
         if (node == osg::NullFC)
             continue;
@@ -115,53 +102,31 @@ void ksAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr &set,
         }
         if (!sceneNodes && isInstance(node))
             node = substituteOf(node);
-        if (node == osg::NullFC)
-            continue;
-        const osg::UInt32 id = node.getFieldContainerId();
-        const auto found = positions.find(id);
-        const bool isListed = found != positions.end();
-        if (!remove && isListed)
-            continue;
-        if (remove)
-            insertPositions.push_back(isListed ? found->second : -1);
-        nodeIds.push_back(id);
+        if (node != osg::NullFC)
+            ids.push_back(node.getFieldContainerId());
     }
+
+    const List::Positions positions = List(set, sceneNodes).positionsOf(ids);
+    if (remove) {
+        nodeIds = ids;
+        insertPositions = positions;
+        return;
+    }
+    for (std::size_t i = 0; i < ids.size(); ++i)
+        if (positions[i] == -1)
+            nodeIds.push_back(ids[i]);
 }
 
 void ksAddNodeToLightLinkSetUndoCommand::apply(bool removing) const
 {
-    const auto set = ksFindContainer<osg::LightLinkSetPtr>(setId);
+    const auto set = ksFindContainer<osg::LightLinkSetPtr>(linkSetId);
     if (set == osg::NullFC)
         return;
-    const ksLinkSetList list(set, sceneNodes);
+    const List list(set, sceneNodes);
     if (removing)
-        list.subtract(livingNodes());
+        list.subtract(nodeIds);
     else if (remove)
-        list.insert(removedNodes());
+        list.insert(nodeIds, insertPositions);
     else
-        list.add(livingNodes());
-}
-
-ksAddNodeToLightLinkSetUndoCommand::List::Nodes ksAddNodeToLightLinkSetUndoCommand::livingNodes() const
-{
-    List::Nodes nodes;
-    nodes.reserve(nodeIds.size());
-    for (const osg::UInt32 id : nodeIds) {
-        const auto node = ksFindContainer<osg::NodePtr>(id);
-        if (node != osg::NullFC)
-            nodes.push_back(node);
-    }
-    return nodes;
-}
-
-ksAddNodeToLightLinkSetUndoCommand::List::PlacedNodes ksAddNodeToLightLinkSetUndoCommand::removedNodes() const
-{
-    List::PlacedNodes nodes;
-    nodes.reserve(nodeIds.size());
-    for (std::size_t i = 0; i < nodeIds.size(); ++i) {
-        const auto node = ksFindContainer<osg::NodePtr>(nodeIds[i]);
-        if (node != osg::NullFC)
-            nodes.emplace_back(node, insertPositions[i]);
-    }
-    return nodes;
+        list.add(nodeIds);
 }

@@ -49,13 +49,11 @@ private:
 
     void init(const osg::LightLinkSetPtr &set, const std::vector<osg::NodePtr> &nodes);
     void apply(bool removing) const;
-    List::Nodes livingNodes() const;
-    List::PlacedNodes removedNodes() const;
 
-    osg::UInt32 setId;
+    osg::UInt32 linkSetId;
     bool remove;
-    std::vector<osg::UInt32> nodeIds;
+    List::Ids nodeIds;
     /// One per node when removing, -1 for a node that was not in the list; none when adding.
-    std::vector<int> insertPositions;
+    List::Positions insertPositions;
     bool sceneNodes;
 };

@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/ksFindContainer.h>
+
 #include <OpenSG/OSGNode.h>
 
+#include <cstddef>
 #include <type_traits>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -13,22 +17,26 @@ inline constexpr bool ksTakesManyNodes = false;
 
 template <class Set>
 inline constexpr bool ksTakesManyNodes<
-    Set, std::void_t<decltype(std::declval<Set &>().subSceneNodes(std::vector<osg::NodePtr>()))>> = true;
+    Set, std::void_t<decltype(std::declval<Set &>().subLights(std::vector<osg::NodePtr>())),
+                     decltype(std::declval<Set &>().subSceneNodes(std::vector<osg::NodePtr>())),
+                     decltype(std::declval<Set &>().insertLights(
+                         std::vector<std::pair<osg::NodePtr, osg::Int32>>())),
+                     decltype(std::declval<Set &>().insertSceneNodes(
+                         std::vector<std::pair<osg::NodePtr, osg::Int32>>()))>> = true;
 
 /// One of the two lists of a light link set, its scene nodes or its lights, as commands change it.
 ///
-/// Several nodes are removed or put back in one pass over the list when the set can do that, and one after
-/// the other when it cannot, which gives the same list.
+/// Nodes are given by their ids; those that have gone when it is their turn are passed over. Several nodes
+/// are removed or put back in one pass over the list when the set can do that, and one after the other when
+/// it cannot, which gives the same list.
 ///
 /// \tparam SetPtr the handle of the link set
 template <class SetPtr>
 class ksLinkSetList
 {
 public:
-    using Nodes = std::vector<osg::NodePtr>;
-
-    /// Nodes with the positions at which they are to be put.
-    using PlacedNodes = std::vector<std::pair<osg::NodePtr, osg::Int32>>;
+    using Ids = std::vector<osg::UInt32>;
+    using Positions = std::vector<osg::Int32>;
 
     /// \a set must not be null.
     ksLinkSetList(const SetPtr &set, bool sceneNodes)
@@ -38,36 +46,78 @@ public:
 
     const osg::MFNodePtr &nodes() const { return sceneNodes ? *set->getMFSceneNodes() : *set->getMFLights(); }
 
-    /// Appends nodes.
-    void add(const Nodes &nodes) const
+    /// For each node the position of its first entry, -1 when it is not in the list.
+    Positions positionsOf(const Ids &ids) const
     {
-        for (const osg::NodePtr &node : nodes)
-            sceneNodes ? set->addSceneNode(node) : set->addLight(node);
+        std::unordered_map<osg::UInt32, osg::Int32> found(ids.size());
+        for (const osg::UInt32 id : ids)
+            found.emplace(id, -1);
+        osg::Int32 position = 0;
+        for (const osg::NodePtr &node : nodes()) {
+            const auto entry = found.find(node.getFieldContainerId());
+            if (entry != found.end() && entry->second == -1)
+                entry->second = position;
+            ++position;
+        }
+        Positions positions;
+        positions.reserve(ids.size());
+        for (const osg::UInt32 id : ids)
+            positions.push_back(found[id]);
+        return positions;
     }
 
-    /// Inserts nodes one after the other.
-    void insert(const PlacedNodes &nodes) const
+    /// Appends nodes.
+    void add(const Ids &ids) const
+    {
+        forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
+            sceneNodes ? set->addSceneNode(node) : set->addLight(node);
+        });
+    }
+
+    /// Inserts nodes one after the other, each at its position.
+    void insert(const Ids &ids, const Positions &positions) const
     {
         if constexpr (ksTakesManyNodes<typename SetPtr::ObjectType>) {
+            std::vector<std::pair<osg::NodePtr, osg::Int32>> nodes;
+            nodes.reserve(ids.size());
+            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
+                nodes.emplace_back(node, positions[i]);
+            });
             sceneNodes ? set->insertSceneNodes(nodes) : set->insertLights(nodes);
         } else {
-            for (const auto &[node, position] : nodes)
-                sceneNodes ? set->insertSceneNode(node, position) : set->insertLight(node, position);
+            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
+                sceneNodes ? set->insertSceneNode(node, positions[i]) : set->insertLight(node, positions[i]);
+            });
         }
     }
 
     /// Removes nodes.
-    void subtract(const Nodes &nodes) const
+    void subtract(const Ids &ids) const
     {
         if constexpr (ksTakesManyNodes<typename SetPtr::ObjectType>) {
+            std::vector<osg::NodePtr> nodes;
+            nodes.reserve(ids.size());
+            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t) { nodes.push_back(node); });
             sceneNodes ? set->subSceneNodes(nodes) : set->subLights(nodes);
         } else {
-            for (const osg::NodePtr &node : nodes)
+            forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
                 sceneNodes ? set->subSceneNode(node) : set->subLight(node);
+            });
         }
     }
 
 private:
+    /// Calls \a operation with each node and its place among \a ids.
+    template <class Operation>
+    static void forEachNode(const Ids &ids, Operation operation)
+    {
+        for (std::size_t i = 0; i < ids.size(); ++i) {
+            const auto node = ksFindContainer<osg::NodePtr>(ids[i]);
+            if (node != osg::NullFC)
+                operation(node, i);
+        }
+    }
+
     SetPtr set;
     bool sceneNodes;
 };

@@ -95,28 +95,6 @@ bool LightLinkSet::contains(const MFNodePtr &list, const NodePtr &node)
     return node != NullFC && list.find(node) != list.end();
 }
 
-std::vector<Int32> LightLinkSet::find(const MFNodePtr &list, const Nodes &nodes)
-{
-    std::unordered_map<const Node *, Int32> positions;
-    for (const NodePtr &node : nodes) {
-        if (node != NullFC) {
-            positions.emplace(node.getCPtr(), -1);
-        }
-    }
-    for (UInt32 i = 0; i < list.size(); ++i) {
-        const auto found = positions.find(list[i].getCPtr());
-        if (found != positions.end() && found->second < 0) {
-            found->second = static_cast<Int32>(i);
-        }
-    }
-    std::vector<Int32> result;
-    result.reserve(nodes.size());
-    for (const NodePtr &node : nodes) {
-        result.push_back(node != NullFC ? positions[node.getCPtr()] : -1);
-    }
-    return result;
-}
-
 void LightLinkSet::insert(MFNodePtr &list, BitVector mask, const NodePtr &node, Int32 position)
 {
     if (node == NullFC) {

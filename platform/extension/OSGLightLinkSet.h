@@ -37,10 +37,6 @@ public:
     bool containsLight(const NodePtr &node) const { return contains(_mfLights, node); }
     bool containsSceneNode(const NodePtr &node) const { return contains(_mfSceneNodes, node); }
 
-    /// For each of @p nodes the position of its first entry, -1 if it is not listed.
-    std::vector<Int32> findLights(const Nodes &nodes) const { return find(_mfLights, nodes); }
-    std::vector<Int32> findSceneNodes(const Nodes &nodes) const { return find(_mfSceneNodes, nodes); }
-
     /// Adds an entry at the end and takes a reference.
     void addLight(const NodePtr &node) { insert(_mfLights, LightsFieldMask, node, -1); }
     void addSceneNode(const NodePtr &node) { insert(_mfSceneNodes, SceneNodesFieldMask, node, -1); }
@@ -77,7 +73,6 @@ protected:
 
 private:
     static bool contains(const MFNodePtr &list, const NodePtr &node);
-    static std::vector<Int32> find(const MFNodePtr &list, const Nodes &nodes);
 
     void insert(MFNodePtr &list, BitVector mask, const NodePtr &node, Int32 position);
     void insert(MFNodePtr &list, BitVector mask, const PlacedNodes &nodes);

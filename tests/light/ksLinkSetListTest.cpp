@@ -11,7 +11,7 @@
 
 namespace {
 
-using PlacedNodes = ksLinkSetList<osg::LightLinkSetPtr>::PlacedNodes;
+using Ids = std::vector<osg::UInt32>;
 
 /// A link set that can do nothing but one node at a time. It passes that on and logs it.
 class OneByOneSet
@@ -79,11 +79,13 @@ static_assert(!ksTakesManyNodes<OneByOneSet>);
 class ksLinkSetListTest : public ksLightLinkSetFixture
 {
 protected:
-    PlacedNodes placed(const std::vector<std::pair<char, int>> &letters) const
+    Ids ids(const std::string &letters) const { return idsOf(nodes(letters)); }
+
+    static Ids idsOf(const std::vector<osg::NodePtr> &nodes)
     {
-        PlacedNodes result;
-        for (const auto &[letter, position] : letters)
-            result.emplace_back(node(letter), position);
+        Ids result;
+        for (const osg::NodePtr &node : nodes)
+            result.push_back(node.getFieldContainerId());
         return result;
     }
 
@@ -119,21 +121,45 @@ TEST_F(ksLinkSetListTest, IsOneOfTheTwoLists)
     EXPECT_EQ(letters(oneNodes.nodes()), "D");
 }
 
+TEST_F(ksLinkSetListTest, KnowsTheFirstPositionOfANode)
+{
+    oneNodes.add(ids("ABCAB"));
+    oneLights.add(ids("D"));
+    EXPECT_EQ(oneNodes.positionsOf(ids("CADBA")), (std::vector<osg::Int32>{2, 0, -1, 1, 0}));
+    EXPECT_EQ(oneLights.positionsOf(ids("AD")), (std::vector<osg::Int32>{-1, 0}));
+    EXPECT_EQ(oneNodes.positionsOf({}), std::vector<osg::Int32>());
+}
+
+TEST_F(ksLinkSetListTest, PassesOverNodesThatGoWhileItIsAtWork)
+{
+    const osg::NodePtr parent = osg::Node::create();
+    const osg::NodePtr inner = osg::Node::create();
+    parent->addChild(inner);
+    oneNodes.add(idsOf({parent, node('A')}));
+    const Ids ending = idsOf({parent, inner, node('A')});
+    single->take();
+
+    oneNodes.subtract(ending);
+
+    EXPECT_EQ(single->take().size(), 2u);
+    EXPECT_TRUE(oneNodes.nodes().empty());
+}
+
 TEST_F(ksLinkSetListTest, CallsTheOperationsOnOneNodeInOrder)
 {
-    oneNodes.add(nodes("ABCA"));
+    oneNodes.add(ids("ABCA"));
     EXPECT_THAT(single->take(),
                 testing::ElementsAre("addSceneNode A", "addSceneNode B", "addSceneNode C", "addSceneNode A"));
-    oneNodes.subtract(nodes("CA"));
+    oneNodes.subtract(ids("CA"));
     EXPECT_THAT(single->take(), testing::ElementsAre("subSceneNode C", "subSceneNode A"));
-    oneNodes.insert(placed({{'D', 1}, {'E', -1}, {'F', 0}}));
+    oneNodes.insert(ids("DEF"), {1, -1, 0});
     EXPECT_THAT(single->take(),
                 testing::ElementsAre("insertSceneNode D 1", "insertSceneNode E -1", "insertSceneNode F 0"));
     EXPECT_EQ(letters(oneNodes.nodes()), "FBDAE");
 
-    oneLights.add(nodes("BA"));
-    oneLights.subtract(nodes("A"));
-    oneLights.insert(placed({{'C', 0}}));
+    oneLights.add(ids("BA"));
+    oneLights.subtract(ids("A"));
+    oneLights.insert(ids("C"), {0});
     EXPECT_THAT(single->take(),
                 testing::ElementsAre("addLight B", "addLight A", "subLight A", "insertLight C 0"));
     EXPECT_EQ(letters(oneLights.nodes()), "CB");
@@ -142,12 +168,12 @@ TEST_F(ksLinkSetListTest, CallsTheOperationsOnOneNodeInOrder)
 
 TEST_F(ksLinkSetListTest, ChangesOnlyItsListOfTheBundledSet)
 {
-    manyNodes.add(nodes("ABC"));
-    manyLights.add(nodes("DEF"));
-    manyNodes.subtract(nodes("A"));
-    manyLights.subtract(nodes("F"));
-    manyNodes.insert(placed({{'G', 0}}));
-    manyLights.insert(placed({{'H', 0}}));
+    manyNodes.add(ids("ABC"));
+    manyLights.add(ids("DEF"));
+    manyNodes.subtract(ids("A"));
+    manyLights.subtract(ids("F"));
+    manyNodes.insert(ids("G"), {0});
+    manyLights.insert(ids("H"), {0});
     EXPECT_EQ(letters(*set->getMFSceneNodes()), "GBC");
     EXPECT_EQ(letters(*set->getMFLights()), "HDE");
 }
@@ -158,11 +184,11 @@ TEST_F(ksLinkSetListTest, EndsOneEditForAllTheNodesOfTheBundledSet)
     const auto id = [this](char letter) { return recorder.idOf(node(letter)); };
     for (const auto &[list, mask] : {std::pair(manyNodes, osg::LightLinkSet::SceneNodesFieldMask),
                                      {manyLights, osg::LightLinkSet::LightsFieldMask}}) {
-        list.add(nodes("ABC"));
+        list.add(ids("ABC"));
         forget();
-        list.subtract(nodes("AC"));
+        list.subtract(ids("AC"));
         EXPECT_EQ(recorder.take(), ksRecords().change(setId, mask).subRef(id('A')).subRef(id('C')));
-        list.insert(placed({{'C', 0}, {'A', 0}}));
+        list.insert(ids("CA"), {0, 0});
         EXPECT_EQ(recorder.take(), ksRecords().addRef(id('C')).addRef(id('A')).change(setId, mask));
         EXPECT_EQ(letters(list.nodes()), "ACB");
     }
@@ -174,26 +200,24 @@ TEST_F(ksLinkSetListTest, GivesTheSameListWithManyNodesAtOnceAsWithOneAtATime)
         const std::string present = *::letters('A' + nodeCount);
         const std::string leaving = *::letters('A' + nodeCount);
         const std::string coming = *::letters('A' + nodeCount);
-        PlacedNodes places;
-        for (const char letter : coming)
-            places.emplace_back(node(letter),
-                                *rc::gen::inRange(-2, static_cast<int>(present.size() + coming.size()) + 2));
+        const auto positions = *rc::gen::container<std::vector<osg::Int32>>(
+            coming.size(), rc::gen::inRange(-2, static_cast<int>(present.size() + coming.size()) + 2));
         const bool sceneNodes = *rc::gen::arbitrary<bool>();
         const auto &many = sceneNodes ? manyNodes : manyLights;
         const auto &one = sceneNodes ? oneNodes : oneLights;
 
-        many.add(nodes(present));
-        one.add(nodes(present));
+        many.add(ids(present));
+        one.add(ids(present));
         RC_ASSERT(letters(many.nodes()) == present);
         RC_ASSERT(letters(one.nodes()) == present);
-        many.subtract(nodes(leaving));
-        one.subtract(nodes(leaving));
+        many.subtract(ids(leaving));
+        one.subtract(ids(leaving));
         RC_ASSERT(letters(many.nodes()) == letters(one.nodes()));
-        many.insert(places);
-        one.insert(places);
+        many.insert(ids(coming), positions);
+        one.insert(ids(coming), positions);
         RC_ASSERT(letters(many.nodes()) == letters(one.nodes()));
 
-        const std::vector<osg::NodePtr> rest = many.nodes().getValues();
+        const Ids rest = idsOf(many.nodes().getValues());
         many.subtract(rest);
         one.subtract(rest);
         RC_ASSERT(many.nodes().empty());

@@ -110,19 +110,9 @@ TEST_F(OSGLightLinkSetTest, ContainsNoNull)
 
     EXPECT_FALSE(set->containsLight(NullFC));
     EXPECT_FALSE(set->containsSceneNode(NullFC));
-    EXPECT_EQ(set->findLights({NullFC}), (std::vector<Int32>{-1}));
     set->subLight(NullFC);
     set->subLights({NullFC});
     EXPECT_EQ(recorder.take(), ksRecords());
-}
-
-TEST_F(OSGLightLinkSetTest, FindsTheFirstPositionOfEachNode)
-{
-    fill("ABCB", "CBA");
-
-    EXPECT_EQ(set->findLights(nodes("BDA-BC")), (std::vector<Int32>{1, -1, 0, -1, 1, 2}));
-    EXPECT_EQ(set->findSceneNodes(nodes("BDA-BC")), (std::vector<Int32>{1, -1, 2, -1, 1, 0}));
-    EXPECT_EQ(set->findLights({}), std::vector<Int32>());
 }
 
 TEST_F(OSGLightLinkSetTest, InsertsAtThePosition)
