@@ -3,6 +3,8 @@
 
 #include "ksModelFile.h"
 
+#include <ksTextureManager.h>
+
 #include <QDir>
 #include <QFileInfo>
 #include <QImage>
@@ -91,7 +93,10 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     const auto known = images.find(name);
     if (known != images.end())
         return known->second.get();
-    return images.emplace(name, createImage(name)).first->second.get();
+    // Two names of the model may mean images that are equal, or that another scene has.
+    const osg::ImageRefPtr created(createImage(name));
+    const osg::ImagePtr shared = ksTextureManager::the()->getImage(created, true);
+    return images.emplace(name, shared).first->second.get();
 }
 
 osg::ImagePtr ksImageImporter::createImage(const std::string &name) const

@@ -12,7 +12,7 @@
 class ksModelFile;
 
 /// Makes images of the scene graph from the textures of a model file. A texture that several materials use
-/// becomes one image.
+/// becomes one image. The images are known to the application's texture manager.
 class ksImageImporter
 {
 public:

@@ -3,9 +3,7 @@
 
 #include "ksModelFile.h"
 
-#include <OpenSG/OSGColor.h>
-#include <OpenSG/OSGLight.h>
-#include <OpenSG/OSGNode.h>
+#include <OSGUberLight.h>
 #include <OpenSG/OSGVector.h>
 
 struct aiLight;
@@ -13,40 +11,25 @@ struct aiLight;
 /// A light as the scene graph means it, whatever format it came from.
 struct ksLightValues
 {
-    enum class Kind
-    {
-        Point,
-        Spot,
-        Directional
-    };
-
-    Kind kind = Kind::Point;
-
     /// Colours with components from 0 to 1; what a light radiates is its colour times its intensity.
-    osg::Color4f ambient;
-    osg::Color4f diffuse;
-    osg::Color4f specular;
+    osg::Vec3f diffuse;
+    osg::Vec3f glossy;
 
-    /// At least 1: brighter lights keep their colour and have a higher intensity.
+    /// At least 0.
     osg::Real32 intensity = 1;
 
-    /// The light fades with 1 / (constant + linear * d + quadratic * d * d) over the distance d. At least one
-    /// of them is greater than 0.
-    osg::Real32 constantAttenuation = 1;
-    osg::Real32 linearAttenuation = 0;
-    osg::Real32 quadraticAttenuation = 0;
+    /// How the light fades, and the distance at which a change of that leaves the brightness as it was.
+    osg::UberLight::LightAttenuation attenuation = osg::UberLight::None;
+    osg::Real32 referenceDistance = 3;
 
-    /// Relative to the light's node.
-    osg::Pnt3f position;
+    /// The opening of the cone of full light and what is added to it, over which the light fades out;
+    /// degrees, both together at most 360.
+    osg::Real32 coneAngle = 360;
+    osg::Real32 penumbraAngle = 0;
 
-    /// Where the light shines to, relative to the light's node; length 1.
+    /// Relative to the light's node: where the light is, and where it shines to, of length 1.
+    osg::Vec3f position;
     osg::Vec3f direction = osg::Vec3f(0, 0, -1);
-
-    /// Half of the opening of a spot's cone, in radians, greater than 0 and at most half of pi.
-    osg::Real32 spotCutOff = 0;
-
-    /// How the light of a spot fades from the axis: with the cosine of the angle to this power, 0 to 128.
-    osg::Real32 spotExponent = 0;
 };
 
 /// Makes lights of the scene graph from lights of a model file.
@@ -56,11 +39,15 @@ public:
     ksLightImporter() = delete;
 
     /// The values of \a light, whose format's conventions are evened out: intensities that are folded into
-    /// the colour, copies of the colour in the ambient share, attenuations that would divide by zero, opening
-    /// angles that are halves or wholes, missing directions. Numbers that are not finite count as 0.
+    /// the colour, attenuations that would divide by zero, opening angles that are halves or wholes, missing
+    /// directions. Numbers that are not finite count as 0.
+    ///
+    /// A light that shines everywhere has a cone of 360 degrees. One from afar does not fade and shines on
+    /// the half of the world that is before it. Of a mixed attenuation the steepest part gives the mode, and
+    /// the intensity is such that the light is as bright as the file says at the reference distance.
     static ksLightValues values(const aiLight &light, ksModelFormat format);
 
-    /// A new light core with \a values, except the intensity, which light cores do not have. It shines from
-    /// where \a beacon is.
-    static osg::LightPtr createCore(const ksLightValues &values, const osg::NodePtr &beacon);
+    /// A new light core with \a values, except place and direction: a light core shines from the place of
+    /// its node along the negative z axis.
+    static osg::UberLightPtr createCore(const ksLightValues &values);
 };

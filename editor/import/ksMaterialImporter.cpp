@@ -3,34 +3,47 @@
 
 #include "ksModelFile.h"
 
+#include <OSGUBRDFMaterial.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGSimpleAttachments.h>
-#include <OpenSG/OSGSimpleTexturedMaterial.h>
 
 #include <assimp/material.h>
 #include <assimp/scene.h>
 
 #include <algorithm>
+#include <cmath>
+#include <initializer_list>
 
 namespace {
 
-/// OpenGL's mode in which the texture's colour is multiplied with the lit material's.
-constexpr osg::UInt32 Modulate = 0x2100;
+constexpr float DegreesPerRadian = 57.29577951F;
 
-constexpr float LargestShininess = 128;
-
-/// What a dielectric reflects of light from straight above, grey.
-constexpr float DielectricReflectance = 0.04F;
-
-/// The path of the texture that gives the material its colour; empty when it has none.
-std::string colourTexture(const aiMaterial &source)
+/// A texture's path, empty when there is none, and the kind that the model has it as.
+struct Texture
 {
-    for (const aiTextureType type :
-         {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE, aiTextureType_AMBIENT, aiTextureType_EMISSIVE}) {
+    std::string path;
+    aiTextureType type = aiTextureType_NONE;
+};
+
+/// The first texture of \a source that is of one of \a types.
+Texture firstTexture(const aiMaterial &source, std::initializer_list<aiTextureType> types)
+{
+    for (const aiTextureType type : types) {
         aiString path;
         if (source.GetTexture(type, 0, &path) == aiReturn_SUCCESS && path.length > 0)
-            return path.C_Str();
+            return {path.C_Str(), type};
     }
     return {};
+}
+
+Texture colourTexture(const aiMaterial &source)
+{
+    return firstTexture(source, {aiTextureType_BASE_COLOR, aiTextureType_DIFFUSE, aiTextureType_AMBIENT});
+}
+
+Texture glowTexture(const aiMaterial &source)
+{
+    return firstTexture(source, {aiTextureType_EMISSION_COLOR, aiTextureType_EMISSIVE});
 }
 
 /// The property of \a source that Assimp's key macros name, or \a otherwise when it has none.
@@ -47,70 +60,83 @@ bool has(const aiMaterial &source, const char *key, unsigned int type, unsigned 
     return aiGetMaterialProperty(&source, key, type, index, &found) == aiReturn_SUCCESS;
 }
 
-osg::Color3f toColor(const aiColor3D &colour)
+osg::Vec3f toColor(const aiColor3D &colour)
 {
     return {colour.r, colour.g, colour.b};
 }
 
-aiColor3D diffuseOf(const aiMaterial &source)
+osg::Vec3f baseColor(const aiMaterial &source)
 {
     const auto diffuse = property(source, AI_MATKEY_COLOR_DIFFUSE, aiColor3D(0.8F, 0.8F, 0.8F));
-    return property(source, AI_MATKEY_BASE_COLOR, diffuse);
+    return toColor(property(source, AI_MATKEY_BASE_COLOR, diffuse));
 }
 
-aiColor3D specularOf(const aiMaterial &source)
+osg::Vec3f glowColor(const aiMaterial &source)
 {
-    const float metallic = std::clamp(property(source, AI_MATKEY_METALLIC_FACTOR, 0.0F), 0.0F, 1.0F);
-    const aiColor3D dielectric(DielectricReflectance, DielectricReflectance, DielectricReflectance);
-    const aiColor3D reflected = dielectric * (1 - metallic) + diffuseOf(source) * metallic;
-    return property(source, AI_MATKEY_COLOR_SPECULAR,
-                    has(source, AI_MATKEY_METALLIC_FACTOR) ? reflected : aiColor3D());
+    return toColor(property(source, AI_MATKEY_COLOR_EMISSIVE, aiColor3D()));
 }
 
-float shininessOf(const aiMaterial &source)
+bool isPhysicallyBased(const aiMaterial &source)
 {
-    const float smoothness = 1 - std::clamp(property(source, AI_MATKEY_ROUGHNESS_FACTOR, 1.0F), 0.0F, 1.0F);
-    // Where the model gives a roughness, the reader's shininess is a guess from it on another scale.
-    const float shininess = has(source, AI_MATKEY_ROUGHNESS_FACTOR)
-                                ? smoothness * smoothness * LargestShininess
-                                : property(source, AI_MATKEY_SHININESS, 0.0F);
-    return std::clamp(shininess, 0.0F, LargestShininess);
+    return has(source, AI_MATKEY_METALLIC_FACTOR) || has(source, AI_MATKEY_ROUGHNESS_FACTOR);
 }
 
-bool isLit(const aiMaterial &source)
+bool isPlain(const aiMaterial &source)
 {
-    const int shading = property(source, AI_MATKEY_SHADING_MODEL, static_cast<int>(aiShadingMode_Gouraud));
-    return shading != aiShadingMode_NoShading;
+    return colourTexture(source).path.empty() && glowTexture(source).path.empty() &&
+           glowColor(source) == osg::Vec3f(0, 0, 0);
 }
 
-osg::SimpleMaterialPtr createMaterial(const osg::ImagePtr &image)
+float share(const aiMaterial &source, const char *key, unsigned int type, unsigned int index, float otherwise)
 {
-    if (image == osg::NullFC)
-        return osg::SimpleMaterial::create();
-    const osg::SimpleTexturedMaterialPtr material = osg::SimpleTexturedMaterial::create();
-    CPEdit(material,
-           osg::SimpleTexturedMaterial::ImageFieldMask | osg::SimpleTexturedMaterial::EnvModeFieldMask);
-    material->setImage(image);
-    material->setEnvMode(Modulate);
+    return std::clamp(property(source, key, type, index, otherwise), 0.0F, 1.0F);
+}
+
+osg::MaterialPtr createPhysicallyBased(const aiMaterial &source)
+{
+    const osg::UBRDFMaterialPtr material = osg::UBRDFMaterial::create();
+    CPEdit(material, osg::UBRDFMaterial::BaseColorFieldMask | osg::UBRDFMaterial::RoughnessFieldMask |
+                         osg::UBRDFMaterial::MetalnessFieldMask |
+                         osg::UBRDFMaterial::RefractionIndexFieldMask);
+    material->setBaseColor(baseColor(source));
+    material->setRoughness(share(source, AI_MATKEY_ROUGHNESS_FACTOR, 1));
+    material->setMetalness(share(source, AI_MATKEY_METALLIC_FACTOR, 0));
+    material->setRefractionIndex(property(source, AI_MATKEY_REFRACTI, material->getRefractionIndex()));
     return material;
 }
 
-void takeSurface(const osg::SimpleMaterialPtr &material, const aiMaterial &source)
+/// Adds a component of full weight.
+void addComponent(const osg::UberMaterialPtr &material, const char *name, const osg::Vec3f &color,
+                  const osg::ImagePtr &image)
 {
-    const aiColor3D diffuse = diffuseOf(source);
-    const float opacity = std::clamp(property(source, AI_MATKEY_OPACITY, 1.0F), 0.0F, 1.0F);
+    const osg::ColorComponentPtr component = osg::ColorComponent::create();
+    CPEdit(component, osg::ColorComponent::ColorFieldMask | osg::ColorComponent::ImageFieldMask);
+    component->setColor(color);
+    component->setImage(image);
+    osg::setName(component, name);
+    material->addColorComponent(component);
+}
 
-    CPEdit(material, osg::SimpleMaterial::AmbientFieldMask | osg::SimpleMaterial::DiffuseFieldMask |
-                         osg::SimpleMaterial::SpecularFieldMask | osg::SimpleMaterial::ShininessFieldMask |
-                         osg::SimpleMaterial::EmissionFieldMask | osg::SimpleMaterial::TransparencyFieldMask |
-                         osg::SimpleMaterial::LitFieldMask);
-    material->setAmbient(toColor(property(source, AI_MATKEY_COLOR_AMBIENT, diffuse)));
-    material->setDiffuse(toColor(diffuse));
-    material->setSpecular(toColor(specularOf(source)));
-    material->setShininess(shininessOf(source));
-    material->setEmission(toColor(property(source, AI_MATKEY_COLOR_EMISSIVE, aiColor3D())));
-    material->setTransparency(1 - opacity);
-    material->setLit(isLit(source));
+osg::ColorComponentSettingsPtr createSettings(const aiMaterial &source)
+{
+    const osg::ColorComponentSettingsPtr settings = osg::ColorComponentSettings::create();
+    aiUVTransform mapping;
+    if (source.Get(AI_MATKEY_UVTRANSFORM(colourTexture(source).type, 0), mapping) != aiReturn_SUCCESS)
+        return settings;
+    // The model turns coordinates about the texture's centre and scales then, the settings scale and then
+    // turn about the origin.
+    constexpr float Centre = 0.5F;
+    const float sine = std::sin(mapping.mRotation);
+    const float cosine = std::cos(mapping.mRotation);
+    const osg::Vec2f way(Centre * (1 - cosine + sine), Centre * (1 - cosine - sine));
+    CPEdit(settings, osg::ColorComponentSettings::MappingScaleFieldMask |
+                         osg::ColorComponentSettings::MappingOffsetFieldMask |
+                         osg::ColorComponentSettings::MappingRotationFieldMask);
+    settings->setMappingScale(osg::Vec2f(mapping.mScaling.x, mapping.mScaling.y));
+    settings->setMappingOffset(osg::Vec2f(mapping.mTranslation.x + mapping.mScaling.x * way[0],
+                                          mapping.mTranslation.y + mapping.mScaling.y * way[1]));
+    settings->setMappingRotation(mapping.mRotation * DegreesPerRadian);
+    return settings;
 }
 
 } // namespace
@@ -121,18 +147,43 @@ ksMaterialImporter::ksMaterialImporter(const ksModelFile &model, const ksWarn &w
     , materials(model.scene().mNumMaterials)
 {}
 
-osg::SimpleMaterialPtr ksMaterialImporter::material(unsigned int index)
+osg::MaterialPtr ksMaterialImporter::material(unsigned int index)
 {
-    osg::RefPtr<osg::SimpleMaterialPtr> &known = materials[index];
-    if (known.get() != osg::NullFC)
-        return known.get();
+    osg::RefPtr<osg::MaterialPtr> &known = materials[index];
+    if (known.get() == osg::NullFC) {
+        const aiMaterial &source = *file.scene().mMaterials[index];
+        known = createMaterial(source);
+        osg::setName(known.get(), source.GetName().C_Str());
+    }
+    return known.get();
+}
 
-    const aiMaterial &source = *file.scene().mMaterials[index];
-    const std::string texture = colourTexture(source);
-    const osg::SimpleMaterialPtr material =
-        createMaterial(texture.empty() ? osg::ImagePtr() : images.image(texture));
-    known = osg::RefPtr<osg::SimpleMaterialPtr>(material);
-    takeSurface(material, source);
-    osg::setName(material, source.GetName().C_Str());
+float ksMaterialImporter::opacity(unsigned int index) const
+{
+    return share(*file.scene().mMaterials[index], AI_MATKEY_OPACITY, 1);
+}
+
+osg::MaterialPtr ksMaterialImporter::createMaterial(const aiMaterial &source)
+{
+    return isPhysicallyBased(source) && isPlain(source) ? createPhysicallyBased(source)
+                                                        : createLayered(source);
+}
+
+osg::MaterialPtr ksMaterialImporter::createLayered(const aiMaterial &source)
+{
+    const auto imageOf = [this](const Texture &texture) {
+        return texture.path.empty() ? osg::ImagePtr() : images.image(texture.path);
+    };
+    const osg::UberMaterialPtr material = osg::UberMaterial::create();
+    CPEdit(material,
+           osg::UberMaterial::ColorComponentDataFieldMask | osg::UberMaterial::ComponentSettingsFieldMask);
+    addComponent(material, "base", baseColor(source), imageOf(colourTexture(source)));
+    const osg::Vec3f gloss = toColor(property(source, AI_MATKEY_COLOR_SPECULAR, aiColor3D()));
+    if (gloss != osg::Vec3f(0, 0, 0))
+        addComponent(material, "gloss", gloss, imageOf(firstTexture(source, {aiTextureType_SPECULAR})));
+    const osg::ImagePtr glowImage = imageOf(glowTexture(source));
+    if (glowColor(source) != osg::Vec3f(0, 0, 0) || glowImage != osg::NullFC)
+        addComponent(material, "glow", glowColor(source), glowImage);
+    material->setComponentSettings(createSettings(source));
     return material;
 }

@@ -96,7 +96,7 @@ private:
         for (unsigned int i = 0; i < source.mNumMeshes; ++i)
             node->addChild(buildMeshNode(name, source.mMeshes[i]));
         if (const auto light = lights.find(name); light != lights.end()) {
-            node->addChild(buildLightNode(node, *light->second));
+            node->addChild(buildLightNode(*light->second));
             // A second node of that name is not where the light is.
             lights.erase(light);
         }
@@ -109,18 +109,27 @@ private:
         osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
         if (mesh.get() == osg::NullFC)
             mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source, materials.material(source.mMaterialIndex)));
+        const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
+        CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
+        settings->setOpacity(materials.opacity(source.mMaterialIndex));
         return createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh", mesh.get(),
-                          osg::ksNodeSettings::create());
+                          settings);
     }
 
-    osg::NodePtr buildLightNode(const osg::NodePtr &owner, const aiLight &source)
+    osg::NodePtr buildLightNode(const aiLight &source)
     {
+        const std::string name = source.mName.C_Str() + std::string(" light");
         const ksLightValues values = ksLightImporter::values(source, file.format());
-        const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
-        CPEdit(settings, osg::ksNodeSettings::LightIntensityFieldMask);
-        settings->setLightIntensity(values.intensity);
-        return createNode(source.mName.C_Str() + std::string(" light"),
-                          ksLightImporter::createCore(values, owner), settings);
+        const osg::NodePtr light =
+            createNode(name, ksLightImporter::createCore(values), osg::ksNodeSettings::create());
+        if (values.position == osg::Vec3f(0, 0, 0) && values.direction == osg::Vec3f(0, 0, -1))
+            return light;
+        const osg::NodePtr place =
+            createNode(name + " place", ksTransformImporter::create(values.position, values.direction),
+                       osg::ksNodeSettings::create());
+        CPEdit(place, osg::Node::ChildrenFieldMask);
+        place->addChild(light);
+        return place;
     }
 
     const ksModelFile &file;

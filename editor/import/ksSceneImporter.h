@@ -10,8 +10,10 @@
 ///
 /// A node of the model becomes a node with the same name, a Transform3D core and the same children in the
 /// same order. Its meshes and its light become further children behind those, which have the mesh or light as
-/// their core. Meshes, materials and images that the model uses several times are shared. Every node has
-/// settings, see osg::ksNodeSettings; those of a light's node hold the light's intensity.
+/// their core. Between a node and a light that is not at the node's place, or does not shine along its
+/// negative z axis, there is a node whose transform takes it there. Meshes, materials and images that the
+/// model uses several times are shared. Every node has settings, see osg::ksNodeSettings; those of a mesh's
+/// node hold the opacity of its material.
 class ksSceneImporter
 {
 public:

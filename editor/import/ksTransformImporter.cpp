@@ -3,6 +3,8 @@
 
 #include <assimp/scene.h>
 
+#include <cmath>
+
 namespace {
 
 osg::Matrix matrixOf(const aiMatrix4x4 &m)
@@ -11,16 +13,45 @@ osg::Matrix matrixOf(const aiMatrix4x4 &m)
                        m.d3, m.d4);
 }
 
+/// Whether \a transform has got \a matrix.
+bool compose(const osg::Transform3DPtr &transform, const osg::Matrix &matrix)
+{
+    CPEdit(transform, osg::Transform3D::DecomposedFieldMask);
+    if (!transform->decompose(matrix))
+        return false;
+    transform->updateRotation();
+    return true;
+}
+
+/// The shortest turn from the negative z axis to \a direction.
+osg::Quaternion turnTo(const osg::Vec3f &direction)
+{
+    const osg::Vec3f forward(0, 0, -1);
+    const osg::Vec3f axis = forward.cross(direction);
+    // Straight back, any axis across will do.
+    const bool isStraight = axis.squareLength() == 0;
+    osg::Quaternion turn;
+    turn.setValueAsAxisRad(isStraight ? osg::Vec3f(0, 1, 0) : axis,
+                           std::atan2(axis.length(), forward.dot(direction)));
+    return turn;
+}
+
 } // namespace
 
 osg::Transform3DPtr ksTransformImporter::create(const aiNode &node, const ksWarn &warn)
 {
     const osg::Transform3DPtr transform = osg::Transform3D::create();
-    CPEdit(transform, osg::Transform3D::DecomposedFieldMask);
-    if (transform->decompose(matrixOf(node.mTransformation)))
-        transform->updateRotation();
-    else
+    if (!compose(transform, matrixOf(node.mTransformation)))
         warn(QStringLiteral("the matrix of node '") + QString::fromUtf8(node.mName.C_Str()) +
              QStringLiteral("' is not one of a transform"));
+    return transform;
+}
+
+osg::Transform3DPtr ksTransformImporter::create(const osg::Vec3f &position, const osg::Vec3f &direction)
+{
+    const osg::Transform3DPtr transform = osg::Transform3D::create();
+    osg::Matrix matrix;
+    matrix.setTransform(position, turnTo(direction), osg::Vec3f(1, 1, 1));
+    compose(transform, matrix);
     return transform;
 }

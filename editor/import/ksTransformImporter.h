@@ -17,4 +17,8 @@ public:
     /// angles and the rotation that these give bit for bit, as if a user had set them, scale and shear. Where
     /// no components give the matrix, see osg::Transform3D::decompose(), it is left out with a warning.
     static osg::Transform3DPtr create(const aiNode &node, const ksWarn &warn);
+
+    /// A new transform, put together the same way, that moves what is at the origin to \a position and turns
+    /// what points along the negative z axis to \a direction, which must have the length 1.
+    static osg::Transform3DPtr create(const osg::Vec3f &position, const osg::Vec3f &direction);
 };

@@ -18,10 +18,9 @@ OSG_CONTAINER_POINTER(ksNodeSettings, AttachmentPtr)
 // sortKey           position among its siblings in the editor's lists, lowest first
 // userFlags         64 flags that belong to the user's scripts
 // revision          number of the last revision of the model that touched the node; negative for drafts
-// opacity           0 (invisible) to 1, multiplied into the material's
+// opacity           0 (invisible) to 1
 // timeOffset        seconds by which the node's animation is ahead of the scene's clock
 // locked            the node cannot be picked
-// lightIntensity    factor on the light that the node's light core radiates, 1 or more
 // comment           whatever the user wants to keep with the node
 #define KS_NODE_SETTINGS_FIELDS(SF, MF)                 \
     SF(SFUInt8, layer, Layer, 0)                        \
@@ -35,7 +34,6 @@ OSG_CONTAINER_POINTER(ksNodeSettings, AttachmentPtr)
     SF(SFReal32, opacity, Opacity, 1)                   \
     SF(SFReal64, timeOffset, TimeOffset, 0)             \
     SF(SFBool, locked, Locked, false)                   \
-    SF(SFReal32, lightIntensity, LightIntensity, 1)     \
     SF(SFString, comment, Comment, "")
 
 OSG_CONTAINER_BASE(ksNodeSettings, Attachment, KS_NODE_SETTINGS_FIELDS)

@@ -10,9 +10,10 @@
 
 #include <ksundo/core/ksUndoCommand.h>
 
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGLight.h>
 
 namespace {
 
@@ -38,6 +39,18 @@ osg::FieldContainerPtr findMaterial(const osg::FieldContainerPtr &container)
 {
     const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container);
     return mesh == osg::NullFC ? osg::FieldContainerPtr() : osg::FieldContainerPtr(mesh->getMaterial());
+}
+
+/// The image of \a container, a colour component, or of the first component of a material that has one.
+osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
+{
+    if (const auto component = osg::ColorComponentPtr::dcast(container))
+        return component->getImage();
+    if (const auto material = osg::UberMaterialPtr::dcast(container))
+        for (const osg::ColorComponentPtr &component : material->getColorComponentData())
+            if (component->getImage() != osg::NullFC)
+                return component->getImage();
+    return osg::NullFC;
 }
 
 } // namespace
@@ -115,7 +128,7 @@ QJSValue ksScriptContainer::material() const
 QJSValue ksScriptContainer::light() const
 {
     return guarded([this](const osg::FieldContainerPtr &container) {
-        return host.object(findCore<osg::LightPtr>(container));
+        return host.object(findCore<osg::UberLightPtr>(container));
     });
 }
 
@@ -123,8 +136,7 @@ QJSValue ksScriptContainer::image() const
 {
     return guarded([this](const osg::FieldContainerPtr &container) {
         const osg::FieldContainerPtr material = findMaterial(container);
-        osg::Field *field = (material != osg::NullFC ? material : container)->getField("image");
-        return field == nullptr ? QJSValue(QJSValue::NullValue) : host.value(*field);
+        return host.object(findImage(material != osg::NullFC ? material : container));
     });
 }
 

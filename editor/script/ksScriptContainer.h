@@ -46,7 +46,7 @@ class ksScriptContainer : public QObject
     /// The light of a node: its core, or that of its first child with one.
     Q_PROPERTY(QJSValue light READ light)
 
-    /// The image of a material, and of anything that has a material.
+    /// The image of a colour component, the first one of a material, and of anything that has a material.
     Q_PROPERTY(QJSValue image READ image)
 
 public:

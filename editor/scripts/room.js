@@ -39,16 +39,16 @@ expect("timeOffset", table.get("timeOffset"), 1 / 3);
 print("A drag is one step");
 var lamp = scene.find("LampBulb").light;
 var before = history.count;
-lamp.drag("quadraticAttenuation", [0.9, 0.8, 0.7, 0.6, 0.5], "Brighten the lamp");
+lamp.drag("intensity", [44, 48, 52, 56, 60], "Brighten the lamp");
 expect("count", history.count, before + 1);
 history.undo();
-expect("quadraticAttenuation", lamp.get("quadraticAttenuation"), 1);
+expect("intensity", lamp.get("intensity"), 40);
 history.redo();
 
 print("Materials and images");
 var walnut = scene.find("LegFrontLeft").material;
 expect("material", walnut.name, "Walnut");
-walnut.set("shininess", 64, "Polish the walnut");
+walnut.set("roughness", 0.25, "Polish the walnut");
 scene.find("Floor").image.set("resUnit", 1);
 
 print("A batch over the four legs, merged twice");

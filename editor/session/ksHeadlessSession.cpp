@@ -5,6 +5,7 @@
 #include "ksContainers.h"
 #include "ksEditorError.h"
 #include "ksEditorOptions.h"
+#include "ksOpenScene.h"
 #include "ksSceneImporter.h"
 #include "ksScriptEngine.h"
 #include "ksTour.h"
@@ -70,6 +71,7 @@ int ksHeadlessSession::runChecked(const ksEditorOptions &options)
                             .arg(QFileInfo(options.model).fileName())
                             .arg(countNodes(root.get())));
 
+        const ksOpenScene scene(root.get());
         ksCheckedHistory history(root.get(), transcript);
         root = osg::NodeRefPtr();
         containers = history.containerCount();

@@ -7,10 +7,9 @@
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
 #include <OSGTransform3D.h>
+#include <OSGUberLight.h>
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGImage.h>
-#include <OpenSG/OSGLight.h>
-#include <OpenSG/OSGSimpleTexturedMaterial.h>
 
 #include <algorithm>
 
@@ -51,30 +50,38 @@ void append(std::vector<osg::FieldContainerPtr> &list, const std::vector<PtrT> &
 ksTourTargets::ksTourTargets(const osg::NodePtr &root)
 {
     std::vector<osg::NodePtr> allNodes;
-    std::vector<osg::LightPtr> lights;
-    std::vector<osg::MaterialPtr> materials;
+    std::vector<osg::UberLightPtr> lightCores;
     std::vector<osg::ImagePtr> images;
     ksContainers::visitNodes(root, [&](const osg::NodePtr &node) {
         allNodes.push_back(node);
         if (osg::Transform3DPtr::dcast(node->getCore()) != osg::NullFC)
             transforms.push_back(node);
-        addOnce(lights, node->getCore());
-        if (const osg::ksMeshPtr mesh = osg::ksMeshPtr::dcast(node->getCore()))
-            addOnce(materials, mesh->getMaterial());
+        if (osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC)
+            lights.push_back(node);
+        if (const osg::ksMeshPtr mesh = osg::ksMeshPtr::dcast(node->getCore())) {
+            addOnce(layeredMaterials, mesh->getMaterial());
+            addOnce(physicalMaterials, mesh->getMaterial());
+        }
     });
-    for (const osg::MaterialPtr &material : materials)
-        if (const auto textured = osg::SimpleTexturedMaterialPtr::dcast(material))
-            addOnce(images, textured->getImage());
+    for (const osg::UberMaterialPtr &material : layeredMaterials)
+        for (const osg::ColorComponentPtr &component : material->getColorComponentData())
+            addOnce(images, component->getImage());
 
     nodes = spread(allNodes, NodesAtMost);
     transforms = spread(transforms, TransformsAtMost);
+    lights = spread(lights, OthersAtMost);
+    layeredMaterials = spread(layeredMaterials, OthersAtMost);
+    physicalMaterials = spread(physicalMaterials, OthersAtMost);
     for (const osg::NodePtr &node : nodes)
         addOnce(settings, node->findAttachment(osg::ksNodeSettings::getClassType()));
+    for (const osg::NodePtr &light : lights)
+        addOnce(lightCores, light->getCore());
 
     append(containers, settings);
     append(containers, spread(nodes, OthersAtMost));
-    append(containers, spread(materials, OthersAtMost));
-    append(containers, spread(lights, OthersAtMost));
+    append(containers, layeredMaterials);
+    append(containers, physicalMaterials);
+    append(containers, lightCores);
     append(containers, spread(images, OthersAtMost));
 }
 

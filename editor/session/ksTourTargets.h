@@ -3,6 +3,8 @@
 
 #include "ksNodeSettings.h"
 
+#include <OSGUBRDFMaterial.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldDescription.h>
 #include <OpenSG/OSGNode.h>
 
@@ -20,6 +22,12 @@ struct ksTourTargets
 
     /// Nodes whose core is a transform.
     std::vector<osg::NodePtr> transforms;
+
+    /// Nodes whose core is a light.
+    std::vector<osg::NodePtr> lights;
+
+    std::vector<osg::UberMaterialPtr> layeredMaterials;
+    std::vector<osg::UBRDFMaterialPtr> physicalMaterials;
 
     /// All nodes and settings, and the materials, lights and images of the scene.
     std::vector<osg::FieldContainerPtr> containers;

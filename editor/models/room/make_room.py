@@ -178,7 +178,8 @@ MATERIALS = [
     {"name": "Planks", "texture": "planks", "color": [1, 1, 1, 1], "metallic": 0, "roughness": 0.6},
     {"name": "Plaster", "texture": "plaster", "color": [0.95, 0.95, 0.9, 1], "metallic": 0, "roughness": 0.9},
     {"name": "Painting", "texture": "painting", "color": [1, 1, 1, 1], "metallic": 0, "roughness": 0.8},
-    {"name": "Fabric", "texture": "fabric", "color": [0.9, 0.9, 0.9, 1], "metallic": 0, "roughness": 1},
+    {"name": "Fabric", "texture": "fabric", "color": [0.9, 0.9, 0.9, 1], "metallic": 0, "roughness": 1,
+     "mapping": {"scale": [2, 3], "offset": [0.25, 0.125]}},
     {"name": "Walnut", "color": [0.32, 0.19, 0.1, 1], "metallic": 0, "roughness": 0.5},
     {"name": "Brass", "color": [0.8, 0.6, 0.25, 1], "metallic": 1, "roughness": 0.25},
     {"name": "Porcelain", "color": [0.92, 0.94, 0.97, 1], "metallic": 0, "roughness": 0.1},
@@ -319,6 +320,8 @@ def material(entry):
                "roughnessFactor": entry["roughness"]}
     if "texture" in entry:
         surface["baseColorTexture"] = {"index": [name for name, *_ in TEXTURES].index(entry["texture"])}
+        if "mapping" in entry:
+            surface["baseColorTexture"]["extensions"] = {"KHR_texture_transform": entry["mapping"]}
     result = {"name": entry["name"], "pbrMetallicRoughness": surface}
     if "emissive" in entry:
         result["emissiveFactor"] = entry["emissive"]
@@ -334,7 +337,7 @@ def write(folder):
     root = document.add_node(ROOM)
     gltf = {
         "asset": {"version": "2.0", "generator": "make_room.py"},
-        "extensionsUsed": ["KHR_lights_punctual"],
+        "extensionsUsed": ["KHR_lights_punctual", "KHR_texture_transform"],
         "extensions": {"KHR_lights_punctual": {"lights": LIGHTS}},
         "scene": 0,
         "scenes": [{"name": "Demo", "nodes": [root]}],

@@ -3,6 +3,7 @@
 
 #include <ksImageImporter.h>
 #include <ksModelFile.h>
+#include <ksTextureManager.h>
 
 #include <QBuffer>
 #include <QImage>
@@ -133,4 +134,13 @@ TEST_F(ksImageImporterTest, ReadsTexturesWithinTheModel)
     EXPECT_THAT(pixels(image), ElementsAre(0, 0, 255, 255, 255, 255, 255, 0, 0, 0, 255, 0));
     EXPECT_EQ(embedded.image("*1"), osg::NullFC);
     EXPECT_THAT(warnings, ElementsAre("texture *1 within the model cannot be read"));
+}
+
+TEST_F(ksImageImporterTest, SharesImagesWithTheApplication)
+{
+    ASSERT_TRUE(picture().save(folder.path("picture.png")));
+    const osg::ImagePtr image = importer.image("picture.png");
+    ksImageImporter another(model, [](const QString &) {});
+    EXPECT_EQ(another.image("picture.png"), image);
+    EXPECT_EQ(ksTextureManager::the()->getImage(image, true), image);
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ksEditorFixture.h"
 
-#include <OpenSG/OSGDirectionalLight.h>
-#include <OpenSG/OSGSimpleTexturedMaterial.h>
-#include <OpenSG/OSGSpotLight.h>
+#include <OSGUBRDFMaterial.h>
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGTransform.h>
 #include <ksSceneImporter.h>
 
@@ -52,20 +52,22 @@ protected:
         return osg::ksMeshPtr::dcast(node->getChild(node->getNChildren() - 1)->getCore());
     }
 
-    osg::SimpleMaterialPtr materialOf(const char *name) const
-    {
-        return osg::SimpleMaterialPtr::dcast(meshOf(name)->getMaterial());
-    }
-
-    osg::ImagePtr imageOf(const char *name) const
-    {
-        return osg::SimpleTexturedMaterialPtr::dcast(materialOf(name))->getImage();
-    }
-
     template <class PtrT>
-    PtrT lightOf(const char *name) const
+    PtrT materialOf(const char *name) const
     {
-        return PtrT::dcast(find(name)->getChild(0)->getCore());
+        return PtrT::dcast(meshOf(name)->getMaterial());
+    }
+
+    osg::ColorComponentPtr componentOf(const char *name, osg::UInt32 index = 0) const
+    {
+        return materialOf<osg::UberMaterialPtr>(name)->getColorComponentData(index);
+    }
+
+    osg::ImagePtr imageOf(const char *name) const { return componentOf(name)->getImage(); }
+
+    osg::UberLightPtr lightOf(const char *name) const
+    {
+        return osg::UberLightPtr::dcast(find(name)->getChild(0)->getCore());
     }
 
     static osg::Matrix turned(const osg::Vec3f &translation, const osg::Vec3f &axis, float degrees,
@@ -130,27 +132,55 @@ TEST_F(ksRoomTest, SharesMeshesMaterialsAndImages)
     const osg::ksMeshPtr leg = meshOf("LegFrontLeft");
     EXPECT_EQ(meshOf("LegBackRight"), leg);
     EXPECT_EQ(leg->getParents().size(), 4u);
-    EXPECT_EQ(materialOf("Backrest"), materialOf("LegFrontLeft"));
+    EXPECT_EQ(meshOf("Backrest")->getMaterial(), leg->getMaterial());
     EXPECT_EQ(imageOf("Ceiling"), imageOf("EastWall"));
 }
 
-TEST_F(ksRoomTest, KeepsMaterials)
+TEST_F(ksRoomTest, KeepsPlainMaterials)
 {
-    const osg::SimpleMaterialPtr walnut = materialOf("Table");
+    const auto walnut = materialOf<osg::UBRDFMaterialPtr>("Table");
+    ASSERT_NE(walnut, osg::NullFC);
     EXPECT_STREQ(osg::getName(walnut), "Walnut");
-    EXPECT_STREQ(walnut->getTypeName(), "SimpleMaterial");
-    EXPECT_EQ(walnut->getDiffuse(), osg::Color3f(0.32F, 0.19F, 0.1F));
-    EXPECT_EQ(walnut->getSpecular(), osg::Color3f(0.04F, 0.04F, 0.04F));
-    EXPECT_FLOAT_EQ(walnut->getShininess(), 32);
-    EXPECT_EQ(walnut->getTransparency(), 0);
-    EXPECT_TRUE(walnut->getLit());
+    EXPECT_EQ(walnut->getBaseColor(), osg::Vec3f(0.32F, 0.19F, 0.1F));
+    EXPECT_EQ(walnut->getRoughness(), 0.5F);
+    EXPECT_EQ(walnut->getMetalness(), 0);
+    EXPECT_EQ(walnut->getRefractionIndex(), 1.5F);
+    EXPECT_EQ(materialOf<osg::UBRDFMaterialPtr>("LampPole")->getMetalness(), 1);
+    EXPECT_EQ(ksSettingsOf(find("WindowPane"))->getOpacity(), 0.25F);
+    EXPECT_EQ(ksSettingsOf(find("TableTop"))->getOpacity(), 1);
+}
 
-    const osg::SimpleMaterialPtr brass = materialOf("LampPole");
-    EXPECT_EQ(brass->getSpecular(), osg::Color3f(0.8F, 0.6F, 0.25F));
-    EXPECT_FLOAT_EQ(brass->getShininess(), 72);
-    EXPECT_FLOAT_EQ(materialOf("WindowGlass")->getTransparency(), 0.75F);
-    EXPECT_EQ(materialOf("LampShade")->getEmission(), osg::Color3f(0.6F, 0.5F, 0.25F));
-    EXPECT_EQ(walnut->getEmission(), osg::Color3f(0, 0, 0));
+TEST_F(ksRoomTest, KeepsLayersOfMaterials)
+{
+    const auto cloth = materialOf<osg::UberMaterialPtr>("Seat");
+    ASSERT_NE(cloth, osg::NullFC);
+    EXPECT_STREQ(osg::getName(cloth), "Fabric");
+    ASSERT_EQ(cloth->getColorComponentData().size(), 1u);
+    EXPECT_STREQ(osg::getName(componentOf("Seat")), "base");
+    EXPECT_EQ(componentOf("Seat")->getColor(), osg::Vec3f(0.9F, 0.9F, 0.9F));
+    EXPECT_EQ(cloth->getBlendedColor(), osg::Vec3f(0.9F, 0.9F, 0.9F));
+    EXPECT_NE(imageOf("Seat"), osg::NullFC);
+
+    // It shines by itself, which is a layer of its own.
+    ASSERT_EQ(materialOf<osg::UberMaterialPtr>("LampShade")->getColorComponentData().size(), 2u);
+    EXPECT_EQ(imageOf("LampShade"), osg::NullFC);
+    EXPECT_STREQ(osg::getName(componentOf("LampShade", 1)), "glow");
+    EXPECT_EQ(componentOf("LampShade", 1)->getColor(), osg::Vec3f(0.6F, 0.5F, 0.25F));
+}
+
+TEST_F(ksRoomTest, KeepsHowTexturesAreLaidOn)
+{
+    const osg::ColorComponentSettingsPtr cloth =
+        materialOf<osg::UberMaterialPtr>("Seat")->getComponentSettings();
+    EXPECT_EQ(cloth->getMappingScale(), osg::Vec2f(2, 3));
+    EXPECT_EQ(cloth->getMappingRotation(), 0);
+    // The model scales from the upper left corner, and then moves that by (0.25, 0.125).
+    EXPECT_FLOAT_EQ(cloth->getMappingOffset()[0], 0.25F);
+    EXPECT_FLOAT_EQ(3 + cloth->getMappingOffset()[1], 1 - 0.125F);
+    const osg::ColorComponentSettingsPtr planks =
+        materialOf<osg::UberMaterialPtr>("Floor")->getComponentSettings();
+    EXPECT_EQ(planks->getMappingScale(), osg::Vec2f(1, 1));
+    EXPECT_EQ(planks->getMappingOffset(), osg::Vec2f(0, 0));
 }
 
 TEST_F(ksRoomTest, KeepsImages)
@@ -172,27 +202,26 @@ TEST_F(ksRoomTest, KeepsImages)
 
 TEST_F(ksRoomTest, KeepsLights)
 {
-    const auto bulb = lightOf<osg::PointLightPtr>("LampBulb");
+    const osg::UberLightPtr bulb = lightOf("LampBulb");
     ASSERT_NE(bulb, osg::NullFC);
-    EXPECT_TRUE(bulb->getDiffuse().equals(osg::Color4f(1, 0.8F, 0.5F, 1), 1e-6F));
-    EXPECT_EQ(bulb->getAmbient(), osg::Color4f(0, 0, 0, 1));
-    EXPECT_EQ(bulb->getConstantAttenuation(), 0);
-    EXPECT_EQ(bulb->getQuadraticAttenuation(), 1);
-    EXPECT_EQ(bulb->getBeacon(), find("LampBulb"));
-    EXPECT_EQ(ksSettingsOf(find("LampBulb light"))->getLightIntensity(), 40);
+    EXPECT_TRUE(bulb->getDiffuse().equals(osg::Vec3f(1, 0.8F, 0.5F), 1e-6F));
+    EXPECT_EQ(bulb->getGlossy(), bulb->getDiffuse());
+    EXPECT_EQ(bulb->getIntensity(), 40);
+    EXPECT_EQ(bulb->getAttenuation(), osg::UberLight::Quadratic);
+    EXPECT_EQ(bulb->getConeAngle(), 360);
 
-    const auto spot = lightOf<osg::SpotLightPtr>("CeilingSpot");
+    const osg::UberLightPtr spot = lightOf("CeilingSpot");
     ASSERT_NE(spot, osg::NullFC);
-    EXPECT_FLOAT_EQ(spot->getSpotCutOff(), 0.5F);
-    EXPECT_NEAR(std::pow(std::cos(0.375), spot->getSpotExponent()), 0.5, 1e-5);
-    EXPECT_EQ(spot->getDirection(), osg::Vec3f(0, 0, -1));
-    EXPECT_FLOAT_EQ(ksSettingsOf(find("CeilingSpot light"))->getLightIntensity(), 120);
+    EXPECT_FLOAT_EQ(spot->getIntensity(), 120);
+    EXPECT_FLOAT_EQ(spot->getConeAngle(), 28.6478898F);
+    EXPECT_FLOAT_EQ(spot->getPenumbraAngle(), 28.6478898F);
 
-    const auto sun = lightOf<osg::DirectionalLightPtr>("Sun");
+    const osg::UberLightPtr sun = lightOf("Sun");
     ASSERT_NE(sun, osg::NullFC);
-    EXPECT_TRUE(sun->getDiffuse().equals(osg::Color4f(1, 0.95F, 0.85F, 1), 1e-6F));
-    EXPECT_EQ(sun->getDirection(), osg::Vec3f(0, 0, 1));
-    EXPECT_EQ(ksSettingsOf(find("Sun light"))->getLightIntensity(), 3);
+    EXPECT_TRUE(sun->getDiffuse().equals(osg::Vec3f(1, 0.95F, 0.85F), 1e-6F));
+    EXPECT_EQ(sun->getIntensity(), 3);
+    EXPECT_EQ(sun->getAttenuation(), osg::UberLight::None);
+    EXPECT_EQ(sun->getConeAngle(), 180);
 }
 
 TEST_F(ksRoomTest, ReadsSettingsFromTheModel)
@@ -235,6 +264,37 @@ TEST_F(ksSceneImporterTest, WarnsOfMissingTextures)
     const osg::NodePtr owner = root->getChild(0);
     const osg::ksMeshPtr mesh = osg::ksMeshPtr::dcast(owner->getChild(0)->getCore());
     ASSERT_NE(mesh, osg::NullFC);
-    EXPECT_STREQ(mesh->getMaterial()->getTypeName(), "SimpleMaterial");
-    EXPECT_EQ(osg::SimpleMaterialPtr::dcast(mesh->getMaterial())->getDiffuse(), osg::Color3f(0.5F, 0.25F, 0));
+    const auto material = osg::UberMaterialPtr::dcast(mesh->getMaterial());
+    ASSERT_NE(material, osg::NullFC);
+    EXPECT_EQ(material->getColorComponentData(0)->getColor(), osg::Vec3f(0.5F, 0.25F, 0));
+    EXPECT_EQ(material->getColorComponentData(0)->getImage(), osg::NullFC);
+}
+
+/// Lights of this format shine down the y axis of their nodes.
+TEST_F(ksSceneImporterTest, TurnsLightsThatShineElsewhere)
+{
+    const ksTestFolder folder;
+    const osg::NodeRefPtr root = load(folder.write("torch.fbx", R"(; FBX 7.4.0 project file
+FBXHeaderExtension: {
+    FBXHeaderVersion: 1003
+    FBXVersion: 7400
+}
+Objects: {
+    NodeAttribute: 10, "NodeAttribute::Torch", "Light" {
+    }
+    Model: 20, "Model::Torch", "Light" {
+        Version: 232
+    }
+}
+Connections: {
+    C: "OO",20,0
+    C: "OO",10,20
+}
+)"));
+    const osg::NodePtr place = ksFindNode(root, "Torch light place");
+    ASSERT_NE(place, osg::NullFC);
+    EXPECT_THAT(childNames(place), ElementsAre("Torch light"));
+    EXPECT_NE(osg::UberLightPtr::dcast(place->getChild(0)->getCore()), osg::NullFC);
+    const osg::Matrix matrix = osg::TransformPtr::dcast(place->getCore())->getMatrix();
+    EXPECT_TRUE(osg::Vec3f(-matrix[2][0], -matrix[2][1], -matrix[2][2]).equals(osg::Vec3f(0, -1, 0), 1e-6F));
 }

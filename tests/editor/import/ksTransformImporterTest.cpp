@@ -177,3 +177,17 @@ TEST_P(ksModelCollectionTransforms, AreKept)
 
 INSTANTIATE_TEST_SUITE_P(Formats, ksModelCollectionTransforms,
                          testing::ValuesIn(ksModelCollection::formatFolders()), ksModelCollection::testName);
+
+TEST(ksTransformImporterPlace, TurnsTheNegativeZAxis)
+{
+    for (const osg::Vec3f &direction : {osg::Vec3f(0, 0, -1), osg::Vec3f(0, 0, 1), osg::Vec3f(0, -1, 0),
+                                        osg::Vec3f(0.6F, 0, 0.8F), osg::Vec3f(-0.48F, 0.64F, -0.6F)}) {
+        const osg::NodeRefPtr node(osg::Node::create());
+        CPEdit(node.get(), osg::Node::CoreFieldMask);
+        node->setCore(ksTransformImporter::create(osg::Vec3f(1, -2, 3), direction));
+        const osg::Matrix &matrix = transformOf(node)->getMatrix();
+        EXPECT_EQ(osg::Vec3f(matrix[3][0], matrix[3][1], matrix[3][2]), osg::Vec3f(1, -2, 3));
+        EXPECT_TRUE(osg::Vec3f(-matrix[2][0], -matrix[2][1], -matrix[2][2]).equals(direction, 1e-6F));
+        expectConsistent(node);
+    }
+}

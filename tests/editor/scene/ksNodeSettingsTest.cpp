@@ -24,7 +24,6 @@ TEST(ksNodeSettings, HasAFieldOfEveryWidth)
                                                          {"opacity", "SFReal32"},
                                                          {"timeOffset", "SFReal64"},
                                                          {"locked", "SFBool"},
-                                                         {"lightIntensity", "SFReal32"},
                                                          {"comment", "SFString"}}));
 }
 
@@ -32,7 +31,6 @@ TEST(ksNodeSettings, StartsVisibleAndUnlocked)
 {
     const osg::ksNodeSettingsRefPtr settings(osg::ksNodeSettings::create());
     EXPECT_EQ(settings->getOpacity(), 1);
-    EXPECT_EQ(settings->getLightIntensity(), 1);
     EXPECT_FALSE(settings->getLocked());
     EXPECT_EQ(settings->getLayer(), 0);
 }

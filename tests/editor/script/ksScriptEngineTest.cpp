@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ksScriptFixture.h"
 
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGPointLight.h>
-#include <OpenSG/OSGSimpleTexturedMaterial.h>
 
 namespace {
 
@@ -40,7 +41,9 @@ TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
 
 TEST_F(ksScriptEngineTest, FindsWhatANodeShows)
 {
-    const osg::SimpleTexturedMaterialPtr material = osg::SimpleTexturedMaterial::create();
+    const osg::UberMaterialPtr material = osg::UberMaterial::create();
+    const osg::ColorComponentPtr plain = osg::ColorComponent::create();
+    const osg::ColorComponentPtr textured = osg::ColorComponent::create();
     osg::setName(material, "Oak");
     const osg::ImagePtr image = osg::Image::create();
     const osg::ksMeshPtr mesh = osg::ksMesh::create();
@@ -48,24 +51,29 @@ TEST_F(ksScriptEngineTest, FindsWhatANodeShows)
     const osg::NodePtr lamp = makeNode("Lamp");
     {
         CPEditAll(image);
+        CPEditAll(textured);
         CPEditAll(material);
         CPEditAll(mesh);
         CPEditAll(shape);
         CPEditAll(lamp);
         CPEditAll(child);
         image->setName("oak.png");
-        material->setImage(image);
+        textured->setImage(image);
+        material->addColorComponent(plain);
+        material->addColorComponent(textured);
         mesh->setMaterial(material);
         shape->setCore(mesh);
-        lamp->setCore(osg::PointLight::create());
+        lamp->setCore(osg::UberLight::create());
         child->addChild(shape);
         child->addChild(lamp);
     }
     EXPECT_EQ(run("var child = scene.find('Child');"
                   "print(child.material.name, child.image.name, child.light.type);"
                   "print(scene.find('Shape').material.name, scene.find('Shape').light);"
-                  "print(child.material.image.name, scene.find('Lamp').material, scene.root.image);"),
-              "Oak oak.png PointLight\nOak null\noak.png null null\n");
+                  "print(child.material.image.name, scene.find('Lamp').material, scene.root.image);"
+                  "var components = child.material.get('colorComponentData');"
+                  "print(components[0].image, components[1].image === child.image);"),
+              "Oak oak.png UberLight\nOak null\noak.png null null\nnull true\n");
 }
 
 TEST_F(ksScriptEngineTest, ReadsFieldsOfEveryKind)

@@ -41,7 +41,7 @@ TEST_F(ksHeadlessSessionTest, ToursTheModel)
     EXPECT_EQ(run(ksRoomFile()), 0);
     EXPECT_EQ(errors.str(), "");
     EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nstep 1: add "));
-    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 253 containers, 0 differences\n$"));
+    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -50,8 +50,8 @@ TEST_F(ksHeadlessSessionTest, RunsAScriptInstead)
 {
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
     EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
-                         "  check    index 0 of 0, 253 containers: no difference\n"
-                         "OK: 1 steps, 253 containers, 0 differences\n");
+                         "  check    index 0 of 0, 270 containers: no difference\n"
+                         "OK: 1 steps, 270 containers, 0 differences\n");
 }
 
 TEST_F(ksHeadlessSessionTest, RunsTheScriptOfTheRoom)
@@ -88,7 +88,7 @@ TEST_F(ksHeadlessSessionTest, FailsWhenACheckFailed)
     settings->setLayer(0);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
     EXPECT_THAT(out.str(),
-                testing::ContainsRegex("\nFAILED: 1 steps, 253 containers, [1-9][0-9]* differences\n$"));
+                testing::ContainsRegex("\nFAILED: 1 steps, 270 containers, [1-9][0-9]* differences\n$"));
 }
 
 TEST_F(ksHeadlessSessionTest, ReportsAModelThatCannotBeRead)
