@@ -33,6 +33,7 @@ public:
     /// Demands, beyond ksUndoCommand's conditions, that \a other goes on from this command's new content.
     bool canMergeWith(const QUndoCommand *other) const override
     {
+        // Which field it is does not matter. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         return ksUndoCommand::canMergeWith(other) &&
                static_cast<const ksTextFieldUndoCommand *>(other)->oldContent == newContent;
     }

@@ -23,6 +23,7 @@ public:
     /// Adds "id", then "lightCommand", the bool true, and no "node".
     void makeMessage(ksMessage &message) const override
     {
+        // The node stays out of this message. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         ksUndoCommand::makeMessage(message);
         message.set("lightCommand", true, true);
     }

@@ -34,7 +34,9 @@ public:
         : _values(values)
     {}
     MField(const MField &) = default;
+    MField(MField &&) noexcept = default;
     MField &operator=(const MField &) = default;
+    MField &operator=(MField &&) noexcept = default;
 
     static const FieldType &getClassType(void);
     const FieldType &getType(void) const override { return getClassType(); }
