@@ -207,8 +207,18 @@ int ksCheckedHistory::containerCount() const
 
 void ksCheckedHistory::commandPerformed(const QUndoCommand *command, bool added)
 {
-    if (command != nullptr && added && !dragging)
+    if (command == nullptr || !added)
+        return;
+    noteAdded(*command);
+    if (!dragging)
         keepSnapshot(ksSceneSnapshot(root(), current));
+}
+
+void ksCheckedHistory::noteAdded(const QUndoCommand &command)
+{
+    addedIds.insert(command.id());
+    for (int i = 0; i < command.childCount(); ++i)
+        noteAdded(*command.child(i));
 }
 
 void ksCheckedHistory::keepSnapshot(const ksSceneSnapshot &snapshot)

@@ -13,6 +13,7 @@
 #include <QString>
 
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -113,6 +114,10 @@ public:
     /// How many differences and failed verifications there have been.
     int differenceCount() const { return faults; }
 
+    /// Whether a command with the id \a commandId has been added, on its own, in a macro or as another one's
+    /// child.
+    bool hasAdded(int commandId) const { return addedIds.count(commandId) > 0; }
+
     /// How many containers the scene has now.
     int containerCount() const;
 
@@ -122,6 +127,7 @@ private Q_SLOTS:
 private:
     static bool receiveMessage(const char *name, ksMessage &message, int);
 
+    void noteAdded(const QUndoCommand &command);
     bool finishStep(const ksSceneSnapshot &before);
     void takeSnapshots();
     void keepSnapshot(const ksSceneSnapshot &snapshot);
@@ -146,6 +152,7 @@ private:
     std::vector<ksSceneSnapshot> snapshots;
     ksSceneSnapshot current;
     ksSceneSnapshot mirrored;
+    std::set<int> addedIds;
     std::vector<ksExpectedDifference> expectations;
     std::vector<ksExpectedRounding> roundings;
 

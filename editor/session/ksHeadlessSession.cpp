@@ -2,6 +2,7 @@
 #include "ksHeadlessSession.h"
 
 #include "ksCheckedHistory.h"
+#include "ksCommandClasses.h"
 #include "ksContainers.h"
 #include "ksEditorError.h"
 #include "ksEditorOptions.h"
@@ -62,6 +63,7 @@ int ksHeadlessSession::runChecked(const ksEditorOptions &options)
     ksTranscript transcript(out);
     int differences = 0;
     int containers = 0;
+    QString classes;
     {
         const ksSceneImporter importer([this](const QString &warning) {
             errors << "ks-editor: warning: " << warning.toStdString() << '\n';
@@ -75,9 +77,12 @@ int ksHeadlessSession::runChecked(const ksEditorOptions &options)
         ksCheckedHistory history(root.get(), transcript);
         root = osg::NodeRefPtr();
         containers = history.containerCount();
-        if (options.script.isEmpty())
+        if (options.script.isEmpty()) {
             ksTour(history).run();
-        else
+            classes = QStringLiteral(", %1 of %2 command classes")
+                          .arg(ksCommandClasses::countIn(history))
+                          .arg(ksCommandClasses::all().size());
+        } else
             ksScriptEngine(history, transcript).run(options.script);
         history.check();
         differences = history.differenceCount();
@@ -87,10 +92,11 @@ int ksHeadlessSession::runChecked(const ksEditorOptions &options)
         transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
         ++differences;
     }
-    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences")
+    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences%5")
                         .arg(differences == 0 ? QStringLiteral("OK") : QStringLiteral("FAILED"))
                         .arg(transcript.stepCount())
                         .arg(containers)
-                        .arg(differences));
+                        .arg(differences)
+                        .arg(classes));
     return differences == 0 ? 0 : 1;
 }

@@ -13,6 +13,11 @@ ksTourPart::ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &ch
     , targets(chosenTargets)
 {}
 
+ksMerging ksTourPart::mergingOf(int event)
+{
+    return event > 0 ? ksMerging::WithPrevious : ksMerging::Never;
+}
+
 QString ksTourPart::text(const osg::FieldContainerPtr &container, const char *field)
 {
     return ksFieldEdits::defaultText(container, QString::fromLatin1(field));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ksCallLog.h"
+#include "ksMerging.h"
 #include "ksTourTargets.h"
 
 #include <QString>
@@ -20,6 +21,12 @@ public:
     ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets);
 
 protected:
+    /// The length of most drags.
+    static constexpr int DragEvents = 60;
+
+    /// How the event \a event of a drag, counted from 0, merges.
+    static ksMerging mergingOf(int event);
+
     /// The text of an edit of \a container's field \a field.
     static QString text(const osg::FieldContainerPtr &container, const char *field);
 

@@ -17,19 +17,12 @@
 
 namespace {
 
-constexpr int DragEvents = 60;
-
 /// The classes that call their sync function also for the transforms of variants.
 const std::set<std::string> SyncsVariants = {"scalePivot", "rotatePivot", "scalePivotTranslation",
                                              "rotatePivotTranslation"};
 
 /// The last one is not the one that a whole transformation gets.
 const std::vector<std::string> Orders = {"XZY", "YXZ", "YZX", "ZXY", "ZYX", "XYZ"};
-
-ksMerging mergingOf(int event)
-{
-    return event > 0 ? ksMerging::WithPrevious : ksMerging::Never;
-}
 
 /// What a drag from \a start has come to at \a event, the first being 0: all components move, each by its own
 /// step.

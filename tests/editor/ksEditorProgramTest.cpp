@@ -19,7 +19,7 @@ TEST(ksEditorProgram, ToursTheRoom)
     const ksEditorProgram run({QStringLiteral("--headless"), ksRoomFile()});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_THAT(run.output, EndsWith(" 270 containers, 0 differences\n"));
+    EXPECT_THAT(run.output, EndsWith(" 270 containers, 0 differences, 52 of 52 command classes\n"));
 }
 
 TEST(ksEditorProgram, RunsTheScriptOfTheRoom)

@@ -27,7 +27,8 @@ std::string resultOf(const std::string &transcript)
 void expectTour(const ksEditorProgram &run)
 {
     EXPECT_THAT(resultOf(run.output),
-                testing::MatchesRegex("OK: [0-9]+ steps, [0-9]+ containers, 0 differences"));
+                testing::MatchesRegex("OK: [0-9]+ steps, [0-9]+ containers, 0 differences, 52 of 52 "
+                                      "command classes"));
     std::istringstream lines(run.errors);
     for (std::string line; std::getline(lines, line);)
         EXPECT_THAT(line, StartsWith("ks-editor: warning: "));

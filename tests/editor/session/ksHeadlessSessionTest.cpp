@@ -41,7 +41,9 @@ TEST_F(ksHeadlessSessionTest, ToursTheModel)
     EXPECT_EQ(run(ksRoomFile()), 0);
     EXPECT_EQ(errors.str(), "");
     EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nstep 1: add "));
-    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences\n$"));
+    EXPECT_THAT(out.str(),
+                testing::ContainsRegex(
+                    "\nOK: [0-9]+ steps, 270 containers, 0 differences, 52 of 52 command classes\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }

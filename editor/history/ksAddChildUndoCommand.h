@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksHeldReference.h>
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OpenSG/OSGNode.h>
+
+/// Adds a node, with all that is below it, as the last child of another one. The command keeps the child
+/// alive while it is out of the scene; a parent that has gone makes a step a silent no-op. It never merges.
+class ksAddChildUndoCommand : public ksUndoCommand
+{
+    KS_UNDO_COMMAND(ksAddChildUndoCommand)
+
+public:
+    /// \a child must not have a parent.
+    ksAddChildUndoCommand(const osg::NodePtr &parent, const osg::NodePtr &child);
+
+    void undo() override;
+    void redo() override;
+
+    /// Never.
+    bool canMergeWith(const QUndoCommand *other) const override;
+
+private:
+    osg::UInt32 parentId;
+    ksHeldReference<osg::NodePtr> child;
+};

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksUndoCommand.h>
+
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGVector.h>
+
+#include <QString>
+
+#include <vector>
+
+/// What an edit gives a light: a colour, or a number as the first component.
+using ksLightValue = osg::Vec3f;
+
+/// A value of lights, as the editor edits it.
+struct ksLightProperty
+{
+    /// What osg::UberLight calls it.
+    const char *name;
+
+    /// How many components of a ksLightValue count: 3 or 1.
+    int components;
+
+    ksLightValue (*read)(const osg::NodePtr &light);
+
+    /// A new command that sets the property of \a light, a node, to \a value. The caller owns it.
+    ksUndoCommand *(*make)(const QString &text, const osg::NodePtr &light, const ksLightValue &value);
+};
+
+/// The edits of lights that the editor offers.
+namespace ksLightEdits {
+
+/// The six values. The attenuation is the number of an osg::UberLight::LightAttenuation.
+const std::vector<ksLightProperty> &properties();
+
+/// The one called \a name, or null.
+const ksLightProperty *find(const QString &name);
+
+} // namespace ksLightEdits

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksundo/core/ksUndoStack.h>
+
+#include <ksAddChildUndoCommand.h>
+
+#include <memory>
+
+namespace {
+
+class ksAddChildUndoCommandTest : public ksEditorFixture
+{
+protected:
+    ~ksAddChildUndoCommandTest() override { stack.clear(); }
+
+    ksUndoStack stack;
+    const osg::NodePtr added = makeNode("Added");
+    const osg::UInt32 id = added.getFieldContainerId();
+};
+
+} // namespace
+
+TEST_F(ksAddChildUndoCommandTest, AddsTheVerySameChildAgain)
+{
+    stack.add(new ksAddChildUndoCommand(root, added));
+    ASSERT_EQ(root->getNChildren(), 2u);
+    EXPECT_EQ(root->getChild(1), added);
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Add 'Added'"));
+    stack.undo();
+    EXPECT_EQ(root->getNChildren(), 1u);
+    EXPECT_EQ(added->getParent(), osg::NullFC);
+    stack.redo();
+    EXPECT_EQ(root->getChild(1), added);
+}
+
+TEST_F(ksAddChildUndoCommandTest, KeepsTheChildOnlyWhileItLives)
+{
+    stack.add(new ksAddChildUndoCommand(root, added));
+    stack.undo();
+    EXPECT_NE(osg::FieldContainerFactory::the()->getContainer(id), osg::NullFC);
+    stack.clear();
+    EXPECT_EQ(osg::FieldContainerFactory::the()->getContainer(id), osg::NullFC);
+}
+
+TEST_F(ksAddChildUndoCommandTest, DoesNothingWithoutTheParent)
+{
+    stack.add(new ksAddChildUndoCommand(child, added));
+    {
+        CPEdit(root.get(), osg::Node::ChildrenFieldMask);
+        root->subChild(child);
+    }
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(added->getParent(), osg::NullFC);
+}
+
+TEST_F(ksAddChildUndoCommandTest, NeverMerges)
+{
+    const ksAddChildUndoCommand command(root, added);
+    EXPECT_FALSE(command.canMergeWith(&command));
+}
+
+/// Aspect 1 follows.
+TEST_F(ksAddChildUndoCommandTest, RecordsItsEdits)
+{
+    ksMirror mirror;
+    mirror.update();
+    stack.add(new ksAddChildUndoCommand(root, added));
+    osg::UInt32 children = 0;
+    mirror.update([&] { children = root->getNChildren(); });
+    EXPECT_EQ(children, 2u);
+    stack.undo();
+    mirror.update([&] { children = root->getNChildren(); });
+    EXPECT_EQ(children, 1u);
+}
