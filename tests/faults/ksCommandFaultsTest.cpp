@@ -329,7 +329,7 @@ TEST_P(ksCommandWithoutTarget, StandInTheHistoryAllTheSame)
 TEST(ksFaultKinds, HoldEveryCommandClass)
 {
     std::set<std::string> declared;
-    const QRegularExpression pattern(QStringLiteral("^    KS_UNDO_COMMAND\\((\\w+)\\)"),
+    const QRegularExpression pattern(QStringLiteral("^\\s*KS_UNDO_COMMAND\\((\\w+)\\)"),
                                      QRegularExpression::MultilineOption);
     QDirIterator headers(QStringLiteral(KSUNDO_SOURCES), {QStringLiteral("*.h")}, QDir::Files,
                          QDirIterator::Subdirectories);

@@ -304,6 +304,7 @@ TYPED_TEST(ksTextFieldUndoCommandTest, IsIdleWithoutAnAimAndHasNoOldContentThen)
         this->expectIdle(*command);
         EXPECT_EQ(this->values(), before);
         EXPECT_EQ(command->getField().second, nullptr);
+        ksCommandTime::of(*command) = ksCommandTime::of(*older);
         EXPECT_TRUE(older->canMergeWith(command.get()));
     }
 }
@@ -318,6 +319,7 @@ TYPED_TEST(ksTextFieldUndoCommandTest, IsIdleOnAFieldOfAnyOtherClassAndHasNoOldC
             continue;
         EXPECT_EQ(command->getField().first, this->container());
         this->expectIdle(*command);
+        ksCommandTime::of(*command) = ksCommandTime::of(*older);
         EXPECT_TRUE(older->canMergeWith(command.get()));
     }
     EXPECT_EQ(this->values(), before);

@@ -353,6 +353,7 @@ TYPED_TEST(ksLightValueUndoCommandsTest, DoesNotMergeWhenTheNewcomerIsSwitchedOf
 {
     auto older = this->command(this->lamp, this->second);
     auto newer = this->command(this->lamp, this->third);
+    ksCommandTime::of(newer) = ksCommandTime::of(older);
     older.setMergeEnabled(false);
     EXPECT_TRUE(older.canMergeWith(&newer));
     newer.setMergeEnabled(false);

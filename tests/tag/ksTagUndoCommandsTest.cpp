@@ -25,6 +25,24 @@ static_assert(std::is_base_of_v<ksTagUndoCommand, ksEmptyTagUndoCommand>);
 static_assert(!std::is_base_of_v<ksAttachedTagUndoCommand, ksEmptyTagUndoCommand>);
 static_assert(sizeof(ksTagUndoCommand::TAG_TYPE) == 4);
 
+/// Whether tag commands of one class can be built with the further arguments \a More.
+template <class Command, class... More>
+constexpr bool isAttachedBuiltWith =
+    std::is_constructible_v<Command, QString, osg::AttachmentContainerPtr, osg::BitVector, osg::UInt32,
+                            std::string, osg::MField<std::string> *, osg::MField<osg::UInt64>,
+                            osg::MField<osg::UInt64>, More...>;
+template <class Command, class... More>
+constexpr bool isEmptyBuiltWith =
+    std::is_constructible_v<Command, QString, std::string, ksTagUndoCommand::TAG_TYPE, More...>;
+
+// They have no parent.
+static_assert(isAttachedBuiltWith<ksAddTagUndoCommand> && isAttachedBuiltWith<ksSubTagUndoCommand>);
+static_assert(!isAttachedBuiltWith<ksAddTagUndoCommand, QUndoCommand *>);
+static_assert(!isAttachedBuiltWith<ksSubTagUndoCommand, QUndoCommand *>);
+static_assert(isEmptyBuiltWith<ksAddEmptyTagUndoCommand> && isEmptyBuiltWith<ksSubEmptyTagUndoCommand>);
+static_assert(!isEmptyBuiltWith<ksAddEmptyTagUndoCommand, QUndoCommand *>);
+static_assert(!isEmptyBuiltWith<ksSubEmptyTagUndoCommand, QUndoCommand *>);
+
 namespace {
 
 using osg::TagAttachment;
@@ -421,7 +439,7 @@ TEST_P(ksTagUndoCommandsTest, IsIdleWhileItsIdNamesAnotherKindOfContainer)
     EXPECT_EQ(state(), done);
 }
 
-TEST_P(ksTagUndoCommandsTest, TakesItsTextAsItStandsAndHasNoParent)
+TEST_P(ksTagUndoCommandsTest, TakesItsTextAsItStands)
 {
     const ksEchoTranslator translator;
     EXPECT_EQ(make()->text(), QStringLiteral("Tag %1"));

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "OSGLamp.h"
+#include "OSGShelf.h"
 
 #include <gmock/gmock.h>
 
@@ -152,6 +152,19 @@ TEST(OSGContainerMacros, HandlesAreFieldValues)
     EXPECT_TRUE(tape->getLamp() == lamp.get());
 }
 
+TEST(OSGContainerMacros, ContainersHoldReferences)
+{
+    const LampRefPtr lamp = Lamp::create();
+    {
+        const RefPtr<ShelfPtr> shelf = Shelf::create();
+        shelf->addLamp(lamp);
+        EXPECT_EQ(lamp.get().getRefCount(), 2);
+        const RefPtr<ShelfPtr> copy = ShelfPtr::dcast(shelf->shallowCopy());
+        EXPECT_TRUE(copy->getLamps().empty());
+    }
+    EXPECT_EQ(lamp.get().getRefCount(), 1);
+}
+
 /// The text of a file of the repository.
 std::string textOf(const std::string &path)
 {
@@ -160,7 +173,7 @@ std::string textOf(const std::string &path)
     return std::string(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
 }
 
-TEST(OSGContainerMacros, DocumentedExampleIsTheOneCompiledHere)
+TEST(OSGContainerMacros, DocumentedExamplesAreThoseCompiledHere)
 {
     const std::string documentation = textOf("docs/declaring-a-container.md");
 
@@ -168,6 +181,12 @@ TEST(OSGContainerMacros, DocumentedExampleIsTheOneCompiledHere)
         const std::string code = textOf(std::string("tests/platform/opensg/") + file);
         EXPECT_THAT(documentation, testing::HasSubstr("```cpp\n" + code + "```")) << file;
     }
+    const std::string shelf = textOf("tests/platform/opensg/OSGShelf.h");
+    const std::string end = "};\n";
+    const std::size_t first = shelf.find("class Shelf");
+    ASSERT_NE(first, std::string::npos);
+    const std::string shelfClass = shelf.substr(first, shelf.rfind(end) + end.size() - first);
+    EXPECT_THAT(documentation, testing::HasSubstr("```cpp\n" + shelfClass + "```"));
 }
 
 } // namespace
