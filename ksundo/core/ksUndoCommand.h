@@ -15,7 +15,7 @@ class ksMessage;
 /// step, a switch and a window for that merging, and the command's own share of the message that ksUndoStack
 /// sends to the application after every step.
 ///
-/// A derived class overrides redo() and undo(), takes its id from #KS_UNDO_COMMAND, and, when its commands
+/// A derived class overrides redo() and undo(), takes its id from KS_UNDO_COMMAND(), and, when its commands
 /// may merge, overrides mergeWith() on top of absorb().
 ///
 /// Ownership: a command built with a parent belongs to the parent; any other belongs to the stack from the

@@ -10,7 +10,8 @@
 /// neither restores the field nor calls the method. Redoing afterwards writes what the field held before the
 /// first redo, and so on.
 ///
-/// A method that is declared with one bool receives the value; one without parameters is called without it.
+/// A method with exactly one parameter, which must be a bool or an integer, receives the value; any other is
+/// called without arguments.
 /// When there is no such method, "Method not found: class::signature" is logged at construction, and only the
 /// field is written. A call that Qt refuses is logged as "Could not invoke: class::signature"; the field
 /// stays written.

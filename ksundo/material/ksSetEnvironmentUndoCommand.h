@@ -16,14 +16,15 @@ class KSUNDO_EXPORT ksSetEnvironmentUndoCommand : public ksUndoCommand
     KS_UNDO_COMMAND(ksSetEnvironmentUndoCommand)
 
 public:
-    /// Neither \a material nor \a environment may be null.
+    /// Neither \a material nor \a environment may be null. Somebody else than the material's present
+    /// environment must hold \a environment: the old one is released before the new one is taken.
     ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material, osg::MaterialPtr environment,
                                 QUndoCommand *parent = nullptr);
 
     void undo() override;
     void redo() override;
 
-    /// Adds "id", then, unless it was null, "material", the material's id as unsigned int.
+    /// Adds "id", then "material", the material's id as unsigned int.
     void makeMessage(ksMessage &message) const override;
 
     /// Never.
