@@ -87,6 +87,8 @@ ksCheckedHistory::~ksCheckedHistory()
 {
     undoStack->setMessageCallback(nullptr);
     receiver = nullptr;
+    while (undoStack->canUndo())
+        undoStack->undo();
     undoStack->clear();
     sceneRoot = osg::NodeRefPtr();
     mirror.update();

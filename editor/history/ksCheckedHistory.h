@@ -66,7 +66,8 @@ public:
     ksCheckedHistory(const osg::NodePtr &scene, ksTranscript &record,
                      ksUndoStack *stack = ksUndoStack::get(0));
 
-    /// Clears the stack and lets go of the scene; aspect 1 has done so too then.
+    /// Undoes all, since containers may refer to each other in a circle by now, clears the stack and lets go
+    /// of the scene; aspect 1 has done so too then.
     ~ksCheckedHistory() override;
 
     /// Runs \a action, which may add, undo and redo on stack(), as one step that is called \a what, and

@@ -39,13 +39,13 @@ osg::Field &findField(const osg::FieldContainerPtr &container, const QString &na
 
 } // namespace
 
-ksUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainerPtr &container,
-                                  const QString &field, const QVariant &value, ksMerging merging,
-                                  QUndoCommand *parent)
+ksFieldBaseUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainerPtr &container,
+                                           const QString &field, const QVariant &value, ksMerging merging,
+                                           QUndoCommand *parent)
 {
     osg::Field &target = findField(container, field);
     const std::string name = field.toStdString();
-    ksUndoCommand *command = nullptr;
+    ksFieldBaseUndoCommand *command = nullptr;
 
     const auto makeNumeric = [&](auto &typed) {
         using T = typename std::decay_t<decltype(typed)>::StoredType;
@@ -64,7 +64,8 @@ ksUndoCommand *ksFieldEdits::make(const QString &text, const osg::FieldContainer
             refuseValue(target, field, value);
         command = new ksBoolFieldUndoCommand(text, container, name, value.toBool(), parent);
     }
-    return ksMergingAs(merging, command);
+    ksMergingAs(merging, command);
+    return command;
 }
 
 QString ksFieldEdits::defaultText(const osg::FieldContainerPtr &container, const QString &field)

@@ -3,12 +3,12 @@
 
 #include "ksMerging.h"
 
+#include <ksundo/field/ksFieldBaseUndoCommand.h>
+
 #include <OpenSG/OSGFieldContainerPtr.h>
 
 #include <QString>
 #include <QVariant>
-
-class QUndoCommand;
 
 /// The edits of single fields that the editor offers, whatever the field's type.
 namespace ksFieldEdits {
@@ -19,8 +19,9 @@ namespace ksFieldEdits {
 ///
 /// Throws ksEditorError, which says why, when the container has no such field, the field is of a type that
 /// cannot be edited, or the value does not fit it.
-ksUndoCommand *make(const QString &text, const osg::FieldContainerPtr &container, const QString &field,
-                    const QVariant &value, ksMerging merging, QUndoCommand *parent = nullptr);
+ksFieldBaseUndoCommand *make(const QString &text, const osg::FieldContainerPtr &container,
+                             const QString &field, const QVariant &value, ksMerging merging,
+                             QUndoCommand *parent = nullptr);
 
 /// The text of an edit of \a container's field \a field that has been given none.
 QString defaultText(const osg::FieldContainerPtr &container, const QString &field);

@@ -17,6 +17,15 @@ struct Row
     using Value = std::decay_t<decltype(Get(osg::NodePtr()))>;
     static constexpr bool IsColour = std::is_same_v<Value, osg::Vec3f>;
 
+    static bool accepts([[maybe_unused]] const ksLightValue &value)
+    {
+        if constexpr (std::is_enum_v<Value>)
+            return value[0] == osg::UberLight::None || value[0] == osg::UberLight::Linear ||
+                   value[0] == osg::UberLight::Quadratic;
+        else
+            return true;
+    }
+
     static ksLightValue read(const osg::NodePtr &light)
     {
         if constexpr (IsColour)
@@ -33,7 +42,10 @@ struct Row
             return new Command(text, light, static_cast<Value>(value[0]));
     }
 
-    static ksLightProperty named(const char *name) { return {name, IsColour ? 3 : 1, &read, &make}; }
+    static ksLightProperty named(const char *name)
+    {
+        return {name, IsColour ? 3 : 1, &accepts, &read, &make};
+    }
 };
 
 } // namespace

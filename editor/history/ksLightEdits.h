@@ -22,6 +22,9 @@ struct ksLightProperty
     /// How many components of a ksLightValue count: 3 or 1.
     int components;
 
+    /// Whether it may have a value.
+    bool (*accepts)(const ksLightValue &value);
+
     ksLightValue (*read)(const osg::NodePtr &light);
 
     /// A new command that sets the property of \a light, a node, to \a value. The caller owns it.

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ksSceneImporter.h"
 
+#include "ksContainers.h"
 #include "ksLightImporter.h"
 #include "ksMaterialImporter.h"
 #include "ksMesh.h"
 #include "ksModelFile.h"
 #include "ksNodeSettingsImporter.h"
 #include "ksTransformImporter.h"
-
-#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <assimp/scene.h>
 
@@ -18,18 +17,6 @@
 #include <vector>
 
 namespace {
-
-osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,
-                        const osg::ksNodeSettingsPtr &settings)
-{
-    const osg::NodePtr node = osg::Node::create();
-    CPEdit(node, osg::Node::CoreFieldMask | osg::Node::AttachmentsFieldMask);
-    node->setCore(core);
-    node->addAttachment(settings);
-    if (!name.empty())
-        osg::setName(node, name);
-    return node;
-}
 
 osg::ksMeshPtr createMesh(const aiMesh &source, const osg::MaterialPtr &material)
 {
@@ -88,8 +75,8 @@ private:
     osg::NodePtr buildNode(const aiNode &source)
     {
         const std::string name = source.mName.C_Str();
-        const osg::NodePtr node = createNode(name, ksTransformImporter::create(source, warn),
-                                             ksNodeSettingsImporter::create(source, warn));
+        const osg::NodePtr node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
+                                                           ksNodeSettingsImporter::create(source, warn));
         CPEdit(node, osg::Node::ChildrenFieldMask);
         for (unsigned int i = 0; i < source.mNumChildren; ++i)
             node->addChild(buildNode(*source.mChildren[i]));
@@ -112,21 +99,19 @@ private:
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
-        return createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh", mesh.get(),
-                          settings);
+        return ksContainers::createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh",
+                                        mesh.get(), settings);
     }
 
     osg::NodePtr buildLightNode(const aiLight &source)
     {
         const std::string name = source.mName.C_Str() + std::string(" light");
         const ksLightValues values = ksLightImporter::values(source, file.format());
-        const osg::NodePtr light =
-            createNode(name, ksLightImporter::createCore(values), osg::ksNodeSettings::create());
+        const osg::NodePtr light = ksContainers::createNode(name, ksLightImporter::createCore(values));
         if (values.position == osg::Vec3f(0, 0, 0) && values.direction == osg::Vec3f(0, 0, -1))
             return light;
-        const osg::NodePtr place =
-            createNode(name + " place", ksTransformImporter::create(values.position, values.direction),
-                       osg::ksNodeSettings::create());
+        const osg::NodePtr place = ksContainers::createNode(
+            name + " place", ksTransformImporter::create(values.position, values.direction));
         CPEdit(place, osg::Node::ChildrenFieldMask);
         place->addChild(light);
         return place;

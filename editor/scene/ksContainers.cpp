@@ -50,3 +50,15 @@ void ksContainers::visitNodes(const osg::NodePtr &root,
     for (osg::UInt32 i = 0; i < root->getNChildren(); ++i)
         visitNodes(root->getChild(i), visit);
 }
+
+osg::NodePtr ksContainers::createNode(const std::string &name, const osg::NodeCorePtr &core,
+                                      const osg::ksNodeSettingsPtr &settings)
+{
+    const osg::NodePtr node = osg::Node::create();
+    CPEdit(node, osg::Node::CoreFieldMask | osg::Node::AttachmentsFieldMask);
+    node->setCore(core);
+    node->addAttachment(settings);
+    if (!name.empty())
+        osg::setName(node, name);
+    return node;
+}

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ksNodeSettings.h"
+
 #include <OpenSG/OSGNode.h>
 
 #include <QString>
 
 #include <functional>
+#include <string>
 
 /// What the editor asks containers of any class.
 namespace ksContainers {
@@ -23,5 +26,9 @@ QString label(const osg::FieldContainerPtr &container);
 
 /// Calls \a visit with \a root and all nodes below it, parents before their children.
 void visitNodes(const osg::NodePtr &root, const std::function<void(const osg::NodePtr &)> &visit);
+
+/// A new node with \a core and \a settings, called \a name unless that is empty.
+osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,
+                        const osg::ksNodeSettingsPtr &settings = osg::ksNodeSettings::create());
 
 } // namespace ksContainers

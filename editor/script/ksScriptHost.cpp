@@ -4,8 +4,17 @@
 #include "ksEditorError.h"
 #include "ksFieldReader.h"
 #include "ksNumericFields.h"
+#include "ksScriptConstraint.h"
+#include "ksScriptLight.h"
+#include "ksScriptLinkSet.h"
+#include "ksScriptMaterial.h"
 #include "ksScriptNode.h"
 
+#include <OSGAbstractConstraint.h>
+#include <OSGLightLinkSet.h>
+#include <OSGUBRDFMaterial.h>
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
@@ -30,6 +39,31 @@ QJSValue numberValue(T number)
     return QJSValue(real);
 }
 
+/// A new object of the class \a Object when \a container is of the class of \a PtrT, null otherwise.
+template <class PtrT, class Object>
+QObject *makeAs(ksScriptHost &host, const osg::FieldContainerPtr &container)
+{
+    return PtrT::dcast(container) != osg::NullFC ? new Object(host, container.getFieldContainerId())
+                                                 : nullptr;
+}
+
+QObject *makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container)
+{
+    using Make = QObject *(*)(ksScriptHost &, const osg::FieldContainerPtr &);
+    constexpr Make Makers[] = {&makeAs<osg::NodePtr, ksScriptNode>,
+                               &makeAs<osg::UberLightPtr, ksScriptLight>,
+                               &makeAs<osg::LightLinkSetPtr, ksScriptLinkSet>,
+                               &makeAs<osg::UberMaterialPtr, ksScriptMaterial>,
+                               &makeAs<osg::UBRDFMaterialPtr, ksScriptSurface>,
+                               &makeAs<osg::AbstractConstraintPtr, ksScriptConstraint>,
+                               &makeAs<osg::FieldContainerPtr, ksScriptContainer>};
+    QObject *made = nullptr;
+    for (const Make make : Makers)
+        if (made == nullptr)
+            made = make(host, container);
+    return made;
+}
+
 } // namespace
 
 ksScriptHost::ksScriptHost(QJSEngine &engine, ksCheckedHistory &history, ksTranscript &transcript)
@@ -46,9 +80,7 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     const auto known = objects.find(id);
     if (known != objects.end())
         return known->second;
-    QObject *made = osg::NodePtr::dcast(container) != osg::NullFC ? new ksScriptNode(*this, id)
-                                                                  : new ksScriptContainer(*this, id);
-    return objects.emplace(id, scriptEngine.newQObject(made)).first->second;
+    return objects.emplace(id, scriptEngine.newQObject(makeObject(*this, container))).first->second;
 }
 
 QJSValue ksScriptHost::value(osg::Field &field)

@@ -3,10 +3,10 @@
 
 #include "ksCheckedHistory.h"
 #include "ksContainers.h"
-#include "ksEditorError.h"
 #include "ksFieldReader.h"
-#include "ksLooseNumber.h"
 #include "ksScriptHost.h"
+#include "ksScriptTags.h"
+#include "ksScriptValues.h"
 #include "ksScriptVariants.h"
 #include "ksTransformEdits.h"
 #include "ksWorldRounding.h"
@@ -19,50 +19,11 @@
 #include <QJSValueIterator>
 
 #include <array>
-#include <cmath>
 #include <map>
 
+using namespace ksScriptValues;
+
 namespace {
-
-[[noreturn]] void refuse(const QString &reason)
-{
-    throw ksEditorError(reason.toStdString());
-}
-
-/// \a value as a \a T; \a name is what it is for.
-template <class T>
-T numberFrom(const QJSValue &value, const QString &name)
-{
-    const auto number = ksLooseNumber::to<T>(value.toVariant());
-    if (!number || !std::isfinite(static_cast<double>(*number)))
-        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
-               QLatin1Char('\''));
-    return *number;
-}
-
-bool flagFrom(const QJSValue &value, const QString &name)
-{
-    if (!value.isBool())
-        refuse(QLatin1Char('\'') + name + QStringLiteral("' is true or false"));
-    return value.toBool();
-}
-
-template <std::size_t Count>
-std::array<float, Count> numbersFrom(const QJSValue &value, const QString &name)
-{
-    if (!value.isArray() || value.property(QStringLiteral("length")).toUInt() != Count)
-        refuse(QLatin1Char('\'') + name + QStringLiteral("' is an array of %1 numbers").arg(Count));
-    std::array<float, Count> numbers;
-    for (quint32 i = 0; i < Count; ++i)
-        numbers[i] = numberFrom<float>(value.property(i), name);
-    return numbers;
-}
-
-ksTransformValue vectorFrom(const QJSValue &value, const QString &name)
-{
-    const std::array<float, 3> numbers = numbersFrom<3>(value, name);
-    return {numbers[0], numbers[1], numbers[2]};
-}
 
 std::string orderFrom(const QString &order)
 {
@@ -124,6 +85,7 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
 ksScriptNode::ksScriptNode(ksScriptHost &scriptHost, osg::UInt32 id)
     : ksScriptContainer(scriptHost, id)
     , variantList(new ksScriptVariants(scriptHost, *this))
+    , tagLists(new ksScriptTags(scriptHost, *this))
 {}
 
 osg::NodePtr ksScriptNode::node() const
@@ -187,6 +149,11 @@ void ksScriptNode::setRotationOrder(const QString &order)
 QObject *ksScriptNode::variants() const
 {
     return variantList;
+}
+
+QObject *ksScriptNode::tags() const
+{
+    return tagLists;
 }
 
 void ksScriptNode::translate(const QJSValue &value, const QJSValue &options)

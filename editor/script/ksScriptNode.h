@@ -5,6 +5,7 @@
 
 #include <OpenSG/OSGNode.h>
 
+class ksScriptTags;
 class ksScriptVariants;
 struct ksTransformProperty;
 struct ksTransformTarget;
@@ -25,12 +26,16 @@ class ksScriptNode : public ksScriptContainer
     /// The node's transform variants, see ksScriptVariants.
     Q_PROPERTY(QObject *variants READ variants CONSTANT)
 
+    /// The node's tags, see ksScriptTags.
+    Q_PROPERTY(QObject *tags READ tags CONSTANT)
+
 public:
     ksScriptNode(ksScriptHost &scriptHost, osg::UInt32 id);
 
     QString rotationOrder() const;
     void setRotationOrder(const QString &order);
     QObject *variants() const;
+    QObject *tags() const;
 
     Q_INVOKABLE void translate(const QJSValue &value, const QJSValue &options = QJSValue());
     Q_INVOKABLE void rotate(const QJSValue &value, const QJSValue &options = QJSValue());
@@ -66,4 +71,5 @@ private:
               ksMerging merging);
 
     ksScriptVariants *variantList;
+    ksScriptTags *tagLists;
 };

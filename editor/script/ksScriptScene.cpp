@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ksScriptScene.h"
 
+#include "ksAddChildUndoCommand.h"
 #include "ksCheckedHistory.h"
+#include "ksConstraintEdits.h"
 #include "ksContainers.h"
 #include "ksEditorError.h"
 #include "ksScriptHost.h"
+#include "ksScriptValues.h"
 
+#include <OSGLightLinkSet.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 ksScriptScene::ksScriptScene(ksScriptHost &scriptHost)
@@ -51,4 +55,28 @@ QJSValue ksScriptScene::nodes() const
         list.setProperty(count++, host.object(node));
     });
     return list;
+}
+
+QJSValue ksScriptScene::addLinkSet(const QString &name)
+{
+    return addNode(name, osg::LightLinkSet::create());
+}
+
+QJSValue ksScriptScene::addAim(const QString &name, const QJSValue &target, const QJSValue &sources,
+                               const QJSValue &upVectors)
+{
+    QJSValue added;
+    host.guard([&] {
+        added = addNode(name, ksConstraintEdits::makeAim(
+                                  ksScriptValues::containerFrom<osg::NodePtr>(target, "node"),
+                                  ksScriptValues::nodesFrom(sources), ksScriptValues::nodesFrom(upVectors)));
+    });
+    return added;
+}
+
+QJSValue ksScriptScene::addNode(const QString &name, const osg::NodeCorePtr &core)
+{
+    const osg::NodePtr node = ksContainers::createNode(name.toStdString(), core);
+    host.history().add(new ksAddChildUndoCommand(host.history().root(), node));
+    return host.object(core);
 }

@@ -33,8 +33,18 @@ public:
     /// All nodes, parents before their children.
     Q_INVOKABLE QJSValue nodes() const;
 
+    /// Adds a node called \a name, with a link set as its core, below the root, as one step. Returns the link
+    /// set.
+    Q_INVOKABLE QJSValue addLinkSet(const QString &name);
+
+    /// The same with a constraint that aims the node \a target at \a sources, its up vector coming from \a
+    /// upVectors; both are a node or an array of nodes. Returns the constraint.
+    Q_INVOKABLE QJSValue addAim(const QString &name, const QJSValue &target, const QJSValue &sources,
+                                const QJSValue &upVectors);
+
 private:
     osg::NodePtr findNode(const QString &name) const;
+    QJSValue addNode(const QString &name, const osg::NodeCorePtr &core);
 
     ksScriptHost &host;
 };

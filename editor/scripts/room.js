@@ -128,6 +128,74 @@ expect("attachment", scene.find("Lamp").attachment("TransformVariantsAttachment"
 history.undo();
 expect("names", String(lampPlaces.names), "Reading");
 
+print("The lamp is dimmed, and shines while its shade is visible");
+before = history.index;
+lamp.drag("diffuse", [[1, 0.75, 0.5], [1, 0.5, 0.25]], "Warm the lamp");
+lamp.glossy = [1, 1, 1];
+var spot = scene.find("CeilingSpot").light;
+spot.drag("coneAngle", [30, 35, 40, 45]);
+spot.penumbraAngle = 10;
+var intensity = spot.intensity;
+spot.attenuation = 0;
+expect("intensity", spot.intensity, intensity);
+expect("index", history.index, before + 5);
+lamp.visibilityReference = scene.find("LampShade");
+expect("reference", lamp.visibilityReference, scene.find("LampShade"));
+
+print("The lamp and the spot shine on the table and what is on it only");
+var links = scene.addLinkSet("Table lights");
+links.addLights([lamp, spot].map(function (light) { return light.get("parents")[0]; }));
+links.add(["Table", "Vase", "Flower", "Book", "Rug"].map(scene.find));
+links.remove([scene.find("Vase"), scene.find("Book")]);
+history.undo();
+function namesOf(nodes) {
+    return nodes.map(function (node) { return node.name; }).join(",");
+}
+expect("linked", namesOf(links.get("sceneNodes")), "Table,Vase,Flower,Book,Rug");
+history.redo();
+links.removeLights(scene.find("CeilingSpot light"));
+expect("lights", namesOf(links.get("lights")), "LampBulb light");
+
+print("The cloth is dyed, the picture hangs on the floor, and the brass mirrors the wall");
+var cloth = scene.find("Rug").material;
+cloth.dragComponent(0, "color", [[0.5, 0.5, 0.9], [0.25, 0.25, 0.9]]);
+cloth.setSettings("mappingRotation", 45);
+cloth.setAllComponents("weight", 0.5);
+var floor = scene.find("Floor").material;
+var planks = floor.components[0].image;
+floor.setImage(0, scene.find("Picture").image);
+expect("image", floor.image.name, "painting.png");
+history.undo();
+expect("image", floor.image, planks);
+history.redo();
+var brass = scene.find("Clock").material;
+brass.environment = scene.find("EastWall").material;
+brass.environment = cloth;
+history.undo();
+expect("environment", brass.environment.name, "Plaster");
+
+print("Tags for the furniture");
+["Table", "Chair", "Rug"].forEach(function (name) {
+    var tags = scene.find(name).tags;
+    tags.add("furniture");
+    tags.addLayer("ground floor");
+});
+scene.find("Rug").tags.remove("furniture");
+expect("tags", String(scene.find("Rug").tags.user), "");
+history.undo();
+expect("tags", String(scene.find("Rug").tags.user), "furniture");
+
+print("The spot looks at the flower, until that is removed in every role");
+var flowerNode = scene.find("Flower");
+var aim = scene.addAim("Look at the flower", scene.find("CeilingSpot"), [flowerNode, vase], flowerNode);
+aim.remove([flowerNode, scene.find("CeilingSpot")]);
+expect("sources", aim.get("sources").length, 1);
+expect("target", aim.get("target"), null);
+history.undo();
+expect("sources", aim.get("sources").length, 2);
+expect("target", aim.get("target"), scene.find("CeilingSpot"));
+expect("up vectors", aim.get("upVectorSources").length, 1);
+
 print("All the way back and forth");
 while (history.index > 0)
     history.undo();

@@ -2,12 +2,8 @@
 #include "ksConstraintTour.h"
 
 #include "ksCheckedHistory.h"
-#include "ksFieldReader.h"
+#include "ksConstraintEdits.h"
 #include "ksTourExtras.h"
-
-#include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
-
-#include <algorithm>
 
 ksConstraintTour::ksConstraintTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
                                    const ksTourExtras &tourExtras)
@@ -20,9 +16,16 @@ void ksConstraintTour::run()
     removeFromAllRoles();
     removeOthers();
     // A constraint that does not refer to the node.
-    add(new ksDeleteConstraintReferenceUndoCommand(extras.constraint(), {extras.light()}), 1);
+    remove({extras.light()});
     history.undo();
     history.redo();
+}
+
+void ksConstraintTour::remove(const std::vector<osg::NodePtr> &nodes)
+{
+    const int count = history.stack()->count();
+    ksConstraintEdits::remove(history, extras.constraint(), nodes);
+    history.verify(history.stack()->count() == count + 1, QStringLiteral("it is a step of its own"));
 }
 
 void ksConstraintTour::removeFromAllRoles()
@@ -40,10 +43,7 @@ void ksConstraintTour::removeFromAllRoles()
                            constraint->getTarget() == osg::NullFC,
                        QStringLiteral("the constraint does not refer to the node"));
     };
-    history.expect({constraint.getFieldContainerId(), osg::AimConstraint::SourcesFieldId,
-                    ksFieldReader::text(sources), ksFieldReader::text(restored),
-                    QStringLiteral("a constraint adds sources at the end")});
-    add(new ksDeleteConstraintReferenceUndoCommand(constraint, {node, osg::NodePtr()}), 1);
+    remove({node});
     verifyRemoved();
     history.undo();
     history.verify(constraint->getSources() == restored && constraint->getUpVectorSources() == upVectors &&
@@ -58,9 +58,7 @@ void ksConstraintTour::removeOthers()
     const osg::AimConstraintPtr constraint = extras.constraint();
     const osg::MFConstraintObjectPtr sources = constraint->getSources();
     // They come back in the order of their handles, in which they have been since the beginning.
-    add(new ksDeleteConstraintReferenceUndoCommand(
-            constraint, {extras.constrained().begin() + 1, extras.constrained().end()}),
-        1);
+    remove({extras.constrained().begin() + 1, extras.constrained().end()});
     history.verify(constraint->getSources().empty(), QStringLiteral("there is no source"));
     history.undo();
     history.verify(constraint->getSources() == sources, QStringLiteral("both are back"));

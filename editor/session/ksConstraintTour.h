@@ -17,6 +17,7 @@ public:
     void run();
 
 private:
+    void remove(const std::vector<osg::NodePtr> &nodes);
     void removeFromAllRoles();
     void removeOthers();
 

@@ -4,29 +4,18 @@
 #include "ksAddChildUndoCommand.h"
 #include "ksAttachUndoCommand.h"
 #include "ksCheckedHistory.h"
+#include "ksConstraintEdits.h"
+#include "ksContainers.h"
 #include "ksMesh.h"
 
 #include <OSGTransform3D.h>
 #include <OSGUberLight.h>
 #include <OpenSG/OSGGroup.h>
-#include <OpenSG/OSGSimpleAttachments.h>
-
-#include <algorithm>
 
 namespace {
 
 constexpr std::size_t Places = 5;
 constexpr std::size_t Constrained = 3;
-
-osg::NodePtr makeNode(const char *name, const osg::NodeCorePtr &core)
-{
-    const osg::NodePtr node = osg::Node::create();
-    CPEdit(node, osg::Node::CoreFieldMask | osg::Node::AttachmentsFieldMask);
-    node->setCore(core);
-    node->addAttachment(osg::ksNodeSettings::create());
-    osg::setName(node, name);
-    return node;
-}
 
 osg::UberMaterialPtr makeLayeredMaterial()
 {
@@ -38,25 +27,11 @@ osg::UberMaterialPtr makeLayeredMaterial()
     return material;
 }
 
-/// New objects for \a nodes, in the order of their handles.
-std::vector<osg::ConstraintObjectPtr> makeObjects(const std::vector<osg::NodePtr> &nodes)
-{
-    std::vector<osg::ConstraintObjectPtr> objects;
-    for (std::size_t i = 0; i < nodes.size(); ++i)
-        objects.push_back(osg::ConstraintObject::create());
-    std::sort(objects.begin(), objects.end());
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        CPEdit(objects[i], osg::ConstraintObject::NodeIdFieldMask);
-        objects[i]->setNode(nodes[i]);
-    }
-    return objects;
-}
-
 } // namespace
 
 ksTourExtras::ksTourExtras(ksTourTargets &targets)
     : targets(targets)
-    , group(makeNode("Tour", osg::Group::create()))
+    , group(ksContainers::createNode("Tour", osg::Group::create()))
 {
     addLights();
     linkSet = osg::LightLinkSet::create();
@@ -83,7 +58,7 @@ osg::ksNodeSettingsPtr ksTourExtras::settings() const
 
 osg::NodePtr ksTourExtras::addNode(const char *name, const osg::NodeCorePtr &core) const
 {
-    const osg::NodePtr node = makeNode(name, core);
+    const osg::NodePtr node = ksContainers::createNode(name, core);
     CPEdit(group.get(), osg::Node::ChildrenFieldMask);
     group->addChild(node);
     return node;
@@ -130,12 +105,7 @@ void ksTourExtras::addConstraint()
     constrainedNodes.insert(constrainedNodes.end(), placeNodes.begin(), placeNodes.end());
     constrainedNodes.resize(Constrained);
 
-    aim = osg::AimConstraint::create();
+    const osg::NodePtr first = constrainedNodes.front();
+    aim = ksConstraintEdits::makeAim(first, constrainedNodes, {first});
     addNode("Tour aim", aim);
-    CPEdit(aim, osg::AimConstraint::SourcesFieldMask | osg::AimConstraint::UpVectorSourcesFieldMask |
-                    osg::AimConstraint::TargetFieldMask);
-    for (const osg::ConstraintObjectPtr &object : makeObjects(constrainedNodes))
-        aim->addSourceObject(object);
-    aim->addUpVectorObject(makeObjects({constrainedNodes.front()}).front());
-    aim->setTarget(constrainedNodes.front());
 }

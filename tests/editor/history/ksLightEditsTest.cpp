@@ -59,3 +59,13 @@ TEST_F(ksLightEditsTest, SetsWhatItReads)
     EXPECT_EQ(ksLights::getLightValue(child), 2);
     EXPECT_EQ(ksLights::getAttenuation(child), osg::UberLight::Quadratic);
 }
+
+TEST_F(ksLightEditsTest, AcceptsOnlyModesAsAttenuation)
+{
+    const ksLightProperty &attenuation = *ksLightEdits::find(QStringLiteral("attenuation"));
+    for (const float mode : {0.0F, 1.0F, 2.0F})
+        EXPECT_TRUE(attenuation.accepts({mode, 0, 0})) << mode;
+    for (const float mode : {-1.0F, 0.5F, 3.0F})
+        EXPECT_FALSE(attenuation.accepts({mode, 0, 0})) << mode;
+    EXPECT_TRUE(ksLightEdits::find(QStringLiteral("intensity"))->accepts({0.5F, 0, 0}));
+}

@@ -14,12 +14,23 @@ template <class Scene>
 class ksScriptFixture : public Scene
 {
 protected:
-    /// Runs \a script, which is to succeed, and returns what it printed.
+    /// Runs \a script, which is to succeed, and returns what it printed and the transcript of its steps.
     std::string run(const std::string &script)
     {
         out.str({});
         EXPECT_EQ(errorOf(script), "");
         return out.str();
+    }
+
+    /// The same, without the transcript of the steps.
+    std::string printed(const std::string &script)
+    {
+        std::istringstream lines(run(script));
+        std::string kept;
+        for (std::string line; std::getline(lines, line);)
+            if (line.rfind("step ", 0) != 0 && line.rfind("  ", 0) != 0)
+                kept += line + '\n';
+        return kept;
     }
 
     /// The error that \a script ends by, without its path; empty when it succeeds.

@@ -56,6 +56,16 @@ TEST_F(ksHeadlessSessionTest, RunsAScriptInstead)
                          "OK: 1 steps, 270 containers, 0 differences\n");
 }
 
+/// A constraint below its own target, and a light below its own visibility reference.
+TEST_F(ksHeadlessSessionTest, ReleasesContainersThatReferToEachOther)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_EQ(run(ksRoomFile(), "scene.addAim('Aim', scene.root, [], []);"
+                                "scene.find('LampBulb').light.visibilityReference = scene.find('Lamp');"),
+              0);
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksHeadlessSessionTest, RunsTheScriptOfTheRoom)
 {
     ksEditorOptions options;

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksScriptContainer.h"
+
+/// A constraint in a script: what a container has, among it the fields "sources" and "target", and the edit
+/// that removes what it refers to.
+class ksScriptConstraint : public ksScriptContainer
+{
+    Q_OBJECT
+
+public:
+    using ksScriptContainer::ksScriptContainer;
+
+    /// Removes a node, or those of an array, from the sources, the up vectors and the target.
+    Q_INVOKABLE void remove(const QJSValue &nodes);
+};

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptLight.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksFieldEdits.h"
+#include "ksLightEdits.h"
+#include "ksScriptValues.h"
+
+#include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
+
+using namespace ksScriptValues;
+
+QJSValue ksScriptLight::value(const char *name) const
+{
+    return guarded([&](const osg::FieldContainerPtr &light) { return host.value(*light->getField(name)); });
+}
+
+void ksScriptLight::setValue(const char *name, const QJSValue &value)
+{
+    host.guard([&] { edit(*ksLightEdits::find(QLatin1String(name)), value, QString(), ksMerging::Never); });
+}
+
+void ksScriptLight::setVisibilityReference(const QJSValue &node)
+{
+    host.guard([&] {
+        const auto light = osg::UberLightPtr::dcast(container());
+        const osg::NodePtr before = light->getVisibilityReference();
+        const osg::NodePtr after = node.isNull() ? osg::NodePtr() : containerFrom<osg::NodePtr>(node, "node");
+        // Undoing an addition leaves no reference, so that the one before goes by a step of its own.
+        if (before != osg::NullFC)
+            host.history().add(new ksAddNodeAsVisibilityReferenceUndoCommand(light, before, true));
+        if (after != osg::NullFC)
+            host.history().add(new ksAddNodeAsVisibilityReferenceUndoCommand(light, after, false));
+    });
+}
+
+void ksScriptLight::drag(const QString &property, const QJSValue &values, const QJSValue &text)
+{
+    const ksLightProperty *wanted = ksLightEdits::find(property);
+    if (wanted == nullptr) {
+        ksScriptContainer::drag(property, values, text);
+        return;
+    }
+    host.guard([&] {
+        const QString title = text.isUndefined() ? QString() : text.toString();
+        forEachOf(values,
+                  [&](const QJSValue &value, ksMerging merging) { edit(*wanted, value, title, merging); });
+    });
+}
+
+void ksScriptLight::edit(const ksLightProperty &property, const QJSValue &value, const QString &text,
+                         ksMerging merging)
+{
+    const osg::NodePtr light = ksContainers::ownerOf(container());
+    if (light == osg::NullFC)
+        refuse(ksContainers::label(container()) + QStringLiteral(" belongs to no node"));
+    const QString name = QString::fromLatin1(property.name);
+    const ksLightValue wanted = property.components == 3 ? vectorFrom(value, name)
+                                                         : ksLightValue(numberFrom<float>(value, name), 0, 0);
+    if (!property.accepts(wanted))
+        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
+               QLatin1Char('\''));
+    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(light, name) : text;
+    host.history().add(ksMergingAs(merging, property.make(title, light, wanted)));
+}

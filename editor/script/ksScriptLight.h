@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksScriptContainer.h"
+
+struct ksLightProperty;
+
+/// A light of the scene, which is the core of a node, in a script: what a container has, and the light's
+/// values. Setting one is an edit. Colours are arrays of three numbers, angles are in degrees.
+class ksScriptLight : public ksScriptContainer
+{
+    Q_OBJECT
+
+    Q_PROPERTY(QJSValue diffuse READ diffuse WRITE setDiffuse)
+    Q_PROPERTY(QJSValue glossy READ glossy WRITE setGlossy)
+    Q_PROPERTY(QJSValue intensity READ intensity WRITE setIntensity)
+    Q_PROPERTY(QJSValue penumbraAngle READ penumbraAngle WRITE setPenumbraAngle)
+    Q_PROPERTY(QJSValue coneAngle READ coneAngle WRITE setConeAngle)
+
+    /// 0 for none, 1 for a linear, 2 for a quadratic one. Setting it leaves the intensity.
+    Q_PROPERTY(QJSValue attenuation READ attenuation WRITE setAttenuation)
+
+    /// The node that must be visible for the light to shine, or null.
+    Q_PROPERTY(QJSValue visibilityReference READ visibilityReference WRITE setVisibilityReference)
+
+public:
+    using ksScriptContainer::ksScriptContainer;
+
+    QJSValue diffuse() const { return value("diffuse"); }
+    void setDiffuse(const QJSValue &value) { setValue("diffuse", value); }
+    QJSValue glossy() const { return value("glossy"); }
+    void setGlossy(const QJSValue &value) { setValue("glossy", value); }
+    QJSValue intensity() const { return value("intensity"); }
+    void setIntensity(const QJSValue &value) { setValue("intensity", value); }
+    QJSValue penumbraAngle() const { return value("penumbraAngle"); }
+    void setPenumbraAngle(const QJSValue &value) { setValue("penumbraAngle", value); }
+    QJSValue coneAngle() const { return value("coneAngle"); }
+    void setConeAngle(const QJSValue &value) { setValue("coneAngle", value); }
+    QJSValue attenuation() const { return value("attenuation"); }
+    void setAttenuation(const QJSValue &value) { setValue("attenuation", value); }
+    QJSValue visibilityReference() const { return value("visibilityReference"); }
+    void setVisibilityReference(const QJSValue &node);
+
+    /// Sets one of the values above, except the last, to each of \a values, an array: the edits merge into
+    /// one, which is called \a text. What is no such value is a field of the light.
+    Q_INVOKABLE void drag(const QString &property, const QJSValue &values,
+                          const QJSValue &text = QJSValue()) override;
+
+private:
+    QJSValue value(const char *name) const;
+    void setValue(const char *name, const QJSValue &value);
+    void edit(const ksLightProperty &property, const QJSValue &value, const QString &text, ksMerging merging);
+};

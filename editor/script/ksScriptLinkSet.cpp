@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptLinkSet.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksScriptValues.h"
+
+#include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
+
+using namespace ksScriptValues;
+
+namespace {
+
+constexpr unsigned int LightList = 3;
+constexpr unsigned int SceneNodeList = 0;
+
+} // namespace
+
+void ksScriptLinkSet::add(const QJSValue &nodes)
+{
+    edit(nodes, false, false);
+}
+
+void ksScriptLinkSet::addLights(const QJSValue &nodes)
+{
+    edit(nodes, true, false);
+}
+
+void ksScriptLinkSet::remove(const QJSValue &nodes)
+{
+    edit(nodes, false, true);
+}
+
+void ksScriptLinkSet::removeLights(const QJSValue &nodes)
+{
+    edit(nodes, true, true);
+}
+
+void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
+{
+    host.guard([&] {
+        const auto set = osg::LightLinkSetPtr::dcast(container());
+        const std::vector<osg::NodePtr> given = nodesFrom(nodes);
+        for (const osg::NodePtr &node : given) {
+            const bool isListed = lights ? set->containsLight(node) : set->containsSceneNode(node);
+            if (removing && !isListed)
+                refuse(ksContainers::label(node) + QStringLiteral(" is not linked"));
+        }
+        const unsigned int list = lights ? LightList : SceneNodeList;
+        host.history().add(nodes.isArray()
+                               ? new ksAddNodeToLightLinkSetUndoCommand(set, given, list, removing)
+                               : new ksAddNodeToLightLinkSetUndoCommand(set, given.front(), list, removing));
+    });
+}

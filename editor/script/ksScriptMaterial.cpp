@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptMaterial.h"
+
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksFieldEdits.h"
+#include "ksScriptValues.h"
+
+#include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksImageFieldUndoCommand.h>
+#include <ksundo/material/ksMaterialMultiUndoCommand.h>
+#include <ksundo/material/ksMaterialUndoCommand.h>
+#include <ksundo/material/ksSetEnvironmentUndoCommand.h>
+
+#include <OSGUBRDFMaterial.h>
+#include <OSGUberMaterial.h>
+
+#include <memory>
+
+using namespace ksScriptValues;
+
+namespace {
+
+/// The command that sets the field called \a field of a part of a material.
+ksFieldBaseUndoCommand *makeInner(const osg::FieldContainerPtr &part, const QString &field,
+                                  const QJSValue &value, ksMerging merging)
+{
+    const std::string name = field.toStdString();
+    const osg::Field *target = part->getField(name.c_str());
+    if (target == nullptr || target->getType() != osg::SFVec3f::getClassType())
+        return ksFieldEdits::make(QString(), part, field, value.toVariant(), merging);
+    auto *command = new ksFieldUndoCommand<osg::Vec3f>(QString(), part, name, vectorFrom(value, field));
+    ksMergingAs(merging, command);
+    return command;
+}
+
+} // namespace
+
+osg::FieldContainerPtr ksScriptMaterial::component(int index) const
+{
+    const osg::MFColorComponentPtr &all = osg::UberMaterialPtr::dcast(container())->getColorComponentData();
+    if (index < 0 || static_cast<std::size_t>(index) >= all.size())
+        refuse(ksContainers::label(container()) + QStringLiteral(" has no component %1").arg(index));
+    return all[static_cast<osg::UInt32>(index)];
+}
+
+void ksScriptMaterial::setComponent(int index, const QString &field, const QJSValue &value)
+{
+    host.guard([&] { edit(component(index), field, value, ksMerging::Never); });
+}
+
+void ksScriptMaterial::setSettings(const QString &field, const QJSValue &value)
+{
+    host.guard([&] {
+        edit(osg::UberMaterialPtr::dcast(container())->getComponentSettings(), field, value,
+             ksMerging::Never);
+    });
+}
+
+void ksScriptMaterial::dragComponent(int index, const QString &field, const QJSValue &values)
+{
+    host.guard([&] {
+        forEachOf(values, [&](const QJSValue &value, ksMerging merging) {
+            edit(component(index), field, value, merging);
+        });
+    });
+}
+
+void ksScriptMaterial::setAllComponents(const QString &field, const QJSValue &value)
+{
+    host.guard([&] {
+        const auto material = osg::UberMaterialPtr::dcast(container());
+        auto batch = std::make_unique<ksMaterialMultiUndoCommand>(ksFieldEdits::defaultText(material, field),
+                                                                  material, material->getComponentSettings());
+        for (const osg::ColorComponentPtr &each : material->getColorComponentData())
+            ksFieldEdits::make(QString(), each, field, value.toVariant(), ksMerging::Never, batch.get());
+        host.history().add(batch.release());
+    });
+}
+
+void ksScriptMaterial::setImage(int index, const QJSValue &image)
+{
+    host.guard([&] {
+        const osg::FieldContainerPtr target = component(index);
+        const osg::ImagePtr wanted =
+            image.isNull() ? osg::ImagePtr() : containerFrom<osg::ImagePtr>(image, "image");
+        host.history().add(new ksImageFieldUndoCommand(target, "image", wanted));
+    });
+}
+
+void ksScriptMaterial::edit(const osg::FieldContainerPtr &part, const QString &field, const QJSValue &value,
+                            ksMerging merging)
+{
+    const auto material = osg::UberMaterialPtr::dcast(container());
+    if (part == osg::NullFC)
+        refuse(ksContainers::label(material) + QStringLiteral(" has no settings"));
+    host.history().add(
+        ksMergingAs(merging, new ksMaterialUndoCommand(ksFieldEdits::defaultText(material, field),
+                                                       makeInner(part, field, value, merging), material,
+                                                       material->getComponentSettings())));
+}
+
+void ksScriptSurface::setEnvironment(const QJSValue &material)
+{
+    host.guard([&] {
+        host.history().add(
+            new ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr::dcast(container()),
+                                            containerFrom<osg::MaterialPtr>(material, "material")));
+    });
+}

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptTags.h"
+
+#include "ksAttachUndoCommand.h"
+#include "ksCheckedHistory.h"
+#include "ksContainers.h"
+#include "ksScriptContainer.h"
+#include "ksScriptHost.h"
+#include "ksScriptValues.h"
+#include "ksTagEdits.h"
+
+#include <ksundo/tag/ksTagUndoCommands.h>
+
+using namespace ksScriptValues;
+
+namespace {
+
+constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
+constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+
+} // namespace
+
+ksScriptTags::ksScriptTags(ksScriptHost &scriptHost, ksScriptContainer &scriptNode)
+    : QObject(&scriptNode)
+    , host(scriptHost)
+    , owner(scriptNode)
+{}
+
+QStringList ksScriptTags::user() const
+{
+    return list(UserTags);
+}
+
+QStringList ksScriptTags::layers() const
+{
+    return list(LayerTags);
+}
+
+void ksScriptTags::add(const QString &tag)
+{
+    edit(UserTags, tag, true);
+}
+
+void ksScriptTags::addLayer(const QString &tag)
+{
+    edit(LayerTags, tag, true);
+}
+
+void ksScriptTags::remove(const QString &tag)
+{
+    edit(UserTags, tag, false);
+}
+
+void ksScriptTags::removeLayer(const QString &tag)
+{
+    edit(LayerTags, tag, false);
+}
+
+osg::TagAttachmentPtr ksScriptTags::attachment() const
+{
+    const auto node = osg::NodePtr::dcast(owner.container());
+    return osg::TagAttachmentPtr::dcast(node->findAttachment(osg::TagAttachment::getClassType()));
+}
+
+QStringList ksScriptTags::list(osg::UInt32 field) const
+{
+    QStringList tags;
+    host.guard([&] {
+        if (const osg::TagAttachmentPtr found = attachment())
+            for (const std::string &tag : ksTagEdits::listOf(found, field))
+                tags += QString::fromStdString(tag);
+    });
+    return tags;
+}
+
+void ksScriptTags::edit(osg::UInt32 field, const QString &tag, bool adding)
+{
+    host.guard([&] {
+        const auto node = osg::NodePtr::dcast(owner.container());
+        const std::string wanted = tag.toStdString();
+        const osg::TagAttachmentPtr tags = attachment();
+        const bool isTagged = tags != osg::NullFC && ksTagEdits::hasTag(tags, field, wanted);
+        if (isTagged == adding)
+            refuse(ksContainers::label(node) +
+                   (adding ? QStringLiteral(" has the tag '") : QStringLiteral(" has no tag '")) + tag +
+                   (adding ? QStringLiteral("' already") : QStringLiteral("'")));
+        if (tags == osg::NullFC)
+            host.history().add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
+        host.history().add(ksTagEdits::make(node, field, wanted, adding));
+    });
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#include "ksScriptValues.h"
+
+#include "ksScriptContainer.h"
+
+bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
+{
+    if (!value.isBool())
+        refuse(QLatin1Char('\'') + name + QStringLiteral("' is true or false"));
+    return value.toBool();
+}
+
+osg::Vec3f ksScriptValues::vectorFrom(const QJSValue &value, const QString &name)
+{
+    const std::array<float, 3> numbers = numbersFrom<3>(value, name);
+    return {numbers[0], numbers[1], numbers[2]};
+}
+
+osg::FieldContainerPtr ksScriptValues::containerFrom(const QJSValue &value)
+{
+    if (value.isNull())
+        return osg::NullFC;
+    const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject());
+    if (object == nullptr)
+        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' is no container"));
+    return object->container();
+}
+
+std::vector<osg::NodePtr> ksScriptValues::nodesFrom(const QJSValue &value)
+{
+    if (!value.isArray())
+        return {containerFrom<osg::NodePtr>(value, "node")};
+    std::vector<osg::NodePtr> nodes;
+    const quint32 count = value.property(QStringLiteral("length")).toUInt();
+    for (quint32 i = 0; i < count; ++i)
+        nodes.push_back(containerFrom<osg::NodePtr>(value.property(i), "node"));
+    return nodes;
+}

@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#include "ksEditorFixture.h"
+
+#include <ksundo/core/ksUndoStack.h>
+#include <ksundo/tag/ksTagUndoCommands.h>
+
+#include <ksTagEdits.h>
+
+namespace {
+
+using testing::ElementsAre;
+
+constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
+constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+
+class ksTagEditsTest : public ksEditorFixture
+{
+protected:
+    ksTagEditsTest()
+    {
+        CPEdit(child, osg::Node::AttachmentsFieldMask);
+        child->addAttachment(tags);
+    }
+    ~ksTagEditsTest() override { stack.clear(); }
+
+    void edit(osg::UInt32 field, const char *tag, bool adding)
+    {
+        stack.add(ksTagEdits::make(child, field, tag, adding));
+    }
+
+    const osg::TagAttachmentPtr tags = osg::TagAttachment::create();
+    ksUndoStack stack;
+};
+
+} // namespace
+
+TEST_F(ksTagEditsTest, KeepTheListsAndTheirValuesTogether)
+{
+    edit(UserTags, "wood", true);
+    edit(LayerTags, "ground", true);
+    EXPECT_THAT(tags->getUserTags().getValues(), ElementsAre("wood"));
+    EXPECT_THAT(tags->getLayerTags().getValues(), ElementsAre("ground"));
+    EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u, 6u));
+    EXPECT_TRUE(ksTagEdits::hasTag(tags, UserTags, "wood"));
+    EXPECT_FALSE(ksTagEdits::hasTag(tags, LayerTags, "wood"));
+    edit(UserTags, "wood", false);
+    EXPECT_TRUE(tags->getUserTags().empty());
+    EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(6u));
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Remove tag 'wood'"));
+    stack.undo();
+    EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u, 6u));
+}
+
+TEST_F(ksTagEditsTest, SayWhetherATagComesOrGoes)
+{
+    edit(UserTags, "wood", true);
+    EXPECT_EQ(stack.currentCommand()->id(), ksAddTagUndoCommand::commandId());
+    edit(UserTags, "wood", false);
+    EXPECT_EQ(stack.currentCommand()->id(), ksSubTagUndoCommand::commandId());
+}
+
+/// Aspect 1 has both lists.
+TEST_F(ksTagEditsTest, AnnounceBothLists)
+{
+    ksMirror mirror;
+    mirror.update();
+    edit(LayerTags, "ground", true);
+    std::size_t names = 0;
+    std::size_t values = 0;
+    mirror.update([&] {
+        names = tags->getLayerTags().size();
+        values = tags->getTagValues().size();
+    });
+    EXPECT_EQ(names, 1u);
+    EXPECT_EQ(values, 1u);
+}
