@@ -34,8 +34,10 @@ void ksConstraintTour::removeFromAllRoles()
     const osg::NodePtr node = extras.constrained().front();
     const osg::MFConstraintObjectPtr sources = constraint->getSources();
     const osg::MFConstraintObjectPtr upVectors = constraint->getUpVectorSources();
-    osg::MFConstraintObjectPtr left = sources;
-    left.erase(left.begin());
+    osg::MFConstraintObjectPtr left;
+    for (const osg::ConstraintObjectPtr &source : sources)
+        if (source->getNode() != node)
+            left.push_back(source);
     osg::MFConstraintObjectPtr restored = left;
     restored.push_back(sources.front());
     const auto verifyRemoved = [&] {
