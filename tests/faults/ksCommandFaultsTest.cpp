@@ -4,6 +4,7 @@
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksUndoStack.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QRegularExpression>
@@ -25,9 +26,17 @@ protected:
     {
         if (kind().reportSync)
             kind().reportSync(&scene);
-        if (kind().held)
-            for (const osg::FieldContainerPtr &container : kind().held(scene))
-                held.push_back(container.getFieldContainerId());
+        for (const osg::FieldContainerPtr &container : containers(kind().held)) {
+            held.push_back(container.getFieldContainerId());
+            taken.addRef(scene.recorder.idOf(container));
+        }
+        for (const osg::FieldContainerPtr &container : containers(kind().goneWhenDone))
+            goneWhenDone.push_back(scene.recorder.idOf(container));
+        for (const osg::FieldContainerPtr &container :
+             containers(kind().released ? kind().released : kind().held))
+            released.push_back(scene.recorder.idOf(container));
+        impostors = containers(kind().impostors);
+        impostors.push_back(scene.bystander);
         targetId = kind().target(scene).getFieldContainerId();
         before = scene.state();
     }
@@ -37,15 +46,47 @@ protected:
             kind().reportSync(nullptr);
     }
 
+    using Edits = std::vector<std::pair<long long, osg::BitVector>>;
+
+    /// What can be observed of one step.
+    struct Step
+    {
+        ksRecords records;
+        std::vector<ksHandlerCall> calls;
+        ksFaultScene::State state;
+    };
+
     static const ksFaultKind &kind() { return GetParam(); }
 
-    /// Builds a command and forgets what the scene has recorded so far.
+    std::vector<osg::FieldContainerPtr> containers(const ksFaultKind::Containers &list) const
+    {
+        return list ? list(scene) : std::vector<osg::FieldContainerPtr>();
+    }
+
+    /// Builds a command and expects that it records the references that it takes, and nothing else.
     std::unique_ptr<QUndoCommand> make()
     {
+        forget();
         std::unique_ptr<QUndoCommand> command(kind().make(scene));
         scene.expectCounts(held);
-        scene.recorder.take();
+        EXPECT_EQ(scene.recorder.take(), taken);
+        EXPECT_THAT(scene.takeHandlerCalls(), testing::IsEmpty());
         return command;
+    }
+
+    void forget()
+    {
+        scene.recorder.take();
+        scene.takeHandlerCalls();
+    }
+
+    /// The edits that \a calls tell of.
+    Edits editsOf(const std::vector<ksHandlerCall> &calls) const
+    {
+        Edits edits;
+        for (const ksHandlerCall &call : calls)
+            edits.emplace_back(scene.recorder.idOf(call.id), call.mask);
+        return edits;
     }
 
     static void expectSame(const ksFaultScene::State &actual, const ksFaultScene::State &expected)
@@ -64,6 +105,48 @@ protected:
     {
         command.undo();
         EXPECT_EQ(scene.take(), kind().undoEvents);
+        scene.expectCounts(held);
+    }
+
+    Step step(QUndoCommand &command, bool undoing)
+    {
+        forget();
+        undoing ? undo(command) : redo(command);
+        return {scene.recorder.take(), scene.takeHandlerCalls(), scene.state()};
+    }
+
+    /// Undoes. Where that changes nothing, a second redo takes back what the first one did.
+    void takeBack(QUndoCommand &command)
+    {
+        undo(command);
+        if (kind().undoIsEmpty)
+            redo(command);
+        expectScene(before, held);
+        forget();
+    }
+
+    /// Expects that \a ignoring did what \a usual did, but for what change handlers do.
+    void expectIgnoring(const Step &ignoring, const Step &usual)
+    {
+        EXPECT_THAT(ignoring.calls, testing::IsEmpty());
+        ksRecords records = usual.records;
+        records.changed = editsOf(usual.calls);
+        EXPECT_EQ(ignoring.records, records);
+        expectSame(withoutFields(ignoring.state, kind().handlerFields),
+                   withoutFields(usual.state, kind().handlerFields));
+    }
+
+    /// Expects that a thread without a change list has done what \a usual did, but for the records.
+    void expectWithoutList(const Step &usual, const ksFaultScene::Events &events)
+    {
+        // What the thread called on the listener waits in this one.
+        QCoreApplication::sendPostedEvents(&scene.listener);
+        EXPECT_EQ(scene.take(), events);
+        std::vector<ksHandlerCall> calls = usual.calls;
+        for (ksHandlerCall &call : calls)
+            call.recorded = 0;
+        EXPECT_EQ(scene.takeHandlerCalls(), calls);
+        expectSame(comparable(scene.state()), comparable(usual.state));
         scene.expectCounts(held);
     }
 
@@ -87,15 +170,24 @@ protected:
     {
         const ksFaultScene::State idle = scene.state();
         const ksRecords records = kind().idleRecords ? kind().idleRecords(scene) : ksRecords();
-        scene.recorder.take();
-        osg::ProbeContainer::takeCalls();
+        forget();
         for (const bool undoing : {true, false, false, true}) {
             undoing ? command.undo() : command.redo();
             EXPECT_EQ(scene.take(), undoing ? kind().idleUndoEvents : kind().idleRedoEvents);
             EXPECT_EQ(scene.recorder.take(), records);
+            EXPECT_EQ(editsOf(scene.takeHandlerCalls()), records.changed);
             expectSame(scene.state(), idle);
         }
-        EXPECT_TRUE(osg::ProbeContainer::takeCalls().empty());
+    }
+
+    /// Expects that the command is idle while its id names a container of any other type.
+    void expectIdleAmongImpostors(QUndoCommand &command)
+    {
+        for (const osg::FieldContainerPtr &impostor : impostors) {
+            SCOPED_TRACE(impostor->getType().getCName());
+            const ksSlotSwap swap(targetId, impostor);
+            expectIdle(command);
+        }
     }
 
     bool keepsTarget() const { return std::count(held.begin(), held.end(), targetId) > 0; }
@@ -109,16 +201,36 @@ protected:
         return isGone;
     }
 
-    /// Expects that a command whose target it keeps alive itself goes on as before.
-    void expectSteady(QUndoCommand &command, bool isDone)
+    /// Expects that a command whose target it keeps alive itself goes on as before, \a done being the state
+    /// of the scene after redo while the target was in it.
+    void expectSteady(QUndoCommand &command, bool isDone, const ksFaultScene::State &done)
     {
         const ksFaultScene::State start = scene.state();
+        const ksFaultScene::State other =
+            isDone ? ksFaultScene::moved(start, comparable(done), comparable(before))
+                   : ksFaultScene::moved(start, comparable(before), comparable(done));
         for (int i = 0; i < 2; ++i) {
             isDone ? command.undo() : command.redo();
-            EXPECT_TRUE(scene.state() != start);
+            expectSame(scene.state(), other);
             isDone ? command.redo() : command.undo();
             expectSame(scene.state(), start);
         }
+    }
+
+    /// Takes the target out of the scene and expects of the command what is required then.
+    void loseTarget(QUndoCommand &command, bool isDone, const ksFaultScene::State &done)
+    {
+        dropTarget() || kind().isEmpty ? expectIdle(command) : expectSteady(command, isDone, done);
+    }
+
+    /// The state of the scene after redo.
+    ksFaultScene::State doneState()
+    {
+        const auto command = make();
+        redo(*command);
+        const ksFaultScene::State done = scene.state();
+        takeBack(*command);
+        return done;
     }
 
     /// Destroys the command and expects that it leaves no trace in the counts.
@@ -129,20 +241,49 @@ protected:
         EXPECT_EQ(scene.take(), ksFaultScene::Events());
     }
 
+    /// Does the same, and expects that what it held is released in the required order; the containers \a gone
+    /// do not survive that.
+    void destroyReleasing(std::unique_ptr<QUndoCommand> command, const std::vector<long long> &gone)
+    {
+        ksRecords expected;
+        for (const long long id : released)
+            std::count(gone.begin(), gone.end(), id) > 0 ? expected.destroy(id) : expected.subRef(id);
+        forget();
+        destroy(std::move(command));
+        EXPECT_THAT(scene.takeHandlerCalls(), testing::IsEmpty());
+        ksRecords records = scene.recorder.take();
+        // What goes with a container is its own business.
+        for (std::vector<long long> *ids : {&records.subRefd, &records.destroyed})
+            ids->erase(std::remove_if(ids->begin(), ids->end(),
+                                      [this](long long id) {
+                                          return std::count(released.begin(), released.end(), id) == 0;
+                                      }),
+                       ids->end());
+        EXPECT_EQ(records, expected);
+    }
+
     ksFaultScene scene;
     std::vector<osg::UInt32> held;
+    ksRecords taken;
+    std::vector<long long> released;
+    std::vector<long long> goneWhenDone;
+    std::vector<osg::FieldContainerPtr> impostors;
     osg::UInt32 targetId;
     ksFaultScene::State before;
 
-    static ksFaultScene::State comparable(const ksFaultScene::State &state)
+    static ksFaultScene::State withoutFields(const ksFaultScene::State &state,
+                                             const std::set<std::string> &fields)
     {
         ksFaultScene::State result;
-        for (const auto &[key, text] : state) {
-            const std::string field = key.substr(key.find('.') + 1);
-            if (field != kind().derivedField && field != ksFaultScene::referenceCount)
+        for (const auto &[key, text] : state)
+            if (fields.count(key.substr(key.find('.') + 1)) == 0)
                 result[key] = text;
-        }
         return result;
+    }
+
+    static ksFaultScene::State comparable(const ksFaultScene::State &state)
+    {
+        return withoutFields(state, {kind().derivedField, ksFaultScene::referenceCount});
     }
 };
 
@@ -160,13 +301,69 @@ std::vector<ksFaultKind> kindsWithoutTarget()
     return kinds;
 }
 
+/// A kind for each way in which it cannot find one of the containers that it needs besides its target.
+std::vector<ksFaultKind> kindsWithFurther()
+{
+    std::vector<ksFaultKind> kinds;
+    const auto add = [&kinds](ksFaultKind kind, const ksFurtherContainer &further, const std::string &name) {
+        kind.name += '_' + further.name + '_' + name;
+        kind.further = {further};
+        kinds.push_back(std::move(kind));
+    };
+    for (const ksFaultKind &kind : ksFaultKinds()) {
+        for (ksFurtherContainer further : kind.further) {
+            if (further.impostor)
+                add(kind, further, "ofAnotherType");
+            further.impostor = {};
+            add(kind, further, "gone");
+        }
+    }
+    return kinds;
+}
+
 class ksCommandWithoutTarget : public ksCommandFaults
 {};
+
+class ksCommandWithoutFurther : public ksCommandFaults
+{
+protected:
+    ksCommandWithoutFurther()
+    {
+        if (further().redone)
+            redone = further().redone(scene);
+        if (further().undone)
+            undone = further().undone(scene);
+        hidden = further().container(scene).getFieldContainerId();
+    }
+
+    static const ksFurtherContainer &further() { return kind().further.front(); }
+
+    ksSlotSwap hide() const
+    {
+        osg::FieldContainerPtr other;
+        if (further().impostor)
+            other = further().impostor(scene);
+        return {hidden, other};
+    }
+
+    void expectLeft(const ksFaultScene::Events &events, const ksFaultScene::State &expected)
+    {
+        EXPECT_EQ(scene.take(), events);
+        expectScene(expected, held);
+        const ksRecords records = scene.recorder.take();
+        EXPECT_EQ(records, further().records ? further().records(scene) : records);
+    }
+
+    ksFaultScene::State redone;
+    ksFaultScene::State undone;
+    osg::UInt32 hidden;
+};
 
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(, ksCommandFaults, testing::ValuesIn(ksFaultKinds()), nameOf);
 INSTANTIATE_TEST_SUITE_P(, ksCommandWithoutTarget, testing::ValuesIn(kindsWithoutTarget()), nameOf);
+INSTANTIATE_TEST_SUITE_P(, ksCommandWithoutFurther, testing::ValuesIn(kindsWithFurther()), nameOf);
 
 TEST_P(ksCommandFaults, ComeBackWithoutAny)
 {
@@ -202,7 +399,7 @@ TEST_P(ksCommandFaults, ReachTheOtherAspectAtEveryStep)
 
 TEST_P(ksCommandFaults, AreDestroyedBeforeTheyRan)
 {
-    destroy(make());
+    destroyReleasing(make(), {});
     expectScene(before, {});
     expectSame(scene.state(), before);
 }
@@ -211,7 +408,9 @@ TEST_P(ksCommandFaults, AreDestroyedWhenDone)
 {
     auto command = make();
     redo(*command);
-    destroy(std::move(command));
+    const ksFaultScene::State after = scene.state();
+    destroyReleasing(std::move(command), goneWhenDone);
+    expectScene(ksFaultScene::without(goneWhenDone, after), {});
 }
 
 TEST_P(ksCommandFaults, AreDestroyedWhenUndone)
@@ -219,14 +418,15 @@ TEST_P(ksCommandFaults, AreDestroyedWhenUndone)
     auto command = make();
     redo(*command);
     undo(*command);
-    destroy(std::move(command));
+    destroyReleasing(std::move(command), {});
     expectUndone({});
 }
 
 TEST_P(ksCommandFaults, LoseTheirTargetBeforeTheFirstRedo)
 {
+    const ksFaultScene::State done = doneState();
     auto command = make();
-    dropTarget() || kind().isEmpty ? expectIdle(*command) : expectSteady(*command, false);
+    loseTarget(*command, false, done);
     destroy(std::move(command));
     EXPECT_EQ(ksFindContainer<osg::FieldContainerPtr>(targetId), osg::NullFC);
 }
@@ -235,7 +435,7 @@ TEST_P(ksCommandFaults, LoseTheirTargetBeforeTheUndo)
 {
     auto command = make();
     redo(*command);
-    dropTarget() || kind().isEmpty ? expectIdle(*command) : expectSteady(*command, true);
+    loseTarget(*command, true, scene.state());
     destroy(std::move(command));
     EXPECT_EQ(ksFindContainer<osg::FieldContainerPtr>(targetId), osg::NullFC);
 }
@@ -244,8 +444,9 @@ TEST_P(ksCommandFaults, LoseTheirTargetBetweenUndoAndRedo)
 {
     auto command = make();
     redo(*command);
+    const ksFaultScene::State done = scene.state();
     undo(*command);
-    dropTarget() || kind().isEmpty ? expectIdle(*command) : expectSteady(*command, false);
+    loseTarget(*command, false, done);
     destroy(std::move(command));
     EXPECT_EQ(ksFindContainer<osg::FieldContainerPtr>(targetId), osg::NullFC);
 }
@@ -253,15 +454,9 @@ TEST_P(ksCommandFaults, LoseTheirTargetBetweenUndoAndRedo)
 TEST_P(ksCommandFaults, FindAContainerOfAnotherTypeUnderTheirId)
 {
     auto command = make();
-    {
-        const ksSlotSwap swap(targetId, scene.bystander);
-        expectIdle(*command);
-    }
+    expectIdleAmongImpostors(*command);
     redo(*command);
-    {
-        const ksSlotSwap swap(targetId, scene.bystander);
-        expectIdle(*command);
-    }
+    expectIdleAmongImpostors(*command);
     undo(*command);
     expectUndone(held);
 }
@@ -269,41 +464,58 @@ TEST_P(ksCommandFaults, FindAContainerOfAnotherTypeUnderTheirId)
 TEST_P(ksCommandFaults, RecordButCallNoHandlerWhileChangesAreIgnored)
 {
     auto command = make();
-    command->redo();
-    const ksRecords records = scene.recorder.take();
-    command->undo();
-    scene.take();
-    scene.recorder.take();
-    osg::ProbeContainer::takeCalls();
+    const Step done = step(*command, false);
+    EXPECT_EQ(done.calls.empty(), kind().isEmpty);
+    const Step undone = step(*command, true);
+    if (kind().undoIsEmpty)
+        takeBack(*command);
 
     osg::FieldContainerPtr::_ignore_change = true;
-    redo(*command);
-    const ksRecords ignoring = scene.recorder.take();
-    undo(*command);
+    const Step ignoringDone = step(*command, false);
+    const Step ignoringUndone = step(*command, true);
     osg::FieldContainerPtr::_ignore_change = false;
 
-    EXPECT_TRUE(osg::ProbeContainer::takeCalls().empty());
-    EXPECT_EQ(ignoring.addRefd, records.addRefd);
-    EXPECT_EQ(ignoring.subRefd, records.subRefd);
-    EXPECT_FALSE(ignoring.changed.empty() && !kind().isEmpty);
-    for (const auto &record : ignoring.changed)
-        EXPECT_EQ(std::count(records.changed.begin(), records.changed.end(), record) > 0, true);
+    expectIgnoring(ignoringDone, done);
+    expectIgnoring(ignoringUndone, undone);
 }
 
 TEST_P(ksCommandFaults, RunOnAThreadWithoutAChangeList)
 {
     auto command = make();
-    command->redo();
-    const ksFaultScene::State after = scene.state();
-    command->undo();
-    scene.recorder.take();
+    const Step done = step(*command, false);
+    const Step undone = step(*command, true);
+    if (kind().undoIsEmpty)
+        takeBack(*command);
+    forget();
 
     std::thread([&] { command->redo(); }).join();
-    if (!kind().undoIsEmpty)
-        expectSame(scene.state(), after);
+    expectWithoutList(done, kind().redoEvents);
     std::thread([&] { command->undo(); }).join();
+    expectWithoutList(undone, kind().undoEvents);
     expectUndone(held);
     EXPECT_EQ(scene.recorder.take(), ksRecords());
+}
+
+TEST_P(ksCommandWithoutFurther, RedoWhatIsLeft)
+{
+    const ksFaultScene::State expected =
+        further().redone ? ksFaultScene::moved(before, {}, redone) : doneState();
+    const auto command = make();
+    const auto hiding = hide();
+    command->redo();
+    expectLeft(further().redoEvents, expected);
+}
+
+TEST_P(ksCommandWithoutFurther, UndoWhatIsLeft)
+{
+    const auto command = make();
+    redo(*command);
+    forget();
+    const ksFaultScene::State expected =
+        further().undone ? ksFaultScene::moved(scene.state(), {}, undone) : before;
+    const auto hiding = hide();
+    command->undo();
+    expectLeft(further().undoEvents, expected);
 }
 
 TEST_P(ksCommandWithoutTarget, DoNothing)

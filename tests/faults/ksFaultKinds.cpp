@@ -14,6 +14,7 @@ using osg::Vec3f;
 using Scene = ksFaultScene;
 using Events = Scene::Events;
 using Handles = std::vector<FieldContainerPtr>;
+using Further = ksFurtherContainer;
 
 const QString text = QStringLiteral("Edit");
 
@@ -22,14 +23,26 @@ FieldContainerPtr probeOf(const Scene &scene)
     return scene.probe;
 }
 
-FieldContainerPtr boxOf(const Scene &scene)
+NodePtr boxOf(const Scene &scene)
 {
     return scene.box;
+}
+
+/// What is next to the box.
+Handles boxImpostors(const Scene &scene)
+{
+    return {scene.box->getCore()};
 }
 
 FieldContainerPtr lampOf(const Scene &scene)
 {
     return scene.lamp;
+}
+
+/// A group, which is a core and no other one.
+FieldContainerPtr groupOf(const Scene &scene)
+{
+    return scene.mark->getCore();
 }
 
 FieldContainerPtr componentOf(const Scene &scene)
@@ -39,7 +52,8 @@ FieldContainerPtr componentOf(const Scene &scene)
 
 /// A class whose command is built from the scene and its target.
 template <class Target>
-ksFaultKind kind(std::string name, QUndoCommand *(*make)(Scene &, Target), Target (*target)(const Scene &))
+ksFaultKind kind(std::string name, const std::function<QUndoCommand *(Scene &, Target)> &make,
+                 Target (*target)(const Scene &))
 {
     return {std::move(name), [=](Scene &scene) { return make(scene, target(scene)); },
             [=](Scene &scene) { return make(scene, NullFC); },
@@ -102,8 +116,27 @@ void addFieldKinds(std::vector<ksFaultKind> &kinds)
         },
         componentOf);
     image.redoEvents = image.undoEvents = {"notified"};
-    image.held = [](const Scene &scene) { return Handles{scene.component->getImage(), scene.newImage}; };
+    const auto oldImage = [](const Scene &scene) -> FieldContainerPtr { return scene.component->getImage(); };
+    const auto newImage = [](const Scene &scene) -> FieldContainerPtr { return scene.newImage; };
+    const auto noImage = [](const Scene &scene) { return scene.fieldState(scene.component, "image", "0"); };
+    const auto material = [](const Scene &scene) -> FieldContainerPtr { return scene.material; };
+    image.held = [=](const Scene &scene) { return Handles{oldImage(scene), newImage(scene)}; };
+    image.released = [=](const Scene &scene) { return Handles{newImage(scene), oldImage(scene)}; };
+    image.goneWhenDone = [=](const Scene &scene) { return Handles{oldImage(scene)}; };
+    image.further = {
+        {"newImage", newImage, noImage, {}, {"notified"}, {"notified"}, {}, material},
+        {"oldImage", oldImage, {}, noImage, {"notified"}, {"notified"}, {}, material},
+    };
     kinds.push_back(image);
+
+    ksFaultKind noImages = kind<FieldContainerPtr>(
+        "ksImageFieldUndoCommand_null",
+        [](Scene &, FieldContainerPtr target) -> QUndoCommand * {
+            return new ksImageFieldUndoCommand(target, "image", NullFC);
+        },
+        componentOf);
+    noImages.held = noImages.goneWhenDone = image.goneWhenDone;
+    kinds.push_back(noImages);
 
     ksFaultKind invoke = kind<FieldContainerPtr>(
         "ksInvokeBoolFieldUndoCommand",
@@ -150,6 +183,13 @@ void reportSync(Scene *scene)
         Command::setSyncFunction([scene](const auto &...) { scene->log("synced"); });
 }
 
+/// What is required of a command on the box's transform.
+void editsTransform(ksFaultKind &kind)
+{
+    kind.impostors = boxImpostors;
+    kind.handlerFields = {"matrix"};
+}
+
 void addTransformKinds(std::vector<ksFaultKind> &kinds)
 {
     for (const ksTransformValueRow &row : ksTransformValueRows::all) {
@@ -163,6 +203,7 @@ void addTransformKinds(std::vector<ksFaultKind> &kinds)
         result.make = [make](Scene &scene) { return make(scene, scene.box); };
         result.makeWithoutTarget = [make](Scene &scene) { return make(scene, NullFC); };
         result.target = boxOf;
+        editsTransform(result);
         result.redoEvents = result.undoEvents =
             row.hasCallback ? Events{"called", "synced"} : Events{"synced"};
         result.reportSync = [&row](Scene *scene) {
@@ -179,7 +220,8 @@ void addTransformKinds(std::vector<ksFaultKind> &kinds)
                 target, "ZXY", nullptr,
                 [&scene](unsigned int, const std::string &, int) { scene.log("called"); });
         },
-        [](const Scene &scene) { return scene.box; });
+        boxOf);
+    editsTransform(order);
     order.redoEvents = order.undoEvents = {"called", "synced"};
     order.reportSync = reportSync<ksEulerRotationOrderUndoCommand>;
     kinds.push_back(order);
@@ -190,7 +232,8 @@ void addTransformKinds(std::vector<ksFaultKind> &kinds)
             return new ksRotationAsQuaternionUndoCommand(text, target,
                                                          osg::Quaternion(0.5f, 0.5f, -0.5f, 0.5f));
         },
-        [](const Scene &scene) { return scene.box; });
+        boxOf);
+    editsTransform(quaternion);
     quaternion.derivedField = "eulerRotation";
     kinds.push_back(quaternion);
 
@@ -202,7 +245,8 @@ void addTransformKinds(std::vector<ksFaultKind> &kinds)
                 Vec3f(4, 5, 6), Vec3f(5, 6, 7), Vec3f(6, 7, 8), Vec3f(7, 8, 9), 8, "ZXY", true,
                 Vec3f(9, 1, 2), 2, true, nullptr, [&scene](int) { scene.log("called"); }, -1);
         },
-        [](const Scene &scene) { return scene.box; });
+        boxOf);
+    editsTransform(transformation);
     transformation.redoEvents = transformation.undoEvents = {"called", "synced"};
     transformation.reportSync = reportSync<ksTransformationUndoCommand>;
     kinds.push_back(transformation);
@@ -216,7 +260,17 @@ void addVariantKinds(std::vector<ksFaultKind> &kinds)
     };
     const auto addRequiringTarget = [&add](ksFaultKind kind) {
         kind.makeWithoutTarget = {};
+        kind.impostors = [](const Scene &scene) {
+            return Handles{ksNodeUtils::getTransformVariantsAttachment(scene.box),
+                           scene.variant(0)->getTransform()};
+        };
         add(std::move(kind));
+    };
+    const auto variantsOf = [](const Scene &scene, const std::vector<unsigned long> &indexes) {
+        Handles variants;
+        for (const unsigned long index : indexes)
+            variants.push_back(scene.variant(index));
+        return scene.fieldState(ksNodeUtils::getTransformVariantsAttachment(scene.box), "variants", variants);
     };
     addRequiringTarget(kind<osg::TransformVariantPtr>(
         "ksTransformVariantOptionsUndoCommand",
@@ -233,22 +287,53 @@ void addVariantKinds(std::vector<ksFaultKind> &kinds)
                 [&scene](const std::string &, const std::string &) { scene.log("notified"); });
         },
         [](const Scene &scene) { return scene.variant(1); }));
-    add(kind<NodePtr>(
+    ksFaultKind move = kind<NodePtr>(
         "ksTransformVariantMoveCommand_one",
         [](Scene &scene, NodePtr target) -> QUndoCommand * {
             return new ksTransformVariantMoveCommand(
                 target, 0, 2, nullptr,
                 [&scene](unsigned int, const QList<int> &, const QList<int> &) { scene.log("notified"); });
         },
-        [](const Scene &scene) { return scene.box; }));
-    add(kind<NodePtr>(
+        boxOf);
+    move.impostors = boxImpostors;
+    const auto transformOf = [](const Scene &scene) -> FieldContainerPtr { return scene.box->getCore(); };
+    move.further = {
+        {"variant",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.variant(0); },
+         Further::nothing,
+         Further::nothing,
+         {"notified"},
+         {"notified"},
+         {},
+         transformOf},
+    };
+    add(move);
+
+    ksFaultKind moves = kind<NodePtr>(
         "ksTransformVariantMoveCommand_several",
         [](Scene &scene, NodePtr target) -> QUndoCommand * {
             return new ksTransformVariantMoveCommand(
                 target, std::vector<int>{2, 1}, 0, nullptr,
                 [&scene](unsigned int, const QList<int> &, const QList<int> &) { scene.log("notified"); });
         },
-        [](const Scene &scene) { return scene.box; }));
+        boxOf);
+    moves.impostors = boxImpostors;
+    // Redo makes c b a of a b c; b alone stays in its place, and c alone is what moves.
+    moves.further = {
+        {"b",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.variant(1); },
+         [=](const Scene &scene) {
+             return variantsOf(scene, {2, 0, 1});
+         },
+         [=](const Scene &scene) {
+             return variantsOf(scene, {1, 0, 2});
+         },
+         {"notified"},
+         {"notified"},
+         {},
+         transformOf},
+    };
+    add(moves);
 
     ksFaultKind insertion = kind<NodePtr>(
         "ksAddTransformVariantUndoCommand",
@@ -257,8 +342,16 @@ void addVariantKinds(std::vector<ksFaultKind> &kinds)
                 target, scene.looseVariant, 1, nullptr,
                 [&scene](unsigned int, int) { scene.log("notified"); });
         },
-        [](const Scene &scene) { return scene.box; });
-    insertion.held = [](const Scene &scene) { return Handles{scene.looseVariant}; };
+        boxOf);
+    const auto looseVariant = [](const Scene &scene) -> FieldContainerPtr { return scene.looseVariant; };
+    const auto attachment = [](const Scene &scene) -> FieldContainerPtr {
+        return ksNodeUtils::getTransformVariantsAttachment(scene.box);
+    };
+    insertion.impostors = boxImpostors;
+    insertion.held = [=](const Scene &scene) { return Handles{looseVariant(scene)}; };
+    insertion.further = {
+        {"variant", looseVariant, Further::nothing, {}, {}, {"notified"}, {}, attachment},
+    };
     add(insertion);
 
     ksFaultKind removal = kind<NodePtr>(
@@ -267,9 +360,23 @@ void addVariantKinds(std::vector<ksFaultKind> &kinds)
             return new ksRemoveTransformSwitchVariantUndoCommand(
                 target, 1, nullptr, [&scene](unsigned int, int) { scene.log("notified"); });
         },
-        [](const Scene &scene) { return scene.box; });
-    removal.held = [](const Scene &scene) {
-        return Handles{scene.variant(1), ksNodeUtils::getTransformVariantsAttachment(scene.box)};
+        boxOf);
+    const auto secondVariant = [](const Scene &scene) -> FieldContainerPtr { return scene.variant(1); };
+    removal.impostors = boxImpostors;
+    removal.held = [=](const Scene &scene) { return Handles{secondVariant(scene), attachment(scene)}; };
+    removal.goneWhenDone = [](const Scene &scene) {
+        return Handles{scene.variant(1), scene.variant(1)->getTransform()};
+    };
+    removal.further = {
+        {"variant", secondVariant, {}, Further::nothing, {"notified"}, {}, {}, attachment},
+        {"attachment",
+         attachment,
+         {},
+         Further::nothing,
+         {"notified"},
+         {},
+         {},
+         [](const Scene &scene) -> FieldContainerPtr { return scene.tags(); }},
     };
     add(removal);
 }
@@ -282,6 +389,7 @@ ksFaultKind lightKind(std::string name, T value)
     result.make = [value](Scene &scene) { return new Command(text, scene.lamp, value); };
     result.makeWithoutTarget = [value](Scene &) { return new Command(text, NullFC, value); };
     result.target = lampOf;
+    result.impostors = [](const Scene &scene) { return Handles{scene.light()}; };
     return result;
 }
 
@@ -294,31 +402,103 @@ void addLightKinds(std::vector<ksFaultKind> &kinds)
     kinds.push_back(lightKind<ksLightConeAngleUndoCommand>("ksLightConeAngleUndoCommand", 40.f));
     kinds.push_back(
         lightKind<ksLightAttenuationUndoCommand>("ksLightAttenuationUndoCommand", osg::UberLight::Quadratic));
-    kinds.push_back(kind<osg::UberLightPtr>(
-        "ksAddNodeAsVisibilityReferenceUndoCommand",
-        [](Scene &scene, osg::UberLightPtr target) -> QUndoCommand * {
-            return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.mark, false);
-        },
-        [](const Scene &scene) { return scene.light(); }));
-    kinds.push_back(kind<osg::LightLinkSetPtr>(
-        "ksAddNodeToLightLinkSetUndoCommand_add",
-        [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
-            return new ksAddNodeToLightLinkSetUndoCommand(target, scene.lamp, 3, false);
-        },
-        [](const Scene &scene) { return scene.linkSet(); }));
-    kinds.push_back(kind<osg::LightLinkSetPtr>(
-        "ksAddNodeToLightLinkSetUndoCommand_remove",
-        [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
-            return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.mark, scene.listed}, 0, true);
-        },
-        [](const Scene &scene) { return scene.linkSet(); }));
+    const auto idleWithout = [](NodePtr Scene::*node) -> Further {
+        return {"node",
+                [=](const Scene &scene) -> FieldContainerPtr { return scene.*node; },
+                Further::nothing,
+                Further::nothing,
+                {},
+                {},
+                [](const Scene &) { return ksRecords(); },
+                groupOf};
+    };
+    const auto add = [&kinds](ksFaultKind kind, const std::vector<Further> &further) {
+        kind.impostors = [](const Scene &scene) {
+            return Handles{groupOf(scene), scene.constraint(), scene.lamp};
+        };
+        kind.further = further;
+        kinds.push_back(std::move(kind));
+    };
+    add(kind<osg::UberLightPtr>(
+            "ksAddNodeAsVisibilityReferenceUndoCommand_add",
+            [](Scene &scene, osg::UberLightPtr target) -> QUndoCommand * {
+                return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.mark, false);
+            },
+            [](const Scene &scene) { return scene.light(); }),
+        {idleWithout(&Scene::mark)});
+    add(kind<osg::UberLightPtr>(
+            "ksAddNodeAsVisibilityReferenceUndoCommand_remove",
+            [](Scene &scene, osg::UberLightPtr target) -> QUndoCommand * {
+                return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.shade, true);
+            },
+            [](const Scene &scene) { return scene.spotLight(); }),
+        {idleWithout(&Scene::shade)});
+    add(kind<osg::LightLinkSetPtr>(
+            "ksAddNodeToLightLinkSetUndoCommand_add",
+            [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
+                return new ksAddNodeToLightLinkSetUndoCommand(target, scene.lamp, 3, false);
+            },
+            [](const Scene &scene) { return scene.linkSet(); }),
+        {idleWithout(&Scene::lamp)});
+
+    add(kind<osg::LightLinkSetPtr>(
+            "ksAddNodeToLightLinkSetUndoCommand_remove",
+            [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
+                return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.mark, scene.listed}, 0, true);
+            },
+            [](const Scene &scene) { return scene.linkSet(); }),
+        {{"node",
+          [](const Scene &scene) -> FieldContainerPtr { return scene.mark; },
+          [](const Scene &scene) {
+              return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.constrained, scene.mark});
+          },
+          [](const Scene &scene) {
+              return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.listed, scene.constrained});
+          },
+          {},
+          {},
+          {},
+          groupOf}});
 }
+
+constexpr osg::BitVector settingsMask = osg::ColorComponentSettings::PlanarProjectionFieldMask;
+constexpr osg::BitVector materialMask = osg::UberMaterial::ColorComponentDataFieldMask;
 
 ksRecords materialTouches(const Scene &scene)
 {
     return ksRecords()
-        .change(scene.recorder.idOf(scene.settings), osg::ColorComponentSettings::PlanarProjectionFieldMask)
-        .change(scene.recorder.idOf(scene.material), osg::UberMaterial::ColorComponentDataFieldMask);
+        .change(scene.recorder.idOf(scene.settings), settingsMask)
+        .change(scene.recorder.idOf(scene.material), materialMask);
+}
+
+ksRecords weightRecord(const Scene &scene)
+{
+    return ksRecords().change(scene.recorder.idOf(scene.component), osg::ColorComponent::WeightFieldMask);
+}
+
+/// Neither the material nor the settings are needed for the weight; the other one is touched.
+std::vector<Further> touchedContainers()
+{
+    return {
+        {"material",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.material; },
+         {},
+         {},
+         {},
+         {},
+         [](const Scene &scene) {
+             return weightRecord(scene).change(scene.recorder.idOf(scene.settings), settingsMask);
+         }},
+        {"settings",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.settings; },
+         {},
+         {},
+         {},
+         {},
+         [](const Scene &scene) {
+             return weightRecord(scene).change(scene.recorder.idOf(scene.material), materialMask);
+         }},
+    };
 }
 
 void addMaterialKinds(std::vector<ksFaultKind> &kinds)
@@ -332,15 +512,26 @@ void addMaterialKinds(std::vector<ksFaultKind> &kinds)
         },
         componentOf);
     material.idleRecords = materialTouches;
+    material.further = touchedContainers();
     kinds.push_back(material);
 
-    kinds.push_back(kind<FieldContainerPtr>(
+    ksFaultKind component = kind<FieldContainerPtr>(
         "ksColorComponentUndoCommand",
         [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
             return new ksColorComponentUndoCommand(
                 text, new ksFieldUndoCommand<float>(text, target, "weight", 0.3f), target, scene.material);
         },
-        componentOf));
+        componentOf);
+    component.further = {
+        {"parent",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.material; },
+         {},
+         {},
+         {},
+         {},
+         weightRecord},
+    };
+    kinds.push_back(component);
 
     ksFaultKind multi = kind<FieldContainerPtr>(
         "ksMaterialMultiUndoCommand",
@@ -351,32 +542,57 @@ void addMaterialKinds(std::vector<ksFaultKind> &kinds)
         },
         componentOf);
     multi.idleRecords = materialTouches;
+    multi.further = touchedContainers();
     kinds.push_back(multi);
 
     ksFaultKind environment = kind<osg::UBRDFMaterialPtr>(
         "ksSetEnvironmentUndoCommand",
         [](Scene &scene, osg::UBRDFMaterialPtr target) -> QUndoCommand * {
-            return new ksSetEnvironmentUndoCommand(target, scene.environment);
+            return new ksSetEnvironmentUndoCommand(target, scene.newEnvironment);
         },
         [](const Scene &scene) { return scene.brdf; });
     environment.makeWithoutTarget = {};
+    environment.impostors = [](const Scene &scene) { return Handles{scene.environment, scene.material}; };
+    const auto noEnvironment = [](const Scene &scene) {
+        return scene.fieldState(scene.brdf, "environment", "0");
+    };
+    const auto componentSettings = [](const Scene &scene) -> FieldContainerPtr { return scene.settings; };
+    environment.further = {
+        {"newEnvironment",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.newEnvironment; },
+         noEnvironment,
+         {},
+         {},
+         {},
+         {},
+         componentSettings},
+        {"oldEnvironment",
+         [](const Scene &scene) -> FieldContainerPtr { return scene.environment; },
+         {},
+         noEnvironment,
+         {},
+         {},
+         {},
+         componentSettings},
+    };
     kinds.push_back(environment);
 }
 
+/// A command on the list of tags with the id \a fieldId.
 template <class Command>
-ksFaultKind tagKind(std::string name)
+ksFaultKind tagKind(std::string name, osg::UInt32 fieldId)
 {
     ksFaultKind result = kind<osg::AttachmentContainerPtr>(
         std::move(name),
-        [](Scene &scene, osg::AttachmentContainerPtr target) -> QUndoCommand * {
+        [fieldId](Scene &scene, osg::AttachmentContainerPtr target) -> QUndoCommand * {
             osg::MField<std::string> tags({"old", "new"});
-            return new Command(text, target,
-                               osg::TagAttachment::UserTagsFieldMask | osg::TagAttachment::TagValuesFieldMask,
-                               osg::TagAttachment::UserTagsFieldId, "new", &tags,
-                               *scene.tags()->getMFTagValues(), osg::MField<osg::UInt64>({1, 2}));
+            return new Command(
+                text, target, osg::BitVector(1) << fieldId | osg::TagAttachment::TagValuesFieldMask, fieldId,
+                "new", &tags, *scene.tags()->getMFTagValues(), osg::MField<osg::UInt64>({1, 2}));
         },
         [](const Scene &scene) -> osg::AttachmentContainerPtr { return scene.tagged; });
     result.held = [](const Scene &scene) { return Handles{scene.tagged}; };
+    result.impostors = [](const Scene &scene) { return Handles{scene.tags()}; };
     return result;
 }
 
@@ -393,25 +609,97 @@ ksFaultKind emptyTagKind(std::string name)
 
 void addTagKinds(std::vector<ksFaultKind> &kinds)
 {
-    kinds.push_back(tagKind<ksAddTagUndoCommand>("ksAddTagUndoCommand"));
-    kinds.push_back(tagKind<ksSubTagUndoCommand>("ksSubTagUndoCommand"));
+    constexpr osg::UInt32 userTags = osg::TagAttachment::UserTagsFieldId;
+    constexpr osg::UInt32 layerTags = osg::TagAttachment::LayerTagsFieldId;
+    kinds.push_back(tagKind<ksAddTagUndoCommand>("ksAddTagUndoCommand_user", userTags));
+    kinds.push_back(tagKind<ksAddTagUndoCommand>("ksAddTagUndoCommand_layer", layerTags));
+    kinds.push_back(tagKind<ksSubTagUndoCommand>("ksSubTagUndoCommand_user", userTags));
+    kinds.push_back(tagKind<ksSubTagUndoCommand>("ksSubTagUndoCommand_layer", layerTags));
     kinds.push_back(emptyTagKind<ksAddEmptyTagUndoCommand>("ksAddEmptyTagUndoCommand"));
     kinds.push_back(emptyTagKind<ksSubEmptyTagUndoCommand>("ksSubEmptyTagUndoCommand"));
 }
 
 void addConstraintKinds(std::vector<ksFaultKind> &kinds)
 {
-    ksFaultKind deletion = kind<osg::AbstractConstraintPtr>(
-        "ksDeleteConstraintReferenceUndoCommand",
-        [](Scene &scene, osg::AbstractConstraintPtr target) -> QUndoCommand * {
-            return new ksDeleteConstraintReferenceUndoCommand(target, {scene.source});
-        },
-        [](const Scene &scene) -> osg::AbstractConstraintPtr { return scene.constraint(); });
-    deletion.held = [](const Scene &scene) {
-        const osg::AimConstraintPtr constraint = scene.constraint();
-        return Handles{constraint->getSources()[0], constraint->getUpVectorSources()[0], scene.source};
+    const auto make = [](Scene &scene, osg::AbstractConstraintPtr target) -> QUndoCommand * {
+        return new ksDeleteConstraintReferenceUndoCommand(target, {scene.source});
     };
-    kinds.push_back(deletion);
+    const auto source = [](const Scene &scene) -> FieldContainerPtr {
+        return scene.constraint()->getSources()[0];
+    };
+    const auto upVector = [](const Scene &scene) -> FieldContainerPtr {
+        return scene.constraint()->getUpVectorSources()[0];
+    };
+    const auto target = [](const Scene &scene) -> FieldContainerPtr { return scene.source; };
+    const auto pointSource = [](const Scene &scene) -> FieldContainerPtr {
+        return scene.pointConstraint()->getSources()[0];
+    };
+    const auto with = [](const Scene &scene, const char *field, const FieldContainerPtr &container) {
+        return scene.fieldState(scene.constraint(), field, Handles{container});
+    };
+    const auto both = [](Scene::State one, const Scene::State &other) {
+        one.insert(other.begin(), other.end());
+        return one;
+    };
+    const auto empty = [](const Scene &scene, const char *field) {
+        return scene.fieldState(scene.constraint(), field, std::string());
+    };
+    const auto noTarget = [](const Scene &scene) {
+        return scene.fieldState(scene.constraint(), "target", "0");
+    };
+    const auto nodeOf = [](const Scene &scene) -> FieldContainerPtr { return scene.source; };
+    const auto tagsOf = [](const Scene &scene) -> FieldContainerPtr { return scene.tags(); };
+
+    ksFaultKind aim = kind<osg::AbstractConstraintPtr>(
+        "ksDeleteConstraintReferenceUndoCommand_aim", make,
+        [](const Scene &scene) -> osg::AbstractConstraintPtr { return scene.constraint(); });
+    aim.impostors = [](const Scene &scene) { return Handles{scene.linkSet(), groupOf(scene)}; };
+    aim.held = [=](const Scene &scene) { return Handles{source(scene), target(scene), upVector(scene)}; };
+    aim.released = [=](const Scene &scene) { return Handles{source(scene), upVector(scene), target(scene)}; };
+    aim.goneWhenDone = [=](const Scene &scene) { return Handles{source(scene), upVector(scene)}; };
+    aim.further = {
+        {"source",
+         source,
+         [=](const Scene &scene) { return both(empty(scene, "upVectorSources"), noTarget(scene)); },
+         [=](const Scene &scene) {
+             return both(with(scene, "upVectorSources", upVector(scene)),
+                         with(scene, "target", target(scene)));
+         },
+         {},
+         {},
+         {},
+         nodeOf},
+        {"upVector",
+         upVector,
+         [=](const Scene &scene) { return both(empty(scene, "sources"), noTarget(scene)); },
+         [=](const Scene &scene) {
+             return both(with(scene, "sources", source(scene)), with(scene, "target", target(scene)));
+         },
+         {},
+         {},
+         {},
+         nodeOf},
+        {"target",
+         target,
+         {},
+         [=](const Scene &scene) {
+             return both(with(scene, "sources", source(scene)),
+                         with(scene, "upVectorSources", upVector(scene)));
+         },
+         {},
+         {},
+         {},
+         tagsOf},
+    };
+    kinds.push_back(aim);
+
+    ksFaultKind point = kind<osg::AbstractConstraintPtr>(
+        "ksDeleteConstraintReferenceUndoCommand_point", make,
+        [](const Scene &scene) -> osg::AbstractConstraintPtr { return scene.pointConstraint(); });
+    point.impostors = aim.impostors;
+    point.held = [=](const Scene &scene) { return Handles{pointSource(scene), target(scene)}; };
+    point.goneWhenDone = [=](const Scene &scene) { return Handles{pointSource(scene)}; };
+    kinds.push_back(point);
 }
 
 } // namespace

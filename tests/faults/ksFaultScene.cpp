@@ -13,6 +13,7 @@
 
 #include <set>
 #include <sstream>
+#include <support/ksContainers.h>
 #include <transform/ksTransformValueRow.h>
 
 namespace {
@@ -37,6 +38,25 @@ osg::ImagePtr imageOf(osg::UInt8 shade)
     const osg::ImagePtr image = osg::Image::create();
     image->set(osg::Image::OSG_L_PF, 1, 1, 1, 1, 1, 0, &shade);
     return image;
+}
+
+template <class... Types>
+bool watchTypes()
+{
+    (ksWatched<Types>::watchType(), ...);
+    return true;
+}
+
+/// Lets all containers of a scene be watched.
+bool watchScenes()
+{
+    using namespace osg;
+    static const bool isWatched =
+        watchTypes<Node, Name, Group, Transform3D, TransformVariantsAttachment, TransformVariant, UberLight,
+                   LightLinkSet, TagAttachment, AimConstraint, PointConstraint, ConstraintObject,
+                   ProbeContainer, UberMaterial, ColorComponent, ColorComponentSettings, Image, UBRDFMaterial,
+                   SimpleMaterial, Bystander>();
+    return isWatched;
 }
 
 /// The fields whose handles are counted.
@@ -78,7 +98,8 @@ std::vector<osg::UInt32> idsIn(const std::string &fieldName, std::string text)
 } // namespace
 
 ksFaultScene::ksFaultScene()
-    : listener([this](const std::string &event) { log(event); })
+    : isWatched(watchScenes())
+    , listener([this](const std::string &event) { log(event); })
 {
     ksLog::setErrorHandler([this](const std::string &line) { log("error: " + line); });
 
@@ -111,10 +132,18 @@ ksFaultScene::ksFaultScene()
     constrained = addNode("Constrained", osg::AimConstraint::create());
     for (const osg::NodePtr &node : {listed, constrained, mark})
         linkSet()->addSceneNode(node);
+    pinned = addNode("Pinned", osg::PointConstraint::create());
     source = addNode("Source", osg::Group::create());
     constraint()->addSourceObject(objectFor(source));
     constraint()->addUpVectorObject(objectFor(source));
     constraint()->setTarget(source);
+    pointConstraint()->addSourceObject(objectFor(source));
+    pointConstraint()->setTarget(source);
+
+    spot = addNode("Spot", osg::UberLight::create());
+    shade = addNode("Shade", osg::Group::create());
+    spotLight()->setVisibilityReference(shade);
+    shade->setExternalFlags(0x10);
 
     probe = keep(osg::ProbeContainer::create());
     component = osg::ColorComponent::create();
@@ -126,12 +155,15 @@ ksFaultScene::ksFaultScene()
     material->setComponentSettings(settings);
     brdf = keep(osg::UBRDFMaterial::create());
     environment = keep(osg::MaterialPtr(osg::SimpleMaterial::create()));
+    brdf->setEnvironment(environment);
+    newEnvironment = keep(osg::MaterialPtr(osg::SimpleMaterial::create()));
     bystander = keep(osg::Bystander::create());
 
-    for (const osg::FieldContainerPtr &container :
-         *osg::FieldContainerFactory::the()->getFieldContainerStore())
-        if (container != osg::NullFC && recorder.idOf(container) > 0)
-            osg::endEditCP(container);
+    for (const osg::FieldContainerPtr &container : ksContainersSince(recorder)) {
+        osg::endEditCP(container);
+        EXPECT_THAT(takeHandlerCalls(), testing::Not(testing::IsEmpty()))
+            << container->getType().getCName() << " is not watched";
+    }
 }
 
 ksFaultScene::~ksFaultScene()
@@ -169,16 +201,49 @@ void ksFaultScene::drop(const osg::FieldContainerPtr &container)
 ksFaultScene::State ksFaultScene::state(osg::UInt32 aspect) const
 {
     State result;
-    for (const osg::FieldContainerPtr &container :
-         *osg::FieldContainerFactory::the()->getFieldContainerStore()) {
-        if (container == osg::NullFC || recorder.idOf(container) <= 0)
-            continue;
-        const std::string prefix =
-            std::to_string(recorder.idOf(container)) + ' ' + container->getType().getCName() + '.';
+    for (const osg::FieldContainerPtr &container : ksContainersSince(recorder)) {
+        const std::string prefix = prefixOf(container);
         for (const auto &[name, text] : ksFieldTextsOf(container, aspect))
             result[prefix + name] = text;
         result[prefix + referenceCount] = std::to_string(container.getRefCount());
     }
+    return result;
+}
+
+ksFaultScene::State ksFaultScene::fieldState(const osg::FieldContainerPtr &container, const std::string &name,
+                                             const std::string &text) const
+{
+    return {{prefixOf(container) + name, text}};
+}
+
+ksFaultScene::State ksFaultScene::fieldState(const osg::FieldContainerPtr &container, const std::string &name,
+                                             const std::vector<osg::FieldContainerPtr> &containers) const
+{
+    std::string text;
+    for (const osg::FieldContainerPtr &entry : containers)
+        text += (text.empty() ? "" : ", ") + std::to_string(entry.getFieldContainerId());
+    return fieldState(container, name, text);
+}
+
+ksFaultScene::State ksFaultScene::moved(State state, const State &from, const State &to)
+{
+    for (const auto &[key, text] : from)
+        if (to.count(key) == 0)
+            state.erase(key);
+    for (const auto &[key, text] : to) {
+        const auto before = from.find(key);
+        if (before == from.end() || before->second != text)
+            state[key] = text;
+    }
+    return state;
+}
+
+ksFaultScene::State ksFaultScene::without(const std::vector<long long> &ids, const State &state)
+{
+    State result;
+    for (const auto &[key, text] : state)
+        if (std::count(ids.begin(), ids.end(), std::stoll(key)) == 0)
+            result[key] = text;
     return result;
 }
 
@@ -204,19 +269,15 @@ void ksFaultScene::expectCounts(const std::vector<osg::UInt32> &held) const
         ++counts[id];
     for (const auto &[id, reference] : kept)
         ++counts[id];
-    const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
-    for (const osg::FieldContainerPtr &container : store)
-        if (container != osg::NullFC && recorder.idOf(container) > 0)
-            for (const auto &[name, text] : ksFieldTextsOf(container))
-                if (isCounted(name))
-                    for (const osg::UInt32 id : idsIn(name, text))
-                        ++counts[id];
-    for (const osg::FieldContainerPtr &container : store) {
-        if (container == osg::NullFC || recorder.idOf(container) <= 0)
-            continue;
+    const std::vector<osg::FieldContainerPtr> containers = ksContainersSince(recorder);
+    for (const osg::FieldContainerPtr &container : containers)
+        for (const auto &[name, text] : ksFieldTextsOf(container))
+            if (isCounted(name))
+                for (const osg::UInt32 id : idsIn(name, text))
+                    ++counts[id];
+    for (const osg::FieldContainerPtr &container : containers)
         EXPECT_EQ(container.getRefCount(), counts[container.getFieldContainerId()])
             << container->getType().getCName() << ' ' << recorder.idOf(container);
-    }
 }
 
 osg::TagAttachmentPtr ksFaultScene::tags() const
@@ -227,6 +288,11 @@ osg::TagAttachmentPtr ksFaultScene::tags() const
 osg::TransformVariantPtr ksFaultScene::variant(unsigned long index) const
 {
     return ksNodeUtils::getTransformVariant(box, index);
+}
+
+std::string ksFaultScene::prefixOf(const osg::FieldContainerPtr &container) const
+{
+    return std::to_string(recorder.idOf(container)) + ' ' + container->getType().getCName() + '.';
 }
 
 template <class PtrT>

@@ -6,6 +6,7 @@
 
 #include <OSGAimConstraint.h>
 #include <OSGLightLinkSet.h>
+#include <OSGPointConstraint.h>
 #include <OSGTagAttachment.h>
 #include <OSGTransform3D.h>
 #include <OSGTransformVariant.h>
@@ -23,6 +24,7 @@
 #include <support/OSGProbeContainer.h>
 #include <support/ksAspects.h>
 #include <support/ksRecords.h>
+#include <support/ksWatched.h>
 #include <vector>
 
 /// A scene in which commands of every class find something to do, and what can be observed of them.
@@ -44,6 +46,20 @@ public:
     /// sees them.
     State state(osg::UInt32 aspect = 0) const;
 
+    /// What a state says of the field \a name of \a container when it has the value \a text.
+    State fieldState(const osg::FieldContainerPtr &container, const std::string &name,
+                     const std::string &text) const;
+
+    /// The same when it refers to \a containers.
+    State fieldState(const osg::FieldContainerPtr &container, const std::string &name,
+                     const std::vector<osg::FieldContainerPtr> &containers) const;
+
+    /// \a state as it becomes when what differs between \a from and \a to changes.
+    static State moved(State state, const State &from, const State &to);
+
+    /// \a state without the containers with the record ids \a ids.
+    static State without(const std::vector<long long> &ids, const State &state);
+
     /// What differs between two states, a line each.
     static std::vector<std::string> differences(const State &actual, const State &expected);
 
@@ -56,9 +72,14 @@ public:
 
     void log(const std::string &event) { events.push_back(event); }
 
+    /// The calls of all containers' change handlers since the last time.
+    std::vector<ksHandlerCall> takeHandlerCalls() { return handlerCalls.take(); }
+
     /// What has been called back and logged since the last time.
     Events take() { return std::exchange(events, {}); }
 
+    /// The change handlers of all containers of the scene are watched.
+    const bool isWatched;
     ksRecorder recorder;
     ksListener listener;
 
@@ -71,7 +92,10 @@ public:
     osg::NodePtr listed; ///< the first of its scene nodes, constrained and mark being the others
     osg::NodePtr tagged;
     osg::NodePtr constrained; ///< an osg::AimConstraint
-    osg::NodePtr source;      ///< refers to it in all three ways
+    osg::NodePtr pinned;      ///< an osg::PointConstraint
+    osg::NodePtr source;      ///< both constraints refer to it in all the ways that they have
+    osg::NodePtr spot;        ///< an osg::UberLight with a visibility reference
+    osg::NodePtr shade;       ///< that reference
 
     // What is not below the root.
     osg::ProbeContainerPtr probe;
@@ -81,12 +105,18 @@ public:
     osg::ColorComponentSettingsPtr settings;
     osg::ImagePtr newImage;
     osg::UBRDFMaterialPtr brdf;
-    osg::MaterialPtr environment;
+    osg::MaterialPtr environment; ///< that of the material brdf
+    osg::MaterialPtr newEnvironment;
     osg::BystanderPtr bystander;
 
     osg::LightLinkSetPtr linkSet() const { return osg::LightLinkSetPtr::dcast(linked->getCore()); }
     osg::UberLightPtr light() const { return osg::UberLightPtr::dcast(lamp->getCore()); }
+    osg::UberLightPtr spotLight() const { return osg::UberLightPtr::dcast(spot->getCore()); }
     osg::AimConstraintPtr constraint() const { return osg::AimConstraintPtr::dcast(constrained->getCore()); }
+    osg::PointConstraintPtr pointConstraint() const
+    {
+        return osg::PointConstraintPtr::dcast(pinned->getCore());
+    }
     osg::TagAttachmentPtr tags() const;
     osg::TransformVariantPtr variant(unsigned long index) const;
 
@@ -96,6 +126,9 @@ private:
 
     osg::NodePtr addNode(const char *name, const osg::NodeCorePtr &core);
 
+    std::string prefixOf(const osg::FieldContainerPtr &container) const;
+
     Events events;
+    ksHandlerCalls handlerCalls{[] { return std::string(); }};
     std::map<osg::UInt32, osg::RefPtr<osg::FieldContainerPtr>> kept;
 };

@@ -78,15 +78,18 @@ public:
     /// The id of \a container as records have it.
     long long idOf(const osg::FieldContainerPtrBase &container) const
     {
-        return counted(container.getFieldContainerId());
+        return idOf(container.getFieldContainerId());
     }
+
+    /// The id of the container with the id \a id as records have it.
+    long long idOf(osg::UInt32 id) const { return static_cast<long long>(id) - _before; }
 
     /// The content of \a changes.
     ksRecords read(const osg::ChangeList &changes) const
     {
         ksRecords records;
         std::for_each(changes.beginChanged(), changes.endChanged(),
-                      [&](const auto &entry) { records.change(counted(entry.first), entry.second); });
+                      [&](const auto &entry) { records.change(idOf(entry.first), entry.second); });
         copy(changes.beginAddRefd(), changes.endAddRefd(), records.addRefd);
         copy(changes.beginSubRefd(), changes.endSubRefd(), records.subRefd);
         copy(changes.beginCreated(), changes.endCreated(), records.created);
@@ -105,12 +108,10 @@ public:
 private:
     static osg::ChangeList &list() { return *osg::Thread::getCurrentChangeList(); }
 
-    long long counted(osg::UInt32 id) const { return static_cast<long long>(id) - _before; }
-
     template <class Iterator>
     void copy(Iterator first, Iterator last, std::vector<long long> &ids) const
     {
-        std::transform(first, last, std::back_inserter(ids), [this](osg::UInt32 id) { return counted(id); });
+        std::transform(first, last, std::back_inserter(ids), [this](osg::UInt32 id) { return idOf(id); });
     }
 
     const long long _before;

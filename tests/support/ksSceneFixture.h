@@ -3,7 +3,6 @@
 
 #include <ksundo/core/ksUndoCommand.h>
 
-#include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGNode.h>
 #include <ksMessage.h>
 
@@ -12,6 +11,7 @@
 #include <map>
 #include <support/ksAspects.h>
 #include <support/ksCommandTime.h>
+#include <support/ksContainers.h>
 #include <support/ksDescribe.h>
 #include <support/ksRecords.h>
 
@@ -39,11 +39,9 @@ protected:
     /// All fields of all containers of the scene that live, by id, as a thread of \a aspect sees them.
     std::map<long long, ksFieldTexts> scene(osg::UInt32 aspect = 0) const
     {
-        const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
         std::map<long long, ksFieldTexts> texts;
-        for (const osg::FieldContainerPtr &container : store)
-            if (container != osg::NullFC && recorder.idOf(container) > 0)
-                texts[recorder.idOf(container)] = ksFieldTextsOf(container, aspect);
+        for (const osg::FieldContainerPtr &container : ksContainersSince(recorder))
+            texts[recorder.idOf(container)] = ksFieldTextsOf(container, aspect);
         return texts;
     }
 
@@ -52,13 +50,11 @@ protected:
     {
         const auto before = scene();
         forget();
-        command.redo();
-        command.undo();
-        command.undo();
-        command.redo();
-        command.redo();
-        EXPECT_EQ(scene(), before);
-        EXPECT_EQ(recorder.take(), ksRecords());
+        for (const bool undoing : {false, true, true, false, false}) {
+            undoing ? command.undo() : command.redo();
+            EXPECT_EQ(scene(), before);
+            EXPECT_EQ(recorder.take(), ksRecords());
+        }
     }
 
     /// Expects that aspect 1 is as aspect 0 once it has what was recorded.

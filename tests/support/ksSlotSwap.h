@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <utility>
+#include <vector>
 
 /// Lets the id of one container name another one, or none, for as long as it lives. No program can do that,
 /// since ids are never used again; a command must stand it all the same.
@@ -15,9 +16,18 @@ public:
     ksSlotSwap(osg::UInt32 id, const osg::FieldContainerPtr &other)
         : id(id)
         , before(std::exchange(slot(), other))
-    {}
-    ~ksSlotSwap() { slot() = before; }
+    {
+        swapped.push_back(before);
+    }
+    ~ksSlotSwap()
+    {
+        swapped.pop_back();
+        slot() = before;
+    }
     Q_DISABLE_COPY(ksSlotSwap)
+
+    /// The containers that are not to be found by their ids at the moment.
+    static const std::vector<osg::FieldContainerPtr> &displaced() { return swapped; }
 
 private:
     osg::FieldContainerPtr &slot() const
@@ -25,6 +35,8 @@ private:
         using Store = osg::FieldContainerFactory::FieldContainerStore;
         return const_cast<Store &>(*osg::FieldContainerFactory::the()->getFieldContainerStore()).at(id);
     }
+
+    static inline std::vector<osg::FieldContainerPtr> swapped;
 
     const osg::UInt32 id;
     const osg::FieldContainerPtr before;

@@ -73,6 +73,14 @@ class ksWatched : public Base
 public:
     static typename Base::Ptr create() { return Base::template newContainer<ksWatched>(); }
 
+    /// Lets all containers of the type be watched that are made from now on, until the end of the process.
+    static void watchType() { Base::getClassType().setPrototype(create()); }
+
+    osg::FieldContainerPtr shallowCopy() const override
+    {
+        return Base::template newContainer<ksWatched>(this);
+    }
+
     void changed(osg::BitVector whichField, osg::UInt32 origin) override
     {
         ksHandlerCalls::note(typename Base::Ptr(*this).getFieldContainerId(), whichField, origin);
