@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorOptions.h"
-
-#include "ksEditorError.h"
+#include <editor/ksEditorError.h>
+#include <editor/ksEditorOptions.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorError.h"
-#include "ksEditorOptions.h"
-#include "ksHeadlessSession.h"
+#include <editor/ksEditorError.h>
+#include <editor/ksEditorOptions.h>
+#include <editor/session/ksHeadlessSession.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 #include <OpenSG/OSGChangeList.h>

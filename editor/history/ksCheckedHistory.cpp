@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksCheckedHistory.h"
-
-#include "ksContainers.h"
-#include "ksTranscript.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/scene/ksContainers.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <ksMessage.h>

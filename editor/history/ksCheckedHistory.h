@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksMirror.h"
-#include "ksSceneSnapshot.h"
+#include <editor/history/ksMirror.h>
+#include <editor/history/ksSceneSnapshot.h>
 
 #include <ksundo/core/ksUndoStack.h>
 

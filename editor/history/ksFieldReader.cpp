@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksFieldReader.h"
+#include <editor/history/ksFieldReader.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGMFBaseTypes.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksMirror.h"
+#include <editor/history/ksMirror.h>
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGThread.h>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksSceneSnapshot.h"
-
-#include "ksFieldReader.h"
+#include <editor/history/ksFieldReader.h>
+#include <editor/history/ksSceneSnapshot.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>

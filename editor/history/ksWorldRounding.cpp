@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksWorldRounding.h"
-
-#include "ksCheckedHistory.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksWorldRounding.h>
 
 #include <OSGPrecision.h>
 #include <ksNodeUtils.h>

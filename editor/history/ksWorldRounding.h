@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksTransformEdits.h"
+#include <editor/edits/ksTransformEdits.h>
 
 class ksCheckedHistory;
 

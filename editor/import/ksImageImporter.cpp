@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksImageImporter.h"
-
-#include "ksModelFile.h"
+#include <editor/import/ksImageImporter.h>
+#include <editor/import/ksModelFile.h>
 
 #include <ksTextureManager.h>
 

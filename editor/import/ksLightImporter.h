@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksModelFile.h"
+#include <editor/import/ksModelFile.h>
 
 #include <OSGUberLight.h>
 #include <OpenSG/OSGVector.h>

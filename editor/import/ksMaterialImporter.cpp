@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksMaterialImporter.h"
-
-#include "ksModelFile.h"
+#include <editor/import/ksMaterialImporter.h>
+#include <editor/import/ksModelFile.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>

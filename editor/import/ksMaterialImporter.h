@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksImageImporter.h"
+#include <editor/import/ksImageImporter.h>
 
 #include <OpenSG/OSGMaterial.h>
 #include <OpenSG/OSGRefPtr.h>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksModelFile.h"
-
-#include "ksEditorError.h"
-#include "ksQuietStandardError.h"
+#include <editor/import/ksModelFile.h>
+#include <editor/import/ksQuietStandardError.h>
+#include <editor/ksEditorError.h>
 
 #include <QFileInfo>
 #include <assimp/Importer.hpp>

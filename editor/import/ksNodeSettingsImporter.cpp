@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksNodeSettingsImporter.h"
-
-#include "ksLooseNumber.h"
-#include "ksNumericFields.h"
+#include <editor/import/ksNodeSettingsImporter.h>
+#include <editor/scene/ksLooseNumber.h>
+#include <editor/scene/ksNumericFields.h>
 
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGFieldDescription.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksNodeSettings.h"
-#include "ksWarn.h"
+#include <editor/import/ksWarn.h>
+#include <editor/scene/ksNodeSettings.h>
 
 struct aiNode;
 

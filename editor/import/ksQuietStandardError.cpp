@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksQuietStandardError.h"
+#include <editor/import/ksQuietStandardError.h>
 
 #include <cstdio>
 #include <fcntl.h>

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ksSceneImporter.h"
-
-#include "ksContainers.h"
-#include "ksLightImporter.h"
-#include "ksMaterialImporter.h"
-#include "ksMesh.h"
-#include "ksModelFile.h"
-#include "ksNodeSettingsImporter.h"
-#include "ksTransformImporter.h"
+#include <editor/import/ksLightImporter.h>
+#include <editor/import/ksMaterialImporter.h>
+#include <editor/import/ksModelFile.h>
+#include <editor/import/ksNodeSettingsImporter.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/import/ksTransformImporter.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksMesh.h>
 
 #include <assimp/scene.h>
 

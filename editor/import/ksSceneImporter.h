@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksWarn.h"
+#include <editor/import/ksWarn.h>
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksTransformImporter.h"
+#include <editor/import/ksTransformImporter.h>
 
 #include <assimp/scene.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksContainers.h"
+#include <editor/scene/ksContainers.h>
 
 #include <OpenSG/OSGAttachment.h>
 #include <OpenSG/OSGImage.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksNodeSettings.h"
+#include <editor/scene/ksNodeSettings.h>
 
 #include <OpenSG/OSGNode.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksMesh.h"
+#include <editor/scene/ksMesh.h>
 
 OSG_BEGIN_NAMESPACE
 

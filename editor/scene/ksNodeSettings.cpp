@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksNodeSettings.h"
+#include <editor/scene/ksNodeSettings.h>
 
 OSG_BEGIN_NAMESPACE
 

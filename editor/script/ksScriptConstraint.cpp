@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptConstraint.h"
-
-#include "ksConstraintEdits.h"
-#include "ksScriptValues.h"
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/script/ksScriptConstraint.h>
+#include <editor/script/ksScriptValues.h>
 
 void ksScriptConstraint::remove(const QJSValue &nodes)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksScriptContainer.h"
+#include <editor/script/ksScriptContainer.h>
 
 /// A constraint in a script: what a container has, among it the fields "sources" and "target", and the edit
 /// that removes what it refers to.

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptContainer.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksFieldEdits.h"
-#include "ksFieldReader.h"
-#include "ksMesh.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksFieldReader.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksMesh.h>
+#include <editor/script/ksScriptContainer.h>
 
 #include <ksundo/core/ksUndoCommand.h>
 

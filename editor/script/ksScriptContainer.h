@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksMerging.h"
-#include "ksScriptHost.h"
+#include <editor/edits/ksMerging.h>
+#include <editor/script/ksScriptHost.h>
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptEngine.h"
-
-#include "ksEditorError.h"
-#include "ksScriptHistory.h"
-#include "ksScriptScene.h"
+#include <editor/ksEditorError.h>
+#include <editor/script/ksScriptEngine.h>
+#include <editor/script/ksScriptHistory.h>
+#include <editor/script/ksScriptScene.h>
 
 #include <QFile>
 

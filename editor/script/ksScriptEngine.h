@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksScriptHost.h"
+#include <editor/script/ksScriptHost.h>
 
 #include <QJSEngine>
 #include <QString>

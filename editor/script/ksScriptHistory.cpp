@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptHistory.h"
-
-#include "ksCheckedHistory.h"
-#include "ksEditorError.h"
-#include "ksFieldEdits.h"
-#include "ksScriptContainer.h"
-#include "ksScriptHost.h"
-#include "ksTranscript.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/ksEditorError.h>
+#include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptHistory.h>
+#include <editor/script/ksScriptHost.h>
 
 #include <ksundo/core/ksMultiCommand.h>
 

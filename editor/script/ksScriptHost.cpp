@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptHost.h"
-
-#include "ksEditorError.h"
-#include "ksFieldReader.h"
-#include "ksNumericFields.h"
-#include "ksScriptConstraint.h"
-#include "ksScriptLight.h"
-#include "ksScriptLinkSet.h"
-#include "ksScriptMaterial.h"
-#include "ksScriptNode.h"
+#include <editor/history/ksFieldReader.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksNumericFields.h>
+#include <editor/script/ksScriptConstraint.h>
+#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptLight.h>
+#include <editor/script/ksScriptLinkSet.h>
+#include <editor/script/ksScriptMaterial.h>
+#include <editor/script/ksScriptNode.h>
 
 #include <OSGAbstractConstraint.h>
 #include <OSGLightLinkSet.h>

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptLight.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksFieldEdits.h"
-#include "ksLightEdits.h"
-#include "ksScriptValues.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/edits/ksLightEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptLight.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksScriptContainer.h"
+#include <editor/script/ksScriptContainer.h>
 
 struct ksLightProperty;
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptLinkSet.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksScriptValues.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptLinkSet.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksScriptContainer.h"
+#include <editor/script/ksScriptContainer.h>
 
 /// A light link set in a script: what a container has, among it the fields "lights" and "sceneNodes", and the
 /// edits of these two. All take a node or an array of nodes. Instances of lights are replaced by the light,

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptMaterial.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksFieldEdits.h"
-#include "ksScriptValues.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptMaterial.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/field/ksFieldUndoCommand.h>
 #include <ksundo/field/ksImageFieldUndoCommand.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksScriptContainer.h"
+#include <editor/script/ksScriptContainer.h>
 
 /// A material of colour components in a script: what a container has, and edits of the components and their
 /// settings that the material takes notice of. Components are counted from 0; an index that is not one of

@@ -1,15 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptNode.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksFieldReader.h"
-#include "ksScriptHost.h"
-#include "ksScriptTags.h"
-#include "ksScriptValues.h"
-#include "ksScriptVariants.h"
-#include "ksTransformEdits.h"
-#include "ksWorldRounding.h"
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksFieldReader.h>
+#include <editor/history/ksWorldRounding.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptNode.h>
+#include <editor/script/ksScriptTags.h>
+#include <editor/script/ksScriptValues.h>
+#include <editor/script/ksScriptVariants.h>
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptScene.h"
-
-#include "ksAddChildUndoCommand.h"
-#include "ksCheckedHistory.h"
-#include "ksConstraintEdits.h"
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksScriptHost.h"
-#include "ksScriptValues.h"
+#include <editor/edits/ksAddChildUndoCommand.h>
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptScene.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <OSGLightLinkSet.h>
 #include <OpenSG/OSGSimpleAttachments.h>

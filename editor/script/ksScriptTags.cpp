@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptTags.h"
-
-#include "ksAttachUndoCommand.h"
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksScriptContainer.h"
-#include "ksScriptHost.h"
-#include "ksScriptValues.h"
-#include "ksTagEdits.h"
+#include <editor/edits/ksAttachUndoCommand.h>
+#include <editor/edits/ksTagEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptTags.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/tag/ksTagUndoCommands.h>
 

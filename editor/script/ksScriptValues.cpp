@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptValues.h"
-
-#include "ksScriptContainer.h"
+#include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptValues.h>
 
 bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
 {

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksLooseNumber.h"
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksLooseNumber.h>
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGVector.h>

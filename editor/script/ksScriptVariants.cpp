@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptVariants.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksLooseNumber.h"
-#include "ksScriptContainer.h"
-#include "ksScriptHost.h"
-#include "ksTransformEdits.h"
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksLooseNumber.h>
+#include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptVariants.h>
 
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
 #include <ksundo/transform/ksRemoveTransformSwitchVariantUndoCommand.h>

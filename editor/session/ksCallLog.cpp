@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksCallLog.h"
+#include <editor/session/ksCallLog.h>
 
 #include <utility>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksCallReceiver.h"
+#include <editor/session/ksCallReceiver.h>
 
 void ksCallReceiver::setLocked(bool locked)
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCallLog.h"
+#include <editor/session/ksCallLog.h>
 
 #include <QObject>
 

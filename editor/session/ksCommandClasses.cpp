@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksCommandClasses.h"
-
-#include "ksCheckedHistory.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksCommandClasses.h>
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 #include <ksundo/core/ksMultiCommand.h>

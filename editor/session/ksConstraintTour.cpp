@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksConstraintTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksConstraintEdits.h"
-#include "ksTourExtras.h"
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksConstraintTour.h>
+#include <editor/session/ksTourExtras.h>
 
 ksConstraintTour::ksConstraintTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
                                    const ksTourExtras &tourExtras)

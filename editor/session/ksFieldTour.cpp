@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksFieldTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksFieldEdits.h"
-#include "ksNumericFields.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksNumericFields.h>
+#include <editor/session/ksFieldTour.h>
 
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>

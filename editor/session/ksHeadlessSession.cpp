@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "ksHeadlessSession.h"
-
-#include "ksCheckedHistory.h"
-#include "ksCommandClasses.h"
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksEditorOptions.h"
-#include "ksOpenScene.h"
-#include "ksSceneImporter.h"
-#include "ksScriptEngine.h"
-#include "ksTour.h"
-#include "ksTranscript.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/ksEditorError.h>
+#include <editor/ksEditorOptions.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptEngine.h>
+#include <editor/session/ksCommandClasses.h>
+#include <editor/session/ksHeadlessSession.h>
+#include <editor/session/ksOpenScene.h>
+#include <editor/session/ksTour.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksHistoryTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksFieldEdits.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksHistoryTour.h>
 
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoMacro.h>

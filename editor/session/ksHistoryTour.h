@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksTourPart.h"
+#include <editor/session/ksTourPart.h>
 
 /// The part of a tour with what a history makes of edits: batches, drags, macros, the mark, and edits whose
 /// target has gone.

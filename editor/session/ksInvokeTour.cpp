@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksInvokeTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksFieldEdits.h"
-#include "ksFieldReader.h"
-#include "ksTourExtras.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksFieldReader.h>
+#include <editor/session/ksInvokeTour.h>
+#include <editor/session/ksTourExtras.h>
 
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCallReceiver.h"
-#include "ksTourPart.h"
+#include <editor/session/ksCallReceiver.h>
+#include <editor/session/ksTourPart.h>
 
 class ksTourExtras;
 

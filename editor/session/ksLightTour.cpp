@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksLightTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksLightEdits.h"
-#include "ksTourExtras.h"
+#include <editor/edits/ksLightEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksLightTour.h>
+#include <editor/session/ksTourExtras.h>
 
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksTourPart.h"
+#include <editor/session/ksTourPart.h>
 
 class ksTourExtras;
 struct ksLightProperty;

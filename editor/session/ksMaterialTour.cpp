@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksMaterialTour.h"
-
-#include "ksCheckedHistory.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksMaterialTour.h>
 
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>

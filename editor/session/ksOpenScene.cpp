@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksOpenScene.h"
+#include <editor/session/ksOpenScene.h>
 
 #include <ksOpenSGUtils.h>
 #include <ksSceneDataManager.h>

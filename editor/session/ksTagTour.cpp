@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksTagTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksTagEdits.h"
-#include "ksTourExtras.h"
+#include <editor/edits/ksTagEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksTagTour.h>
+#include <editor/session/ksTourExtras.h>
 
 #include <ksundo/core/ksUndoMacro.h>
 #include <ksundo/tag/ksTagUndoCommands.h>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksTextTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksTourExtras.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksTextTour.h>
+#include <editor/session/ksTourExtras.h>
 
 #include <ksundo/field/ksStringFieldUndoCommand.h>
 #include <ksundo/field/ksStringsFieldUndoCommand.h>

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "ksTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksCommandClasses.h"
-#include "ksConstraintTour.h"
-#include "ksFieldTour.h"
-#include "ksHistoryTour.h"
-#include "ksInvokeTour.h"
-#include "ksLightTour.h"
-#include "ksMaterialTour.h"
-#include "ksTagTour.h"
-#include "ksTextTour.h"
-#include "ksTourExtras.h"
-#include "ksTransformTour.h"
-#include "ksVariantTour.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksCommandClasses.h>
+#include <editor/session/ksConstraintTour.h>
+#include <editor/session/ksFieldTour.h>
+#include <editor/session/ksHistoryTour.h>
+#include <editor/session/ksInvokeTour.h>
+#include <editor/session/ksLightTour.h>
+#include <editor/session/ksMaterialTour.h>
+#include <editor/session/ksTagTour.h>
+#include <editor/session/ksTextTour.h>
+#include <editor/session/ksTour.h>
+#include <editor/session/ksTourExtras.h>
+#include <editor/session/ksTransformTour.h>
+#include <editor/session/ksVariantTour.h>
 
 ksTour::ksTour(ksCheckedHistory &checkedHistory)
     : history(checkedHistory)

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksTourExtras.h"
-
-#include "ksAddChildUndoCommand.h"
-#include "ksAttachUndoCommand.h"
-#include "ksCheckedHistory.h"
-#include "ksConstraintEdits.h"
-#include "ksContainers.h"
-#include "ksMesh.h"
+#include <editor/edits/ksAddChildUndoCommand.h>
+#include <editor/edits/ksAttachUndoCommand.h>
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksMesh.h>
+#include <editor/session/ksTourExtras.h>
 
 #include <OSGTransform3D.h>
 #include <OSGUberLight.h>

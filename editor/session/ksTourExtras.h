@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksTourTargets.h"
+#include <editor/session/ksTourTargets.h>
 
 #include <OSGAimConstraint.h>
 #include <OSGLightLinkSet.h>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksTourPart.h"
-
-#include "ksCheckedHistory.h"
-#include "ksFieldEdits.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksTourPart.h>
 
 #include <QUndoCommand>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCallLog.h"
-#include "ksMerging.h"
-#include "ksTourTargets.h"
+#include <editor/edits/ksMerging.h>
+#include <editor/session/ksCallLog.h>
+#include <editor/session/ksTourTargets.h>
 
 #include <QString>
 

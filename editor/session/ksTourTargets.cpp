@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksTourTargets.h"
-
-#include "ksContainers.h"
-#include "ksMesh.h"
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksMesh.h>
+#include <editor/session/ksTourTargets.h>
 
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksTransformTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksContainers.h"
-#include "ksTransformEdits.h"
-#include "ksWorldRounding.h"
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksWorldRounding.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/session/ksTransformTour.h>
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCallLog.h"
-#include "ksTourPart.h"
+#include <editor/session/ksCallLog.h>
+#include <editor/session/ksTourPart.h>
 
 struct ksTransformProperty;
 struct ksTransformTarget;

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksVariantTour.h"
-
-#include "ksCheckedHistory.h"
-#include "ksTransformEdits.h"
-#include "ksTransformTour.h"
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/session/ksTransformTour.h>
+#include <editor/session/ksVariantTour.h>
 
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
 #include <ksundo/transform/ksRemoveTransformSwitchVariantUndoCommand.h>

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/history/ksMirror.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksMesh.h>
+#include <editor/scene/ksNodeSettings.h>
+
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
-#include <ksContainers.h>
-#include <ksEditorError.h>
-#include <ksMesh.h>
-#include <ksMirror.h>
-#include <ksNodeSettings.h>
 
 #include <QString>
 #include <QTemporaryDir>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksEditorOptions.h>
+#include <editor/ksEditorOptions.h>
+#include <tests/editor/ksEditorFixture.h>
 
 namespace {
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorProgram.h"
-
-#include "ksEditorFixture.h"
+#include <tests/editor/ksEditorFixture.h>
+#include <tests/editor/ksEditorProgram.h>
 
 #include <QFile>
 

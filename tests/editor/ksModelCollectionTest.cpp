@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksModelCollection.h"
-
-#include "ksEditorProgram.h"
+#include <tests/editor/ksEditorProgram.h>
+#include <tests/editor/ksModelCollection.h>
 
 #include <gmock/gmock.h>
 

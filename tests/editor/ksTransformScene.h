@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksEditorFixture.h"
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OSGTransform3D.h>
 

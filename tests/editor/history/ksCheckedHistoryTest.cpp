@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
-
-#include <ksCheckedHistory.h>
-#include <ksFieldEdits.h>
-#include <ksTranscript.h>
 
 #include <sstream>
 

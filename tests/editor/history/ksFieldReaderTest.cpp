@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/history/ksFieldReader.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGMFNodePtr.h>
 #include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFNodePtr.h>
-#include <ksFieldReader.h>
 
 #include <vector>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/history/ksMirror.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGThread.h>
-#include <ksMirror.h>
 
 #include <thread>
 

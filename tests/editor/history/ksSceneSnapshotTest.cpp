@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksSceneSnapshot.h>
+#include <editor/history/ksSceneSnapshot.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <vector>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksTranscript.h>
+#include <editor/history/ksTranscript.h>
 
 #include <gmock/gmock.h>
 

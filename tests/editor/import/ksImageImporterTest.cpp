@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/import/ksImageImporter.h>
+#include <editor/import/ksModelFile.h>
+#include <tests/editor/ksEditorFixture.h>
 
-#include <ksImageImporter.h>
-#include <ksModelFile.h>
 #include <ksTextureManager.h>
 
 #include <QBuffer>

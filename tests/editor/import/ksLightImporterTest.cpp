@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksLightImporter.h>
+#include <editor/import/ksLightImporter.h>
 
 #include <assimp/light.h>
 #include <gtest/gtest.h>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/import/ksMaterialImporter.h>
+#include <editor/import/ksModelFile.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
-#include <ksMaterialImporter.h>
-#include <ksModelFile.h>
 
 #include <QImage>
 #include <assimp/scene.h>

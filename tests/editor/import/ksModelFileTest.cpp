@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksModelFile.h>
+#include <editor/import/ksModelFile.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <QDir>
 #include <assimp/scene.h>

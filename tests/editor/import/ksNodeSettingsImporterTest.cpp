@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksNodeSettingsImporter.h>
+#include <editor/import/ksNodeSettingsImporter.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <assimp/scene.h>
 

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/import/ksSceneImporter.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGTransform.h>
-#include <ksSceneImporter.h>
 
 #include <cmath>
 #include <vector>

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-#include "ksModelCollection.h"
+#include <editor/import/ksModelFile.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/import/ksTransformImporter.h>
+#include <tests/editor/ksEditorFixture.h>
+#include <tests/editor/ksModelCollection.h>
 
 #include <ksundo/transform/ksTransformValueUndoCommands.h>
-
-#include <ksModelFile.h>
-#include <ksSceneImporter.h>
-#include <ksTransformImporter.h>
 
 #include <assimp/scene.h>
 

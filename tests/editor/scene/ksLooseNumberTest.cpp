@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksLooseNumber.h>
+#include <editor/scene/ksLooseNumber.h>
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <tests/editor/ksEditorFixture.h>
 
 #include <OpenSG/OSGFieldContainerType.h>
 

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksEditorFixture.h"
-
-#include <ksCheckedHistory.h>
-#include <ksScriptEngine.h>
-#include <ksTranscript.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/script/ksScriptEngine.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <sstream>
 

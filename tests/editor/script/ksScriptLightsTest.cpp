@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptFixture.h"
+#include <editor/session/ksOpenScene.h>
+#include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGLightLinkSet.h>
 #include <OSGUberLight.h>
 #include <ksLights.h>
-#include <ksOpenScene.h>
 
 namespace {
 

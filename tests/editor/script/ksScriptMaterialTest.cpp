@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptFixture.h"
+#include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksScriptFixture.h"
-#include "ksTransformScene.h"
+#include <tests/editor/ksTransformScene.h>
+#include <tests/editor/script/ksScriptFixture.h>
 
 #include <ksNodeUtils.h>
 

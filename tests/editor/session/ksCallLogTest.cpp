@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksCallLog.h>
+#include <editor/session/ksCallLog.h>
+#include <tests/editor/ksEditorFixture.h>
 
 namespace {
 

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/session/ksCommandClasses.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
-
-#include <ksCheckedHistory.h>
-#include <ksCommandClasses.h>
-#include <ksTranscript.h>
 
 #include <QDirIterator>
 #include <QFile>

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/ksEditorOptions.h>
+#include <editor/session/ksHeadlessSession.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
-
-#include <ksEditorOptions.h>
-#include <ksHeadlessSession.h>
 
 #include <sstream>
 

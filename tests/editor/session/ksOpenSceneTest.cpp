@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/session/ksOpenScene.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksOpenSGUtils.h>
-#include <ksOpenScene.h>
 #include <ksSceneDataManager.h>
 
 namespace {

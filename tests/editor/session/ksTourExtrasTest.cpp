@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/session/ksTourExtras.h>
+#include <tests/editor/ksEditorFixture.h>
 
-#include <ksCheckedHistory.h>
 #include <ksLights.h>
-#include <ksSceneImporter.h>
-#include <ksTourExtras.h>
-#include <ksTranscript.h>
 
 #include <sstream>
 

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/session/ksCommandClasses.h>
+#include <editor/session/ksOpenScene.h>
+#include <editor/session/ksTour.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksTransformValueUndoCommands.h>
-
-#include <ksCheckedHistory.h>
-#include <ksCommandClasses.h>
-#include <ksOpenScene.h>
-#include <ksSceneImporter.h>
-#include <ksTour.h>
-#include <ksTranscript.h>
 
 #include <set>
 #include <sstream>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksMerging.h"
+#include <editor/edits/ksMerging.h>
 
 #include <ksundo/transform/ksTransformValueUndoCommands.h>
 #include <ksundo/transform/ksTransformationUndoCommand.h>

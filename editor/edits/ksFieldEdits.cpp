@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksFieldEdits.h"
-
-#include "ksContainers.h"
-#include "ksEditorError.h"
-#include "ksLooseNumber.h"
-#include "ksNumericFields.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksLooseNumber.h>
+#include <editor/scene/ksNumericFields.h>
 
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>

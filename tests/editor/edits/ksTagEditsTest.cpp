@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksTagEdits.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/tag/ksTagUndoCommands.h>
-
-#include <ksTagEdits.h>
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksLightEdits.h"
+#include <editor/edits/ksLightEdits.h>
 
 #include <ksundo/light/ksLightValueUndoCommands.h>
 

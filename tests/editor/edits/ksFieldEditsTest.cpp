@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksFieldEdits.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
-
-#include <ksFieldEdits.h>
 
 #include <memory>
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksAddChildUndoCommand.h"
-
-#include "ksContainers.h"
+#include <editor/edits/ksAddChildUndoCommand.h>
+#include <editor/scene/ksContainers.h>
 
 #include <ksundo/core/ksFindContainer.h>
 

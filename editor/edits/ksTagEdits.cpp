@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksTagEdits.h"
+#include <editor/edits/ksTagEdits.h>
 
 #include <ksundo/tag/ksTagUndoCommands.h>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksAttachUndoCommand.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
 
 #include <OSGTagAttachment.h>
-#include <ksAttachUndoCommand.h>
 
 namespace {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksTransformScene.h"
+#include <editor/edits/ksTransformEdits.h>
+#include <tests/editor/ksTransformScene.h>
 
 #include <ksNodeUtils.h>
-#include <ksTransformEdits.h>
 
 #include <memory>
 #include <set>

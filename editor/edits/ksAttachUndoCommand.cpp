@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ksAttachUndoCommand.h"
-
-#include "ksContainers.h"
+#include <editor/edits/ksAttachUndoCommand.h>
+#include <editor/scene/ksContainers.h>
 
 #include <ksundo/core/ksFindContainer.h>
 

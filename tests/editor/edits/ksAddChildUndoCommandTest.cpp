@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksAddChildUndoCommand.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
-
-#include <ksAddChildUndoCommand.h>
 
 #include <memory>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
+#include <editor/edits/ksLightEdits.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
 
 #include <OSGUberLight.h>
-#include <ksLightEdits.h>
 #include <ksLights.h>
 
 #include <vector>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ksTransformEdits.h"
+#include <editor/edits/ksTransformEdits.h>
 
 #include <ksNodeUtils.h>
 

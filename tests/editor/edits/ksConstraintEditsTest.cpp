@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ksEditorFixture.h"
-
-#include <ksCheckedHistory.h>
-#include <ksConstraintEdits.h>
-#include <ksTranscript.h>
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksTranscript.h>
+#include <tests/editor/ksEditorFixture.h>
 
 #include <sstream>
 

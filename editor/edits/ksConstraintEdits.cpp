@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ksConstraintEdits.h"
-
-#include "ksCheckedHistory.h"
-#include "ksFieldReader.h"
+#include <editor/edits/ksConstraintEdits.h>
+#include <editor/history/ksCheckedHistory.h>
+#include <editor/history/ksFieldReader.h>
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 

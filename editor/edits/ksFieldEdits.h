@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksMerging.h"
+#include <editor/edits/ksMerging.h>
 
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
