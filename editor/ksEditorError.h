@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QString>
+
 #include <stdexcept>
 
 /// What kept the editor from doing what was asked. The message is one line in UTF-8 that names the file, if
@@ -9,4 +11,14 @@ class ksEditorError : public std::runtime_error
 {
 public:
     using std::runtime_error::runtime_error;
+    explicit ksEditorError(const QString &message)
+        : std::runtime_error(message.toStdString())
+    {}
+};
+
+/// A script that cannot be read, or ended by an error. The message also names the line.
+class ksScriptError : public ksEditorError
+{
+public:
+    using ksEditorError::ksEditorError;
 };

@@ -1,9 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksConstraintEdits.h>
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksFieldReader.h>
-
-#include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 
 #include <algorithm>
 
@@ -23,25 +19,6 @@ std::vector<osg::ConstraintObjectPtr> makeObjects(const std::vector<osg::NodePtr
     return objects;
 }
 
-/// The sources of \a constraint after \a nodes have been removed and put back.
-osg::MFConstraintObjectPtr restoredSources(const osg::AbstractConstraintPtr &constraint,
-                                           const std::vector<osg::NodePtr> &nodes)
-{
-    osg::MFConstraintObjectPtr sources = constraint->getSources();
-    std::vector<osg::ConstraintObjectPtr> removed;
-    for (const osg::NodePtr &node : nodes) {
-        const auto found = sources.find(constraint->findSourceConstraintObject(node));
-        if (found != sources.end()) {
-            removed.push_back(*found);
-            sources.erase(found);
-        }
-    }
-    std::sort(removed.begin(), removed.end());
-    for (const osg::ConstraintObjectPtr &object : removed)
-        sources.push_back(object);
-    return sources;
-}
-
 } // namespace
 
 osg::AimConstraintPtr ksConstraintEdits::makeAim(const osg::NodePtr &target,
@@ -57,15 +34,4 @@ osg::AimConstraintPtr ksConstraintEdits::makeAim(const osg::NodePtr &target,
         aim->addUpVectorObject(object);
     aim->setTarget(target);
     return aim;
-}
-
-void ksConstraintEdits::remove(ksCheckedHistory &history, const osg::AbstractConstraintPtr &constraint,
-                               const std::vector<osg::NodePtr> &nodes)
-{
-    history.expect(ksExpectedDifference{constraint.getFieldContainerId(),
-                                        osg::AbstractConstraint::SourcesFieldId,
-                                        ksFieldReader::text(constraint->getSources()),
-                                        ksFieldReader::text(restoredSources(constraint, nodes)),
-                                        QStringLiteral("a constraint adds sources at the end")});
-    history.add(new ksDeleteConstraintReferenceUndoCommand(constraint, {nodes.begin(), nodes.end()}));
 }

@@ -13,16 +13,11 @@
 
 namespace {
 
-[[noreturn]] void refuse(const QString &reason)
-{
-    throw ksEditorError(reason.toStdString());
-}
-
 [[noreturn]] void refuseValue(const osg::Field &field, const QString &name, const QVariant &value)
 {
     const QString shown = value.isValid() ? value.toString() : QStringLiteral("undefined");
-    refuse(QLatin1Char('\'') + shown + QStringLiteral("' does not fit the field '") + name +
-           QStringLiteral("', ") + QString::fromLatin1(field.getType().getCName()));
+    throw ksEditorError(QLatin1Char('\'') + shown + QStringLiteral("' does not fit the field '") + name +
+                        QStringLiteral("', ") + QString::fromLatin1(field.getType().getCName()));
 }
 
 osg::Field &findField(const osg::FieldContainerPtr &container, const QString &name)
@@ -31,8 +26,8 @@ osg::Field &findField(const osg::FieldContainerPtr &container, const QString &na
         ksFieldBaseUndoCommand::findField(container, name.toStdString());
     osg::Field *field = description != nullptr ? description->getField(container) : nullptr;
     if (field == nullptr)
-        refuse(ksContainers::label(container) + QStringLiteral(" has no field '") + name +
-               QStringLiteral("' that can be edited"));
+        throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no field '") + name +
+                            QStringLiteral("' that can be edited"));
     return *field;
 }
 
@@ -55,10 +50,10 @@ ksFieldBaseUndoCommand *ksFieldEdits::make(const QString &text, const osg::Field
     };
     if (!ksNumericFields::visit(target, makeNumeric)) {
         if (target.getType() != osg::SFBool::getClassType())
-            refuse(QStringLiteral("the field '") + field + QStringLiteral("' of ") +
-                   ksContainers::label(container) + QStringLiteral(" is an ") +
-                   QString::fromLatin1(target.getType().getCName()) +
-                   QStringLiteral(", which cannot be edited"));
+            throw ksEditorError(QStringLiteral("the field '") + field + QStringLiteral("' of ") +
+                                ksContainers::label(container) + QStringLiteral(" is an ") +
+                                QString::fromLatin1(target.getType().getCName()) +
+                                QStringLiteral(", which cannot be edited"));
         if (value.userType() != QMetaType::Bool)
             refuseValue(target, field, value);
         command = new ksBoolFieldUndoCommand(text, container, name, value.toBool(), parent);

@@ -12,6 +12,12 @@ enum class ksMerging
     WithPrevious
 };
 
+/// How the command of a drag's event \a event, counted from 0, merges: all with the first one.
+inline ksMerging ksMergingOfEvent(int event)
+{
+    return event > 0 ? ksMerging::WithPrevious : ksMerging::Never;
+}
+
 /// Lets \a command merge as \a merging says. Returns it.
 inline ksUndoCommand *ksMergingAs(ksMerging merging, ksUndoCommand *command)
 {

@@ -11,23 +11,24 @@ namespace {
 
 using osg::Transform3D;
 
-/// A row of the table. \a Mode is bool for the commands that take a space.
-template <class Command, class... Mode>
+/// A row of the table: the command that sets what \a Get answers. \a Mode is bool for those that take a
+/// space.
+template <class Command, auto Get, class... Mode>
 struct Row
 {
-    static constexpr bool HasCallback =
-        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *,
-                                ksTransformCallback, int>;
-    static constexpr bool HasIndex =
-        HasCallback ||
-        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *, int>;
+    static constexpr bool HasIndex = std::is_invocable_v<decltype(Get), osg::NodePtr, Mode..., int>;
+    static constexpr bool HasCallback = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, Mode...,
+                                                                QUndoCommand *, ksTransformCallback, int>;
 
-    static ksTransformValue read(const ksTransformTarget &target)
+    static osg::Vec3f read(const ksTransformTarget &target)
     {
-        return Command::row.get(target.node, Mode(target.world)..., target.index);
+        if constexpr (HasIndex)
+            return Get(target.node, Mode(target.world)..., target.index);
+        else
+            return Get(target.node);
     }
 
-    static ksUndoCommand *make(const ksTransformTarget &target, const ksTransformValue &value,
+    static ksUndoCommand *make(const ksTransformTarget &target, const osg::Vec3f &value,
                                const ksTransformCallback &callback)
     {
         if constexpr (HasCallback)
@@ -44,12 +45,12 @@ struct Row
     }
 };
 
-ksTransformValue readDirection(const ksTransformTarget &target)
+osg::Vec3f readDirection(const ksTransformTarget &target)
 {
     return ksNodeUtils::getTransformNodeRotationDirection(target.node, target.index, -1);
 }
 
-ksUndoCommand *makeDirection(const ksTransformTarget &target, const ksTransformValue &value,
+ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &value,
                              const ksTransformCallback &)
 {
     return new ksRotationPivotDirectionUndoCommand(target.node, value, target.directionAxis,
@@ -76,18 +77,24 @@ ksTransformation::ksTransformation(const osg::Transform3DPtr &transform)
 const std::vector<ksTransformProperty> &ksTransformEdits::properties()
 {
     static const std::vector<ksTransformProperty> all = {
-        Row<ksTranslationUndoCommand, bool>::named("translation", Transform3D::TranslationFieldId),
-        Row<ksRotationUndoCommand>::named("eulerRotation", Transform3D::EulerRotationFieldId),
-        Row<ksScaleUndoCommand>::named("scale", Transform3D::ScaleFieldId),
-        Row<ksShearUndoCommand>::named("shear", Transform3D::ShearFieldId),
-        Row<ksScalePivotUndoCommand, bool>::named("scalePivot", Transform3D::ScalePivotFieldId),
-        Row<ksRotationPivotUndoCommand, bool>::named("rotatePivot", Transform3D::RotatePivotFieldId),
-        Row<ksScalePivotTranslationUndoCommand>::named("scalePivotTranslation",
-                                                       Transform3D::ScalePivotTranslationFieldId),
-        Row<ksRotationPivotTranslationUndoCommand>::named("rotatePivotTranslation",
-                                                          Transform3D::RotatePivotTranslationFieldId),
-        Row<ksRotationPivotOrientationUndoCommand>::named("rotationOrientation",
-                                                          Transform3D::RotationOrientationFieldId),
+        Row<ksTranslationUndoCommand, &ksNodeUtils::getTransformNodeTranslation, bool>::named(
+            "translation", Transform3D::TranslationFieldId),
+        Row<ksRotationUndoCommand, &ksNodeUtils::getTransformNodeRotation>::named(
+            "eulerRotation", Transform3D::EulerRotationFieldId),
+        Row<ksScaleUndoCommand, &ksNodeUtils::getTransformNodeScale>::named("scale",
+                                                                            Transform3D::ScaleFieldId),
+        Row<ksShearUndoCommand, &ksNodeUtils::getTransformNodeShear>::named("shear",
+                                                                            Transform3D::ShearFieldId),
+        Row<ksScalePivotUndoCommand, &ksNodeUtils::getTransformNodeScalePivot, bool>::named(
+            "scalePivot", Transform3D::ScalePivotFieldId),
+        Row<ksRotationPivotUndoCommand, &ksNodeUtils::getTransformNodeRotatePivot, bool>::named(
+            "rotatePivot", Transform3D::RotatePivotFieldId),
+        Row<ksScalePivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeScalePivotTranslation>::named(
+            "scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
+        Row<ksRotationPivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeRotatePivotTranslation>::
+            named("rotatePivotTranslation", Transform3D::RotatePivotTranslationFieldId),
+        Row<ksRotationPivotOrientationUndoCommand, &ksNodeUtils::getTransformNodeRotationOrientation>::named(
+            "rotationOrientation", Transform3D::RotationOrientationFieldId),
         {"rotationDirection", Transform3D::RotationDirectionFieldId, false, true, false, &readDirection,
          &makeDirection},
     };

@@ -47,10 +47,10 @@ struct ksTransformProperty
     /// Whether its commands call a callback of their own.
     bool hasCallback;
 
-    ksTransformValue (*read)(const ksTransformTarget &target);
+    osg::Vec3f (*read)(const ksTransformTarget &target);
 
     /// A new command that sets the property of \a target to \a value. The caller owns it.
-    ksUndoCommand *(*make)(const ksTransformTarget &target, const ksTransformValue &value,
+    ksUndoCommand *(*make)(const ksTransformTarget &target, const osg::Vec3f &value,
                            const ksTransformCallback &callback);
 };
 
@@ -62,18 +62,18 @@ struct ksTransformation
     /// What \a transform has.
     explicit ksTransformation(const osg::Transform3DPtr &transform);
 
-    ksTransformValue translation{0, 0, 0};
-    ksTransformValue rotation{0, 0, 0};
-    ksTransformValue scale{1, 1, 1};
-    ksTransformValue shear{0, 0, 0};
-    ksTransformValue scalePivot{0, 0, 0};
-    ksTransformValue rotatePivot{0, 0, 0};
-    ksTransformValue scalePivotTranslation{0, 0, 0};
-    ksTransformValue rotatePivotTranslation{0, 0, 0};
+    osg::Vec3f translation{0, 0, 0};
+    osg::Vec3f rotation{0, 0, 0};
+    osg::Vec3f scale{1, 1, 1};
+    osg::Vec3f shear{0, 0, 0};
+    osg::Vec3f scalePivot{0, 0, 0};
+    osg::Vec3f rotatePivot{0, 0, 0};
+    osg::Vec3f scalePivotTranslation{0, 0, 0};
+    osg::Vec3f rotatePivotTranslation{0, 0, 0};
     int inheritType = 0;
     std::string eulerRotationOrder = "XYZ";
     bool rotationDirectionOn = false;
-    ksTransformValue rotationDirection{0, 0, 0};
+    osg::Vec3f rotationDirection{0, 0, 0};
     int rotationDirectionMode = 0;
 };
 

@@ -21,7 +21,7 @@ osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
 /// there is none.
 QString nameOf(const osg::FieldContainerPtr &container);
 
-/// How a transcript calls \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
+/// How messages call \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
 QString label(const osg::FieldContainerPtr &container);
 
 /// Calls \a visit with \a root and all nodes below it, parents before their children.

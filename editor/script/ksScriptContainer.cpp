@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksFieldReader.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksMesh.h>
 #include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptRegistry.h>
 
 #include <ksundo/core/ksUndoCommand.h>
 
@@ -15,6 +15,8 @@
 #include <OpenSG/OSGFieldContainerType.h>
 
 namespace {
+
+const ksScriptRegistry::Wrapper<osg::FieldContainerPtr, ksScriptContainer> wrapper;
 
 /// The core of \a container, a node, or of the first of its children that has one of the class of \a PtrT; or
 /// \a container itself, if that is one.
@@ -144,11 +146,10 @@ QJSValue ksScriptContainer::attachment(const QString &wanted) const
     return guarded([this, &wanted](const osg::FieldContainerPtr &container) {
         QJSValue found(QJSValue::NullValue);
         if (const osg::Field *field = container->getField("attachments"))
-            ksFieldReader::visitContainers(*field,
-                                           [this, &wanted, &found](const osg::FieldContainerPtr &attached) {
-                                               if (wanted == QLatin1String(attached->getTypeName()))
-                                                   found = host.object(attached);
-                                           });
+            ksFieldReferences::visit(*field, [this, &wanted, &found](const osg::FieldContainerPtr &attached) {
+                if (wanted == QLatin1String(attached->getTypeName()))
+                    found = host.object(attached);
+            });
         return found;
     });
 }
@@ -158,43 +159,41 @@ QJSValue ksScriptContainer::get(const QString &fieldName) const
     return guarded([this, &fieldName](const osg::FieldContainerPtr &container) {
         osg::Field *field = container->getField(fieldName.toLatin1().constData());
         if (field == nullptr)
-            throw ksEditorError(ksContainers::label(container).toStdString() + " has no field '" +
-                                fieldName.toStdString() + '\'');
+            throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no field '") +
+                                fieldName + QLatin1Char('\''));
         return host.value(*field);
     });
 }
 
 void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
 {
-    host.guard([&] { edit(field, value, text, ksMerging::Never); });
+    host.guard([&] { host.history().add(make(field, value, text, ksMerging::Never)); });
 }
 
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
     host.guard([&] {
         const QString title = text.isUndefined() ? QString() : text.toString();
-        forEachOf(values,
-                  [&](const QJSValue &value, ksMerging merging) { edit(field, value, title, merging); });
+        addDrag(values,
+                [&](const QJSValue &value, ksMerging merging) { return make(field, value, title, merging); });
     });
 }
 
-void ksScriptContainer::forEachOf(const QJSValue &values,
-                                  const std::function<void(const QJSValue &, ksMerging)> &edit)
+void ksScriptContainer::addDrag(
+    const QJSValue &values,
+    const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make)
 {
     if (!values.isArray())
         throw ksEditorError("the values of a drag are an array");
-    ksMerging merging = ksMerging::Never;
-    const quint32 count = values.property(QStringLiteral("length")).toUInt();
-    for (quint32 i = 0; i < count; ++i) {
-        edit(values.property(i), merging);
-        merging = ksMerging::WithPrevious;
-    }
+    host.history().drag(values.property(QStringLiteral("length")).toInt(), [&](int event) {
+        return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));
+    });
 }
 
-void ksScriptContainer::edit(const QString &field, const QJSValue &value, const QString &text,
-                             ksMerging merging)
+QUndoCommand *ksScriptContainer::make(const QString &field, const QJSValue &value, const QString &text,
+                                      ksMerging merging) const
 {
     const osg::FieldContainerPtr target = container();
     const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, field) : text;
-    host.history().add(ksFieldEdits::make(title, target, field, value.toVariant(), merging));
+    return ksFieldEdits::make(title, target, field, value.toVariant(), merging);
 }

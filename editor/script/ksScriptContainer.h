@@ -92,16 +92,17 @@ protected:
         return result;
     }
 
-    /// Calls \a edit with each of \a values, an array, and how it merges: all with the first. Throws
-    /// ksEditorError when it is no array.
-    static void forEachOf(const QJSValue &values,
-                          const std::function<void(const QJSValue &value, ksMerging merging)> &edit);
+    /// Adds the commands that \a make gives for each of \a values, an array, as a drag. Throws ksEditorError
+    /// when it is no array.
+    void addDrag(const QJSValue &values,
+                 const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make);
 
     ksScriptHost &host;
 
 private:
     QJSValue fieldValue(const char *name) const;
-    void edit(const QString &field, const QJSValue &value, const QString &text, ksMerging merging);
+    QUndoCommand *make(const QString &field, const QJSValue &value, const QString &text,
+                       ksMerging merging) const;
 
     const osg::UInt32 containerId;
 };

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <editor/ksEditorError.h>
 #include <editor/script/ksScriptEngine.h>
-#include <editor/script/ksScriptHistory.h>
-#include <editor/script/ksScriptScene.h>
+#include <editor/script/ksScriptFunction.h>
+#include <editor/script/ksScriptRegistry.h>
 
 #include <QFile>
 
@@ -20,7 +20,6 @@ constexpr const char *Prelude = R"((function(global) {
             global.history.endMacro();
         }
     };
-    global.check = global.history.check;
     global.print = function() { global.history.print(Array.prototype.map.call(arguments, String).join(" ")); };
     return function(script) {
         try {
@@ -31,39 +30,55 @@ constexpr const char *Prelude = R"((function(global) {
     };
 })(this))";
 
-constexpr const char *PreludeName = "ks-editor:prelude";
+/// Where in the script \a error comes from, ":" and a line; empty when it comes from none.
+QString placeOf(const QJSValue &error)
+{
+    if (!error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName()))
+        return QLatin1Char(':') + error.property(QStringLiteral("lineNumber")).toString();
+    const QStringList calls = error.property(QStringLiteral("stack")).toString().split(QLatin1Char('\n'));
+    for (const QString &call : calls)
+        if (!call.contains(ksScriptHost::ownFileName()))
+            return call.mid(call.lastIndexOf(QLatin1Char(':')));
+    return QString();
+}
 
-/// Throws ksEditorError when \a result is an error of the script \a path.
+/// Throws ksScriptError when \a result is an error of the script \a path.
 void refuseError(const QJSValue &result, const QString &path)
 {
-    if (!result.isError())
-        return;
-    QString place = path;
-    if (!result.property(QStringLiteral("fileName")).toString().endsWith(QLatin1String(PreludeName)))
-        place += QLatin1Char(':') + result.property(QStringLiteral("lineNumber")).toString();
-    throw ksEditorError(place.toStdString() + ": " + result.toString().toStdString());
+    if (result.isError())
+        throw ksScriptError(path + placeOf(result) + QStringLiteral(": ") + result.toString());
 }
 
 } // namespace
 
-ksScriptEngine::ksScriptEngine(ksCheckedHistory &history, ksTranscript &transcript)
-    : host(engine, history, transcript)
+ksScriptEngine::ksScriptEngine(ksEditHistory &history, std::ostream &out)
+    : host(engine, history, out)
 {
     QJSValue global = engine.globalObject();
-    global.setProperty(QStringLiteral("scene"), engine.newQObject(new ksScriptScene(host)));
-    global.setProperty(QStringLiteral("history"), engine.newQObject(new ksScriptHistory(host)));
-    runner = engine.evaluate(QString::fromLatin1(Prelude), QLatin1String(PreludeName));
+    ksScriptRegistry::makeGlobals(host, [this, &global](const char *name, QObject *object) {
+        global.setProperty(QLatin1String(name), engine.newQObject(object));
+    });
+    runner = engine.evaluate(QString::fromLatin1(Prelude), ksScriptHost::ownFileName());
+}
+
+void ksScriptEngine::addFunction(const QString &name, const std::function<void()> &function)
+{
+    const QJSValue object = engine.newQObject(new ksScriptFunction(host, function, &engine));
+    engine.globalObject().setProperty(name, object.property(QStringLiteral("call")));
 }
 
 void ksScriptEngine::run(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        throw ksEditorError(path.toStdString() + ": " + file.errorString().toStdString());
+        throw ksScriptError(path + QStringLiteral(": ") + file.errorString());
     const QString program = QString::fromUtf8(file.readAll());
     // On one line with the script's first, so that lines keep their numbers.
     const QJSValue script =
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
     refuseError(script, path);
-    refuseError(runner.call({script}), path);
+    const QJSValue result = runner.call({script});
+    const QJSValue left = host.endMacrosLeft();
+    refuseError(result, path);
+    refuseError(left, path);
 }

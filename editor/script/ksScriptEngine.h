@@ -6,21 +6,26 @@
 #include <QJSEngine>
 #include <QString>
 
-class ksCheckedHistory;
-class ksTranscript;
+#include <functional>
+#include <iosfwd>
 
 /// Runs JavaScript files on the scene.
 ///
-/// Scripts have the global objects "scene" (see ksScriptScene) and "history" (see ksScriptHistory),
-/// containers as ksScriptContainer, and the functions print(values...) and check().
+/// Scripts have the global objects that ksScriptRegistry knows, among them "scene" (see ksScriptScene) and
+/// "history" (see ksScriptHistory), containers as ksScriptContainer, and the function print(values...).
 class ksScriptEngine
 {
 public:
-    /// Both must outlive the engine.
-    ksScriptEngine(ksCheckedHistory &history, ksTranscript &transcript);
+    /// What scripts print goes to \a out. Both must outlive the engine.
+    ksScriptEngine(ksEditHistory &history, std::ostream &out);
 
-    /// Runs the script in the file \a path to its end. Throws ksEditorError, with file, line and reason, when
-    /// the file cannot be read or the script ends by an error. What it has done by then stays done.
+    /// Gives scripts another global function called \a name, which takes nothing. When \a function throws,
+    /// the script gets an Error.
+    void addFunction(const QString &name, const std::function<void()> &function);
+
+    /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, when
+    /// the file cannot be read, the script ends by an error or does not end a macro. What it has done by then
+    /// stays done, and no macro is open.
     void run(const QString &path);
 
 private:

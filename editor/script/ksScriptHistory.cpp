@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksTranscript.h>
 #include <editor/ksEditorError.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptRegistry.h>
 
 #include <ksundo/core/ksMultiCommand.h>
 
 #include <memory>
+#include <ostream>
+
+namespace {
+
+const ksScriptRegistry::Global<ksScriptHistory> global("history");
+
+} // namespace
 
 ksScriptHistory::ksScriptHistory(ksScriptHost &scriptHost)
     : host(scriptHost)
@@ -25,51 +31,29 @@ int ksScriptHistory::count() const
     return host.history().stack()->count();
 }
 
-void ksScriptHistory::refuseInMacro() const
-{
-    if (host.history().isInMacro())
-        throw ksEditorError("not possible within a macro");
-}
-
 void ksScriptHistory::undo()
 {
-    host.guard([this] {
-        refuseInMacro();
-        if (!host.history().stack()->canUndo())
-            throw ksEditorError("there is nothing to undo");
-        host.history().undo();
-    });
+    host.guard([this] { host.history().undo(); });
 }
 
 void ksScriptHistory::redo()
 {
-    host.guard([this] {
-        refuseInMacro();
-        if (!host.history().stack()->canRedo())
-            throw ksEditorError("there is nothing to redo");
-        host.history().redo();
-    });
+    host.guard([this] { host.history().redo(); });
 }
 
 void ksScriptHistory::mark()
 {
-    host.history().mark();
+    host.guard([this] { host.history().mark(); });
 }
 
 void ksScriptHistory::reset()
 {
-    host.guard([this] {
-        refuseInMacro();
-        host.history().reset();
-    });
+    host.guard([this] { host.history().reset(); });
 }
 
 void ksScriptHistory::clear()
 {
-    host.guard([this] {
-        refuseInMacro();
-        host.history().clear();
-    });
+    host.guard([this] { host.history().clear(); });
 }
 
 void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool merging)
@@ -92,23 +76,15 @@ void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool mer
 
 void ksScriptHistory::beginMacro(const QString &text)
 {
-    host.history().beginMacro(text);
+    host.guard([&] { host.beginMacro(text); });
 }
 
 void ksScriptHistory::endMacro()
 {
-    host.history().endMacro();
-}
-
-void ksScriptHistory::check()
-{
-    host.guard([this] {
-        if (!host.history().check())
-            throw ksEditorError("the scene differs from the history");
-    });
+    host.guard([this] { host.endMacro(); });
 }
 
 void ksScriptHistory::print(const QString &text)
 {
-    host.transcript().line(text);
+    host.out() << text.toStdString() << '\n';
 }

@@ -1,19 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksFieldReader.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
-#include <editor/script/ksScriptConstraint.h>
+#include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
-#include <editor/script/ksScriptLight.h>
-#include <editor/script/ksScriptLinkSet.h>
-#include <editor/script/ksScriptMaterial.h>
-#include <editor/script/ksScriptNode.h>
+#include <editor/script/ksScriptRegistry.h>
 
-#include <OSGAbstractConstraint.h>
-#include <OSGLightLinkSet.h>
-#include <OSGUBRDFMaterial.h>
-#include <OSGUberLight.h>
-#include <OSGUberMaterial.h>
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
@@ -38,37 +30,20 @@ QJSValue numberValue(T number)
     return QJSValue(real);
 }
 
-/// A new object of the class \a Object when \a container is of the class of \a PtrT, null otherwise.
-template <class PtrT, class Object>
-QObject *makeAs(ksScriptHost &host, const osg::FieldContainerPtr &container)
-{
-    return PtrT::dcast(container) != osg::NullFC ? new Object(host, container.getFieldContainerId())
-                                                 : nullptr;
-}
-
-QObject *makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container)
-{
-    using Make = QObject *(*)(ksScriptHost &, const osg::FieldContainerPtr &);
-    constexpr Make Makers[] = {&makeAs<osg::NodePtr, ksScriptNode>,
-                               &makeAs<osg::UberLightPtr, ksScriptLight>,
-                               &makeAs<osg::LightLinkSetPtr, ksScriptLinkSet>,
-                               &makeAs<osg::UberMaterialPtr, ksScriptMaterial>,
-                               &makeAs<osg::UBRDFMaterialPtr, ksScriptSurface>,
-                               &makeAs<osg::AbstractConstraintPtr, ksScriptConstraint>,
-                               &makeAs<osg::FieldContainerPtr, ksScriptContainer>};
-    QObject *made = nullptr;
-    for (const Make make : Makers)
-        if (made == nullptr)
-            made = make(host, container);
-    return made;
-}
+constexpr const char *DefineMember = R"((function(object, name, member) {
+    Object.defineProperty(object, name, {
+        get: function() { return member; },
+        set: function() { throw new TypeError('Cannot assign to read-only property "' + name + '"'); }
+    });
+}))";
 
 } // namespace
 
-ksScriptHost::ksScriptHost(QJSEngine &engine, ksCheckedHistory &history, ksTranscript &transcript)
+ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostream &out)
     : scriptEngine(engine)
-    , checkedHistory(history)
-    , record(transcript)
+    , editHistory(history)
+    , output(out)
+    , defineMember(engine.evaluate(QString::fromLatin1(DefineMember), ownFileName()))
 {}
 
 QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
@@ -79,7 +54,13 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     const auto known = objects.find(id);
     if (known != objects.end())
         return known->second;
-    return objects.emplace(id, scriptEngine.newQObject(makeObject(*this, container))).first->second;
+
+    ksScriptContainer *made = ksScriptRegistry::makeObject(*this, container);
+    const QJSValue object = scriptEngine.newQObject(made);
+    ksScriptRegistry::makeParts(*this, container, *made, [this, &object](const char *name, QObject *part) {
+        defineMember.call({object, QLatin1String(name), scriptEngine.newQObject(part)});
+    });
+    return objects.emplace(id, object).first->second;
 }
 
 QJSValue ksScriptHost::value(osg::Field &field)
@@ -100,16 +81,17 @@ QJSValue ksScriptHost::value(osg::Field &field)
         return QJSValue(flag->getValue());
     if (const auto *text = dynamic_cast<const osg::SFString *>(&field))
         return QJSValue(QString::fromStdString(text->getValue()));
-    if (ksFieldReader::refersToContainers(field))
+    if (ksFieldReferences::arePossibleIn(field))
         return containers(field);
-    return QJSValue(QString::fromStdString(ksFieldReader::text(field)));
+    std::string text;
+    return QJSValue(QString::fromStdString(field.getValueByStr(text)));
 }
 
 QJSValue ksScriptHost::containers(const osg::Field &field)
 {
     QJSValue list = scriptEngine.newArray();
     osg::UInt32 count = 0;
-    ksFieldReader::visitContainers(field, [this, &list, &count](const osg::FieldContainerPtr &container) {
+    ksFieldReferences::visit(field, [this, &list, &count](const osg::FieldContainerPtr &container) {
         list.setProperty(count++, object(container));
     });
     if (field.getCardinality() == osg::FieldType::MULTI_FIELD ||
@@ -122,7 +104,30 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 {
     try {
         work();
-    } catch (const ksEditorError &error) {
+    } catch (const std::exception &error) {
         scriptEngine.throwError(QString::fromUtf8(error.what()));
     }
+}
+
+void ksScriptHost::beginMacro(const QString &text)
+{
+    editHistory.beginMacro(text);
+    openMacros.push_back(scriptEngine.newErrorObject(
+        QJSValue::GenericError, QStringLiteral("the macro '") + text + QStringLiteral("' is not ended")));
+}
+
+void ksScriptHost::endMacro()
+{
+    if (openMacros.empty())
+        throw ksEditorError("there is no open macro");
+    editHistory.endMacro();
+    openMacros.pop_back();
+}
+
+QJSValue ksScriptHost::endMacrosLeft()
+{
+    const QJSValue first = openMacros.empty() ? QJSValue() : openMacros.front();
+    while (!openMacros.empty())
+        endMacro();
+    return first;
 }

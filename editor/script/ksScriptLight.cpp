@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksLightEdits.h>
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptLight.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 
 using namespace ksScriptValues;
+
+namespace {
+
+const ksScriptRegistry::Wrapper<osg::UberLightPtr, ksScriptLight> wrapper;
+
+} // namespace
 
 QJSValue ksScriptLight::value(const char *name) const
 {
@@ -17,7 +23,10 @@ QJSValue ksScriptLight::value(const char *name) const
 
 void ksScriptLight::setValue(const char *name, const QJSValue &value)
 {
-    host.guard([&] { edit(*ksLightEdits::find(QLatin1String(name)), value, QString(), ksMerging::Never); });
+    host.guard([&] {
+        const ksLightProperty &property = *ksLightEdits::find(QLatin1String(name));
+        host.history().add(make(property, value, QString(), ksMerging::Never));
+    });
 }
 
 void ksScriptLight::setVisibilityReference(const QJSValue &node)
@@ -43,23 +52,24 @@ void ksScriptLight::drag(const QString &property, const QJSValue &values, const 
     }
     host.guard([&] {
         const QString title = text.isUndefined() ? QString() : text.toString();
-        forEachOf(values,
-                  [&](const QJSValue &value, ksMerging merging) { edit(*wanted, value, title, merging); });
+        addDrag(values, [&](const QJSValue &value, ksMerging merging) {
+            return make(*wanted, value, title, merging);
+        });
     });
 }
 
-void ksScriptLight::edit(const ksLightProperty &property, const QJSValue &value, const QString &text,
-                         ksMerging merging)
+QUndoCommand *ksScriptLight::make(const ksLightProperty &property, const QJSValue &value, const QString &text,
+                                  ksMerging merging) const
 {
     const osg::NodePtr light = ksContainers::ownerOf(container());
     if (light == osg::NullFC)
-        refuse(ksContainers::label(container()) + QStringLiteral(" belongs to no node"));
+        throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" belongs to no node"));
     const QString name = QString::fromLatin1(property.name);
     const ksLightValue wanted = property.components == 3 ? vectorFrom(value, name)
                                                          : ksLightValue(numberFrom<float>(value, name), 0, 0);
     if (!property.accepts(wanted))
-        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
-               QLatin1Char('\''));
+        throw ksEditorError(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
+                            QLatin1Char('\''));
     const QString title = text.isEmpty() ? ksFieldEdits::defaultText(light, name) : text;
-    host.history().add(ksMergingAs(merging, property.make(title, light, wanted)));
+    return ksMergingAs(merging, property.make(title, light, wanted));
 }

@@ -49,5 +49,6 @@ public:
 private:
     QJSValue value(const char *name) const;
     void setValue(const char *name, const QJSValue &value);
-    void edit(const ksLightProperty &property, const QJSValue &value, const QString &text, ksMerging merging);
+    QUndoCommand *make(const ksLightProperty &property, const QJSValue &value, const QString &text,
+                       ksMerging merging) const;
 };

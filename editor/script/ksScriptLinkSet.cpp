@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptLinkSet.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
@@ -9,6 +9,8 @@
 using namespace ksScriptValues;
 
 namespace {
+
+const ksScriptRegistry::Wrapper<osg::LightLinkSetPtr, ksScriptLinkSet> wrapper;
 
 constexpr unsigned int LightList = 3;
 constexpr unsigned int SceneNodeList = 0;
@@ -43,7 +45,7 @@ void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
         for (const osg::NodePtr &node : given) {
             const bool isListed = lights ? set->containsLight(node) : set->containsSceneNode(node);
             if (removing && !isListed)
-                refuse(ksContainers::label(node) + QStringLiteral(" is not linked"));
+                throw ksEditorError(ksContainers::label(node) + QStringLiteral(" is not linked"));
         }
         const unsigned int list = lights ? LightList : SceneNodeList;
         host.history().add(nodes.isArray()

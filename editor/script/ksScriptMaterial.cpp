@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptMaterial.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
 #include <ksundo/field/ksFieldUndoCommand.h>
@@ -19,6 +19,9 @@
 using namespace ksScriptValues;
 
 namespace {
+
+const ksScriptRegistry::Wrapper<osg::UberMaterialPtr, ksScriptMaterial> materialWrapper;
+const ksScriptRegistry::Wrapper<osg::UBRDFMaterialPtr, ksScriptSurface> surfaceWrapper;
 
 /// The command that sets the field called \a field of a part of a material.
 ksFieldBaseUndoCommand *makeInner(const osg::FieldContainerPtr &part, const QString &field,
@@ -39,28 +42,29 @@ osg::FieldContainerPtr ksScriptMaterial::component(int index) const
 {
     const osg::MFColorComponentPtr &all = osg::UberMaterialPtr::dcast(container())->getColorComponentData();
     if (index < 0 || static_cast<std::size_t>(index) >= all.size())
-        refuse(ksContainers::label(container()) + QStringLiteral(" has no component %1").arg(index));
+        throw ksEditorError(ksContainers::label(container()) +
+                            QStringLiteral(" has no component %1").arg(index));
     return all[static_cast<osg::UInt32>(index)];
 }
 
 void ksScriptMaterial::setComponent(int index, const QString &field, const QJSValue &value)
 {
-    host.guard([&] { edit(component(index), field, value, ksMerging::Never); });
+    host.guard([&] { host.history().add(make(component(index), field, value, ksMerging::Never)); });
 }
 
 void ksScriptMaterial::setSettings(const QString &field, const QJSValue &value)
 {
     host.guard([&] {
-        edit(osg::UberMaterialPtr::dcast(container())->getComponentSettings(), field, value,
-             ksMerging::Never);
+        const auto material = osg::UberMaterialPtr::dcast(container());
+        host.history().add(make(material->getComponentSettings(), field, value, ksMerging::Never));
     });
 }
 
 void ksScriptMaterial::dragComponent(int index, const QString &field, const QJSValue &values)
 {
     host.guard([&] {
-        forEachOf(values, [&](const QJSValue &value, ksMerging merging) {
-            edit(component(index), field, value, merging);
+        addDrag(values, [&](const QJSValue &value, ksMerging merging) {
+            return make(component(index), field, value, merging);
         });
     });
 }
@@ -87,16 +91,15 @@ void ksScriptMaterial::setImage(int index, const QJSValue &image)
     });
 }
 
-void ksScriptMaterial::edit(const osg::FieldContainerPtr &part, const QString &field, const QJSValue &value,
-                            ksMerging merging)
+QUndoCommand *ksScriptMaterial::make(const osg::FieldContainerPtr &part, const QString &field,
+                                     const QJSValue &value, ksMerging merging) const
 {
     const auto material = osg::UberMaterialPtr::dcast(container());
     if (part == osg::NullFC)
-        refuse(ksContainers::label(material) + QStringLiteral(" has no settings"));
-    host.history().add(
-        ksMergingAs(merging, new ksMaterialUndoCommand(ksFieldEdits::defaultText(material, field),
-                                                       makeInner(part, field, value, merging), material,
-                                                       material->getComponentSettings())));
+        throw ksEditorError(ksContainers::label(material) + QStringLiteral(" has no settings"));
+    return ksMergingAs(merging, new ksMaterialUndoCommand(ksFieldEdits::defaultText(material, field),
+                                                          makeInner(part, field, value, merging), material,
+                                                          material->getComponentSettings()));
 }
 
 void ksScriptSurface::setEnvironment(const QJSValue &material)

@@ -35,8 +35,8 @@ public:
 
 private:
     osg::FieldContainerPtr component(int index) const;
-    void edit(const osg::FieldContainerPtr &part, const QString &field, const QJSValue &value,
-              ksMerging merging);
+    QUndoCommand *make(const osg::FieldContainerPtr &part, const QString &field, const QJSValue &value,
+                       ksMerging merging) const;
 };
 
 /// A physically based material in a script: what a container has, and the environment.

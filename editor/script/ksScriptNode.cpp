@@ -1,14 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksTransformEdits.h>
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksFieldReader.h>
-#include <editor/history/ksWorldRounding.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptNode.h>
-#include <editor/script/ksScriptTags.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
-#include <editor/script/ksScriptVariants.h>
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
@@ -24,13 +20,16 @@ using namespace ksScriptValues;
 
 namespace {
 
+const ksScriptRegistry::Wrapper<osg::NodePtr, ksScriptNode> wrapper;
+
 std::string orderFrom(const QString &order)
 {
     static const QStringList orders = {QStringLiteral("XYZ"), QStringLiteral("XZY"), QStringLiteral("YXZ"),
                                        QStringLiteral("YZX"), QStringLiteral("ZXY"), QStringLiteral("ZYX")};
     if (!orders.contains(order))
-        refuse(QLatin1Char('\'') + order + QStringLiteral("' is no order of rotations: these are ") +
-               orders.join(QStringLiteral(", ")));
+        throw ksEditorError(QLatin1Char('\'') + order +
+                            QStringLiteral("' is no order of rotations: these are ") +
+                            orders.join(QStringLiteral(", ")));
     return order.toStdString();
 }
 
@@ -38,7 +37,7 @@ const ksTransformProperty &propertyFrom(const QString &name)
 {
     const ksTransformProperty *property = ksTransformEdits::find(name);
     if (property == nullptr)
-        refuse(QStringLiteral("transforms have no '") + name + QLatin1Char('\''));
+        throw ksEditorError(QStringLiteral("transforms have no '") + name + QLatin1Char('\''));
     return *property;
 }
 
@@ -47,7 +46,8 @@ template <class Take>
 void visitMembers(const QJSValue &object, const Take &take)
 {
     if (!object.isObject() || object.isArray())
-        refuse(QLatin1Char('\'') + object.toString() + QStringLiteral("' is no object with members"));
+        throw ksEditorError(QLatin1Char('\'') + object.toString() +
+                            QStringLiteral("' is no object with members"));
     for (QJSValueIterator member(object); member.next();)
         take(member.name(), member.value());
 }
@@ -55,7 +55,7 @@ void visitMembers(const QJSValue &object, const Take &take)
 /// Sets the member of \a values called \a name.
 void assign(ksTransformation &values, const QString &name, const QJSValue &value)
 {
-    static const std::map<QString, ksTransformValue ksTransformation::*> vectors = {
+    static const std::map<QString, osg::Vec3f ksTransformation::*> vectors = {
         {QStringLiteral("translation"), &ksTransformation::translation},
         {QStringLiteral("eulerRotation"), &ksTransformation::rotation},
         {QStringLiteral("scale"), &ksTransformation::scale},
@@ -76,16 +76,10 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
     else if (name == QLatin1String("rotationDirectionMode"))
         values.rotationDirectionMode = numberFrom<int>(value, name);
     else
-        refuse(QStringLiteral("a transformation has no '") + name + QLatin1Char('\''));
+        throw ksEditorError(QStringLiteral("a transformation has no '") + name + QLatin1Char('\''));
 }
 
 } // namespace
-
-ksScriptNode::ksScriptNode(ksScriptHost &scriptHost, osg::UInt32 id)
-    : ksScriptContainer(scriptHost, id)
-    , variantList(new ksScriptVariants(scriptHost, *this))
-    , tagLists(new ksScriptTags(scriptHost, *this))
-{}
 
 osg::NodePtr ksScriptNode::node() const
 {
@@ -102,15 +96,15 @@ ksTransformTarget ksScriptNode::target(const QJSValue &options) const
         else if (name == QLatin1String("world"))
             result.world = flagFrom(value, name);
         else
-            refuse(QStringLiteral("there is no option '") + name + QLatin1Char('\''));
+            throw ksEditorError(QStringLiteral("there is no option '") + name + QLatin1Char('\''));
     };
     if (!options.isUndefined())
         visitMembers(options, take);
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(result.node, result.index);
     if (transform == osg::NullFC)
-        refuse(ksContainers::label(result.node) +
-               (result.index == -1 ? QStringLiteral(" has no transform")
-                                   : QStringLiteral(" has no transform %1").arg(result.index)));
+        throw ksEditorError(ksContainers::label(result.node) +
+                            (result.index == -1 ? QStringLiteral(" has no transform")
+                                                : QStringLiteral(" has no transform %1").arg(result.index)));
     // An edit of the direction restores neither of these when it is undone.
     result.directionAxis = transform->getRotationDirectionMode();
     result.directionOn = transform->getRotationDirectionOn();
@@ -122,9 +116,9 @@ ksTransformTarget ksScriptNode::target(const ksTransformProperty &property, cons
     const ksTransformTarget result = target(options);
     const QString name = QLatin1Char('\'') + QString::fromLatin1(property.name) + QLatin1Char('\'');
     if (result.world && !property.hasSpace)
-        refuse(name + QStringLiteral(" has no world space"));
+        throw ksEditorError(name + QStringLiteral(" has no world space"));
     if (result.index >= 0 && !property.hasIndex)
-        refuse(name + QStringLiteral(" can be edited in the node's own transform only"));
+        throw ksEditorError(name + QStringLiteral(" can be edited in the node's own transform only"));
     return result;
 }
 
@@ -143,16 +137,6 @@ void ksScriptNode::setRotationOrder(const QString &order)
         host.history().add(
             ksMergingAs(ksMerging::Never, new ksEulerRotationOrderUndoCommand(own.node, orderFrom(order))));
     });
-}
-
-QObject *ksScriptNode::variants() const
-{
-    return variantList;
-}
-
-QObject *ksScriptNode::tags() const
-{
-    return tagLists;
 }
 
 void ksScriptNode::translate(const QJSValue &value, const QJSValue &options)
@@ -188,7 +172,7 @@ void ksScriptNode::setTransform(const QString &property, const QJSValue &value, 
 {
     host.guard([&] {
         const ksTransformProperty &wanted = propertyFrom(property);
-        edit(wanted, target(wanted, options), value, ksMerging::Never);
+        host.history().add(make(wanted, target(wanted, options), value, ksMerging::Never));
     });
 }
 
@@ -201,19 +185,16 @@ void ksScriptNode::drag(const QString &property, const QJSValue &values, const Q
     }
     host.guard([&] {
         const ksTransformTarget aim = target(*wanted, options);
-        forEachOf(values,
-                  [&](const QJSValue &value, ksMerging merging) { edit(*wanted, aim, value, merging); });
+        addDrag(values,
+                [&](const QJSValue &value, ksMerging merging) { return make(*wanted, aim, value, merging); });
     });
 }
 
-void ksScriptNode::edit(const ksTransformProperty &property, const ksTransformTarget &aim,
-                        const QJSValue &value, ksMerging merging)
+QUndoCommand *ksScriptNode::make(const ksTransformProperty &property, const ksTransformTarget &aim,
+                                 const QJSValue &value, ksMerging merging)
 {
-    const ksTransformValue before = property.read(aim);
-    const ksTransformValue after = vectorFrom(value, QString::fromLatin1(property.name));
-    host.history().add(ksMergingAs(merging, property.make(aim, after, {})));
-    if (aim.world)
-        ksWorldRounding(property, aim, before).expectIn(host.history());
+    const osg::Vec3f wanted = vectorFrom(value, QString::fromLatin1(property.name));
+    return ksMergingAs(merging, property.make(aim, wanted, {}));
 }
 
 void ksScriptNode::turn(const QJSValue &quaternion)
@@ -221,7 +202,6 @@ void ksScriptNode::turn(const QJSValue &quaternion)
     host.guard([&] {
         const ksTransformTarget own = target(QJSValue());
         const std::array<float, 4> q = numbersFrom<4>(quaternion, QStringLiteral("quaternion"));
-        expectAnglesAnew(own);
         const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
         host.history().add(ksMergingAs(
             ksMerging::Never,
@@ -229,22 +209,12 @@ void ksScriptNode::turn(const QJSValue &quaternion)
     });
 }
 
-void ksScriptNode::expectAnglesAnew(const ksTransformTarget &own)
-{
-    const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(own.node, -1);
-    const osg::SFVec3f anew(transform->convertQuatToEuler(transform->getRotation(), true));
-    host.history().expect(
-        ksExpectedDifference{transform.getFieldContainerId(), osg::Transform3D::EulerRotationFieldId,
-                             ksFieldReader::text(*transform->getSFEulerRotation()), ksFieldReader::text(anew),
-                             QStringLiteral("undoing a turn by a quaternion calculates the angles anew")});
-}
-
 void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
 {
     host.guard([&] {
         const ksTransformTarget aim = target(options);
         if (aim.world)
-            refuse(QStringLiteral("a transformation has no world space"));
+            throw ksEditorError("a transformation has no world space");
         ksTransformation applied(ksNodeUtils::getTransform3D(aim.node, aim.index));
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });

@@ -5,12 +5,11 @@
 
 #include <OpenSG/OSGNode.h>
 
-class ksScriptTags;
-class ksScriptVariants;
 struct ksTransformProperty;
 struct ksTransformTarget;
 
-/// A node of the scene in a script: what a container has, and the edits of transforms.
+/// A node of the scene in a script: what a container has, the edits of transforms, and the members that other
+/// classes register for nodes, such as ksScriptVariants and ksScriptTags.
 ///
 /// Values are arrays of three numbers, rotations in degrees. The last argument of an edit is an object of
 /// options, all of which may be left out: "index", which transform is meant, -1 the node's own, from 0 on
@@ -23,19 +22,11 @@ class ksScriptNode : public ksScriptContainer
     /// The order of the Euler angles of the node's own transform, such as "XYZ". Setting it is an edit.
     Q_PROPERTY(QString rotationOrder READ rotationOrder WRITE setRotationOrder)
 
-    /// The node's transform variants, see ksScriptVariants.
-    Q_PROPERTY(QObject *variants READ variants CONSTANT)
-
-    /// The node's tags, see ksScriptTags.
-    Q_PROPERTY(QObject *tags READ tags CONSTANT)
-
 public:
-    ksScriptNode(ksScriptHost &scriptHost, osg::UInt32 id);
+    using ksScriptContainer::ksScriptContainer;
 
     QString rotationOrder() const;
     void setRotationOrder(const QString &order);
-    QObject *variants() const;
-    QObject *tags() const;
 
     Q_INVOKABLE void translate(const QJSValue &value, const QJSValue &options = QJSValue());
     Q_INVOKABLE void rotate(const QJSValue &value, const QJSValue &options = QJSValue());
@@ -66,10 +57,6 @@ private:
     osg::NodePtr node() const;
     ksTransformTarget target(const QJSValue &options) const;
     ksTransformTarget target(const ksTransformProperty &property, const QJSValue &options) const;
-    void expectAnglesAnew(const ksTransformTarget &own);
-    void edit(const ksTransformProperty &property, const ksTransformTarget &aim, const QJSValue &value,
-              ksMerging merging);
-
-    ksScriptVariants *variantList;
-    ksScriptTags *tagLists;
+    static QUndoCommand *make(const ksTransformProperty &property, const ksTransformTarget &aim,
+                              const QJSValue &value, ksMerging merging);
 };

@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksAddChildUndoCommand.h>
 #include <editor/edits/ksConstraintEdits.h>
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptScene.h>
 #include <editor/script/ksScriptValues.h>
 
 #include <OSGLightLinkSet.h>
 #include <OpenSG/OSGSimpleAttachments.h>
+
+namespace {
+
+const ksScriptRegistry::Global<ksScriptScene> global("scene");
+
+} // namespace
 
 ksScriptScene::ksScriptScene(ksScriptHost &scriptHost)
     : host(scriptHost)
@@ -36,7 +42,7 @@ QJSValue ksScriptScene::find(const QString &name) const
     const osg::NodePtr node = findNode(name);
     host.guard([&node, &name] {
         if (node == osg::NullFC)
-            throw ksEditorError("there is no node '" + name.toStdString() + '\'');
+            throw ksEditorError(QStringLiteral("there is no node '") + name + QLatin1Char('\''));
     });
     return host.object(node);
 }

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptTags.h>
 #include <editor/script/ksScriptValues.h>
 
@@ -13,6 +13,8 @@
 using namespace ksScriptValues;
 
 namespace {
+
+const ksScriptRegistry::Part<osg::NodePtr, ksScriptTags> part("tags");
 
 constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
 constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
@@ -80,9 +82,10 @@ void ksScriptTags::edit(osg::UInt32 field, const QString &tag, bool adding)
         const osg::TagAttachmentPtr tags = attachment();
         const bool isTagged = tags != osg::NullFC && ksTagEdits::hasTag(tags, field, wanted);
         if (isTagged == adding)
-            refuse(ksContainers::label(node) +
-                   (adding ? QStringLiteral(" has the tag '") : QStringLiteral(" has no tag '")) + tag +
-                   (adding ? QStringLiteral("' already") : QStringLiteral("'")));
+            throw ksEditorError(
+                ksContainers::label(node) +
+                (adding ? QStringLiteral(" has the tag '") : QStringLiteral(" has no tag '")) + tag +
+                (adding ? QStringLiteral("' already") : QStringLiteral("'")));
         if (tags == osg::NullFC)
             host.history().add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
         host.history().add(ksTagEdits::make(node, field, wanted, adding));

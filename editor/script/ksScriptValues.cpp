@@ -5,7 +5,7 @@
 bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
 {
     if (!value.isBool())
-        refuse(QLatin1Char('\'') + name + QStringLiteral("' is true or false"));
+        throw ksEditorError(QLatin1Char('\'') + name + QStringLiteral("' is true or false"));
     return value.toBool();
 }
 
@@ -21,7 +21,7 @@ osg::FieldContainerPtr ksScriptValues::containerFrom(const QJSValue &value)
         return osg::NullFC;
     const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject());
     if (object == nullptr)
-        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' is no container"));
+        throw ksEditorError(QLatin1Char('\'') + value.toString() + QStringLiteral("' is no container"));
     return object->container();
 }
 

@@ -18,19 +18,14 @@
 /// What scripts hand over, as the editor needs it. What does not fit throws ksEditorError.
 namespace ksScriptValues {
 
-[[noreturn]] inline void refuse(const QString &reason)
-{
-    throw ksEditorError(reason.toStdString());
-}
-
 /// \a value as a \a T; \a name is what it is for.
 template <class T>
 T numberFrom(const QJSValue &value, const QString &name)
 {
     const auto number = ksLooseNumber::to<T>(value.toVariant());
     if (!number || !std::isfinite(static_cast<double>(*number)))
-        refuse(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
-               QLatin1Char('\''));
+        throw ksEditorError(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
+                            QLatin1Char('\''));
     return *number;
 }
 
@@ -41,7 +36,8 @@ template <std::size_t Count>
 std::array<float, Count> numbersFrom(const QJSValue &value, const QString &name)
 {
     if (!value.isArray() || value.property(QStringLiteral("length")).toUInt() != Count)
-        refuse(QLatin1Char('\'') + name + QStringLiteral("' is an array of %1 numbers").arg(Count));
+        throw ksEditorError(QLatin1Char('\'') + name +
+                            QStringLiteral("' is an array of %1 numbers").arg(Count));
     std::array<float, Count> numbers;
     for (quint32 i = 0; i < Count; ++i)
         numbers[i] = numberFrom<float>(value.property(i), name);
@@ -60,7 +56,7 @@ PtrT containerFrom(const QJSValue &value, const char *kind)
     const osg::FieldContainerPtr given = containerFrom(value);
     const PtrT container = PtrT::dcast(given);
     if (container == osg::NullFC)
-        refuse(ksContainers::label(given) + QStringLiteral(" is no ") + QLatin1String(kind));
+        throw ksEditorError(ksContainers::label(given) + QStringLiteral(" is no ") + QLatin1String(kind));
     return container;
 }
 

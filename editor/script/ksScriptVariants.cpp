@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksTransformEdits.h>
-#include <editor/history/ksCheckedHistory.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksLooseNumber.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptVariants.h>
 
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
@@ -21,7 +21,9 @@
 
 namespace {
 
-/// Scripts see what changed in the transcript.
+const ksScriptRegistry::Part<osg::NodePtr, ksScriptVariants> part("variants");
+
+/// Scripts are not told what has changed.
 const auto unheard = [](const auto &...) {};
 
 } // namespace
@@ -42,8 +44,7 @@ osg::TransformVariantPtr ksScriptVariants::variant(int index) const
     const osg::TransformVariantPtr found =
         ksNodeUtils::getTransformVariant(node(), static_cast<unsigned long>(index));
     if (found == osg::NullFC)
-        throw ksEditorError(ksContainers::label(node()).toStdString() + " has no variant " +
-                            std::to_string(index));
+        throw ksEditorError(ksContainers::label(node()) + QStringLiteral(" has no variant %1").arg(index));
     return found;
 }
 
@@ -107,7 +108,8 @@ void ksScriptVariants::options(int index, const QJSValue &flags)
     host.guard([&] {
         const auto bits = ksLooseNumber::to<osg::UInt64>(flags.toVariant());
         if (!bits)
-            throw ksEditorError('\'' + flags.toString().toStdString() + "' is no number of 64 bits");
+            throw ksEditorError(QLatin1Char('\'') + flags.toString() +
+                                QStringLiteral("' is no number of 64 bits"));
         host.history().add(new ksTransformVariantOptionsUndoCommand(variant(index), *bits, nullptr, unheard));
     });
 }

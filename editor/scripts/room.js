@@ -204,4 +204,3 @@ while (history.index < history.count)
     history.redo();
 expect("layer", table.get("layer"), 5);
 expect("order", book.rotationOrder, "ZYX");
-check();

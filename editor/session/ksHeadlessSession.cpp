@@ -1,35 +1,36 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksTranscript.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/ksEditorError.h>
-#include <editor/ksEditorOptions.h>
 #include <editor/scene/ksContainers.h>
-#include <editor/script/ksScriptEngine.h>
-#include <editor/session/ksCommandClasses.h>
+#include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksHeadlessSession.h>
-#include <editor/session/ksOpenScene.h>
-#include <editor/session/ksTour.h>
 
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGBaseFunctions.h>
+#include <OpenSG/OSGChangeList.h>
 
+#include <QCoreApplication>
 #include <QFileInfo>
 
-#include <algorithm>
-#include <ostream>
+#include <cstdlib>
+#include <iostream>
 
 namespace {
 
-const osg::FieldContainerFactory::FieldContainerStore &allContainers()
+/// What Qt and the image readers behind it have to say, in the form of the program's own warnings.
+void showQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
-    return *osg::FieldContainerFactory::the()->getFieldContainerStore();
+    std::cerr << QCoreApplication::applicationName().toStdString() << ": warning: " << text.toStdString()
+              << std::endl;
+    if (type == QtFatalMsg)
+        std::abort();
 }
 
-/// The number of containers that are left of those made when the next id was \a first.
-std::ptrdiff_t livingSince(std::size_t first)
+QStringList argumentsOf(int argc, char **argv)
 {
-    return std::count_if(allContainers().begin() + static_cast<std::ptrdiff_t>(first), allContainers().end(),
-                         [](const osg::FieldContainerPtr &container) { return container != osg::NullFC; });
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    return arguments;
 }
 
 int countNodes(const osg::NodePtr &root)
@@ -41,61 +42,55 @@ int countNodes(const osg::NodePtr &root)
 
 } // namespace
 
-ksHeadlessSession::ksHeadlessSession(std::ostream &record, std::ostream &errorStream)
+ksHeadlessSession::ksHeadlessSession(const char *program, std::ostream &record, std::ostream &errorStream)
     : out(record)
+    , name(program)
     , errors(errorStream)
 {}
 
+int ksHeadlessSession::start(int argc, char **argv)
+{
+    ksEditorOptions options;
+    try {
+        options = ksEditorOptions::parse(argumentsOf(argc, argv));
+    } catch (const ksEditorError &error) {
+        errors << name << ": " << error.what() << '\n'
+               << "usage: " << name << ' ' << ksEditorOptions::usage().toStdString() << '\n';
+        return UsageError;
+    }
+
+    QCoreApplication::setApplicationName(QString::fromLatin1(name));
+    qInstallMessageHandler(showQtMessage);
+    osg::ChangeList::setReadWriteDefault();
+    osg::osgInit(argc, argv);
+    int applicationArguments = 1;
+    const QCoreApplication application(applicationArguments, argv);
+    const int exitCode = run(options);
+    osg::osgExit();
+    return exitCode;
+}
+
 int ksHeadlessSession::run(const ksEditorOptions &options)
 {
+    const auto fail = [this](const ksEditorError &error, ExitCode code) {
+        errors << name << ": " << error.what() << '\n';
+        return static_cast<int>(code);
+    };
     try {
-        return runChecked(options);
+        return edit(load(options.model), options.script);
+    } catch (const ksScriptError &error) {
+        return fail(error, ScriptError);
     } catch (const ksEditorError &error) {
-        errors << "ks-editor: " << error.what() << '\n';
-        return 1;
+        return fail(error, ModelError);
     }
 }
 
-int ksHeadlessSession::runChecked(const ksEditorOptions &options)
+osg::NodeRefPtr ksHeadlessSession::load(const QString &model) const
 {
-    const std::size_t firstId = allContainers().size();
-    ksTranscript transcript(out);
-    int differences = 0;
-    int containers = 0;
-    QString classes;
-    {
-        const ksSceneImporter importer([this](const QString &warning) {
-            errors << "ks-editor: warning: " << warning.toStdString() << '\n';
-        });
-        osg::NodeRefPtr root = importer.load(options.model);
-        transcript.line(QStringLiteral("model %1: %2 nodes")
-                            .arg(QFileInfo(options.model).fileName())
-                            .arg(countNodes(root.get())));
-
-        const ksOpenScene scene(root.get());
-        ksCheckedHistory history(root.get(), transcript);
-        root = osg::NodeRefPtr();
-        containers = history.containerCount();
-        if (options.script.isEmpty()) {
-            ksTour(history).run();
-            classes = QStringLiteral(", %1 of %2 command classes")
-                          .arg(ksCommandClasses::countIn(history))
-                          .arg(ksCommandClasses::all().size());
-        } else
-            ksScriptEngine(history, transcript).run(options.script);
-        history.check();
-        differences = history.differenceCount();
-    }
-
-    if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
-        transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
-        ++differences;
-    }
-    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences%5")
-                        .arg(differences == 0 ? QStringLiteral("OK") : QStringLiteral("FAILED"))
-                        .arg(transcript.stepCount())
-                        .arg(containers)
-                        .arg(differences)
-                        .arg(classes));
-    return differences == 0 ? 0 : 1;
+    const ksSceneImporter importer(
+        [this](const QString &warning) { errors << name << ": warning: " << warning.toStdString() << '\n'; });
+    osg::NodeRefPtr root = importer.load(model);
+    out << "model " << QFileInfo(model).fileName().toStdString() << ": " << countNodes(root.get())
+        << " nodes\n";
+    return root;
 }

@@ -1,29 +1,53 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+
 #include <QString>
 
 #include <iosfwd>
 
 struct ksEditorOptions;
 
-/// One run of the editor without a window: loads a model, runs the tour or a script on it, and checks every
-/// step.
+/// One run of a program without a window: opens a model and edits it.
 class ksHeadlessSession
 {
 public:
-    /// The transcript goes to \a record, warnings and errors to \a errorStream. Both must outlive the
-    /// session.
-    ksHeadlessSession(std::ostream &record, std::ostream &errorStream);
+    /// What such a program exits with.
+    enum ExitCode
+    {
+        Done = 0,
+        ModelError = 1,
+        UsageError = 2,
+        ScriptError = 3
+    };
 
-    /// Runs the session and returns the program's exit code: 0 when every check found nothing, 1 when there
-    /// was a difference, when the model or the script cannot be read, or when the script ended by an error.
-    /// The scene has been released then, and the undo stack is empty.
-    int run(const ksEditorOptions &options);
+    /// \a program is what the program is called in all that it says. The record goes to \a record, warnings
+    /// and errors to \a errorStream. All three must outlive the session.
+    ksHeadlessSession(const char *program, std::ostream &record, std::ostream &errorStream);
+    virtual ~ksHeadlessSession() = default;
+    ksHeadlessSession(const ksHeadlessSession &) = delete;
+    ksHeadlessSession &operator=(const ksHeadlessSession &) = delete;
 
-private:
-    int runChecked(const ksEditorOptions &options);
+    /// What main() does: starts the scene graph and Qt, runs the session that the command line asks for, and
+    /// returns the exit code.
+    int start(int argc, char **argv);
+
+    /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
+    /// the script cannot, or ends by an error, else what edit() returns. The scene has been released then.
+    virtual int run(const ksEditorOptions &options);
+
+protected:
+    /// Edits the scene below \a root, and lets go of it, by the script in the file \a script, which may be
+    /// empty. Returns the exit code. May throw ksEditorError.
+    virtual int edit(osg::NodeRefPtr root, const QString &script) = 0;
 
     std::ostream &out;
+
+private:
+    osg::NodeRefPtr load(const QString &model) const;
+
+    const char *const name;
     std::ostream &errors;
 };

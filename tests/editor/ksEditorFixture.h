@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/history/ksMirror.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksMesh.h>
@@ -20,6 +19,7 @@
 #include <fstream>
 #include <functional>
 #include <string>
+#include <support/ksAspects.h>
 
 /// The demo model, in the source tree.
 inline QString ksRoomFile(const char *name = "room.gltf")
@@ -30,7 +30,7 @@ inline QString ksRoomFile(const char *name = "room.gltf")
 /// The number of containers that exist, once aspect 1 has let go of what aspect 0 has.
 inline std::ptrdiff_t ksLivingContainers()
 {
-    ksMirror().update();
+    ksSyncAspects();
     const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
     return std::count_if(store.begin(), store.end(),
                          [](const osg::FieldContainerPtr &container) { return container != osg::NullFC; });

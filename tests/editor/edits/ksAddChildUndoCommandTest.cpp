@@ -63,13 +63,9 @@ TEST_F(ksAddChildUndoCommandTest, NeverMerges)
 /// Aspect 1 follows.
 TEST_F(ksAddChildUndoCommandTest, RecordsItsEdits)
 {
-    ksMirror mirror;
-    mirror.update();
+    ksSyncAspects();
     stack.add(new ksAddChildUndoCommand(root, added));
-    osg::UInt32 children = 0;
-    mirror.update([&] { children = root->getNChildren(); });
-    EXPECT_EQ(children, 2u);
+    ksExpectSync(root.get());
     stack.undo();
-    mirror.update([&] { children = root->getNChildren(); });
-    EXPECT_EQ(children, 1u);
+    ksExpectSync(root.get());
 }

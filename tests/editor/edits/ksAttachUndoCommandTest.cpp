@@ -63,14 +63,9 @@ TEST_F(ksAttachUndoCommandTest, NeverMerges)
 /// Aspect 1 follows.
 TEST_F(ksAttachUndoCommandTest, RecordsItsEdits)
 {
-    ksMirror mirror;
-    mirror.update();
-    bool isAttached = false;
-    const auto look = [&] { isAttached = attached() != osg::NullFC; };
+    ksSyncAspects();
     stack.add(new ksAttachUndoCommand(child, tags));
-    mirror.update(look);
-    EXPECT_TRUE(isAttached);
+    ksExpectSync(child);
     stack.undo();
-    mirror.update(look);
-    EXPECT_FALSE(isAttached);
+    ksExpectSync(child);
 }

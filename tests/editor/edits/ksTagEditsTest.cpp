@@ -61,15 +61,7 @@ TEST_F(ksTagEditsTest, SayWhetherATagComesOrGoes)
 /// Aspect 1 has both lists.
 TEST_F(ksTagEditsTest, AnnounceBothLists)
 {
-    ksMirror mirror;
-    mirror.update();
+    ksSyncAspects();
     edit(LayerTags, "ground", true);
-    std::size_t names = 0;
-    std::size_t values = 0;
-    mirror.update([&] {
-        names = tags->getLayerTags().size();
-        values = tags->getTagValues().size();
-    });
-    EXPECT_EQ(names, 1u);
-    EXPECT_EQ(values, 1u);
+    ksExpectSync(tags);
 }

@@ -14,7 +14,7 @@ using ksScriptEngineTest = ksScriptFixture<ksEditorFixture>;
 
 } // namespace
 
-TEST_F(ksScriptEngineTest, PrintsToTheTranscript)
+TEST_F(ksScriptEngineTest, Prints)
 {
     EXPECT_EQ(run("print('one', 2, true, null); print();"), "one 2 true null\n\n");
 }
@@ -222,6 +222,78 @@ TEST_F(ksScriptEngineTest, ErrorsOfTheHistoryTellTheReason)
             << call;
 }
 
+TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
+{
+    const std::string error = "Error: there is no open macro";
+    EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
+    EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"), ":2: " + error);
+    // Nothing is open or out of step afterwards.
+    run("var own = scene.root.attachment('ksNodeSettings');"
+        "history.clear(); history.macro('m', function () { own.set('layer', 1); own.set('lodBias', 2); });"
+        "history.undo();");
+    EXPECT_EQ(rootSettings()->getLayer(), 0);
+    EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksScriptEngineTest, EndsMacrosThatAScriptLeavesOpen)
+{
+    EXPECT_EQ(errorOf("\nhistory.beginMacro('Outer');\nhistory.beginMacro('Inner');\n"
+                      "scene.root.attachment('ksNodeSettings').set('layer', 1);"),
+              ":2: Error: the macro 'Outer' is not ended");
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(stack.count(), 1);
+    run("history.undo();");
+    EXPECT_EQ(rootSettings()->getLayer(), 0);
+    run("history.beginMacro('Both'); history.endMacro();");
+    EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksScriptEngineTest, EndsMacrosOfAScriptThatFails)
+{
+    EXPECT_EQ(errorOf("history.beginMacro('Open');\nnothing();"),
+              ":2: ReferenceError: nothing is not defined");
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(errorOf("\n\nhistory.undo(); history.undo();"), ":3: Error: there is nothing to undo");
+}
+
+TEST_F(ksScriptEngineTest, EndsADragThatFails)
+{
+    EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
+                      "own.drag('opacity', [0.5, 0.25, 'three', 0.125]);"),
+              ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
+    EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
+    EXPECT_EQ(stack.count(), 1);
+    // What comes next is a step of its own.
+    run("scene.root.attachment('ksNodeSettings').set('opacity', 0.75); history.undo(); history.undo();");
+    EXPECT_EQ(rootSettings()->getOpacity(), 1);
+}
+
+TEST_F(ksScriptEngineTest, RefusesStepsWithinADrag)
+{
+    for (const char *call : {"undo", "beginMacro", "endMacro", "clear"})
+        EXPECT_EQ(printed(std::string("var own = scene.root.attachment('ksNodeSettings'), values = [0.5, 0];"
+                                      "Object.defineProperty(values, 1, { get: function () {"
+                                      "    try { history.") +
+                          call +
+                          "('m'); } catch (error) { print(error.message); } return 0.25; } });"
+                          "history.beginMacro('m'); own.drag('opacity', values); history.endMacro();"),
+                  "not possible within another step\n")
+            << call;
+    EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
+    EXPECT_EQ(stack.count(), 4);
+}
+
+TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)
+{
+    int calls = 0;
+    engine.addFunction(QStringLiteral("count"), [&calls] {
+        if (++calls > 2)
+            throw ksEditorError("enough");
+    });
+    EXPECT_EQ(errorOf("count();\ncount();\ncount();"), ":3: Error: enough");
+    EXPECT_EQ(calls, 3);
+}
+
 TEST_F(ksScriptEngineTest, ScriptsMayCatchErrors)
 {
     EXPECT_EQ(run("try { scene.find('Tabel'); } catch (error) { print(error.message); }"),
@@ -234,17 +306,9 @@ TEST_F(ksScriptEngineTest, KnowsContainersThatHaveGone)
     const std::string id = std::to_string(childSettings().getFieldContainerId());
     child->subAttachment(childSettings());
     osg::endEditCP(child, osg::Node::AttachmentsFieldMask);
-    EXPECT_THAT(errorOf("check();"), HasSubstr("the scene differs from the history"));
     for (const char *use : {"gone.name;", "gone.get('layer');", "gone.set('layer', 1);", "gone.core;",
                             "history.batch('b', [[gone, 'layer', 1]]);"})
         EXPECT_EQ(errorOf(use), ":1: Error: the container " + id + " has gone") << use;
-}
-
-TEST_F(ksScriptEngineTest, ChecksOnDemand)
-{
-    EXPECT_THAT(run("check();"), HasSubstr("no difference"));
-    childSettings()->setLayer(1);
-    EXPECT_EQ(errorOf("\ncheck();"), ":2: Error: the scene differs from the history");
 }
 
 TEST_F(ksScriptEngineTest, RefusesFilesThatCannotBeRead)

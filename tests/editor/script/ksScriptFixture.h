@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/history/ksCheckedHistory.h>
-#include <editor/history/ksTranscript.h>
+#include <editor/history/ksRecordedHistory.h>
 #include <editor/script/ksScriptEngine.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -13,7 +12,7 @@ template <class Scene>
 class ksScriptFixture : public Scene
 {
 protected:
-    /// Runs \a script, which is to succeed, and returns what it printed and the transcript of its steps.
+    /// Runs \a script, which is to succeed, and returns what it printed and the record of its steps.
     std::string run(const std::string &script)
     {
         out.str({});
@@ -21,7 +20,7 @@ protected:
         return out.str();
     }
 
-    /// The same, without the transcript of the steps.
+    /// The same, without the record of the steps.
     std::string printed(const std::string &script)
     {
         std::istringstream lines(run(script));
@@ -42,8 +41,7 @@ protected:
 
     ksTestFolder folder;
     std::ostringstream out;
-    ksTranscript transcript{out};
     ksUndoStack stack;
-    ksCheckedHistory history{this->root, transcript, &stack};
-    ksScriptEngine engine{history, transcript};
+    ksRecordedHistory history{this->root, out, &stack};
+    ksScriptEngine engine{history, out};
 };

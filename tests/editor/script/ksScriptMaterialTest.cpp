@@ -78,7 +78,6 @@ TEST_F(ksScriptMaterialTest, EditsComponentsSoThatTheMaterialTakesNotice)
               "2 45\n");
     run("while (history.index > 0) history.undo();");
     EXPECT_EQ(cloth->getBlendedColor(), osg::Vec3f(1, 1, 1));
-    EXPECT_EQ(history.differenceCount(), 0);
 }
 
 TEST_F(ksScriptMaterialTest, DragsAsOneStep)
@@ -107,7 +106,6 @@ TEST_F(ksScriptMaterialTest, SwapsImages)
     run("history.undo(); history.undo();");
     EXPECT_EQ(first->getImage(), osg::NullFC);
     EXPECT_EQ(second->getImage(), image);
-    EXPECT_EQ(history.differenceCount(), 0);
 }
 
 TEST_F(ksScriptMaterialTest, SetsEnvironments)

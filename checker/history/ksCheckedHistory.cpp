@@ -1,0 +1,313 @@
+// SPDX-License-Identifier: MIT
+#include <checker/history/ksCheckedHistory.h>
+#include <checker/history/ksInexactUndo.h>
+#include <checker/history/ksTranscript.h>
+#include <editor/scene/ksContainers.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <ksMessage.h>
+
+#include <QScopedValueRollback>
+#include <QStringList>
+#include <QUndoCommand>
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t ShownLines = 8;
+
+QString valueText(const boost::any &value)
+{
+    if (const auto *number = boost::any_cast<int>(&value))
+        return QString::number(*number);
+    if (const auto *id = boost::any_cast<unsigned int>(&value))
+        return QString::number(*id);
+    if (const auto *flag = boost::any_cast<bool>(&value))
+        return *flag ? QStringLiteral("true") : QStringLiteral("false");
+    if (const auto *text = boost::any_cast<std::string>(&value))
+        return QLatin1Char('"') + QString::fromStdString(*text) + QLatin1Char('"');
+    return QString::fromLatin1(value.type().name());
+}
+
+QString describe(const ksDifference &difference)
+{
+    const osg::FieldContainerPtr container =
+        osg::FieldContainerFactory::the()->getContainer(difference.container);
+    QString where = container != osg::NullFC ? ksContainers::label(container)
+                                             : QString::fromStdString(difference.type) + QLatin1Char(' ') +
+                                                   QString::number(difference.container);
+    if (difference.field != 0)
+        where += QLatin1Char(' ') + QString::fromStdString(difference.name);
+    return where;
+}
+
+QString withValues(const ksDifference &difference, const QString &between)
+{
+    return describe(difference) + QStringLiteral(": ") + QString::fromStdString(difference.expected) +
+           between + QString::fromStdString(difference.actual);
+}
+
+/// The numbers that \a content, which is that of a field of them, consists of.
+std::vector<float> numbersIn(const std::string &content)
+{
+    std::vector<float> numbers(content.size() / sizeof(float));
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        std::memcpy(&numbers[i], &content[i * sizeof(float)], sizeof(float));
+    return numbers;
+}
+
+bool areNear(const std::vector<float> &left, const std::vector<float> &right, double tolerance)
+{
+    return !left.empty() &&
+           std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [tolerance](double a, double b) { return std::abs(a - b) <= tolerance; });
+}
+
+} // namespace
+
+ksCheckedHistory *ksCheckedHistory::receiver = nullptr;
+
+ksCheckedHistory::ksCheckedHistory(const osg::NodePtr &scene, ksTranscript &record, ksUndoStack *stack)
+    : ksEditHistory(scene, stack)
+    , transcript(record)
+    , current(scene, {})
+    , mirrored(current)
+{
+    snapshots.push_back(current);
+    receiver = this;
+    stack->setMessageCallback(&ksCheckedHistory::receiveMessage);
+    connect(stack, &ksUndoStack::redoPerformed, this, &ksCheckedHistory::commandPerformed);
+    connect(stack, &ksUndoStack::cleared, this, &ksCheckedHistory::forgetSnapshots);
+}
+
+ksCheckedHistory::~ksCheckedHistory()
+{
+    stack()->disconnect(this);
+    stack()->setMessageCallback(nullptr);
+    receiver = nullptr;
+    close();
+    mirror.update();
+}
+
+void ksCheckedHistory::add(QUndoCommand *command)
+{
+    const std::function<void()> expectInexact = ksInexactUndo::watch(*command, *this);
+    ksEditHistory::add(command);
+    expectInexact();
+}
+
+void ksCheckedHistory::drag(int events, const std::function<QUndoCommand *(int event)> &make)
+{
+    // Within another step, which may go on after the drag, every command is looked at.
+    const QScopedValueRollback<bool> guard(dragging, !isStepping());
+    ksEditHistory::drag(events, make);
+}
+
+bool ksCheckedHistory::check()
+{
+    const int before = faults;
+    step(QStringLiteral("check"), [] {});
+    return faults == before;
+}
+
+bool ksCheckedHistory::verify(bool holds, const QString &text)
+{
+    if (!holds) {
+        transcript.note(QStringLiteral("FAILS"), text);
+        ++faults;
+    }
+    return holds;
+}
+
+void ksCheckedHistory::expect(const ksExpectedDifference &difference)
+{
+    expectations.push_back(difference);
+}
+
+void ksCheckedHistory::expect(const ksExpectedRounding &rounding)
+{
+    roundings.push_back(rounding);
+}
+
+int ksCheckedHistory::containerCount() const
+{
+    return current.count(ksSceneSnapshot::Scope::Scene);
+}
+
+void ksCheckedHistory::commandPerformed(const QUndoCommand *command, bool added)
+{
+    if (command == nullptr || !added)
+        return;
+    noteAdded(*command);
+    isSnapshotDue = dragging && draggedIndex == stack()->index();
+    draggedIndex = stack()->index();
+    if (!isSnapshotDue)
+        keepSnapshot(ksSceneSnapshot(root(), current));
+}
+
+void ksCheckedHistory::forgetSnapshots()
+{
+    snapshots.assign(1, ksSceneSnapshot(root(), current));
+}
+
+void ksCheckedHistory::noteAdded(const QUndoCommand &command)
+{
+    addedIds.insert(command.id());
+    for (int i = 0; i < command.childCount(); ++i)
+        noteAdded(*command.child(i));
+}
+
+void ksCheckedHistory::keepSnapshot(const ksSceneSnapshot &snapshot)
+{
+    // A command that merged leaves the index where it was, and what the index stands for has changed.
+    snapshots.resize(static_cast<std::size_t>(stack()->index()));
+    snapshots.push_back(snapshot);
+}
+
+bool ksCheckedHistory::receiveMessage(const char *name, ksMessage &message, int)
+{
+    QStringList entries;
+    for (const auto &[key, value] : message.values())
+        entries += QString::fromStdString(key) + QLatin1Char('=') + valueText(value);
+    const QString text = QString::fromLatin1(name) + QLatin1Char(' ') + entries.join(QLatin1Char(' '));
+    if (receiver->messageCount > 0 && receiver->message != text)
+        receiver->noteMessages();
+    receiver->message = text;
+    ++receiver->messageCount;
+    return true;
+}
+
+void ksCheckedHistory::noteMessages()
+{
+    if (messageCount > 0)
+        transcript.note(QStringLiteral("message"),
+                        messageCount == 1 ? message
+                                          : message + QStringLiteral(" (%1 times)").arg(messageCount));
+    messageCount = 0;
+}
+
+void ksCheckedHistory::beginStep(const QString &what)
+{
+    draggedIndex = 0;
+    if (isInMacro()) {
+        transcript.note(QStringLiteral("within"), what);
+        return;
+    }
+    transcript.step(what);
+    beforeStep = current;
+}
+
+void ksCheckedHistory::finishStep()
+{
+    noteMessages();
+    takeSnapshots();
+    if (isInMacro()) {
+        compareWithMirror();
+        return;
+    }
+    if (isSnapshotDue)
+        keepSnapshot(current);
+    isSnapshotDue = false;
+    noteChanges();
+    const int found = compareWithHistory() + compareWithMirror();
+    transcript.note(
+        QStringLiteral("check"),
+        QStringLiteral("index %1 of %2, %3 containers: %4")
+            .arg(stack()->index())
+            .arg(stack()->count())
+            .arg(containerCount())
+            .arg(found == 0 ? QStringLiteral("no difference") : QStringLiteral("%1 DIFFERENCES").arg(found)));
+}
+
+void ksCheckedHistory::takeSnapshots()
+{
+    // Aspect 1 comes first, since it may hold the last reference on what has left aspect 0.
+    mirror.update([this] { mirrored = ksSceneSnapshot(osg::NullFC, mirrored); });
+    current = ksSceneSnapshot(root(), current);
+}
+
+void ksCheckedHistory::noteChanges()
+{
+    const std::vector<ksDifference> changes = beforeStep.differences(current, ksSceneSnapshot::Scope::Scene);
+    for (std::size_t i = 0; i < changes.size() && i < ShownLines; ++i)
+        transcript.note(QStringLiteral("changed"), withValues(changes[i], QStringLiteral(" -> ")));
+    if (changes.size() > ShownLines)
+        transcript.note(QStringLiteral("changed"), QStringLiteral("... %1 fields").arg(changes.size()));
+}
+
+int ksCheckedHistory::compareWithHistory()
+{
+    std::vector<ksDifference> found = snapshots.at(static_cast<std::size_t>(stack()->index()))
+                                          .differences(current, ksSceneSnapshot::Scope::Kept);
+    found.erase(std::remove_if(found.begin(), found.end(),
+                               [this](const ksDifference &difference) {
+                                   return accept(difference) || acceptRounding(difference);
+                               }),
+                found.end());
+    noteFaults(QStringLiteral("DIFFERS"), found);
+    return static_cast<int>(found.size());
+}
+
+int ksCheckedHistory::compareWithMirror()
+{
+    const std::vector<ksDifference> found = current.differences(mirrored, ksSceneSnapshot::Scope::Everything);
+    noteFaults(QStringLiteral("STALE"), found);
+    return static_cast<int>(found.size());
+}
+
+bool ksCheckedHistory::accept(const ksDifference &difference)
+{
+    const auto expected = std::find_if(
+        expectations.begin(), expectations.end(), [&difference](const ksExpectedDifference &expectation) {
+            return expectation.container == difference.container && expectation.field == difference.field &&
+                   expectation.expected == difference.expected && expectation.actual == difference.actual;
+        });
+    if (expected == expectations.end())
+        return false;
+    takeOver(difference, expected->reason, [&difference](const ksSceneSnapshot &snapshot) {
+        return snapshot.text(difference.container, difference.field) == difference.expected;
+    });
+    return true;
+}
+
+bool ksCheckedHistory::acceptRounding(const ksDifference &difference)
+{
+    const auto contentOf = [&difference](const ksSceneSnapshot &snapshot) {
+        return snapshot.content(difference.container, difference.field);
+    };
+    const std::string expected = contentOf(snapshots.at(static_cast<std::size_t>(stack()->index())));
+    const auto rounding =
+        std::find_if(roundings.begin(), roundings.end(), [&](const ksExpectedRounding &known) {
+            return known.container == difference.container && known.field == difference.field &&
+                   areNear(numbersIn(expected), numbersIn(contentOf(current)), known.tolerance);
+        });
+    if (rounding == roundings.end())
+        return false;
+    takeOver(difference, rounding->reason,
+             [&](const ksSceneSnapshot &snapshot) { return contentOf(snapshot) == expected; });
+    return true;
+}
+
+void ksCheckedHistory::takeOver(const ksDifference &difference, const QString &reason,
+                                const std::function<bool(const ksSceneSnapshot &)> &holdsExpected)
+{
+    transcript.note(QStringLiteral("expected"), withValues(difference, QStringLiteral(" came back as ")) +
+                                                    QStringLiteral(" (") + reason + QLatin1Char(')'));
+    for (ksSceneSnapshot &snapshot : snapshots)
+        if (holdsExpected(snapshot))
+            snapshot.adopt(current, difference.container, difference.field);
+}
+
+void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDifference> &differences)
+{
+    faults += static_cast<int>(differences.size());
+    for (std::size_t i = 0; i < differences.size() && i < ShownLines; ++i)
+        transcript.note(label, describe(differences[i]) + QStringLiteral(": expected ") +
+                                   QString::fromStdString(differences[i].expected) + QStringLiteral(", is ") +
+                                   QString::fromStdString(differences[i].actual));
+    if (differences.size() > ShownLines)
+        transcript.note(label, QStringLiteral("... %1 fields").arg(differences.size()));
+}

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include <checker/history/ksCheckedHistory.h>
+#include <checker/history/ksWorldRounding.h>
+
+#include <OSGPrecision.h>
+#include <ksNodeUtils.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr double Precision = 1e-5;
+
+osg::Matrix4d toWorld(const osg::NodePtr &node)
+{
+    osg::Matrix4d result;
+    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
+            result.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
+    return result;
+}
+
+/// By how much \a matrix can lengthen a vector, its largest component being its length.
+template <class T>
+double stretchOf(const osg::TransformationMatrix<T> &matrix)
+{
+    double largest = 0;
+    for (osg::UInt32 row = 0; row < 3; ++row) {
+        double sum = 0;
+        for (osg::UInt32 column = 0; column < 3; ++column)
+            sum += std::abs(static_cast<double>(matrix[column][row]));
+        largest = std::max(largest, sum);
+    }
+    return largest;
+}
+
+ksTransformTarget inParentSpace(ksTransformTarget target)
+{
+    target.world = false;
+    return target;
+}
+
+} // namespace
+
+ksWorldRounding::ksWorldRounding(const ksTransformProperty &editedProperty,
+                                 const ksTransformTarget &editedTarget, const osg::Vec3f &before)
+    : property(editedProperty)
+    , target(editedTarget)
+    , world(std::max(length(before), length(property.read(target))))
+    , parent(length(property.read(inParentSpace(target))))
+{}
+
+bool ksWorldRounding::isReachable(const osg::NodePtr &node)
+{
+    return toWorld(node).invert();
+}
+
+double ksWorldRounding::length(const osg::Vec3f &value)
+{
+    return std::max({std::abs(value[0]), std::abs(value[1]), std::abs(value[2])});
+}
+
+double ksWorldRounding::inWorld() const
+{
+    return Precision * (world + stretchOf(toWorld(target.node)) * parent);
+}
+
+double ksWorldRounding::inParent() const
+{
+    osg::Matrix4d toParent = toWorld(target.node);
+    toParent.invert();
+    return Precision * (parent + stretchOf(toParent) * world);
+}
+
+void ksWorldRounding::expectIn(ksCheckedHistory &history) const
+{
+    const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(target.node, target.index);
+    const osg::UInt32 id = transform.getFieldContainerId();
+    const double tolerance = inParent();
+    const QString reason = QStringLiteral("a value in world space");
+    history.expect(ksExpectedRounding{id, property.field, tolerance, reason});
+    history.expect(ksExpectedRounding{id, osg::Transform3D::MatrixFieldId,
+                                      tolerance * (1 + stretchOf(transform->getMatrix())), reason});
+}

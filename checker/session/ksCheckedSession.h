@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <editor/session/ksHeadlessSession.h>
+
+#include <cstddef>
+
+/// A session of ks-checker: runs the tour or a script on the model and checks every step.
+class ksCheckedSession : public ksHeadlessSession
+{
+public:
+    /// What the program exits with when it found a difference.
+    static constexpr int DifferenceFound = 4;
+
+    /// The transcript goes to \a record. Both must outlive the session.
+    ksCheckedSession(std::ostream &record, std::ostream &errorStream);
+
+    int run(const ksEditorOptions &options) override;
+
+private:
+    int edit(osg::NodeRefPtr root, const QString &script) override;
+
+    /// The first id of those that the session's containers get.
+    std::size_t firstId = 0;
+};

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <editor/scene/ksFieldReferences.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGSFAttachmentMap.h>
+
+#include <charconv>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace {
+
+bool isOfHandles(const osg::FieldType &type)
+{
+    const std::string_view content = type.getContentType().getCName();
+    return (content.size() > 3 && content.substr(content.size() - 3) == "Ptr") ||
+           type == osg::SFAttachmentMap::getClassType();
+}
+
+/// Calls \a visit with the containers whose ids stand in \a text, which is that of a field of handles. So
+/// handles of every class are read alike.
+void visitIds(const std::string &text, const std::function<void(const osg::FieldContainerPtr &)> &visit)
+{
+    const char *const end = text.data() + text.size();
+    for (const char *at = text.data(); at < end; ++at) {
+        osg::UInt32 id = 0;
+        const std::from_chars_result read = std::from_chars(at, end, id);
+        if (read.ec != std::errc())
+            continue;
+        at = read.ptr;
+        const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
+        if (container != osg::NullFC)
+            visit(container);
+    }
+}
+
+} // namespace
+
+bool ksFieldReferences::arePossibleIn(const osg::Field &field)
+{
+    thread_local std::unordered_map<const osg::FieldType *, bool> known;
+    const osg::FieldType &type = field.getType();
+    const auto found = known.find(&type);
+    return found != known.end() ? found->second : known.emplace(&type, isOfHandles(type)).first->second;
+}
+
+void ksFieldReferences::visit(const osg::Field &field,
+                              const std::function<void(const osg::FieldContainerPtr &)> &visit)
+{
+    if (const auto *attachments = dynamic_cast<const osg::SFAttachmentMap *>(&field)) {
+        for (const auto &[key, attachment] : attachments->getValue())
+            visit(attachment);
+    } else if (arePossibleIn(field)) {
+        std::string text;
+        visitIds(field.getValueByStr(text), visit);
+    }
+}

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include <editor/script/ksScriptContainer.h>
+#include <editor/script/ksScriptRegistry.h>
+
+#include <OpenSG/OSGFieldContainerType.h>
+
+std::vector<ksScriptRegistry::WrapperEntry> &ksScriptRegistry::wrappers()
+{
+    static std::vector<WrapperEntry> all;
+    return all;
+}
+
+std::vector<ksScriptRegistry::PartEntry> &ksScriptRegistry::parts()
+{
+    static std::vector<PartEntry> all;
+    return all;
+}
+
+std::vector<ksScriptRegistry::GlobalEntry> &ksScriptRegistry::globals()
+{
+    static std::vector<GlobalEntry> all;
+    return all;
+}
+
+ksScriptContainer *ksScriptRegistry::makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container)
+{
+    for (const osg::FieldContainerType *type = &container->getType(); type != nullptr;
+         type = type->getParent())
+        for (const WrapperEntry &wrapper : wrappers())
+            if (wrapper.type() == *type)
+                return wrapper.make(host, container.getFieldContainerId());
+    return nullptr;
+}
+
+void ksScriptRegistry::makeParts(ksScriptHost &host, const osg::FieldContainerPtr &container,
+                                 ksScriptContainer &owner,
+                                 const std::function<void(const char *name, QObject *part)> &take)
+{
+    for (const PartEntry &part : parts())
+        if (container->getType().isDerivedFrom(part.type()))
+            take(part.name, part.make(host, owner));
+}
+
+void ksScriptRegistry::makeGlobals(ksScriptHost &host,
+                                   const std::function<void(const char *name, QObject *global)> &take)
+{
+    for (const GlobalEntry &global : globals())
+        take(global.name, global.make(host));
+}

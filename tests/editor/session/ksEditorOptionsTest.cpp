@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#include <editor/session/ksEditorOptions.h>
+#include <tests/editor/ksEditorFixture.h>
+
+namespace {
+
+ksEditorOptions parse(const char *line)
+{
+    return ksEditorOptions::parse(QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+}
+
+std::string refusal(const char *line)
+{
+    return ksErrorOf([line] { parse(line); });
+}
+
+} // namespace
+
+TEST(ksEditorOptions, TakesAModelAndAScript)
+{
+    EXPECT_EQ(parse("--headless room.gltf").model, QStringLiteral("room.gltf"));
+    EXPECT_EQ(parse("--headless room.gltf").script, QString());
+    for (const char *line :
+         {"--headless room.gltf --script room.js", "--script room.js room.gltf --headless"}) {
+        EXPECT_EQ(parse(line).model, QStringLiteral("room.gltf"));
+        EXPECT_EQ(parse(line).script, QStringLiteral("room.js"));
+    }
+}
+
+TEST(ksEditorOptions, RefusesAnythingElse)
+{
+    EXPECT_EQ(refusal(""), "--headless is missing");
+    EXPECT_EQ(refusal("room.gltf"), "--headless is missing");
+    EXPECT_EQ(refusal("--headless"), "no model is given");
+    EXPECT_EQ(refusal("--headless a.obj b.obj"), "more than one model");
+    EXPECT_EQ(refusal("--headless room.gltf --fast"), "unknown option --fast");
+    EXPECT_EQ(refusal("--headless room.gltf --script"), "--script needs a file");
+    EXPECT_EQ(refusal("--headless room.gltf --script a.js --script b.js"), "more than one script");
+}
