@@ -6,12 +6,6 @@
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 
-ksConstraintTour::ksConstraintTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                                   const ksTourExtras &tourExtras)
-    : ksTourPart(checkedHistory, chosenTargets)
-    , extras(tourExtras)
-{}
-
 void ksConstraintTour::run()
 {
     removeFromAllRoles();

@@ -3,16 +3,12 @@
 
 #include <checker/tour/ksTourPart.h>
 
-class ksTourExtras;
-
 /// The part of a tour with the command that removes nodes from a constraint: one that it refers to in every
 /// way, and several.
 class ksConstraintTour : private ksTourPart
 {
 public:
-    /// The extras, which must be in the scene, must outlive the part.
-    ksConstraintTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                     const ksTourExtras &tourExtras);
+    using ksTourPart::ksTourPart;
 
     void run();
 
@@ -20,6 +16,4 @@ private:
     void remove(const std::vector<osg::NodePtr> &nodes);
     void removeFromAllRoles();
     void removeOthers();
-
-    const ksTourExtras &extras;
 };

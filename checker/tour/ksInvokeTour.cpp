@@ -8,12 +8,6 @@
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
 
-ksInvokeTour::ksInvokeTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                           const ksTourExtras &tourExtras)
-    : ksTourPart(checkedHistory, chosenTargets)
-    , extras(tourExtras)
-{}
-
 void ksInvokeTour::run()
 {
     switchFlag();

@@ -54,12 +54,6 @@ Nodes entriesOf(const osg::MFNodePtr &list)
 
 } // namespace
 
-ksLightTour::ksLightTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                         const ksTourExtras &tourExtras)
-    : ksTourPart(checkedHistory, chosenTargets)
-    , extras(tourExtras)
-{}
-
 void ksLightTour::run()
 {
     for (const osg::NodePtr &light : targets.lights)

@@ -3,7 +3,6 @@
 
 #include <checker/tour/ksTourPart.h>
 
-class ksTourExtras;
 struct ksLightProperty;
 
 /// The part of a tour with the commands on lights: drags of every value, the lists of a link set, visibility
@@ -11,9 +10,7 @@ struct ksLightProperty;
 class ksLightTour : private ksTourPart
 {
 public:
-    /// The extras, which must be in the scene, must outlive the part.
-    ksLightTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                const ksTourExtras &tourExtras);
+    using ksTourPart::ksTourPart;
 
     void run();
 
@@ -23,6 +20,4 @@ private:
     void linkNodes();
     void unlinkNodes();
     void referToVisibility(const osg::NodePtr &light, const osg::NodePtr &reference);
-
-    const ksTourExtras &extras;
 };

@@ -20,12 +20,6 @@ QString titleOf(const std::string &tag, bool adding)
 
 } // namespace
 
-ksTagTour::ksTagTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                     const ksTourExtras &tourExtras)
-    : ksTourPart(checkedHistory, chosenTargets)
-    , extras(tourExtras)
-{}
-
 void ksTagTour::run()
 {
     tagAll(UserTags, "wood", true);

@@ -7,16 +7,12 @@
 
 #include <string>
 
-class ksTourExtras;
-
 /// The part of a tour with the commands on tags: both lists of several nodes at once and of one, and tags of
 /// nothing.
 class ksTagTour : private ksTourPart
 {
 public:
-    /// The extras, which must be in the scene, must outlive the part.
-    ksTagTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-              const ksTourExtras &tourExtras);
+    using ksTourPart::ksTourPart;
 
     void run();
 
@@ -25,6 +21,4 @@ private:
     void tagOne();
     void tagNothing();
     QUndoCommand *make(std::size_t index, osg::UInt32 list, const std::string &tag, bool adding);
-
-    const ksTourExtras &extras;
 };

@@ -24,12 +24,6 @@ osg::MFString firstLetters(int count)
 
 } // namespace
 
-ksTextTour::ksTextTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                       const ksTourExtras &tourExtras)
-    : ksTourPart(checkedHistory, chosenTargets)
-    , extras(tourExtras)
-{}
-
 void ksTextTour::run()
 {
     type();

@@ -7,9 +7,11 @@
 
 #include <algorithm>
 
-ksTourPart::ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets)
+ksTourPart::ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
+                       const ksTourExtras &tourExtras)
     : history(checkedHistory)
     , targets(chosenTargets)
+    , extras(tourExtras)
 {}
 
 QString ksTourPart::text(const osg::FieldContainerPtr &container, const char *field)

@@ -11,14 +11,16 @@
 
 class QUndoCommand;
 class ksCheckedHistory;
+class ksTourExtras;
 
 /// What the parts of a tour have in common: the history that they edit through, and the containers that they
 /// edit.
 class ksTourPart
 {
 public:
-    /// Both must outlive the part.
-    ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets);
+    /// All three must outlive the part; the extras must be in the scene.
+    ksTourPart(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
+               const ksTourExtras &tourExtras);
 
 protected:
     /// The length of most drags.
@@ -38,6 +40,7 @@ protected:
 
     ksCheckedHistory &history;
     const ksTourTargets &targets;
+    const ksTourExtras &extras;
 
 private:
     void verifyGrowth(int before, int grown);

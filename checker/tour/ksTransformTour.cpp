@@ -39,39 +39,44 @@ osg::Quaternion slantedTurn(float degrees)
     return turn;
 }
 
+/// Lets commands of the class \a Command call \a log, as \a name; or nobody when it is null.
+template <class Command>
+void syncTo(const ksCallLog *log, const char *name)
+{
+    if (log != nullptr)
+        Command::setSyncFunction(log->writer(name));
+    else
+        Command::setSyncFunction({});
+}
+
+void syncAllTo(const ksCallLog *log)
+{
+    syncTo<ksTranslationUndoCommand>(log, "sync translation");
+    syncTo<ksRotationUndoCommand>(log, "sync eulerRotation");
+    syncTo<ksScaleUndoCommand>(log, "sync scale");
+    syncTo<ksShearUndoCommand>(log, "sync shear");
+    syncTo<ksScalePivotUndoCommand>(log, "sync scalePivot");
+    syncTo<ksRotationPivotUndoCommand>(log, "sync rotatePivot");
+    syncTo<ksScalePivotTranslationUndoCommand>(log, "sync scalePivotTranslation");
+    syncTo<ksRotationPivotTranslationUndoCommand>(log, "sync rotatePivotTranslation");
+    syncTo<ksRotationPivotOrientationUndoCommand>(log, "sync rotationOrientation");
+    syncTo<ksRotationPivotDirectionUndoCommand>(log, "sync rotationDirection");
+    syncTo<ksEulerRotationOrderUndoCommand>(log, "sync eulerRotationOrder");
+    syncTo<ksTransformationUndoCommand>(log, "sync transformation");
+}
+
 } // namespace
 
-ksTransformTour::ksTransformTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets)
-    : ksTourPart(checkedHistory, chosenTargets)
+ksTransformTour::ksTransformTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
+                                 const ksTourExtras &tourExtras)
+    : ksTourPart(checkedHistory, chosenTargets, tourExtras)
 {
-    ksTranslationUndoCommand::setSyncFunction(log.writer("sync translation"));
-    ksRotationUndoCommand::setSyncFunction(log.writer("sync eulerRotation"));
-    ksScaleUndoCommand::setSyncFunction(log.writer("sync scale"));
-    ksShearUndoCommand::setSyncFunction(log.writer("sync shear"));
-    ksScalePivotUndoCommand::setSyncFunction(log.writer("sync scalePivot"));
-    ksRotationPivotUndoCommand::setSyncFunction(log.writer("sync rotatePivot"));
-    ksScalePivotTranslationUndoCommand::setSyncFunction(log.writer("sync scalePivotTranslation"));
-    ksRotationPivotTranslationUndoCommand::setSyncFunction(log.writer("sync rotatePivotTranslation"));
-    ksRotationPivotOrientationUndoCommand::setSyncFunction(log.writer("sync rotationOrientation"));
-    ksRotationPivotDirectionUndoCommand::setSyncFunction(log.writer("sync rotationDirection"));
-    ksEulerRotationOrderUndoCommand::setSyncFunction(log.writer("sync eulerRotationOrder"));
-    ksTransformationUndoCommand::setSyncFunction(log.writer("sync transformation"));
+    syncAllTo(&log);
 }
 
 ksTransformTour::~ksTransformTour()
 {
-    ksTranslationUndoCommand::setSyncFunction({});
-    ksRotationUndoCommand::setSyncFunction({});
-    ksScaleUndoCommand::setSyncFunction({});
-    ksShearUndoCommand::setSyncFunction({});
-    ksScalePivotUndoCommand::setSyncFunction({});
-    ksRotationPivotUndoCommand::setSyncFunction({});
-    ksScalePivotTranslationUndoCommand::setSyncFunction({});
-    ksRotationPivotTranslationUndoCommand::setSyncFunction({});
-    ksRotationPivotOrientationUndoCommand::setSyncFunction({});
-    ksRotationPivotDirectionUndoCommand::setSyncFunction({});
-    ksEulerRotationOrderUndoCommand::setSyncFunction({});
-    ksTransformationUndoCommand::setSyncFunction({});
+    syncAllTo(nullptr);
 }
 
 void ksTransformTour::run()

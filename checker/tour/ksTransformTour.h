@@ -15,7 +15,8 @@ class ksTransformTour : private ksTourPart
 public:
     /// From here on, the sync functions of all transform command classes write to the tour's log. There may
     /// be one such tour at a time.
-    ksTransformTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets);
+    ksTransformTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
+                    const ksTourExtras &tourExtras);
 
     /// The sync functions are empty from here on.
     ~ksTransformTour();

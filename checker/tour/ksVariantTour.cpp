@@ -41,8 +41,8 @@ std::vector<osg::UInt32> idsOf(const osg::NodePtr &node)
 } // namespace
 
 ksVariantTour::ksVariantTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                             ksTransformTour &transformTour)
-    : ksTourPart(checkedHistory, chosenTargets)
+                             const ksTourExtras &tourExtras, ksTransformTour &transformTour)
+    : ksTourPart(checkedHistory, chosenTargets, tourExtras)
     , transforms(transformTour)
 {}
 

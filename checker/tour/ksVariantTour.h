@@ -13,9 +13,9 @@ class ksTransformTour;
 class ksVariantTour : private ksTourPart
 {
 public:
-    /// \a transformTour edits the variants' transforms. All three must outlive the part.
+    /// \a transformTour edits the variants' transforms. All must outlive the part.
     ksVariantTour(ksCheckedHistory &checkedHistory, const ksTourTargets &chosenTargets,
-                  ksTransformTour &transformTour);
+                  const ksTourExtras &tourExtras, ksTransformTour &transformTour);
 
     void run();
 
