@@ -323,6 +323,8 @@ TEST_F(ksCheckedHistoryTest, TakesADragAsOneStep)
 
 TEST_F(ksCheckedHistoryTest, KnowsEveryIndexOfADragThatDoesNotMerge)
 {
+    history.add(setLayer(1));
+    history.undo();
     history.drag(3, [this](int event) {
         return new ksBoolFieldUndoCommand(childSettings(), "locked", event % 2 == 0);
     });

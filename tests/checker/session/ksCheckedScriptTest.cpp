@@ -107,7 +107,8 @@ const ScriptCase Cases[] = {
     {"Constraints",
      "var vase = scene.find('Vase'), flower = scene.find('Flower'), spot = scene.find('CeilingSpot');"
      "var aim = scene.addAim('Aim', spot, [vase, flower, spot], flower); aim.remove(vase);"
-     "history.undo(); history.redo(); aim.remove([spot, flower]); history.undo();"}};
+     "history.undo(); aim.remove([vase, flower]); history.undo(); history.redo(); aim.remove(spot);"
+     "history.undo();"}};
 
 } // namespace
 

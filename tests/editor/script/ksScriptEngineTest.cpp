@@ -128,7 +128,9 @@ TEST_F(ksScriptEngineTest, EditsThroughTheHistory)
 
 TEST_F(ksScriptEngineTest, DragsMergeIntoOneStep)
 {
-    run("scene.find('Child').attachment('ksNodeSettings').drag('opacity', [0.75, 0.5, 0.25], 'Fade');");
+    EXPECT_EQ(
+        run("scene.find('Child').attachment('ksNodeSettings').drag('opacity', [0.75, 0.5, 0.25], 'Fade');"),
+        "step 1: drag \"Fade\", 3 events\n");
     EXPECT_EQ(stack.count(), 1);
     EXPECT_EQ(childSettings()->getOpacity(), 0.25F);
     run("history.undo();");
@@ -227,7 +229,12 @@ TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
     const std::string error = "Error: there is no open macro";
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
     EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"), ":2: " + error);
-    // Nothing is open or out of step afterwards.
+    // One that is open, but not the script's, stays so.
+    history.beginMacro(QStringLiteral("Mine"));
+    EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
+    EXPECT_TRUE(history.isInMacro());
+    history.endMacro();
+    // Nothing is out of step afterwards.
     run("var own = scene.root.attachment('ksNodeSettings');"
         "history.clear(); history.macro('m', function () { own.set('layer', 1); own.set('lodBias', 2); });"
         "history.undo();");
