@@ -108,7 +108,7 @@ void ksTransformTour::edit(const osg::NodePtr &node, int index)
 void ksTransformTour::apply(const osg::NodePtr &node, int index, bool syncs)
 {
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(node, index);
-    ksTransformation values(transform);
+    auto values = ksTransformation::of(transform);
     values.translation += osg::Vec3f(1, 2, 3);
     values.rotation = {10, -20, 30};
     values.scale = {1, 1.5F, syncs ? 2.0F : 0.5F};

@@ -59,21 +59,6 @@ ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &
 
 } // namespace
 
-ksTransformation::ksTransformation(const osg::Transform3DPtr &transform)
-    : translation(transform->getTranslation())
-    , rotation(transform->getEulerRotation())
-    , scale(transform->getScale())
-    , shear(transform->getShear())
-    , scalePivot(transform->getScalePivot())
-    , rotatePivot(transform->getRotatePivot())
-    , scalePivotTranslation(transform->getScalePivotTranslation())
-    , rotatePivotTranslation(transform->getRotatePivotTranslation())
-    , inheritType(transform->getInheritType())
-    , eulerRotationOrder(transform->getEulerRotationOrder())
-{
-    rotationDirectionOn = transform->getRotationDirectionValues(rotationDirection, rotationDirectionMode);
-}
-
 const std::vector<ksTransformProperty> &ksTransformEdits::properties()
 {
     static const std::vector<ksTransformProperty> all = {
@@ -114,11 +99,7 @@ ksTransformationUndoCommand *
 ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &values, int index, bool syncs,
                             ksTransformationUndoCommand::Notification notification)
 {
-    return new ksTransformationUndoCommand(
-        node, values.translation, values.rotation, values.scale, values.shear, values.scalePivot,
-        values.rotatePivot, values.scalePivotTranslation, values.rotatePivotTranslation, values.inheritType,
-        values.eulerRotationOrder, values.rotationDirectionOn, values.rotationDirection,
-        values.rotationDirectionMode, syncs, nullptr, std::move(notification), index);
+    return new ksTransformationUndoCommand(node, values, syncs, nullptr, std::move(notification), index);
 }
 
 osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)

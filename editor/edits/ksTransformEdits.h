@@ -54,29 +54,6 @@ struct ksTransformProperty
                            const ksTransformCallback &callback);
 };
 
-/// A whole transformation, as ksTransformationUndoCommand applies it.
-struct ksTransformation
-{
-    ksTransformation() = default;
-
-    /// What \a transform has.
-    explicit ksTransformation(const osg::Transform3DPtr &transform);
-
-    osg::Vec3f translation{0, 0, 0};
-    osg::Vec3f rotation{0, 0, 0};
-    osg::Vec3f scale{1, 1, 1};
-    osg::Vec3f shear{0, 0, 0};
-    osg::Vec3f scalePivot{0, 0, 0};
-    osg::Vec3f rotatePivot{0, 0, 0};
-    osg::Vec3f scalePivotTranslation{0, 0, 0};
-    osg::Vec3f rotatePivotTranslation{0, 0, 0};
-    int inheritType = 0;
-    std::string eulerRotationOrder = "XYZ";
-    bool rotationDirectionOn = false;
-    osg::Vec3f rotationDirection{0, 0, 0};
-    int rotationDirectionMode = 0;
-};
-
 /// The edits of transforms that the editor offers.
 namespace ksTransformEdits {
 

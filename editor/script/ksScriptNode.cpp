@@ -215,7 +215,7 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         const ksTransformTarget aim = target(options);
         if (aim.world)
             throw ksEditorError("a transformation has no world space");
-        ksTransformation applied(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        auto applied = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
         host.history().add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));

@@ -13,15 +13,11 @@
 
 namespace {
 
-/// Builds commands on one field for the first of the tried types that the field has.
-class CommandMaker
+/// A field for which one of several commands is to be made.
+struct Target
 {
-public:
-    CommandMaker(const QString &text, const osg::FieldContainerPtr &container, const std::string &fieldName,
-                 QUndoCommand *parent)
-        : text(text)
-        , container(container)
-        , parent(parent)
+    Target(const osg::FieldContainerPtr &container, const std::string &fieldName)
+        : container(container)
     {
         if (const auto *description = ksFieldBaseUndoCommand::findField(container, fieldName)) {
             fieldId = static_cast<int>(description->getFieldId());
@@ -29,52 +25,64 @@ public:
         }
     }
 
-    template <class T, class ValueT>
-    bool tryNumber(ValueT value) const
-    {
-        return ksFieldCast<osg::SField<T>>(field) != nullptr &&
-               deliver(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
-    }
-
-    bool tryBool(bool value) const
-    {
-        return ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
-               deliver(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
-    }
-
-private:
-    bool deliver(QUndoCommand *command) const
-    {
-        if (parent == nullptr)
-            ksUndoStack::get(0)->add(command);
-        return true;
-    }
-
-    const QString &text;
     const osg::FieldContainerPtr &container;
-    QUndoCommand *parent;
     int fieldId = 0;
     osg::Field *field = nullptr;
 };
 
-/// Lists the entries that \a append adds to the list for the first \a maxCount of \a nodes.
-template <class NodeT, class Append>
-QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount, Append append)
+/// Makes the command for the first of the numbers \a T, \a Others ... that the field is of, if any.
+template <class T, class... Others, class ValueT>
+QUndoCommand *makeNumber(const Target &target, const QString &text, ValueT value, QUndoCommand *parent)
+{
+    if (ksDetail::ksFieldCast<osg::SField<T>>(target.field) != nullptr)
+        return new ksFieldUndoCommand<T>(text, target.container, target.fieldId, static_cast<T>(value),
+                                         parent);
+    if constexpr (sizeof...(Others) > 0)
+        return makeNumber<Others...>(target, text, value, parent);
+    else
+        return nullptr;
+}
+
+/// Leaves \a command, which may be null, to its parent, or adds it to the first stack.
+void deliver(QUndoCommand *command, const QUndoCommand *parent)
+{
+    if (parent == nullptr)
+        ksUndoStack::get(0)->add(command);
+}
+
+/// Adds the entry of a node to a list of names.
+void appendName(QStringList &names, const osg::NodePtr &node)
+{
+    if (node != osg::NullFC)
+        names.append(NodeUtils::displayName(node));
+}
+
+void appendName(QStringList &names, const ksNodePtr &node)
+{
+    appendName(names, node.getNodePtr());
+}
+
+void appendName(QStringList &names, const std::pair<osg::NodePtr, int> &entry)
+{
+    const auto &[node, variant] = entry;
+    if (node == osg::NullFC)
+        return;
+    const QString name = NodeUtils::displayName(node);
+    const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
+    const QString text = hasVariantName ? QString(name + name) : name;
+    if (!text.isEmpty())
+        names.append(text);
+}
+
+/// Lists the names of the first \a maxCount of \a nodes.
+template <class NodeT>
+QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount)
 {
     QStringList names;
     for (std::size_t i = 0; i < std::min<std::size_t>(maxCount, nodes.size()); ++i)
-        append(names, nodes[i]);
+        appendName(names, nodes[i]);
     const QString end = nodes.size() > maxCount ? QStringLiteral("', ...") : QStringLiteral("'");
     return QLatin1Char('\'') + names.join(QStringLiteral("', '")) + end;
-}
-
-std::vector<osg::NodePtr> nodePtrs(const std::vector<ksNodePtr> &nodes)
-{
-    std::vector<osg::NodePtr> result;
-    result.reserve(nodes.size());
-    for (const ksNodePtr &node : nodes)
-        result.push_back(node.getNodePtr());
-    return result;
 }
 
 } // namespace
@@ -82,19 +90,19 @@ std::vector<osg::NodePtr> nodePtrs(const std::vector<ksNodePtr> &nodes)
 void ksUndoUtil::makeIntTypeCommand(const QString &text, osg::FieldContainerPtr container,
                                     const std::string &fieldName, long long value, QUndoCommand *parent)
 {
-    const CommandMaker maker(text, container, fieldName, parent);
-    maker.tryNumber<long long>(value) || maker.tryNumber<unsigned long long>(value) ||
-        maker.tryNumber<int>(value) || maker.tryNumber<unsigned int>(value) ||
-        maker.tryNumber<short>(value) || maker.tryNumber<unsigned short>(value) ||
-        maker.tryNumber<signed char>(value) || maker.tryNumber<unsigned char>(value) ||
-        maker.tryBool(value != 0);
+    const Target target(container, fieldName);
+    QUndoCommand *command =
+        makeNumber<long long, unsigned long long, int, unsigned int, short, unsigned short, signed char,
+                   unsigned char>(target, text, value, parent);
+    if (ksDetail::ksFieldCast<osg::SField<bool, 2>>(target.field) != nullptr)
+        command = new ksBoolFieldUndoCommand(text, container, target.fieldId, value != 0, parent);
+    deliver(command, parent);
 }
 
 void ksUndoUtil::makeFloatTypeCommand(const QString &text, osg::FieldContainerPtr container,
                                       const std::string &fieldName, double value, QUndoCommand *parent)
 {
-    const CommandMaker maker(text, container, fieldName, parent);
-    maker.tryNumber<float>(value) || maker.tryNumber<double>(value);
+    deliver(makeNumber<float, double>(Target(container, fieldName), text, value, parent), parent);
 }
 
 QString ksUndoUtil::makeNameList(const osg::NodePtr &node)
@@ -102,45 +110,18 @@ QString ksUndoUtil::makeNameList(const osg::NodePtr &node)
     return QLatin1Char('\'') + QString::fromLatin1(NodeUtils::getName(node)) + QLatin1Char('\'');
 }
 
-QString ksUndoUtil::makeNameList(const ksNodePtr &node)
-{
-    return makeNameList(node.getNodePtr());
-}
-
-QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes)
-{
-    return makeNameList(nodes, nodes.size());
-}
-
-QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes)
-{
-    return makeNameList(nodes, nodes.size());
-}
-
 QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount)
 {
-    return listNames(nodes, maxCount, [](QStringList &names, const osg::NodePtr &node) {
-        if (node != osg::NullFC)
-            names.append(NodeUtils::getText(node));
-    });
+    return listNames(nodes, maxCount);
 }
 
 QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount)
 {
-    return makeNameList(nodePtrs(nodes), maxCount);
+    return listNames(nodes, maxCount);
 }
 
 QString ksUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>> &nodes,
                                  unsigned long maxCount)
 {
-    return listNames(nodes, maxCount, [](QStringList &names, const std::pair<osg::NodePtr, int> &entry) {
-        const auto &[node, variant] = entry;
-        if (node == osg::NullFC)
-            return;
-        const QString name = NodeUtils::getText(node);
-        const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
-        const QString text = hasVariantName ? QString(name + name) : name;
-        if (!text.isEmpty())
-            names.append(text);
-    });
+    return listNames(nodes, maxCount);
 }

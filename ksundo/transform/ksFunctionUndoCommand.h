@@ -7,6 +7,7 @@
 #include <OpenSG/OSGNode.h>
 #include <ksMessage.h>
 
+#include <type_traits>
 #include <utility>
 
 /// Changes one property of one node through a getter and a setter of the application.
@@ -20,16 +21,20 @@
 template <class T>
 class ksFunctionUndoCommand : public ksUndoCommand
 {
+    static_assert(std::is_copy_constructible_v<T> && std::is_copy_assignable_v<T>, "T must be copyable");
+
 public:
-    /// Sets the property of \a node to \a value when it is run, and not before.
+    /// Sets the property of \a node, which may be null, to \a value when it is run, and not before.
     ksFunctionUndoCommand(const QString &text, osg::NodePtr node, T value, QUndoCommand *parent = nullptr)
         : ksUndoCommand(text, parent)
         , nodeId(node.getFieldContainerId())
         , value(std::move(value))
     {}
 
+    /// The same exchange as redo().
     void undo() override { redo(); }
 
+    /// Exchanges the node's value and the stored one.
     void redo() override
     {
         const auto node = ksFindContainer<osg::NodePtr>(nodeId);
@@ -40,6 +45,7 @@ public:
         value = std::move(previous);
     }
 
+    /// Takes over the time of \a other; this command already has the value from before both.
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }
 
     /// Adds "id", then "node", the node's id as unsigned int.
@@ -63,7 +69,7 @@ public:
     virtual void set(osg::NodePtr node, T value) = 0;
 
 protected:
-    osg::UInt32 nodeId;
+    osg::UInt32 nodeId; ///< 0 for none
 
     /// What the next redo or undo writes.
     T value;

@@ -74,11 +74,11 @@ TEST_F(NodeUtilsTest, GivesTheNameAsText)
 {
     node->setCore(osg::Group::create());
     osg::setName(node.get(), std::string("Gr\u00f6\u00dfe"));
-    EXPECT_EQ(NodeUtils::getText(node), QStringLiteral("Gr\u00f6\u00dfe"));
+    EXPECT_EQ(NodeUtils::displayName(node), QStringLiteral("Gr\u00f6\u00dfe"));
 }
 
 TEST_F(NodeUtilsTest, GivesAnEmptyTextForNoName)
 {
-    EXPECT_EQ(NodeUtils::getText(node), QString());
-    EXPECT_EQ(NodeUtils::getText(osg::NullFC), QString());
+    EXPECT_EQ(NodeUtils::displayName(node), QString());
+    EXPECT_EQ(NodeUtils::displayName(osg::NullFC), QString());
 }

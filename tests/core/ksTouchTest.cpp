@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 
 #include <gmock/gmock.h>
 
@@ -33,7 +33,7 @@ protected:
 
 TEST_F(ksTouchTest, RecordsTheChangeThenCallsTheHandler)
 {
-    ksTouch(probe.get(), osg::ProbeContainer::TextFieldMask);
+    ksEndEdit(probe.get(), osg::ProbeContainer::TextFieldMask);
     EXPECT_EQ(recorder.take(), editOf(osg::ProbeContainer::TextFieldMask));
 
     const auto calls = osg::ProbeContainer::takeCalls();
@@ -47,7 +47,7 @@ TEST_F(ksTouchTest, RecordsTheChangeThenCallsTheHandler)
 TEST_F(ksTouchTest, PassesAllBitsOfTheMask)
 {
     for (const osg::BitVector mask : {~osg::BitVector(0), osg::BitVector(1) << 63, osg::BitVector(0)}) {
-        ksTouch(probe.get(), mask);
+        ksEndEdit(probe.get(), mask);
         EXPECT_EQ(recorder.take(), editOf(mask));
         const auto calls = osg::ProbeContainer::takeCalls();
         ASSERT_EQ(calls.size(), 1u);
@@ -58,7 +58,7 @@ TEST_F(ksTouchTest, PassesAllBitsOfTheMask)
 TEST_F(ksTouchTest, RecordsButCallsNoHandlerWhenChangesAreIgnored)
 {
     osg::FieldContainerPtr::_ignore_change = true;
-    ksTouch(probe.get(), 2);
+    ksEndEdit(probe.get(), 2);
     EXPECT_EQ(recorder.take(), editOf(2));
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
 }
@@ -67,7 +67,7 @@ TEST_F(ksTouchTest, CallsTheHandlerWithAReadOnlyList)
 {
     osg::ChangeList *changes = osg::PThreadBase::getCurrentChangeList();
     changes->setReadOnly(true);
-    ksTouch(probe.get(), 2);
+    ksEndEdit(probe.get(), 2);
     changes->setReadOnly(false);
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 1u);
@@ -75,20 +75,20 @@ TEST_F(ksTouchTest, CallsTheHandlerWithAReadOnlyList)
 
 TEST_F(ksTouchTest, CallsTheHandlerOnAThreadWithoutAList)
 {
-    std::thread([this] { ksTouch(probe.get(), 2); }).join();
+    std::thread([this] { ksEndEdit(probe.get(), 2); }).join();
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 1u);
 }
 
 TEST_F(ksTouchTest, DoesNothingOnNull)
 {
-    ksTouch(osg::NullFC, 2);
+    ksEndEdit(osg::NullFC, 2);
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
 }
 
 TEST_F(ksTouchTest, TakesNoReference)
 {
-    ksTouch(probe.get(), 2);
+    ksEndEdit(probe.get(), 2);
     EXPECT_EQ(probe.get().getRefCount(), 1);
 }

@@ -195,7 +195,7 @@ void addTransformKinds(std::vector<ksFaultKind> &kinds)
     for (const ksTransformValueRow &row : ksTransformValueRows::all) {
         const auto make = [&row](Scene &scene, const NodePtr &node) {
             ksTransformValueForm form;
-            form.callback = [&scene](unsigned int, const ksTransformValue &, int) { scene.log("called"); };
+            form.callback = [&scene](unsigned int, const osg::Vec3f &, int) { scene.log("called"); };
             return row.make(node, Vec3f(3, 0.5f, -2), form);
         };
         ksFaultKind result;

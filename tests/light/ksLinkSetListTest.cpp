@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ksLightLinkSetFixture.h"
 
-#include <ksundo/light/ksLinkSetList.h>
+#include <ksundo/light/detail/ksLinkSetList.h>
 
 #include <rapidcheck.h>
 
@@ -72,8 +72,8 @@ struct OneByOneSetPtr : std::shared_ptr<OneByOneSet>
     using std::shared_ptr<OneByOneSet>::shared_ptr;
 };
 
-static_assert(ksTakesManyNodes<osg::LightLinkSet>);
-static_assert(!ksTakesManyNodes<OneByOneSet>);
+static_assert(ksDetail::ksTakesManyNodes<osg::LightLinkSet>);
+static_assert(!ksDetail::ksTakesManyNodes<OneByOneSet>);
 
 /// Two link sets: the bundled one, and one that has only the operations on one node.
 class ksLinkSetListTest : public ksLightLinkSetFixture
@@ -95,10 +95,10 @@ protected:
         list.push_back(entry);
         return letters(list);
     })};
-    const ksLinkSetList<osg::LightLinkSetPtr> manyNodes{set, true};
-    const ksLinkSetList<osg::LightLinkSetPtr> manyLights{set, false};
-    const ksLinkSetList<OneByOneSetPtr> oneNodes{single, true};
-    const ksLinkSetList<OneByOneSetPtr> oneLights{single, false};
+    const ksDetail::ksLinkSetList<osg::LightLinkSetPtr> manyNodes{set, true};
+    const ksDetail::ksLinkSetList<osg::LightLinkSetPtr> manyLights{set, false};
+    const ksDetail::ksLinkSetList<OneByOneSetPtr> oneNodes{single, true};
+    const ksDetail::ksLinkSetList<OneByOneSetPtr> oneLights{single, false};
 };
 
 /// Letters of some nodes, each as often as it comes.

@@ -25,10 +25,10 @@ struct ksTransformValueForm
 /// What the ten commands on vector values are required to be, one row per class.
 struct ksTransformValueRow
 {
-    using Command = ksTransformUndoCommand<ksTransformValue>;
+    using Command = ksTransformUndoCommand<osg::Vec3f>;
 
     /// A sync function: its last argument is the mode as a text, - for the classes that pass none.
-    using Sync = std::function<void(const osg::NodePtr &, const ksTransformValue &, const std::string &)>;
+    using Sync = std::function<void(const osg::NodePtr &, const osg::Vec3f &, const std::string &)>;
 
     const char *className;
     const char *verb;
@@ -39,9 +39,8 @@ struct ksTransformValueRow
     /// What an edit names.
     osg::BitVector mask;
     /// The application's getter.
-    ksTransformValue (*read)(const osg::NodePtr &node, bool mode, int index);
-    Command *(*make)(const osg::NodePtr &node, const ksTransformValue &value,
-                     const ksTransformValueForm &form);
+    osg::Vec3f (*read)(const osg::NodePtr &node, bool mode, int index);
+    Command *(*make)(const osg::NodePtr &node, const osg::Vec3f &value, const ksTransformValueForm &form);
     void (*setSync)(const Sync &sync);
     int (*commandId)();
 
@@ -65,7 +64,7 @@ namespace ksTransformValueRows {
 
 using Row = ksTransformValueRow;
 using Form = ksTransformValueForm;
-using Value = ksTransformValue;
+using Value = osg::Vec3f;
 using osg::NodePtr;
 using osg::Transform3D;
 
@@ -126,7 +125,7 @@ void setModeSync(const Row::Sync &sync)
 }
 
 /// A getter without a mode.
-template <ksTransformValue (*get)(const NodePtr &, int)>
+template <osg::Vec3f (*get)(const NodePtr &, int)>
 Value read(const NodePtr &node, bool, int index)
 {
     return get(node, index);

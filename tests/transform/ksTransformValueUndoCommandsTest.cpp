@@ -17,20 +17,18 @@ using Row = ksTransformValueRow;
 using Form = ksTransformValueForm;
 using Command = std::unique_ptr<Row::Command>;
 
-static_assert(
-    !std::is_constructible_v<ksShearUndoCommand, osg::NodePtr, ksTransformValue, bool, QUndoCommand *>);
-static_assert(
-    !std::is_constructible_v<ksShearUndoCommand, osg::NodePtr, ksTransformValue, double, QUndoCommand *>);
+static_assert(!std::is_constructible_v<ksShearUndoCommand, osg::NodePtr, osg::Vec3f, bool, QUndoCommand *>);
+static_assert(!std::is_constructible_v<ksShearUndoCommand, osg::NodePtr, osg::Vec3f, double, QUndoCommand *>);
 
-const ksTransformValue target(-3.3f, 0.1f, 7.7f);
+const osg::Vec3f target(-3.3f, 0.1f, 7.7f);
 
 /// Equal, also in the sign of zeros.
-bool sameBits(const ksTransformValue &a, const ksTransformValue &b)
+bool sameBits(const osg::Vec3f &a, const osg::Vec3f &b)
 {
     return ksTextOf(a) == ksTextOf(b);
 }
 
-bool isNear(const ksTransformValue &actual, const ksTransformValue &expected)
+bool isNear(const osg::Vec3f &actual, const osg::Vec3f &expected)
 {
     return (actual - expected).length() <= 1e-5f * (1 + expected.length());
 }
@@ -47,13 +45,13 @@ protected:
 
     static const Row &row() { return GetParam(); }
 
-    Command make(const Form &form = {}, const ksTransformValue &value = target) const
+    Command make(const Form &form = {}, const osg::Vec3f &value = target) const
     {
         return Command(row().make(node, value, form));
     }
 
     /// What the application reads from the node.
-    ksTransformValue read(const Form &form = {}) const { return row().read(node, form.mode, form.index); }
+    osg::Vec3f read(const Form &form = {}) const { return row().read(node, form.mode, form.index); }
 
     /// Every mode with every index.
     static std::vector<Form> places()
@@ -69,7 +67,7 @@ protected:
     void logSync(const char *name = "sync")
     {
         row().setSync(
-            [this, name](const osg::NodePtr &synced, const ksTransformValue &value, const std::string &mode) {
+            [this, name](const osg::NodePtr &synced, const osg::Vec3f &value, const std::string &mode) {
                 events.push_back(std::string(name) + ' ' + std::to_string(synced.getFieldContainerId()) +
                                  ' ' + ksTextOf(value) + ' ' + mode + whatIsThere(value));
             });
@@ -78,14 +76,14 @@ protected:
     /// A change callback that does the same.
     ksTransformCallback loggingCallback()
     {
-        return [this](unsigned int id, const ksTransformValue &value, int index) {
+        return [this](unsigned int id, const osg::Vec3f &value, int index) {
             events.push_back("callback " + std::to_string(id) + ' ' + ksTextOf(value) + ' ' +
                              std::to_string(index) + whatIsThere(value));
         };
     }
 
     /// What the events of one step of a command of \a form that writes \a value must be.
-    ksTransformEvents stepEvents(const Form &form, const ksTransformValue &value) const
+    ksTransformEvents stepEvents(const Form &form, const osg::Vec3f &value) const
     {
         const std::string start = std::to_string(nodeId()) + ' ' + ksTextOf(value) + ' ';
         ksTransformEvents expected;
@@ -103,9 +101,9 @@ protected:
     ksTransformEvents events;
 
 private:
-    std::string whatIsThere(const ksTransformValue &value) const
+    std::string whatIsThere(const osg::Vec3f &value) const
     {
-        const ksTransformValue there = read(watched);
+        const osg::Vec3f there = read(watched);
         const bool same = watched.mode ? isNear(there, value) : sameBits(there, value);
         return same ? " which is there" : " while " + ksTextOf(there) + " is there";
     }
@@ -149,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(, ksTransformValueModes, testing::ValuesIn(rowsWithMode
 TEST_P(ksTransformValueUndoCommandsTest, ExchangesTheValueAtEveryStep)
 {
     for (const Form &place : places()) {
-        const ksTransformValue before = read(place);
+        const osg::Vec3f before = read(place);
         ASSERT_FALSE(isNear(before, target));
         const Command command = make(place);
         EXPECT_TRUE(sameBits(read(place), before)) << "nothing is written before the command runs";
@@ -178,7 +176,7 @@ TEST_P(ksTransformValueUndoCommandsTest, ChangesOnlyTheTransformOfItsIndex)
 
 TEST_P(ksTransformValueUndoCommandsTest, ExchangesAsWellWhenUndoComesFirst)
 {
-    const ksTransformValue before = read();
+    const osg::Vec3f before = read();
     const Command command = make();
     command->undo();
     EXPECT_TRUE(sameBits(read(), target));
@@ -220,7 +218,7 @@ TEST_P(ksTransformValueUndoCommandsTest, CallsTheCallbackThenTheSyncFunctionAfte
         SCOPED_TRACE("index " + std::to_string(place.index) + (place.mode ? " in mode" : ""));
         watched = place;
         place.callback = loggingCallback();
-        const ksTransformValue before = read(place);
+        const osg::Vec3f before = read(place);
         const Command command = make(place);
         EXPECT_EQ(take(), ksTransformEvents());
         command->redo();
@@ -280,7 +278,7 @@ TEST_P(ksTransformValueUndoCommandsTest, SharesTheSyncFunctionOfItsClass)
 TEST_P(ksTransformValueUndoCommandsTest, CallsNoOtherClassesSyncFunction)
 {
     for (const Row &other : ksTransformValueRows::all)
-        other.setSync([this, &other](const osg::NodePtr &, const ksTransformValue &, const std::string &) {
+        other.setSync([this, &other](const osg::NodePtr &, const osg::Vec3f &, const std::string &) {
             events.push_back(other.className);
         });
     make()->redo();
@@ -291,7 +289,7 @@ TEST_P(ksTransformValueUndoCommandsTest, LetsGoOfTheSyncFunctionThatIsReplaced)
 {
     auto held = std::make_shared<int>();
     const std::weak_ptr<int> watch = held;
-    const auto hold = [held](const osg::NodePtr &, const ksTransformValue &, const std::string &) {};
+    const auto hold = [held](const osg::NodePtr &, const osg::Vec3f &, const std::string &) {};
     row().setSync(hold);
     held.reset();
     make()->redo();
@@ -341,7 +339,7 @@ TEST_P(ksTransformValueUndoCommandsTest, BelongsToItsParent)
 TEST_P(ksTransformValueUndoCommandsTest, MergesWithCommandsOfItsClassOnlyOnTheSameNode)
 {
     const Command older = make();
-    const Command newer = make({}, ksTransformValue(1, 2, 3));
+    const Command newer = make({}, osg::Vec3f(1, 2, 3));
     EXPECT_TRUE(older->canMergeWith(newer.get()));
     const Command elsewhere(row().make(child, target, {}));
     expectNoMerge(*older, *elsewhere);
@@ -382,10 +380,10 @@ TEST_P(ksTransformValueUndoCommandsTest, MergesOnlyInTimeAndUnlessSwitchedOff)
 
 TEST_P(ksTransformValueUndoCommandsTest, UndoesADragAtOnce)
 {
-    const ksTransformValue before = read();
+    const osg::Vec3f before = read();
     ksUndoStack stack;
     for (int i = 1; i <= 5; ++i) {
-        Row::Command *command = row().make(node, ksTransformValue(i, 2 * i, 3 * i), {});
+        Row::Command *command = row().make(node, osg::Vec3f(i, 2 * i, 3 * i), {});
         ksCommandTime::of(*command) = 1000 + 0.375 * i;
         stack.add(command);
     }
@@ -393,7 +391,7 @@ TEST_P(ksTransformValueUndoCommandsTest, UndoesADragAtOnce)
     stack.undo();
     EXPECT_TRUE(sameBits(read(), before));
     stack.redo();
-    EXPECT_TRUE(sameBits(read(), ksTransformValue(5, 10, 15)));
+    EXPECT_TRUE(sameBits(read(), osg::Vec3f(5, 10, 15)));
 }
 
 TEST_P(ksTransformValueUndoCommandsTest, StartsANewStepWhenModeOrIndexChanges)
@@ -401,7 +399,7 @@ TEST_P(ksTransformValueUndoCommandsTest, StartsANewStepWhenModeOrIndexChanges)
     ksUndoStack stack;
     for (const Form &place : places())
         for (int i = 0; i < 2; ++i) {
-            Row::Command *command = row().make(node, ksTransformValue(i, 1, 2), place);
+            Row::Command *command = row().make(node, osg::Vec3f(i, 1, 2), place);
             command->setMergeResponseDelta(-1.0);
             stack.add(command);
         }
@@ -457,13 +455,13 @@ TEST_P(ksTransformValueUndoCommandsTest, NotifiesAlsoForANodeWithoutATransform)
     EXPECT_EQ(scene(), before);
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(take().size(), row().hasCallback ? 2u : 1u);
-    EXPECT_TRUE(sameBits(ksFunctionTarget<ksTransformValue>::valueOf(*command), ksTransformValue(0, 0, 0)));
+    EXPECT_TRUE(sameBits(ksFunctionTarget<osg::Vec3f>::valueOf(*command), osg::Vec3f(0, 0, 0)));
 }
 
 TEST_P(ksTransformValueModes, ReachGetterAndSetter)
 {
-    const ksTransformValue local = read({false, -1});
-    const ksTransformValue world = read({true, -1});
+    const osg::Vec3f local = read({false, -1});
+    const osg::Vec3f world = read({true, -1});
     ASSERT_FALSE(isNear(local, world)) << "the modes differ here";
     EXPECT_TRUE(sameBits(make({true, -1})->get(node), world));
     make({true, -1})->redo();
@@ -497,7 +495,7 @@ TEST_P(ksTransformValueMergeForms, DifferInNothingElse)
         for (const Form &place : places()) {
             const Form with{place.mode, place.index, form, loggingCallback()};
             watched = with;
-            const ksTransformValue before = read(place);
+            const osg::Vec3f before = read(place);
             const Command command = make(with);
             EXPECT_EQ(command->text(), make()->text());
             command->redo();
@@ -544,7 +542,7 @@ TEST_F(ksRotationPivotDirectionUndoCommandTest, WritesAxisAndFlagAtEveryStep)
 TEST_F(ksRotationPivotDirectionUndoCommandTest, ReadsTheDirectionAsItWasSetWhateverItsAxis)
 {
     for (const int index : {-1, 0, 1}) {
-        const ksTransformValue set = ksNodeUtils::getTransform3D(node, index)->getRotationDirection();
+        const osg::Vec3f set = ksNodeUtils::getTransform3D(node, index)->getRotationDirection();
         for (const int axis : {0, 1, 2}) {
             ksRotationPivotDirectionUndoCommand command(node, target, axis, true, nullptr, index);
             EXPECT_TRUE(sameBits(command.get(node), set));

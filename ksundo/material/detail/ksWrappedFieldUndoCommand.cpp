@@ -1,28 +1,20 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+#include <ksundo/material/detail/ksWrappedFieldUndoCommand.h>
 
 #include <ksMessage.h>
 
-void ksWrappedFieldUndoCommand::undo()
-{
-    command->undo();
-}
-
-void ksWrappedFieldUndoCommand::redo()
-{
-    command->redo();
-}
+namespace ksDetail {
 
 bool ksWrappedFieldUndoCommand::mergeWith(const QUndoCommand *other)
 {
     return absorb(other) &&
-           command->mergeWith(static_cast<const ksWrappedFieldUndoCommand *>(other)->command.get());
+           inner().mergeWith(&static_cast<const ksWrappedFieldUndoCommand *>(other)->inner());
 }
 
 void ksWrappedFieldUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("container", command->containerId(), true);
+    message.set("container", inner().containerId(), true);
 }
 
 bool ksWrappedFieldUndoCommand::canMergeWith(const QUndoCommand *other) const
@@ -30,7 +22,7 @@ bool ksWrappedFieldUndoCommand::canMergeWith(const QUndoCommand *other) const
     if (!ksUndoCommand::canMergeWith(other))
         return false;
     const auto *newer = static_cast<const ksWrappedFieldUndoCommand *>(other);
-    return isSameContext(*newer) && command->canMergeWith(newer->command.get());
+    return isSameContext(*newer) && inner().canMergeWith(&newer->inner());
 }
 
 ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
@@ -41,3 +33,5 @@ ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFiel
     , ksContainerContext(first, second)
     , command(command)
 {}
+
+} // namespace ksDetail

@@ -7,6 +7,8 @@
 
 class ksMessage;
 
+namespace ksDetail {
+
 /// The two containers in whose context a command changes a third one. They are known by their ids; null ones
 /// have the id 0.
 class KSUNDO_EXPORT ksContainerContext
@@ -18,13 +20,26 @@ public:
     void touch(unsigned int containerId, unsigned long long mask) const;
 
 protected:
-    ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second);
+    ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second)
+        : firstId(first.getFieldContainerId())
+        , secondId(second.getFieldContainerId())
+    {}
 
-    bool isSameContext(const ksContainerContext &other) const;
+    bool isSameContext(const ksContainerContext &other) const
+    {
+        return other.firstId == firstId && other.secondId == secondId;
+    }
 
     /// Adds the ids that are not 0 as unsigned int.
     void addContext(ksMessage &message, const char *firstKey, const char *secondKey) const;
 
+    /// Touches the planar projection of the component settings, which are second, then the colour components
+    /// of the material, which is first.
+    void touchMaterial() const;
+
+private:
     osg::UInt32 firstId;
     osg::UInt32 secondId;
 };
+
+} // namespace ksDetail

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/field/ksInvokedMethod.h>
+#include <ksundo/field/detail/ksInvokedMethod.h>
 
 #include <ksLog.h>
 
@@ -9,9 +9,12 @@
 #include <array>
 #include <cstddef>
 
+namespace ksDetail {
+
 ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
     : object(object)
 {
+    Q_ASSERT(object != nullptr);
     const QMetaObject *meta = object->metaObject();
     const QByteArray normalized = QMetaObject::normalizedSignature(signature);
     const int index = meta->indexOfMethod(normalized.constData());
@@ -32,13 +35,9 @@ void ksInvokedMethod::call() const
 
 void ksInvokedMethod::call(bool argument) const
 {
-    if (parameterType.empty()) {
-        invoke(QGenericArgument());
-        return;
-    }
     // An integer parameter reads more than a bool.
     alignas(std::max_align_t) const std::array<bool, sizeof(std::max_align_t)> room{argument};
-    invoke(QGenericArgument(parameterType.c_str(), room.data()));
+    invoke(parameterType.empty() ? QGenericArgument() : QGenericArgument(parameterType.c_str(), room.data()));
 }
 
 void ksInvokedMethod::invoke(QGenericArgument argument) const
@@ -49,3 +48,5 @@ void ksInvokedMethod::invoke(QGenericArgument argument) const
         ksLog::error("Could not invoke: %s::%s", object->metaObject()->className(),
                      method.methodSignature().constData());
 }
+
+} // namespace ksDetail
