@@ -7,6 +7,7 @@
 
 #include <ksNodeUtils.h>
 
+#include <algorithm>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -25,10 +26,10 @@ struct ksTransformValueForm
 /// What the ten commands on vector values are required to be, one row per class.
 struct ksTransformValueRow
 {
-    using Command = ksTransformUndoCommand<ksTransformValue>;
+    using Command = ksTransformUndoCommand<osg::Vec3f>;
 
     /// A sync function: its last argument is the mode as a text, - for the classes that pass none.
-    using Sync = std::function<void(const osg::NodePtr &, const ksTransformValue &, const std::string &)>;
+    using Sync = std::function<void(const osg::NodePtr &, const osg::Vec3f &, const std::string &)>;
 
     const char *className;
     const char *verb;
@@ -39,11 +40,9 @@ struct ksTransformValueRow
     /// What an edit names.
     osg::BitVector mask;
     /// The application's getter.
-    ksTransformValue (*read)(const osg::NodePtr &node, bool mode, int index);
-    Command *(*make)(const osg::NodePtr &node, const ksTransformValue &value,
-                     const ksTransformValueForm &form);
+    osg::Vec3f (*read)(const osg::NodePtr &node, bool mode, int index);
+    Command *(*make)(const osg::NodePtr &node, const osg::Vec3f &value, const ksTransformValueForm &form);
     void (*setSync)(const Sync &sync);
-    int (*commandId)();
 
     std::vector<int> indexes() const { return hasIndex ? std::vector<int>{-1, 0, 2} : std::vector<int>{-1}; }
     std::vector<bool> modes() const
@@ -65,7 +64,7 @@ namespace ksTransformValueRows {
 
 using Row = ksTransformValueRow;
 using Form = ksTransformValueForm;
-using Value = ksTransformValue;
+using Value = osg::Vec3f;
 using osg::NodePtr;
 using osg::Transform3D;
 
@@ -108,25 +107,17 @@ inline Row::Command *shear(const NodePtr &node, const Value &value, const Form &
 template <class Command>
 void setSync(const Row::Sync &sync)
 {
-    if (sync)
-        Command::setSyncFunction([sync](const NodePtr &node, const Value &value) { sync(node, value, "-"); });
-    else
-        Command::setSyncFunction({});
-}
-
-template <class Command>
-void setModeSync(const Row::Sync &sync)
-{
-    if (sync)
-        Command::setSyncFunction([sync](const NodePtr &node, const Value &value, bool mode) {
-            sync(node, value, mode ? "true" : "false");
-        });
-    else
-        Command::setSyncFunction({});
+    if (!sync)
+        return Command::setSyncFunction({});
+    Command::setSyncFunction([sync](const NodePtr &node, const Value &value, auto... mode) {
+        std::string text = "-";
+        ((text = mode ? "true" : "false"), ...);
+        sync(node, value, text);
+    });
 }
 
 /// A getter without a mode.
-template <ksTransformValue (*get)(const NodePtr &, int)>
+template <osg::Vec3f (*get)(const NodePtr &, int)>
 Value read(const NodePtr &node, bool, int index)
 {
     return get(node, index);
@@ -144,43 +135,42 @@ inline Value readShear(const NodePtr &node, bool, int)
 
 inline const std::vector<Row> all = {
     {"ksTranslationUndoCommand", "Translate", true, true, true, false, Transform3D::TranslationFieldMask,
-     &ksNodeUtils::getTransformNodeTranslation, &translation, &setModeSync<ksTranslationUndoCommand>,
-     &ksTranslationUndoCommand::commandId},
+     &ksNodeUtils::getTransformNodeTranslation, &translation, &setSync<ksTranslationUndoCommand>},
     {"ksRotationUndoCommand", "Rotate", false, true, true, false,
      Transform3D::RotationFieldMask | Transform3D::EulerRotationFieldMask,
      &read<&ksNodeUtils::getTransformNodeRotation>, &withCallback<ksRotationUndoCommand>,
-     &setSync<ksRotationUndoCommand>, &ksRotationUndoCommand::commandId},
+     &setSync<ksRotationUndoCommand>},
     {"ksScaleUndoCommand", "Scale", false, true, true, false, Transform3D::ScaleFieldMask,
      &read<&ksNodeUtils::getTransformNodeScale>, &withCallback<ksScaleUndoCommand>,
-     &setSync<ksScaleUndoCommand>, &ksScaleUndoCommand::commandId},
+     &setSync<ksScaleUndoCommand>},
     {"ksScalePivotUndoCommand", "Change Scale Pivot", true, false, true, true,
      Transform3D::ScalePivotFieldMask, &ksNodeUtils::getTransformNodeScalePivot,
-     &withMode<ksScalePivotUndoCommand>, &setModeSync<ksScalePivotUndoCommand>,
-     &ksScalePivotUndoCommand::commandId},
+     &withMode<ksScalePivotUndoCommand>, &setSync<ksScalePivotUndoCommand>},
     {"ksRotationPivotUndoCommand", "Change Rotation Pivot", true, false, true, true,
      Transform3D::RotatePivotFieldMask, &ksNodeUtils::getTransformNodeRotatePivot,
-     &withMode<ksRotationPivotUndoCommand>, &setModeSync<ksRotationPivotUndoCommand>,
-     &ksRotationPivotUndoCommand::commandId},
+     &withMode<ksRotationPivotUndoCommand>, &setSync<ksRotationPivotUndoCommand>},
     {"ksScalePivotTranslationUndoCommand", "Change Scale Pivot Translation", false, false, true, true,
      Transform3D::ScalePivotTranslationFieldMask, &read<&ksNodeUtils::getTransformNodeScalePivotTranslation>,
-     &plain<ksScalePivotTranslationUndoCommand>, &setSync<ksScalePivotTranslationUndoCommand>,
-     &ksScalePivotTranslationUndoCommand::commandId},
+     &plain<ksScalePivotTranslationUndoCommand>, &setSync<ksScalePivotTranslationUndoCommand>},
     {"ksRotationPivotTranslationUndoCommand", "Change Rotation Pivot Translation", false, false, true, true,
      Transform3D::RotatePivotTranslationFieldMask,
      &read<&ksNodeUtils::getTransformNodeRotatePivotTranslation>,
-     &plain<ksRotationPivotTranslationUndoCommand>, &setSync<ksRotationPivotTranslationUndoCommand>,
-     &ksRotationPivotTranslationUndoCommand::commandId},
+     &plain<ksRotationPivotTranslationUndoCommand>, &setSync<ksRotationPivotTranslationUndoCommand>},
     {"ksRotationPivotOrientationUndoCommand", "Change Rotation Pivot", false, false, true, false,
      Transform3D::RotationOrientationFieldMask, &read<&ksNodeUtils::getTransformNodeRotationOrientation>,
-     &plain<ksRotationPivotOrientationUndoCommand>, &setSync<ksRotationPivotOrientationUndoCommand>,
-     &ksRotationPivotOrientationUndoCommand::commandId},
+     &plain<ksRotationPivotOrientationUndoCommand>, &setSync<ksRotationPivotOrientationUndoCommand>},
     {"ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot", false, false, true, false,
      Transform3D::RotationDirectionFieldMask | Transform3D::RotationDirectionModeFieldMask |
          Transform3D::RotationDirectionOnFieldMask,
-     &readDirection, &direction, &setSync<ksRotationPivotDirectionUndoCommand>,
-     &ksRotationPivotDirectionUndoCommand::commandId},
+     &readDirection, &direction, &setSync<ksRotationPivotDirectionUndoCommand>},
     {"ksShearUndoCommand", "Shear", false, false, false, true, Transform3D::ShearFieldMask, &readShear,
-     &shear, &setSync<ksShearUndoCommand>, &ksShearUndoCommand::commandId},
+     &shear, &setSync<ksShearUndoCommand>},
 };
+
+/// The row of the class \a className.
+inline const Row &of(const std::string &className)
+{
+    return *std::find_if(all.begin(), all.end(), [&](const Row &row) { return className == row.className; });
+}
 
 } // namespace ksTransformValueRows
