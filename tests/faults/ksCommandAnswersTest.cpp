@@ -59,6 +59,14 @@ protected:
     }
 };
 
+void tell(const QUndoCommand &command, ksMessage &message)
+{
+    if (const auto *multi = dynamic_cast<const ksMultiCommand *>(&command))
+        multi->makeMessage(message);
+    else
+        dynamic_cast<const ksUndoCommand &>(command).makeMessage(message);
+}
+
 /// Calls \a visit with each command of the library that \a command is or has below it.
 template <class Visit>
 void forEachPart(const QUndoCommand &command, Visit visit)
@@ -231,10 +239,12 @@ TEST_P(ksCommandAnswers, RecordEachEditBeforeItsHandlerHearsOfIt)
 {
     auto command = make();
     for (int i = 0; i < 2; ++i) {
-        expectEdits(step(*command, false), false);
+        const Step done = step(*command, false);
+        expectEdits(done, false);
         const Step undone = step(*command, true);
         if (kind().undoIsEmpty) {
             EXPECT_EQ(undone.records, ksRecords());
+            expectSame(undone.state, done.state);
         } else {
             expectEdits(undone, true);
         }
@@ -286,6 +296,18 @@ TEST_P(ksCommandAnswers, AreReportedByTheStack)
     scene.drop(kind().target(scene));
     stack.undo();
     EXPECT_EQ(events.take(), ksStep::undone(text, 0, keys)) << "also when the target has gone";
+}
+
+TEST_P(ksCommandAnswers, ReplaceWhatAMessageHoldsAlready)
+{
+    const auto command = make();
+    ksMessage expected;
+    tell(*command, expected);
+    ksMessage message;
+    for (const auto &[key, value] : expected.values())
+        message.set(key.c_str(), std::string("stale"), true);
+    tell(*command, message);
+    EXPECT_EQ(ksDescribe(message), ksDescribe(expected));
 }
 
 TEST_P(ksCommandAnswers, StandInTheHistoryAlsoWithoutATarget)
