@@ -43,15 +43,6 @@ protected:
 
 } // namespace
 
-TEST(ksUndoCommand, HandsTextAndParentToQt)
-{
-    QUndoCommand parent;
-    const auto *child = new ksUndoCommand(QStringLiteral("child"), &parent);
-    EXPECT_EQ(parent.childCount(), 1);
-    EXPECT_EQ(parent.child(0), child);
-    EXPECT_EQ(child->text(), QStringLiteral("child"));
-}
-
 TEST(ksUndoCommand, RunsItsChildrenUnlessOverridden)
 {
     ksProbeLog log;

@@ -4,7 +4,6 @@
 #include <ksundo/core/ksUndoStack.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
 
-#include <QThread>
 #include <gmock/gmock.h>
 
 #include <support/ksErrorLines.h>
@@ -98,19 +97,6 @@ TEST_F(ksInvokeMultiCommandTest, LogsEveryCallThatQtRefusesAfterItsChildrenRan)
     EXPECT_EQ(runsOf("takeTwo(bool,bool)"), childrenOnly);
     EXPECT_THAT(errors.take(), ElementsAre(line + "takeTwo(bool,bool)", line + "takeTwo(bool,bool)"));
     EXPECT_THAT(receiver.takeCalls(), IsEmpty());
-}
-
-TEST_F(ksInvokeMultiCommandTest, QueuesTheCallForAnObjectOfAnotherThread)
-{
-    QThread thread;
-    receiver.moveToThread(&thread);
-    runsOf("takeNothing()");
-    EXPECT_THAT(receiver.takeCalls(), IsEmpty()) << "the thread has not begun yet";
-    QMetaObject::invokeMethod(
-        &receiver, [&thread] { thread.quit(); }, Qt::QueuedConnection);
-    thread.start();
-    thread.wait();
-    EXPECT_THAT(receiver.takeCalls(), ElementsAre("takeNothing", "takeNothing"));
 }
 
 TEST_F(ksInvokeMultiCommandTest, MergesAsABatchDoesAndCallsTheMethodOfTheSurvivor)

@@ -169,14 +169,6 @@ TYPED_TEST(ksTextFieldUndoCommandTest, WritesAndBringsBackEmptyContent)
     EXPECT_EQ(this->get(), "a");
 }
 
-TYPED_TEST(ksTextFieldUndoCommandTest, ChangesNoOtherField)
-{
-    auto expected = this->values();
-    this->make("xy")->redo();
-    expected[TypeParam::name] = this->valueText();
-    EXPECT_EQ(this->values(), expected);
-}
-
 TYPED_TEST(ksTextFieldUndoCommandTest, EndsTheEditAlsoWhenTheContentStays)
 {
     this->make("a")->redo();

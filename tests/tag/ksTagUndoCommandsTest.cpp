@@ -143,18 +143,6 @@ INSTANTIATE_TEST_SUITE_P(, ksTagUndoCommandsTest,
                                          Kind{"sub", &make<ksSubTagUndoCommand>}),
                          [](const auto &info) { return info.param.name; });
 
-TEST_P(ksTagUndoCommandsTest, WritesTheNewAndTheOldLists)
-{
-    const Command command = make();
-    EXPECT_EQ(state(), before) << "nothing happens before the command runs";
-    for (int i = 0; i < 2; ++i) {
-        command->redo();
-        EXPECT_EQ(state(), done);
-        command->undo();
-        EXPECT_EQ(state(), undone);
-    }
-}
-
 TEST_P(ksTagUndoCommandsTest, WritesAlsoTagsThatItSaysAreNotSupported)
 {
     std::string printed;

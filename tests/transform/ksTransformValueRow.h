@@ -45,6 +45,12 @@ struct ksTransformValueRow
     void (*setSync)(const Sync &sync);
 
     std::vector<int> indexes() const { return hasIndex ? std::vector<int>{-1, 0, 2} : std::vector<int>{-1}; }
+    /// Without a word on merging, with the switch on and off, with a window, and without a limit; the shear
+    /// command takes none of these.
+    std::vector<ksMergeForm> mergeForms() const
+    {
+        return hasIndex ? std::vector<ksMergeForm>{{}, true, false, 2.0, -1.0} : std::vector<ksMergeForm>{{}};
+    }
     std::vector<bool> modes() const
     {
         return hasMode ? std::vector<bool>{false, true} : std::vector<bool>{false};

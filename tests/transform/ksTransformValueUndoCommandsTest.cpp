@@ -3,8 +3,6 @@
 #include "ksTransformFixture.h"
 #include "ksTransformValueRow.h"
 
-#include <algorithm>
-#include <iterator>
 #include <memory>
 #include <type_traits>
 
@@ -111,54 +109,40 @@ private:
     }
 };
 
-/// The classes with three constructors.
-class ksTransformValueMergeForms : public ksTransformValueUndoCommandsTest
-{};
-
-/// The classes with a mode.
-class ksTransformValueModes : public ksTransformValueUndoCommandsTest
-{};
-
-std::string nameOf(const testing::TestParamInfo<Row> &info)
-{
-    return info.param.className;
-}
-
-std::vector<Row> rowsWithForms()
-{
-    std::vector<Row> rows = ksTransformValueRows::all;
-    rows.pop_back();
-    return rows;
-}
-
-std::vector<Row> rowsWithModes()
-{
-    std::vector<Row> rows;
-    std::copy_if(ksTransformValueRows::all.begin(), ksTransformValueRows::all.end(), std::back_inserter(rows),
-                 [](const Row &row) { return row.hasMode; });
-    return rows;
-}
-
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(, ksTransformValueUndoCommandsTest, testing::ValuesIn(ksTransformValueRows::all),
-                         nameOf);
-INSTANTIATE_TEST_SUITE_P(, ksTransformValueMergeForms, testing::ValuesIn(rowsWithForms()), nameOf);
-INSTANTIATE_TEST_SUITE_P(, ksTransformValueModes, testing::ValuesIn(rowsWithModes()), nameOf);
+                         [](const auto &info) { return info.param.className; });
 
-TEST_P(ksTransformValueUndoCommandsTest, ExchangesTheValueAtEveryStep)
+TEST_P(ksTransformValueUndoCommandsTest, ExchangesTheValueThenCallsTheCallbackThenTheSyncFunction)
 {
-    for (const Form &place : places()) {
-        const Vec3f before = read(place);
-        ASSERT_FALSE(isNear(before, target));
-        const Command command = make(place);
-        for (int i = 0; i < 2; ++i) {
-            command->redo();
-            EXPECT_TRUE(isThere(target, place));
-            command->undo();
-            EXPECT_TRUE(isThere(before, place));
+    logSync();
+    for (const ksMergeForm &merge : row().mergeForms())
+        for (const Form &place : places()) {
+            QUndoCommand parent;
+            watched = {place.mode, place.index, merge, loggingCallback(), &parent};
+            const Vec3f before = read(place);
+            ASSERT_FALSE(isNear(before, target));
+            const QUndoCommand *command = row().make(node, target, watched);
+            ASSERT_EQ(parent.child(0), command);
+            EXPECT_EQ(command->text(), make()->text());
+            EXPECT_EQ(take(), ksTransformEvents());
+            parent.redo();
+            EXPECT_EQ(take(), stepEvents(watched, target));
+            parent.undo();
+            EXPECT_EQ(take(), stepEvents(watched, before));
         }
-    }
+}
+
+TEST_P(ksTransformValueUndoCommandsTest, TellsByItsConstructorWhetherAndForHowLongItMerges)
+{
+    const Command older = make();
+    std::vector<double> windows;
+    for (const ksMergeForm &merge : row().mergeForms())
+        windows.push_back(ksMergeWindow(*older, *make({false, -1, merge})));
+    std::vector<double> expected{0.375, 0.375, 0, 1.875, 2.125};
+    expected.resize(windows.size());
+    EXPECT_EQ(windows, expected);
 }
 
 TEST_P(ksTransformValueUndoCommandsTest, ChangesOnlyTheTransformOfItsIndex)
@@ -186,25 +170,6 @@ TEST_P(ksTransformValueUndoCommandsTest, ReadsAndWritesThroughTheApplication)
     }
 }
 
-TEST_P(ksTransformValueUndoCommandsTest, CallsTheCallbackThenTheSyncFunctionAfterItHasWritten)
-{
-    logSync();
-    for (Form place : places()) {
-        SCOPED_TRACE("index " + std::to_string(place.index) + (place.mode ? " in mode" : ""));
-        watched = place;
-        place.callback = loggingCallback();
-        const Vec3f before = read(place);
-        const Command command = make(place);
-        EXPECT_EQ(take(), ksTransformEvents());
-        command->redo();
-        EXPECT_EQ(take(), stepEvents(place, target));
-        command->undo();
-        EXPECT_EQ(take(), stepEvents(place, before));
-        command->redo();
-        EXPECT_EQ(take().size(), stepEvents(place, target).size());
-    }
-}
-
 TEST_P(ksTransformValueUndoCommandsTest, CallsItsCallbackWhateverTheIndexAndItsSyncFunctionByTheTable)
 {
     logSync();
@@ -216,6 +181,18 @@ TEST_P(ksTransformValueUndoCommandsTest, CallsItsCallbackWhateverTheIndexAndItsS
             ++expected;
         EXPECT_EQ(take().size(), expected) << index;
     }
+}
+
+TEST_P(ksTransformValueUndoCommandsTest, HandsItsModeToTheApplication)
+{
+    if (!row().hasMode)
+        return;
+    const Vec3f world = read({true, -1});
+    ASSERT_FALSE(isNear(read(), world)) << "the modes differ here";
+    EXPECT_TRUE(sameBits(make({true, -1})->get(node), world));
+    make({true, -1})->redo();
+    EXPECT_FALSE(isNear(read(), target));
+    EXPECT_TRUE(isNear(read({true, -1}), target));
 }
 
 TEST_P(ksTransformValueUndoCommandsTest, CallsNoOtherClassesSyncFunction)
@@ -254,52 +231,6 @@ TEST_P(ksTransformValueUndoCommandsTest, NotifiesAlsoForANodeWithoutATransform)
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(take().size(), row().hasCallback ? 2u : 1u);
     EXPECT_TRUE(sameBits(ksFunctionTarget<Vec3f>::valueOf(*command), Vec3f(0, 0, 0)));
-}
-
-TEST_P(ksTransformValueModes, ReachGetterAndSetter)
-{
-    const Vec3f local = read({false, -1});
-    const Vec3f world = read({true, -1});
-    ASSERT_FALSE(isNear(local, world)) << "the modes differ here";
-    EXPECT_TRUE(sameBits(make({true, -1})->get(node), world));
-    make({true, -1})->redo();
-    EXPECT_FALSE(isNear(read(), target));
-    EXPECT_TRUE(isNear(read({true, -1}), target));
-}
-
-TEST_P(ksTransformValueMergeForms, TellWhetherAndForHowLongACommandMerges)
-{
-    const Command older = make();
-    const auto windowOf = [&](const ksMergeForm &form) {
-        return ksMergeWindow(*older, *make({false, -1, form}));
-    };
-    EXPECT_EQ(windowOf({}), 0.375);
-    EXPECT_EQ(windowOf(true), 0.375);
-    EXPECT_EQ(windowOf(false), 0);
-    EXPECT_EQ(windowOf(2.0), 1.875);
-    EXPECT_EQ(windowOf(-1.0), 2.125) << "without limit";
-}
-
-TEST_P(ksTransformValueMergeForms, DifferInNothingElse)
-{
-    logSync();
-    for (const ksMergeForm &form : {ksMergeForm(), ksMergeForm(true), ksMergeForm(2.0)}) {
-        for (const Form &place : places()) {
-            const Form with{place.mode, place.index, form, loggingCallback()};
-            watched = with;
-            const Vec3f before = read(place);
-            const Command command = make(with);
-            EXPECT_EQ(command->text(), make()->text());
-            command->redo();
-            EXPECT_EQ(take(), stepEvents(with, target));
-            command->undo();
-            EXPECT_TRUE(isThere(before, place));
-            take();
-        }
-        QUndoCommand parent;
-        row().make(node, target, {false, -1, form, {}, &parent});
-        EXPECT_EQ(parent.childCount(), 1);
-    }
 }
 
 namespace {

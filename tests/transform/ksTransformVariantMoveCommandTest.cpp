@@ -259,16 +259,6 @@ TEST_F(ksTransformVariantMoveCommandTest, MovesAnySelectionAnywhere)
             }
 }
 
-TEST_F(ksTransformVariantMoveCommandTest, SkipsAVariantThatHasGone)
-{
-    Command command = move({3, 1, 2}, 0);
-    ksNodeUtils::removeTransformVariant(node, 3);
-    command.redo();
-    EXPECT_THAT(take(), testing::ElementsAre("[1 2 3] -> [1 2 0]: ABC"));
-    command.undo();
-    EXPECT_THAT(take(), testing::ElementsAre("[1 2 0] -> [1 2 3]: ABC"));
-}
-
 TEST_F(ksTransformVariantMoveCommandTest, MovesTheOthersAsRecordedWhenAVariantHasGone)
 {
     replaceVariants("ABCDE");

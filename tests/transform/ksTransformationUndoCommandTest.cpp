@@ -126,18 +126,6 @@ TEST_F(ksTransformationUndoCommandTest, ChangesNothingElse)
     }
 }
 
-TEST_F(ksTransformationUndoCommandTest, RestoresRotationDirectionsThatWereOn)
-{
-    transform()->setRotationDirectionOn(true);
-    transform()->setRotationDirectionMode(0);
-    const auto command = make(node);
-    command->redo();
-    transform()->setRotationDirectionOn(false);
-    command->undo();
-    EXPECT_TRUE(transform()->getRotationDirectionOn());
-    EXPECT_EQ(transform()->getRotationDirectionMode(), 0);
-}
-
 TEST_F(ksTransformationUndoCommandTest, CapturesTheOldSetOnceWhenItIsBuilt)
 {
     const ksFieldTexts before = valuesOf(transform());
@@ -233,14 +221,4 @@ TEST_F(ksTransformationUndoCommandTest, SyncsOnlyTheNodesOwnTransformAndOnlyWhen
         const std::string start = "notification " + std::to_string(form.index);
         EXPECT_THAT(take(), testing::ElementsAre(start + " at new", start + " at old"));
     }
-}
-
-TEST_F(ksTransformationUndoCommandTest, DoesWithoutNotificationAndSyncFunction)
-{
-    const auto command = make(node);
-    command->redo();
-    EXPECT_EQ(valuesOf(transform()), newValues());
-    logSync();
-    command->undo();
-    EXPECT_THAT(take(), testing::ElementsAre("sync " + std::to_string(nodeId()) + " at old"));
 }
