@@ -12,22 +12,24 @@ namespace {
 using osg::Transform3D;
 
 /// A row of the table. \a Mode is bool for the commands that take a space.
-template <class Command, class... Mode>
+template <auto get, class Command, class... Mode>
 struct Row
 {
-    static constexpr bool HasCallback =
-        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *,
-                                ksTransformCallback, int>;
+    static constexpr bool HasCallback = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, Mode...,
+                                                                QUndoCommand *, ksTransformCallback, int>;
     static constexpr bool HasIndex =
         HasCallback ||
-        std::is_constructible_v<Command, osg::NodePtr, ksTransformValue, Mode..., QUndoCommand *, int>;
+        std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, Mode..., QUndoCommand *, int>;
 
-    static ksTransformValue read(const ksTransformTarget &target)
+    static osg::Vec3f read(const ksTransformTarget &target)
     {
-        return Command::row.get(target.node, Mode(target.world)..., target.index);
+        if constexpr (HasIndex)
+            return get(target.node, Mode(target.world)..., target.index);
+        else
+            return get(target.node);
     }
 
-    static ksUndoCommand *make(const ksTransformTarget &target, const ksTransformValue &value,
+    static ksUndoCommand *make(const ksTransformTarget &target, const osg::Vec3f &value,
                                const ksTransformCallback &callback)
     {
         if constexpr (HasCallback)
@@ -44,12 +46,12 @@ struct Row
     }
 };
 
-ksTransformValue readDirection(const ksTransformTarget &target)
+osg::Vec3f readDirection(const ksTransformTarget &target)
 {
     return ksNodeUtils::getTransformNodeRotationDirection(target.node, target.index, -1);
 }
 
-ksUndoCommand *makeDirection(const ksTransformTarget &target, const ksTransformValue &value,
+ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &value,
                              const ksTransformCallback &)
 {
     return new ksRotationPivotDirectionUndoCommand(target.node, value, target.directionAxis,
@@ -58,36 +60,28 @@ ksUndoCommand *makeDirection(const ksTransformTarget &target, const ksTransformV
 
 } // namespace
 
-ksTransformation::ksTransformation(const osg::Transform3DPtr &transform)
-    : translation(transform->getTranslation())
-    , rotation(transform->getEulerRotation())
-    , scale(transform->getScale())
-    , shear(transform->getShear())
-    , scalePivot(transform->getScalePivot())
-    , rotatePivot(transform->getRotatePivot())
-    , scalePivotTranslation(transform->getScalePivotTranslation())
-    , rotatePivotTranslation(transform->getRotatePivotTranslation())
-    , inheritType(transform->getInheritType())
-    , eulerRotationOrder(transform->getEulerRotationOrder())
-{
-    rotationDirectionOn = transform->getRotationDirectionValues(rotationDirection, rotationDirectionMode);
-}
-
 const std::vector<ksTransformProperty> &ksTransformEdits::properties()
 {
     static const std::vector<ksTransformProperty> all = {
-        Row<ksTranslationUndoCommand, bool>::named("translation", Transform3D::TranslationFieldId),
-        Row<ksRotationUndoCommand>::named("eulerRotation", Transform3D::EulerRotationFieldId),
-        Row<ksScaleUndoCommand>::named("scale", Transform3D::ScaleFieldId),
-        Row<ksShearUndoCommand>::named("shear", Transform3D::ShearFieldId),
-        Row<ksScalePivotUndoCommand, bool>::named("scalePivot", Transform3D::ScalePivotFieldId),
-        Row<ksRotationPivotUndoCommand, bool>::named("rotatePivot", Transform3D::RotatePivotFieldId),
-        Row<ksScalePivotTranslationUndoCommand>::named("scalePivotTranslation",
-                                                       Transform3D::ScalePivotTranslationFieldId),
-        Row<ksRotationPivotTranslationUndoCommand>::named("rotatePivotTranslation",
+        Row<&ksNodeUtils::getTransformNodeTranslation, ksTranslationUndoCommand, bool>::named(
+            "translation", Transform3D::TranslationFieldId),
+        Row<&ksNodeUtils::getTransformNodeRotation, ksRotationUndoCommand>::named(
+            "eulerRotation", Transform3D::EulerRotationFieldId),
+        Row<&ksNodeUtils::getTransformNodeScale, ksScaleUndoCommand>::named("scale",
+                                                                            Transform3D::ScaleFieldId),
+        Row<&ksNodeUtils::getTransformNodeShear, ksShearUndoCommand>::named("shear",
+                                                                            Transform3D::ShearFieldId),
+        Row<&ksNodeUtils::getTransformNodeScalePivot, ksScalePivotUndoCommand, bool>::named(
+            "scalePivot", Transform3D::ScalePivotFieldId),
+        Row<&ksNodeUtils::getTransformNodeRotatePivot, ksRotationPivotUndoCommand, bool>::named(
+            "rotatePivot", Transform3D::RotatePivotFieldId),
+        Row<&ksNodeUtils::getTransformNodeScalePivotTranslation, ksScalePivotTranslationUndoCommand>::named(
+            "scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
+        Row<&ksNodeUtils::getTransformNodeRotatePivotTranslation,
+            ksRotationPivotTranslationUndoCommand>::named("rotatePivotTranslation",
                                                           Transform3D::RotatePivotTranslationFieldId),
-        Row<ksRotationPivotOrientationUndoCommand>::named("rotationOrientation",
-                                                          Transform3D::RotationOrientationFieldId),
+        Row<&ksNodeUtils::getTransformNodeRotationOrientation, ksRotationPivotOrientationUndoCommand>::named(
+            "rotationOrientation", Transform3D::RotationOrientationFieldId),
         {"rotationDirection", Transform3D::RotationDirectionFieldId, false, true, false, &readDirection,
          &makeDirection},
     };
@@ -107,11 +101,7 @@ ksTransformationUndoCommand *
 ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &values, int index, bool syncs,
                             ksTransformationUndoCommand::Notification notification)
 {
-    return new ksTransformationUndoCommand(
-        node, values.translation, values.rotation, values.scale, values.shear, values.scalePivot,
-        values.rotatePivot, values.scalePivotTranslation, values.rotatePivotTranslation, values.inheritType,
-        values.eulerRotationOrder, values.rotationDirectionOn, values.rotationDirection,
-        values.rotationDirectionMode, syncs, nullptr, std::move(notification), index);
+    return new ksTransformationUndoCommand(node, values, syncs, nullptr, std::move(notification), index);
 }
 
 osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)

@@ -47,34 +47,11 @@ struct ksTransformProperty
     /// Whether its commands call a callback of their own.
     bool hasCallback;
 
-    ksTransformValue (*read)(const ksTransformTarget &target);
+    osg::Vec3f (*read)(const ksTransformTarget &target);
 
     /// A new command that sets the property of \a target to \a value. The caller owns it.
-    ksUndoCommand *(*make)(const ksTransformTarget &target, const ksTransformValue &value,
+    ksUndoCommand *(*make)(const ksTransformTarget &target, const osg::Vec3f &value,
                            const ksTransformCallback &callback);
-};
-
-/// A whole transformation, as ksTransformationUndoCommand applies it.
-struct ksTransformation
-{
-    ksTransformation() = default;
-
-    /// What \a transform has.
-    explicit ksTransformation(const osg::Transform3DPtr &transform);
-
-    ksTransformValue translation{0, 0, 0};
-    ksTransformValue rotation{0, 0, 0};
-    ksTransformValue scale{1, 1, 1};
-    ksTransformValue shear{0, 0, 0};
-    ksTransformValue scalePivot{0, 0, 0};
-    ksTransformValue rotatePivot{0, 0, 0};
-    ksTransformValue scalePivotTranslation{0, 0, 0};
-    ksTransformValue rotatePivotTranslation{0, 0, 0};
-    int inheritType = 0;
-    std::string eulerRotationOrder = "XYZ";
-    bool rotationDirectionOn = false;
-    ksTransformValue rotationDirection{0, 0, 0};
-    int rotationDirectionMode = 0;
 };
 
 /// The edits of transforms that the editor offers.

@@ -45,7 +45,7 @@ ksTransformTarget inParentSpace(ksTransformTarget target)
 } // namespace
 
 ksWorldRounding::ksWorldRounding(const ksTransformProperty &editedProperty,
-                                 const ksTransformTarget &editedTarget, const ksTransformValue &before)
+                                 const ksTransformTarget &editedTarget, const osg::Vec3f &before)
     : property(editedProperty)
     , target(editedTarget)
     , world(std::max(length(before), length(property.read(target))))
@@ -57,7 +57,7 @@ bool ksWorldRounding::isReachable(const osg::NodePtr &node)
     return toWorld(node).invert();
 }
 
-double ksWorldRounding::length(const ksTransformValue &value)
+double ksWorldRounding::length(const osg::Vec3f &value)
 {
     return std::max({std::abs(value[0]), std::abs(value[1]), std::abs(value[2])});
 }

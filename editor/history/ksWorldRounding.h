@@ -12,14 +12,14 @@ class ksWorldRounding
 public:
     /// After an edit of the \a editedProperty of \a target, which had the value \a before in world space.
     ksWorldRounding(const ksTransformProperty &editedProperty, const ksTransformTarget &editedTarget,
-                    const ksTransformValue &before);
+                    const osg::Vec3f &before);
 
     /// Whether positions in world space have one in the space of \a node's parent. While they have none, an
     /// edit in world space does nothing.
     static bool isReachable(const osg::NodePtr &node);
 
     /// The largest component of \a value.
-    static double length(const ksTransformValue &value);
+    static double length(const osg::Vec3f &value);
 
     /// How far a component in world space may be from what it was.
     double inWorld() const;

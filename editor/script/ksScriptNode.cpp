@@ -56,7 +56,7 @@ void visitMembers(const QJSValue &object, const Take &take)
 /// Sets the member of \a values called \a name.
 void assign(ksTransformation &values, const QString &name, const QJSValue &value)
 {
-    static const std::map<QString, ksTransformValue ksTransformation::*> vectors = {
+    static const std::map<QString, osg::Vec3f ksTransformation::*> vectors = {
         {QStringLiteral("translation"), &ksTransformation::translation},
         {QStringLiteral("eulerRotation"), &ksTransformation::rotation},
         {QStringLiteral("scale"), &ksTransformation::scale},
@@ -210,8 +210,8 @@ void ksScriptNode::drag(const QString &property, const QJSValue &values, const Q
 void ksScriptNode::edit(const ksTransformProperty &property, const ksTransformTarget &aim,
                         const QJSValue &value, ksMerging merging)
 {
-    const ksTransformValue before = property.read(aim);
-    const ksTransformValue after = vectorFrom(value, QString::fromLatin1(property.name));
+    const osg::Vec3f before = property.read(aim);
+    const osg::Vec3f after = vectorFrom(value, QString::fromLatin1(property.name));
     host.history().add(ksMergingAs(merging, property.make(aim, after, {})));
     if (aim.world)
         ksWorldRounding(property, aim, before).expectIn(host.history());
@@ -246,7 +246,7 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         const ksTransformTarget aim = target(options);
         if (aim.world)
             refuse(QStringLiteral("a transformation has no world space"));
-        ksTransformation applied(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        auto applied = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
         host.history().add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));

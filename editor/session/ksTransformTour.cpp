@@ -26,7 +26,7 @@ const std::vector<std::string> Orders = {"XZY", "YXZ", "YZX", "ZXY", "ZYX", "XYZ
 
 /// What a drag from \a start has come to at \a event, the first being 0: all components move, each by its own
 /// step.
-ksTransformValue dragged(const ksTransformValue &start, int event)
+osg::Vec3f dragged(const osg::Vec3f &start, int event)
 {
     const float way = static_cast<float>(event + 1) / 16;
     return {start[0] + way, start[1] - 2 * way, start[2] + 3 * way};
@@ -104,8 +104,8 @@ void ksTransformTour::edit(const osg::NodePtr &node, int index)
 void ksTransformTour::apply(const osg::NodePtr &node, int index, bool syncs)
 {
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(node, index);
-    ksTransformation values(transform);
-    values.translation += ksTransformValue(1, 2, 3);
+    auto values = ksTransformation::of(transform);
+    values.translation += osg::Vec3f(1, 2, 3);
     values.rotation = {10, -20, 30};
     values.scale = {1, 1.5F, syncs ? 2.0F : 0.5F};
     values.inheritType = 2;
@@ -133,7 +133,7 @@ void ksTransformTour::apply(const osg::NodePtr &node, int index, bool syncs)
 
 void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTransformTarget &target)
 {
-    const auto callsWith = [&](const ksTransformValue &value) {
+    const auto callsWith = [&](const osg::Vec3f &value) {
         const std::string name = std::string("sync ") + property.name;
         ksCallLog::Lines calls;
         if (property.hasCallback)
@@ -145,24 +145,24 @@ void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTra
                                 : ksCallLog::line(name.c_str(), target.node, value));
         return calls;
     };
-    const ksTransformValue before = property.read(target);
+    const osg::Vec3f before = property.read(target);
     ksCallLog::Lines calls;
     drag(DragEvents, [&](int event) {
-        const ksTransformValue value = dragged(before, event);
+        const osg::Vec3f value = dragged(before, event);
         const ksCallLog::Lines more = callsWith(value);
         calls.insert(calls.end(), more.begin(), more.end());
         return ksMergingAs(mergingOf(event), property.make(target, value, log.writer("changed")));
     });
     verifyCalls(log, calls);
 
-    const ksTransformValue after = property.read(target);
+    const osg::Vec3f after = property.read(target);
     double tolerance = 0;
     if (target.world) {
         const ksWorldRounding rounding(property, target, before);
         rounding.expectIn(history);
         tolerance = rounding.inWorld();
     }
-    const auto isNear = [tolerance](const ksTransformValue &value, const ksTransformValue &other) {
+    const auto isNear = [tolerance](const osg::Vec3f &value, const osg::Vec3f &other) {
         return ksWorldRounding::length(value - other) <= tolerance;
     };
     history.verify(isNear(after, dragged(before, DragEvents - 1)), QStringLiteral("the last value is set"));
@@ -204,7 +204,7 @@ void ksTransformTour::dragQuaternion(const osg::NodePtr &node)
 {
     // Undoing a turn that was set as a quaternion calculates the angles anew; these come back as they were.
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(node, -1);
-    const ksTransformValue noTurn = transform->convertQuatToEuler(osg::Quaternion(), true);
+    const osg::Vec3f noTurn = transform->convertQuatToEuler(osg::Quaternion(), true);
     add(ksMergingAs(ksMerging::Never, new ksRotationUndoCommand(node, noTurn)), 1);
     log.take();
     drag(DragEvents, [&](int event) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
-#include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 
 #include <algorithm>
 
@@ -39,31 +38,11 @@ void forEach(const Objects &objects, Operation operation)
 ksDeleteConstraintReferenceUndoCommand::ksDeleteConstraintReferenceUndoCommand(
     osg::AbstractConstraintPtr constraint, const std::vector<osg::AttachmentContainerPtr> &nodes,
     QUndoCommand *parent)
-    : ksUndoCommand(QStringLiteral("Remove References from Constraint"), parent)
-    , constraintId(constraint.getFieldContainerId())
+    : ksContainerUndoCommand(QStringLiteral("Remove References from Constraint"), constraint, false, true,
+                             parent)
 {
-    if (constraint != osg::NullFC)
-        init(constraint, nodes);
-}
-
-void ksDeleteConstraintReferenceUndoCommand::undo()
-{
-    apply(false);
-}
-
-void ksDeleteConstraintReferenceUndoCommand::redo()
-{
-    apply(true);
-}
-
-bool ksDeleteConstraintReferenceUndoCommand::canMergeWith(const QUndoCommand *) const
-{
-    return false;
-}
-
-void ksDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintPtr &constraint,
-                                                  const std::vector<osg::AttachmentContainerPtr> &nodes)
-{
+    if (constraint == osg::NullFC)
+        return;
     const auto aim = osg::AimConstraintPtr::dcast(constraint);
     for (const osg::AttachmentContainerPtr &node : nodes) {
         if (node == osg::NullFC)
@@ -78,27 +57,25 @@ void ksDeleteConstraintReferenceUndoCommand::init(const osg::AbstractConstraintP
     sort(upVectorObjects);
 }
 
-void ksDeleteConstraintReferenceUndoCommand::apply(bool removing) const
+void ksDeleteConstraintReferenceUndoCommand::apply(const osg::AbstractConstraintPtr &constraint, bool,
+                                                   bool removing) const
 {
-    const auto constraint = ksFindContainer<osg::AbstractConstraintPtr>(constraintId);
-    if (constraint == osg::NullFC)
-        return;
     if (!sources.empty()) {
         forEach(sources, [&](const osg::ConstraintObjectPtr &object) {
             removing ? constraint->removeSourceObject(object) : constraint->addSourceObject(object);
         });
-        ksTouch(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
+        ksEndEdit(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
     }
     const auto aim = osg::AimConstraintPtr::dcast(constraint);
     if (!upVectorObjects.empty() && aim != osg::NullFC) {
         forEach(upVectorObjects, [&](const osg::ConstraintObjectPtr &object) {
             removing ? aim->removeUpVectorObject(object) : aim->addUpVectorObject(object);
         });
-        ksTouch(constraint, osg::AimConstraintBase::UpVectorSourcesFieldMask);
+        ksEndEdit(constraint, osg::AimConstraintBase::UpVectorSourcesFieldMask);
     }
     if (!targets.empty()) {
         osg::setRefdCP(constraint->getSFTarget()->getValue(),
                        removing ? osg::AttachmentContainerPtr() : targets.front().get());
-        ksTouch(constraint, osg::AbstractConstraintBase::TargetFieldMask);
+        ksEndEdit(constraint, osg::AbstractConstraintBase::TargetFieldMask);
     }
 }

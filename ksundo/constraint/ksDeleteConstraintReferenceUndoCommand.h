@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/ksContainerUndoCommand.h>
 #include <ksundo/core/ksHeldReference.h>
-#include <ksundo/core/ksUndoCommand.h>
 
 #include <OSGAimConstraint.h>
 
@@ -14,7 +14,8 @@
 /// What refers to the nodes is settled when the command is built. It keeps those constraint objects and the
 /// target alive, and undo puts the very same ones back, where the constraint's add operations put them. A
 /// constraint that has gone, or was null, makes a step a silent no-op. The command never merges.
-class KSUNDO_EXPORT ksDeleteConstraintReferenceUndoCommand : public ksUndoCommand
+class KSUNDO_EXPORT ksDeleteConstraintReferenceUndoCommand
+    : public ksContainerUndoCommand<ksDeleteConstraintReferenceUndoCommand, osg::AbstractConstraintPtr, bool>
 {
     KS_UNDO_COMMAND(ksDeleteConstraintReferenceUndoCommand)
 
@@ -24,23 +25,16 @@ public:
                                            const std::vector<osg::AttachmentContainerPtr> &nodes,
                                            QUndoCommand *parent = nullptr);
 
-    void undo() override;
-    void redo() override;
-
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
-
 private:
+    friend ksContainerUndoCommand;
+
     /// One reference for each time that a container was found: constraint objects in the order of their
     /// handles, and always the same target.
     template <class PtrT>
     using References = std::vector<ksHeldReference<PtrT>>;
 
-    void init(const osg::AbstractConstraintPtr &constraint,
-              const std::vector<osg::AttachmentContainerPtr> &nodes);
-    void apply(bool removing) const;
+    void apply(const osg::AbstractConstraintPtr &constraint, bool, bool removing) const;
 
-    osg::UInt32 constraintId;
     References<osg::AttachmentContainerPtr> targets;
     References<osg::ConstraintObjectPtr> upVectorObjects;
     References<osg::ConstraintObjectPtr> sources;

@@ -18,7 +18,7 @@ const char *NodeUtils::getName(const osg::NodePtr &node)
     return core->getType().getCName();
 }
 
-QString NodeUtils::getText(const osg::NodePtr &node)
+QString NodeUtils::displayName(const osg::NodePtr &node)
 {
     return QString::fromUtf8(getName(node));
 }

@@ -11,11 +11,11 @@
 namespace NodeUtils {
 
 /// The name by which command texts call \a node, in UTF-8: the node's own name, else that of its core, else
-/// the name of the core's type. Null for NullFC and for a node without a core, named or not. The text belongs
-/// to the scene graph and is valid until the name changes.
+/// the name of the core's type. Null for NullFC and for a node without a core, named or not. The string
+/// belongs to the scene graph and is valid until the name changes.
 KSUNDO_EXPORT const char *getName(const osg::NodePtr &node);
 
 /// The same name as a text; empty when there is none.
-KSUNDO_EXPORT QString getText(const osg::NodePtr &node);
+KSUNDO_EXPORT QString displayName(const osg::NodePtr &node);
 
 } // namespace NodeUtils

@@ -11,9 +11,12 @@
 ///
 /// Commands keep ids and call this once at every step, so that they neither keep their targets alive nor
 /// touch one that has gone.
+///
+/// \tparam PtrT osg::FieldContainerPtr, or the handle of a class derived from osg::FieldContainer
 template <class PtrT>
 PtrT ksFindContainer(osg::UInt32 id)
 {
+    static_assert(std::is_base_of_v<osg::FieldContainerPtr, PtrT>, "PtrT must be a container's handle");
     const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
     if constexpr (std::is_same_v<PtrT, osg::FieldContainerPtr>)
         return container;

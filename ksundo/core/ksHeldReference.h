@@ -29,22 +29,26 @@ public:
         osg::addRefCP(container);
     }
 
+    /// Takes over the container of \a other, which then holds nothing.
     ksHeldReference(ksHeldReference &&other) noexcept
         : id(std::exchange(other.id, 0))
     {}
 
-    /// Takes over the container of \a other, then releases its own.
+    /// Takes over the container of \a other, which then holds nothing, and releases its own.
     ksHeldReference &operator=(ksHeldReference &&other) noexcept
     {
         ksHeldReference(std::move(other)).swap(*this);
         return *this;
     }
 
+    /// Releases the reference, which destroys the container when it was the last.
     ~ksHeldReference() { osg::subRefCP(get()); }
 
+    /// Exchanges what the two hold; no reference is taken or released.
     void swap(ksHeldReference &other) noexcept { std::swap(id, other.id); }
 
-    /// The container, or NullFC. It takes no further reference.
+    /// The container; NullFC when there is none, or when it has been destroyed in spite of the reference. No
+    /// further reference is taken.
     PtrT get() const { return ksFindContainer<PtrT>(id); }
 
 private:

@@ -3,10 +3,6 @@
 
 #include <utility>
 
-ksMultiCommand::ksMultiCommand(const QString &text)
-    : QUndoCommand(text)
-{}
-
 ksMultiCommand::ksMultiCommand(const QString &text, std::function<void()> postAction)
     : QUndoCommand(text)
     , postAction(std::move(postAction))

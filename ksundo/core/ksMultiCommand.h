@@ -15,11 +15,9 @@ class KSUNDO_EXPORT ksMultiCommand : public QUndoCommand
     KS_UNDO_COMMAND(ksMultiCommand)
 
 public:
-    /// Builds a multi-command without children that the history shows as \a text.
-    explicit ksMultiCommand(const QString &text);
-
-    /// The same, with an action that runs after the children on every redo and on every undo.
-    ksMultiCommand(const QString &text, std::function<void()> postAction);
+    /// Builds a multi-command without children that the history shows as \a text, with an action, which may
+    /// be empty, that runs after the children on every redo and on every undo.
+    explicit ksMultiCommand(const QString &text, std::function<void()> postAction = {});
 
     /// Undoes the children, the last first, then runs the action.
     void undo() override;

@@ -22,16 +22,6 @@ ksUndoCommand::ksUndoCommand(const QString &text, QUndoCommand *parent)
     , creationTime(now())
 {}
 
-void ksUndoCommand::setMergeResponseDelta(const double &seconds)
-{
-    mergeResponseDelta = seconds;
-}
-
-void ksUndoCommand::setMergeEnabled(bool enabled)
-{
-    mergeEnabled = enabled;
-}
-
 int ksUndoCommand::makeId(std::type_index type)
 {
     static std::unordered_map<std::type_index, int> idMap;

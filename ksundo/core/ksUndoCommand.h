@@ -23,18 +23,21 @@ class ksMessage;
 class KSUNDO_EXPORT ksUndoCommand : public QUndoCommand
 {
 public:
+    /// The merge window of a new command, in seconds.
+    static constexpr double defaultMergeResponseDelta = 0.4;
+
     /// Builds a command that the history shows as \a text. The current time becomes the creation time; the
-    /// merge window is 0.4 seconds and the command may merge.
+    /// merge window is the default one and the command may merge.
     explicit ksUndoCommand(const QString &text, QUndoCommand *parent = nullptr);
 
     /// Sets the length of the merge window: the command may be absorbed by the one before it when it was
     /// created less than \a seconds after that one's latest edit. A negative value, and not a number, means
     /// without limit.
-    void setMergeResponseDelta(const double &seconds);
+    void setMergeResponseDelta(const double &seconds) { mergeResponseDelta = seconds; }
 
     /// Tells whether this command may be absorbed by the one before it. Whether this command may absorb later
     /// ones is for those to say.
-    void setMergeEnabled(bool enabled);
+    void setMergeEnabled(bool enabled) { mergeEnabled = enabled; }
 
     /// The id of the command class \a type: 1, 2, 3 ... in the order in which the running process first asks.
     /// Ids differ from run to run and must never be stored. Commands with equal ids are taken for commands of
@@ -64,7 +67,7 @@ protected:
     double creationTime;
 
     /// Length of the merge window in seconds; negative means without limit.
-    double mergeResponseDelta = 0.4;
+    double mergeResponseDelta = defaultMergeResponseDelta;
 
     /// Whether this command may be absorbed by the one before it.
     bool mergeEnabled = true;

@@ -15,13 +15,21 @@
 ///     stack->add(...);
 /// }
 /// \endcode
-class KSUNDO_EXPORT ksUndoMacro
+class ksUndoMacro
 {
 public:
     /// Opens a macro that the history shows as \a text on \a stack, which must not be null, must outlive the
     /// bracket and must not be cleared within it.
-    [[nodiscard]] explicit ksUndoMacro(const QString &text, ksUndoStack *stack = ksUndoStack::get(0));
-    ~ksUndoMacro();
+    [[nodiscard]] explicit ksUndoMacro(const QString &text, ksUndoStack *stack = ksUndoStack::get(0))
+        : stack(stack)
+    {
+        Q_ASSERT(stack != nullptr);
+        stack->beginMacro(text);
+    }
+
+    /// Closes the macro.
+    ~ksUndoMacro() { stack->endMacro(); }
+
     Q_DISABLE_COPY(ksUndoMacro)
 
 private:

@@ -6,7 +6,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
-#include <QUndoStack>
+#include <QScopedValueRollback>
 #include <QUndoView>
 #include <QVector>
 
@@ -14,22 +14,6 @@
 #include <utility>
 
 namespace {
-
-/// Counts one operation for as long as it runs, also when a command throws.
-class BusyScope
-{
-public:
-    explicit BusyScope(int &depth)
-        : depth(depth)
-    {
-        ++depth;
-    }
-    ~BusyScope() { --depth; }
-    Q_DISABLE_COPY(BusyScope)
-
-private:
-    int &depth;
-};
 
 /// The history windows of all stacks. Never destroyed, since the application object may outlive static
 /// objects.
@@ -82,17 +66,12 @@ void ksUndoStack::clearAll()
     get(1)->clear();
 }
 
-bool ksUndoStack::isEmpty() const
-{
-    return undoStack->count() == 0;
-}
-
 void ksUndoStack::add(QUndoCommand *command)
 {
     if (command == nullptr)
         return;
     added = true;
-    const BusyScope busy(busyDepth);
+    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     try {
         undoStack->push(command);
     } catch (...) {
@@ -101,36 +80,11 @@ void ksUndoStack::add(QUndoCommand *command)
     }
 }
 
-void ksUndoStack::beginMacro(const QString &text)
-{
-    undoStack->beginMacro(text);
-}
-
 void ksUndoStack::endMacro()
 {
     added = true;
-    const BusyScope busy(busyDepth);
+    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     undoStack->endMacro();
-}
-
-bool ksUndoStack::canUndo() const
-{
-    return undoStack->canUndo();
-}
-
-bool ksUndoStack::canRedo() const
-{
-    return undoStack->canRedo();
-}
-
-const QUndoCommand *ksUndoStack::currentCommand() const
-{
-    return undoStack->command(undoStack->index() - 1);
-}
-
-void ksUndoStack::setMessageCallback(MessageCallback callback)
-{
-    messageCallback = callback;
 }
 
 void ksUndoStack::sendMessage(const char *name, int index, bool added) const
@@ -152,21 +106,6 @@ void ksUndoStack::sendMessage(const char *name, int index, bool added) const
     messageCallback(name, message, 0);
 }
 
-int ksUndoStack::getBusyDepth() const
-{
-    return busyDepth;
-}
-
-QString ksUndoStack::undoText() const
-{
-    return undoStack->undoText();
-}
-
-QString ksUndoStack::redoText() const
-{
-    return undoStack->redoText();
-}
-
 QAction *ksUndoStack::createUndoAction(QObject *parent, const QString &prefix) const
 {
     QAction *action = undoStack->createUndoAction(parent, prefix);
@@ -183,45 +122,15 @@ QAction *ksUndoStack::createRedoAction(QObject *parent, const QString &prefix) c
     return action;
 }
 
-void ksUndoStack::setUndoLimit(int limit)
-{
-    undoStack->setUndoLimit(limit);
-}
-
-int ksUndoStack::undoLimit() const
-{
-    return undoStack->undoLimit();
-}
-
-void ksUndoStack::setClean()
-{
-    undoStack->setClean();
-}
-
-bool ksUndoStack::isClean() const
-{
-    return undoStack->isClean();
-}
-
-int ksUndoStack::count() const
-{
-    return undoStack->count();
-}
-
-int ksUndoStack::index() const
-{
-    return undoStack->index();
-}
-
 void ksUndoStack::undo()
 {
-    const BusyScope busy(busyDepth);
+    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     undoStack->undo();
 }
 
 void ksUndoStack::redo()
 {
-    const BusyScope busy(busyDepth);
+    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     undoStack->redo();
 }
 
@@ -241,7 +150,7 @@ void ksUndoStack::mark()
 
 void ksUndoStack::reset()
 {
-    const BusyScope busy(busyDepth);
+    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     undoStack->setIndex(markIndex);
 }
 

@@ -6,10 +6,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QString>
+#include <QUndoStack>
 
 class QAction;
-class QUndoCommand;
-class QUndoStack;
 class QUndoView;
 class ksMessage;
 
@@ -28,6 +27,8 @@ class ksMessage;
 /// A command that merges into the one before it is reported as an addition of that one. What is added between
 /// beginMacro() and endMacro() is reported once, when the outermost macro ends. A reset() over several
 /// commands is reported once, for the last one. No message is built while no callback is installed.
+///
+/// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn.
 class KSUNDO_EXPORT ksUndoStack : public QObject
 {
     Q_OBJECT
@@ -40,18 +41,22 @@ public:
     /// Instance 0 or 1; any other number gives instance 0.
     static ksUndoStack *get(unsigned int which);
 
+    /// Builds a stack of its own, besides the two instances.
     ksUndoStack();
+
+    /// Deletes the history window and all commands, without undoing them.
     ~ksUndoStack() override;
 
     /// Clears both instances.
     static void clearAll();
 
     /// True when the stack holds no command, done or undone.
-    bool isEmpty() const;
+    bool isEmpty() const { return count() == 0; }
 
     /// Runs the redo() of \a command and adds it to the stack, which owns it from then on. Undone commands
     /// are deleted. The command may be absorbed by the one before it, and deleted. When its redo() throws,
-    /// the stack is as before and the command stays with the caller. Null is ignored.
+    /// the stack is as before and the command stays with the caller. Null is ignored. A command that has been
+    /// added before, or has a parent, must not be added.
     ///
     /// Commands are offered to each other for merging by their id(): those that do not take theirs from
     /// ksUndoCommand::makeId() must have none, that is -1.
@@ -59,37 +64,39 @@ public:
 
     /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text. Macros
     /// nest. ksUndoMacro does both in a scope.
-    void beginMacro(const QString &text);
+    void beginMacro(const QString &text) { undoStack->beginMacro(text); }
 
-    /// Closes the innermost open macro.
+    /// Closes the innermost open macro. Without one nothing happens, of which Qt warns, but that a redo which
+    /// comes next is reported as an addition.
     void endMacro();
 
     /// Whether there is a command to undo; never while a macro is open.
-    bool canUndo() const;
+    bool canUndo() const { return undoStack->canUndo(); }
 
     /// Whether there is a command to redo; never while a macro is open.
-    bool canRedo() const;
+    bool canRedo() const { return undoStack->canRedo(); }
 
-    /// The command that the next undo() would undo; null when there is none.
-    const QUndoCommand *currentCommand() const;
+    /// The command that the next undo() would undo; null when there is none. It belongs to the stack and is
+    /// valid until the next change of the history.
+    const QUndoCommand *currentCommand() const { return undoStack->command(index() - 1); }
 
     /// Installs the receiver of the messages; null switches them off.
-    void setMessageCallback(MessageCallback callback);
+    void setMessageCallback(MessageCallback callback) { messageCallback = callback; }
 
-    /// Sends the message \a name about the command at \a index. Does nothing when no callback is installed or
-    /// there is no such command.
+    /// Sends the message \a name about the command at \a index, counted from 0. Does nothing when no callback
+    /// is installed or there is no such command.
     void sendMessage(const char *name, int index, bool added) const;
 
     /// How many operations of this stack are in progress: greater than 0 when the caller has been called,
     /// directly or not, by a command of this stack, a receiver of its signals, or the message callback. Steps
     /// that the user takes by a click into the history window, beginMacro() and clear() do not count.
-    int getBusyDepth() const;
+    int getBusyDepth() const { return busyDepth; }
 
     /// The text of the command that undo() would undo; empty when there is none.
-    QString undoText() const;
+    QString undoText() const { return undoStack->undoText(); }
 
     /// The text of the command that redo() would redo; empty when there is none.
-    QString redoText() const;
+    QString redoText() const { return undoStack->redoText(); }
 
     /// An action that calls undo(), whose text is \a prefix ("Undo" when empty) and undoText(), and which is
     /// enabled while there is something to undo. It belongs to \a parent, or to the caller when that is null.
@@ -98,25 +105,25 @@ public:
     /// The same for redo().
     QAction *createRedoAction(QObject *parent, const QString &prefix = QString()) const;
 
-    /// Sets how many commands the stack keeps at most; the oldest go first. 0, the default, is without limit.
-    /// Takes effect on an empty stack only.
-    void setUndoLimit(int limit);
+    /// Sets how many commands the stack keeps at most; the oldest go first. 0, the default, and less are
+    /// without limit. On a stack that is not empty it does nothing but make Qt warn.
+    void setUndoLimit(int limit) { undoStack->setUndoLimit(limit); }
 
     /// How many commands the stack keeps at most; 0 is without limit.
-    int undoLimit() const;
+    int undoLimit() const { return undoStack->undoLimit(); }
 
     /// Declares the current state to be the one that is saved. The next command does not merge into the
     /// command that led here.
-    void setClean();
+    void setClean() { undoStack->setClean(); }
 
     /// Whether the stack is at the state last declared clean; the empty state of a new stack is clean.
-    bool isClean() const;
+    bool isClean() const { return undoStack->isClean(); }
 
     /// The number of commands, done and undone; a macro counts as one.
-    int count() const;
+    int count() const { return undoStack->count(); }
 
     /// The number of commands that are done, which is the position of the next command.
-    int index() const;
+    int index() const { return undoStack->index(); }
 
 Q_SIGNALS:
     /// \a command was added (\a added is true) or redone. It is null when the stack was cleared or destroyed.
@@ -135,12 +142,12 @@ public Q_SLOTS:
     /// Redoes the command after the current one, if any.
     void redo();
 
-    /// Deletes all commands without undoing them and forgets the mark. A command must not call it from its
-    /// redo() or undo().
+    /// Deletes all commands without undoing them, those of an open macro as well, which is closed by that,
+    /// and forgets the mark. A command must not call it from its redo() or undo().
     void clear();
 
     /// Remembers the current index. It is a position, not a command: commands that fall off at the undo limit
-    /// shift those that follow.
+    /// shift those that follow. An open macro does not count.
     void mark();
 
     /// Undoes or redoes commands until the stack is at the marked index again, or as close as it gets; at 0

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/detail/ksFieldCast.h>
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksUndoCommand.h>
-#include <ksundo/field/ksFieldCast.h>
+#include <ksundo/field/ksFieldKey.h>
 
-#include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGFieldDescription.h>
-
-#include <string>
 #include <utility>
 
 /// Base class of the commands that change one field of one container.
@@ -20,50 +17,39 @@
 class KSUNDO_EXPORT ksFieldBaseUndoCommand : public ksUndoCommand
 {
 public:
-    /// Aims at the field of \a container called \a fieldName, as findField() finds it.
-    ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, std::string fieldName,
-                           QUndoCommand *parent = nullptr);
-
-    /// Aims at the field of \a container with the id \a fieldId, counted from 1.
-    ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
+    /// Aims at the field \a field of \a container, which may be NullFC.
+    ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                            QUndoCommand *parent = nullptr);
 
     /// The first field of \a container that is called \a name; null when there is none, and for NullFC. Case
     /// matters, but for the first letter: diffuse finds Diffuse, DIFFUSE does not. A field "parents" is never
     /// found, nor is the volume of a node: both are the scene graph's own business.
-    static const osg::FieldDescription *findField(osg::FieldContainerPtr container, const std::string &name);
+    static const osg::FieldDescription *findField(osg::FieldContainerPtr container, const std::string &name)
+    {
+        return ksFieldKey(name).findIn(container);
+    }
 
     /// The id of the container that the command changes; 0 when its field could not be found.
-    osg::UInt32 containerId() const;
+    osg::UInt32 containerId() const { return fcId; }
 
-    /// Adds "id", then "container" and "fieldId", the ids of the target as unsigned int.
+    /// Adds "id", then "container" and "fieldId", the ids of the target as unsigned int, 0 when there is
+    /// none.
     void makeMessage(ksMessage &message) const override;
 
     /// Demands, beyond ksUndoCommand's conditions, the same field of the same container.
     bool canMergeWith(const QUndoCommand *other) const override;
 
 protected:
-    /// The target's container, and its field when that exists and is exactly a \a FieldT, null otherwise.
+    /// The target's container, NullFC when it has gone, and its field when that exists and is exactly a
+    /// \a FieldT, null otherwise.
     template <class FieldT>
     std::pair<osg::FieldContainerPtr, FieldT *> findTarget() const
     {
         const auto container = ksFindContainer<osg::FieldContainerPtr>(fcId);
-        return {container, fieldOf<FieldT>(container)};
-    }
-
-    /// The target's field in \a container when that exists and is exactly a \a FieldT, null otherwise.
-    template <class FieldT>
-    FieldT *fieldOf(const osg::FieldContainerPtr &container) const
-    {
-        return ksFieldCast<FieldT>(anyFieldOf(container));
+        return {container, ksDetail::ksFieldCast<FieldT>(ksDetail::ksFindField(container, fieldId))};
     }
 
     osg::UInt32 fcId = 0;
     osg::UInt32 fieldId = 0;
     osg::BitVector fieldMask = 0;
-
-private:
-    void aimAt(const osg::FieldContainerPtr &container, const osg::FieldDescription &description,
-               osg::UInt32 id);
-    osg::Field *anyFieldOf(const osg::FieldContainerPtr &container) const;
 };

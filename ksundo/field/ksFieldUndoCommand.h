@@ -1,34 +1,33 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
-/// Sets a numeric field, an osg::SField<T>, of one container.
+#include <type_traits>
+
+/// Sets a field that has one value, an osg::SField<T>, of one container.
 ///
 /// Redo and undo are the same exchange of the field's value with the stored one. Commands on the same field
 /// merge within the merge window; one undo then restores the value from before the first of them. A field of
-/// any other class is left alone.
+/// any other class is left alone, and so is a container that has gone.
 ///
-/// \tparam T long long, int, short, signed char, the unsigned type of each, float or double
+/// \tparam T any type with a field class osg::SField<T>: numbers of every width, of which the library brings
+/// the instances, and the scene graph's vectors and colours as well
 template <class T>
 class ksFieldUndoCommand : public ksFieldBaseUndoCommand
 {
     KS_UNDO_COMMAND(ksFieldUndoCommand)
 
-public:
-    /// Sets the field of \a container called \a fieldName to \a value when it is run, and not before.
-    ksFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, const std::string &fieldName,
-                       T value, QUndoCommand *parent = nullptr)
-        : ksFieldBaseUndoCommand(text, container, fieldName, parent)
-        , value(value)
-    {}
+    static_assert(std::is_base_of_v<osg::Field, osg::SField<T>>, "osg::SField<T> must be a field");
+    static_assert(std::is_copy_constructible_v<T> && std::is_copy_assignable_v<T>, "T must be copyable");
 
-    /// Sets the field of \a container with the id \a fieldId, counted from 1.
-    ksFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId, T value,
+public:
+    /// Sets the field \a field of \a container, by name or by id, to \a value when it is run, not before.
+    ksFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field, T value,
                        QUndoCommand *parent = nullptr)
-        : ksFieldBaseUndoCommand(text, container, fieldId, parent)
-        , value(value)
+        : ksFieldBaseUndoCommand(text, container, field, parent)
+        , value(std::move(value))
     {}
 
     void undo() override { redo(); }
@@ -38,10 +37,10 @@ public:
         const auto [container, field] = getField();
         if (field == nullptr)
             return;
-        const T previous = field->getValue();
+        T previous = field->getValue();
         field->setValue(value);
-        ksTouch(container, fieldMask);
-        value = previous;
+        ksEndEdit(container, fieldMask);
+        value = std::move(previous);
     }
 
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }

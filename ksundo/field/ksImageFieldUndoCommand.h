@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ksundo/core/ksHeldReference.h>
+#include <ksundo/core/ksNonMergingUndoCommand.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
 #include <OpenSG/OSGImage.h>
@@ -14,41 +15,37 @@
 /// The command keeps the image of the moment when it is built, and the one to set, alive; the field has its
 /// own reference on what it shows. Images never merge. A container or field that has gone makes a step a
 /// silent no-op.
-class KSUNDO_EXPORT ksImageFieldUndoCommand : public ksFieldBaseUndoCommand
+class KSUNDO_EXPORT ksImageFieldUndoCommand : public ksNonMergingUndoCommand<ksFieldBaseUndoCommand>
 {
     KS_UNDO_COMMAND(ksImageFieldUndoCommand)
 
 public:
-    /// Sets the field of \a container called \a fieldName to \a image, which may be null, when it is run, and
-    /// not before. When the texture manager answers with another image, the given one loses one reference,
-    /// which the caller hands over, and goes when it was the last.
-    ksImageFieldUndoCommand(osg::FieldContainerPtr container, const std::string &fieldName,
-                            osg::ImagePtr image, QUndoCommand *parent = nullptr);
-
-    /// Sets the field of \a container with the id \a fieldId, counted from 1.
-    ksImageFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, osg::ImagePtr image,
+    /// Sets the field \a field of \a container, by name or by id, to \a image, which may be null, when it is
+    /// run, and not before. When the texture manager answers with another image, the given one loses one
+    /// reference, which the caller hands over, and goes when it was the last.
+    ksImageFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field, osg::ImagePtr image,
                             QUndoCommand *parent = nullptr);
 
-    void undo() override;
-    void redo() override;
-
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
+    void undo() override { apply(oldImage.get()); }
+    void redo() override { apply(newImage.get()); }
 
     /// The container, NullFC when it is gone, and its field, null when there is no image field.
-    std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> getField() const;
+    std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> getField() const
+    {
+        return findTarget<osg::SFImagePtr>();
+    }
 
     /// Puts \a image, which may be null, into the field, announces the change while the previous image still
     /// lives, and then calls the notify function. Does nothing at all when the field cannot be found.
     void apply(const osg::ImagePtr &image);
 
     /// Sets what is called after every step that found the field; empty for nothing.
-    void setNotifyFunction(std::function<void()> function);
+    void setNotifyFunction(std::function<void()> function) { notify.swap(function); }
 
 private:
-    void hold(osg::ImagePtr image);
-
     std::function<void()> notify;
+
+    // Members go in reverse order: the new image is released before the old one.
     ksHeldReference<osg::ImagePtr> oldImage;
     ksHeldReference<osg::ImagePtr> newImage;
 };

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/field/detail/ksInvokedMethod.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
-#include <ksundo/field/ksInvokedMethod.h>
 
 /// Switches a flag as ksBoolFieldUndoCommand does, and tells a Qt method of the application.
 ///
-/// Every redo writes the field, then calls the method with the value written. **Undo does nothing**: it
-/// neither restores the field nor calls the method. Redoing afterwards writes what the field held before the
-/// first redo, and so on.
+/// Every redo writes the field, then calls the method with the value written, which happens also when the
+/// field cannot be found. **Undo does nothing**: it neither restores the field nor calls the method. Redoing
+/// afterwards writes what the field held before the first redo, and so on.
 ///
 /// A method with exactly one parameter, which must be a bool or an integer, receives the value; any other is
 /// called without arguments.
@@ -20,34 +20,24 @@ class KSUNDO_EXPORT ksInvokeBoolFieldUndoCommand : public ksBoolFieldUndoCommand
     KS_UNDO_COMMAND(ksInvokeBoolFieldUndoCommand)
 
 public:
+    /// Sets the field \a field of \a container, by name or by id, to \a value when it is run, not before.
     /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
     /// may be redone
     /// \param method the name and the parameter types in parentheses, such as "setVisible(bool)"
-    ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container,
-                                 const std::string &fieldName, bool value, QObject *object,
-                                 const char *method, QUndoCommand *parent = nullptr);
-
-    /// The same, with an empty text.
-    ksInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, const std::string &fieldName, bool value,
-                                 QObject *object, const char *method, QUndoCommand *parent = nullptr);
-
-    /// Switches the field of \a container with the id \a fieldId, counted from 1.
-    ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
+    ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                                  bool value, QObject *object, const char *method,
                                  QUndoCommand *parent = nullptr);
 
     /// The same, with an empty text.
-    ksInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, bool value, QObject *object,
-                                 const char *method, QUndoCommand *parent = nullptr);
+    ksInvokeBoolFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field, bool value,
+                                 QObject *object, const char *method, QUndoCommand *parent = nullptr)
+        : ksInvokeBoolFieldUndoCommand(QString(), container, field, value, object, method, parent)
+    {}
 
     /// Nothing.
-    void undo() override;
+    void undo() override {}
     void redo() override;
-    bool mergeWith(const QUndoCommand *other) override;
-
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
 
 private:
-    ksInvokedMethod method;
+    ksDetail::ksInvokedMethod method;
 };

@@ -2,7 +2,7 @@
 #pragma once
 
 #include <ksundo/core/ksMultiCommand.h>
-#include <ksundo/field/ksInvokedMethod.h>
+#include <ksundo/field/detail/ksInvokedMethod.h>
 
 /// Several commands as one step, followed by a call of a Qt method of the application without arguments: the
 /// same one after redo and after undo.
@@ -24,5 +24,5 @@ public:
     void redo() override;
 
 private:
-    ksInvokedMethod method;
+    ksDetail::ksInvokedMethod method;
 };

@@ -5,37 +5,27 @@
 
 #include <OpenSG/OSGSFBaseTypes.h>
 
-#include <string>
-
-/// Sets a text field, an osg::SField<std::string>, of one container. Undo writes what the field held when the
-/// command was built, which is empty when the field could not be found then. Successive edits of a text merge
-/// as ksTextFieldUndoCommand says. A field of any other class is left alone.
+/// Sets a text field, an osg::SField<std::string>, of one container. Successive edits of a text merge, and
+/// what is missing is passed over, as ksTextFieldUndoCommand says.
 class KSUNDO_EXPORT ksStringFieldUndoCommand
     : public ksTextFieldUndoCommand<ksStringFieldUndoCommand, osg::SField<std::string>, std::string>
 {
     KS_UNDO_COMMAND(ksStringFieldUndoCommand)
 
 public:
-    /// Sets the field of \a container called \a fieldName to \a newValue when it is run, and not before.
-    ksStringFieldUndoCommand(const QString &text, osg::FieldContainerPtr container,
-                             const std::string &fieldName, std::string newValue,
-                             QUndoCommand *parent = nullptr);
-
-    /// The same, with an empty text.
-    ksStringFieldUndoCommand(osg::FieldContainerPtr container, const std::string &fieldName,
-                             std::string newValue, QUndoCommand *parent = nullptr);
-
-    /// Sets the field of \a container with the id \a fieldId, counted from 1.
-    ksStringFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, int fieldId,
+    /// Sets the field \a field of \a container, by name or by id, to \a newValue when it is run, not before.
+    ksStringFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                              std::string newValue, QUndoCommand *parent = nullptr);
 
     /// The same, with an empty text.
-    ksStringFieldUndoCommand(osg::FieldContainerPtr container, int fieldId, std::string newValue,
-                             QUndoCommand *parent = nullptr);
+    ksStringFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field, std::string newValue,
+                             QUndoCommand *parent = nullptr)
+        : ksStringFieldUndoCommand(QString(), container, field, std::move(newValue), parent)
+    {}
 
 private:
     friend ksTextFieldUndoCommand;
 
-    static void read(const osg::SField<std::string> *field, std::string &value);
-    static void write(const std::string &value, osg::SField<std::string> *field);
+    static void read(const osg::SField<std::string> *field, std::string &value) { value = field->getValue(); }
+    static void write(const std::string &value, osg::SField<std::string> *field) { field->setValue(value); }
 };

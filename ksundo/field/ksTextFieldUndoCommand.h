@@ -1,32 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksBeforeAfterUndoCommand.h>
+#include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
 /// Mechanics of the commands that replace the whole content of a text field.
 ///
-/// The command keeps the content that the field had when the command was built, and the one to write. It
-/// absorbs a newer command, within its merge window, when that one's old content is exactly this one's new
-/// content: a run of edits of the same text becomes one step. Nothing else is compared, so that a command on
-/// another field or container which happens to hold this command's new content is absorbed, too; what it
-/// would have written goes to this command's field on redo.
+/// The command keeps the content that the field had when the command was built, empty when the field could
+/// not be found then, and the one to write. It absorbs a newer command, within its merge window, when that
+/// one's old content is exactly this one's new content: a run of edits of the same text becomes one step.
+/// Nothing else is compared, so that a command on another field or container which happens to hold this
+/// command's new content is absorbed, too; what it would have written goes to this command's field on redo.
 ///
-/// \tparam Command the class, which says how content is read and written
+/// A field of any other class is left alone, and so is a container that has gone.
+///
+/// \tparam Command the class, whose static functions read(field, content) and write(content, field) say how
 /// \tparam FieldT the class of the field
 /// \tparam Content what the command keeps of it
 template <class Command, class FieldT, class Content>
-class ksTextFieldUndoCommand : public ksFieldBaseUndoCommand
+class ksTextFieldUndoCommand
+    : public ksBeforeAfterUndoCommand<ksTextFieldUndoCommand<Command, FieldT, Content>, Content,
+                                      ksFieldBaseUndoCommand>
 {
-public:
-    void undo() override { write(oldContent); }
-    void redo() override { write(newContent); }
+    using Base = ksBeforeAfterUndoCommand<ksTextFieldUndoCommand, Content, ksFieldBaseUndoCommand>;
 
+public:
     bool mergeWith(const QUndoCommand *other) override
     {
-        if (!absorb(other))
+        if (!this->absorb(other))
             return false;
-        newContent = static_cast<const ksTextFieldUndoCommand *>(other)->newContent;
+        this->after = static_cast<const ksTextFieldUndoCommand *>(other)->after;
         return true;
     }
 
@@ -35,34 +39,33 @@ public:
     {
         // Which field it is does not matter. NOLINTNEXTLINE(bugprone-parent-virtual-call)
         return ksUndoCommand::canMergeWith(other) &&
-               static_cast<const ksTextFieldUndoCommand *>(other)->oldContent == newContent;
+               static_cast<const ksTextFieldUndoCommand *>(other)->before == this->after;
     }
 
     /// The container, NullFC when it is gone, and its field, null when there is none of this command's class.
-    std::pair<osg::FieldContainerPtr, FieldT *> getField() const { return findTarget<FieldT>(); }
+    std::pair<osg::FieldContainerPtr, FieldT *> getField() const
+    {
+        return this->template findTarget<FieldT>();
+    }
 
 protected:
-    /// \param field the name of the field, or its id counted from 1
-    template <class FieldKey>
-    ksTextFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, const FieldKey &field,
+    ksTextFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                            Content newContent, QUndoCommand *parent)
-        : ksFieldBaseUndoCommand(text, container, field, parent)
-        , newContent(std::move(newContent))
+        : Base(Content(), std::move(newContent), text, container, field, parent)
     {
         if (const FieldT *target = getField().second)
-            Command::read(target, oldContent);
+            Command::read(target, this->before);
     }
 
 private:
-    void write(const Content &content) const
+    friend Base;
+
+    void apply(const Content &, const Content &content) const
     {
         const auto [container, field] = getField();
         if (field == nullptr)
             return;
         Command::write(content, field);
-        ksTouch(container, fieldMask);
+        ksEndEdit(container, this->fieldMask);
     }
-
-    Content oldContent;
-    Content newContent;
 };

@@ -32,13 +32,13 @@ public:
     template <class T, class ValueT>
     bool tryNumber(ValueT value) const
     {
-        return ksFieldCast<osg::SField<T>>(field) != nullptr &&
+        return ksDetail::ksFieldCast<osg::SField<T>>(field) != nullptr &&
                deliver(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
     }
 
     bool tryBool(bool value) const
     {
-        return ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
+        return ksDetail::ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
                deliver(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
     }
 
@@ -57,24 +57,39 @@ private:
     osg::Field *field = nullptr;
 };
 
-/// Lists the entries that \a append adds to the list for the first \a maxCount of \a nodes.
-template <class NodeT, class Append>
-QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount, Append append)
+/// Adds the entry of a node to a list of names.
+void appendName(QStringList &names, const osg::NodePtr &node)
+{
+    if (node != osg::NullFC)
+        names.append(NodeUtils::displayName(node));
+}
+
+void appendName(QStringList &names, const ksNodePtr &node)
+{
+    appendName(names, node.getNodePtr());
+}
+
+void appendName(QStringList &names, const std::pair<osg::NodePtr, int> &entry)
+{
+    const auto &[node, variant] = entry;
+    if (node == osg::NullFC)
+        return;
+    const QString name = NodeUtils::displayName(node);
+    const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
+    const QString text = hasVariantName ? QString(name + name) : name;
+    if (!text.isEmpty())
+        names.append(text);
+}
+
+/// Lists the names of the first \a maxCount of \a nodes.
+template <class NodeT>
+QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount)
 {
     QStringList names;
     for (std::size_t i = 0; i < std::min<std::size_t>(maxCount, nodes.size()); ++i)
-        append(names, nodes[i]);
+        appendName(names, nodes[i]);
     const QString end = nodes.size() > maxCount ? QStringLiteral("', ...") : QStringLiteral("'");
     return QLatin1Char('\'') + names.join(QStringLiteral("', '")) + end;
-}
-
-std::vector<osg::NodePtr> nodePtrs(const std::vector<ksNodePtr> &nodes)
-{
-    std::vector<osg::NodePtr> result;
-    result.reserve(nodes.size());
-    for (const ksNodePtr &node : nodes)
-        result.push_back(node.getNodePtr());
-    return result;
 }
 
 } // namespace
@@ -102,45 +117,18 @@ QString ksUndoUtil::makeNameList(const osg::NodePtr &node)
     return QLatin1Char('\'') + QString::fromLatin1(NodeUtils::getName(node)) + QLatin1Char('\'');
 }
 
-QString ksUndoUtil::makeNameList(const ksNodePtr &node)
-{
-    return makeNameList(node.getNodePtr());
-}
-
-QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes)
-{
-    return makeNameList(nodes, nodes.size());
-}
-
-QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes)
-{
-    return makeNameList(nodes, nodes.size());
-}
-
 QString ksUndoUtil::makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount)
 {
-    return listNames(nodes, maxCount, [](QStringList &names, const osg::NodePtr &node) {
-        if (node != osg::NullFC)
-            names.append(NodeUtils::getText(node));
-    });
+    return listNames(nodes, maxCount);
 }
 
 QString ksUndoUtil::makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount)
 {
-    return makeNameList(nodePtrs(nodes), maxCount);
+    return listNames(nodes, maxCount);
 }
 
 QString ksUndoUtil::makeNameList(const std::vector<std::pair<osg::NodePtr, int>> &nodes,
                                  unsigned long maxCount)
 {
-    return listNames(nodes, maxCount, [](QStringList &names, const std::pair<osg::NodePtr, int> &entry) {
-        const auto &[node, variant] = entry;
-        if (node == osg::NullFC)
-            return;
-        const QString name = NodeUtils::getText(node);
-        const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
-        const QString text = hasVariantName ? QString(name + name) : name;
-        if (!text.isEmpty())
-            names.append(text);
-    });
+    return listNames(nodes, maxCount);
 }

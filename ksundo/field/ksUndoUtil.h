@@ -35,17 +35,26 @@ KSUNDO_EXPORT void makeFloatTypeCommand(const QString &text, osg::FieldContainer
 /// The name of \a node in apostrophes, two apostrophes when it has none. Unlike the lists below, this takes
 /// the name as Latin-1.
 KSUNDO_EXPORT QString makeNameList(const osg::NodePtr &node);
-KSUNDO_EXPORT QString makeNameList(const ksNodePtr &node);
+inline QString makeNameList(const ksNodePtr &node)
+{
+    return makeNameList(node.getNodePtr());
+}
 
-/// The names of \a nodes, each in apostrophes, separated by commas: 'A', 'B', 'C'. Null handles are left out;
-/// nodes without a name are listed as ''. No nodes give two apostrophes.
-KSUNDO_EXPORT QString makeNameList(const std::vector<osg::NodePtr> &nodes);
-KSUNDO_EXPORT QString makeNameList(const std::vector<ksNodePtr> &nodes);
-
-/// The same for the first \a maxCount of \a nodes, with an ellipsis when there are more: 'A', 'B', ... and,
-/// for none of some, '', ...
+/// The names of the first \a maxCount of \a nodes, each in apostrophes, separated by commas, with an ellipsis
+/// when there are more: 'A', 'B', ... and, for none of some, '', ... Null handles are left out; nodes without
+/// a name are listed as ''. No nodes give two apostrophes.
 KSUNDO_EXPORT QString makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount);
 KSUNDO_EXPORT QString makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount);
+
+/// The same for all of \a nodes: 'A', 'B', 'C'.
+inline QString makeNameList(const std::vector<osg::NodePtr> &nodes)
+{
+    return makeNameList(nodes, nodes.size());
+}
+inline QString makeNameList(const std::vector<ksNodePtr> &nodes)
+{
+    return makeNameList(nodes, nodes.size());
+}
 
 /// The same for nodes each with the index of one of its transform variants: where that variant has a name,
 /// the node's name stands twice, to tell the entry from one of the node itself. Empty entries are left out.

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 
 #include <ksMessage.h>
@@ -16,38 +15,22 @@ ksAddNodeAsVisibilityReferenceUndoCommand::ksAddNodeAsVisibilityReferenceUndoCom
                                                                                      osg::NodePtr node,
                                                                                      bool remove,
                                                                                      QUndoCommand *parent)
-    : ksUndoCommand(QStringLiteral("Add Node as Visibility Reference"), parent)
-    , lightId(light.getFieldContainerId())
+    : ksContainerUndoCommand(QStringLiteral("Add Node as Visibility Reference"), light, !remove, remove,
+                             parent)
     , nodeId(node.getFieldContainerId())
-    , remove(remove)
 {}
-
-void ksAddNodeAsVisibilityReferenceUndoCommand::undo()
-{
-    apply(!remove);
-}
-
-void ksAddNodeAsVisibilityReferenceUndoCommand::redo()
-{
-    apply(remove);
-}
 
 void ksAddNodeAsVisibilityReferenceUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("lightCommand", lightId, true);
+    message.set("lightCommand", containerId, true);
 }
 
-bool ksAddNodeAsVisibilityReferenceUndoCommand::canMergeWith(const QUndoCommand *) const
+void ksAddNodeAsVisibilityReferenceUndoCommand::apply(const osg::UberLightPtr &light, bool,
+                                                      bool removing) const
 {
-    return false;
-}
-
-void ksAddNodeAsVisibilityReferenceUndoCommand::apply(bool removing) const
-{
-    const auto light = ksFindContainer<osg::UberLightPtr>(lightId);
     const auto node = ksFindContainer<osg::NodePtr>(nodeId);
-    if (light == osg::NullFC || node == osg::NullFC)
+    if (node == osg::NullFC)
         return;
     osg::NodePtr &reference = light->getSFVisibilityReference()->getValue();
     const osg::UInt32 flags = node->getExternalFlags();
@@ -57,9 +40,9 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(bool removing) const
     } else {
         osg::setRefdCP(reference, node);
         node->setExternalFlags(flags | visibilityReferenceFlag);
-        ksTouch(node, osg::Node::ExternalFlagsFieldMask);
+        ksEndEdit(node, osg::Node::ExternalFlagsFieldMask);
     }
-    ksTouch(light, osg::UberLightBase::VisibilityReferenceFieldMask);
+    ksEndEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
     // Gone by now if only the light held it.
-    ksTouch(ksFindContainer<osg::NodePtr>(nodeId), osg::Node::ExternalFlagsFieldMask);
+    ksEndEdit(ksFindContainer<osg::NodePtr>(nodeId), osg::Node::ExternalFlagsFieldMask);
 }

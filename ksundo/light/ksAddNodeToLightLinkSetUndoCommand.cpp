@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/light/detail/ksLinkSetList.h>
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
 
 #include <ksLights.h>
@@ -9,7 +9,12 @@
 #include <ksOpenSGUtils.h>
 #include <ksSceneDataManager.h>
 
+#include <cstddef>
+#include <utility>
+
 namespace {
+
+using List = ksDetail::ksLinkSetList<osg::LightLinkSetPtr>;
 
 constexpr unsigned int lightList = 3;
 
@@ -40,93 +45,75 @@ osg::NodePtr substituteOf(const osg::NodePtr &instance)
     return substitute;
 }
 
+/// What the list of lights, or of scene nodes, takes for \a node; null for nothing.
+osg::NodePtr listedFor(const osg::NodePtr &node, const osg::NodePtr &root, bool sceneNodes)
+{
+    if (node == osg::NullFC)
+        return node;
+    if (node == root) {
+        ksLog::error("Cannot add Root to Light Link Set.");
+        return osg::NullFC;
+    }
+    return !sceneNodes && isInstance(node) ? substituteOf(node) : node;
+}
+
 } // namespace
 
 ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set,
                                                                        const std::vector<osg::NodePtr> &nodes,
                                                                        unsigned int list, bool remove,
                                                                        QUndoCommand *parent)
-    : ksUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), parent)
-    , linkSetId(set.getFieldContainerId())
-    , remove(remove)
-    , sceneNodes(list != lightList)
-{
-    if (set != osg::NullFC)
-        init(set, nodes);
-}
+    : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), set, nodes, list,
+                                         remove, parent)
+{}
 
 ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set,
                                                                        osg::NodePtr node, unsigned int list,
                                                                        bool remove, QUndoCommand *parent)
-    : ksUndoCommand(QStringLiteral("Add Node to Light Link Set"), parent)
-    , linkSetId(set.getFieldContainerId())
-    , remove(remove)
+    : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Node to Light Link Set"), set, {node}, list,
+                                         remove, parent)
+{}
+
+ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(const QString &text,
+                                                                       const osg::LightLinkSetPtr &set,
+                                                                       const std::vector<osg::NodePtr> &nodes,
+                                                                       unsigned int list, bool remove,
+                                                                       QUndoCommand *parent)
+    : ksContainerUndoCommand(text, set, !remove, remove, parent)
     , sceneNodes(list != lightList)
 {
-    if (set != osg::NullFC && node != osg::NullFC)
-        init(set, {node});
-}
+    if (set == osg::NullFC)
+        return;
+    const osg::NodePtr root = ksOpenSGUtils::getRoot();
+    for (const osg::NodePtr &node : nodes)
+        if (const osg::NodePtr listed = listedFor(node, root, sceneNodes); listed != osg::NullFC)
+            nodeIds.push_back(listed.getFieldContainerId());
 
-void ksAddNodeToLightLinkSetUndoCommand::undo()
-{
-    apply(!remove);
-}
-
-void ksAddNodeToLightLinkSetUndoCommand::redo()
-{
-    apply(remove);
+    const List::Positions positions = List(set, sceneNodes).positionsOf(nodeIds);
+    if (remove) {
+        insertPositions = positions;
+        return;
+    }
+    List::Ids added;
+    for (std::size_t i = 0; i < nodeIds.size(); ++i)
+        if (positions[i] == -1)
+            added.push_back(nodeIds[i]);
+    nodeIds = std::move(added);
 }
 
 void ksAddNodeToLightLinkSetUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("lightlinkset", linkSetId, true);
+    message.set("lightlinkset", containerId, true);
 }
 
-bool ksAddNodeToLightLinkSetUndoCommand::canMergeWith(const QUndoCommand *) const
+void ksAddNodeToLightLinkSetUndoCommand::apply(const osg::LightLinkSetPtr &set, bool, bool removing) const
 {
-    return false;
-}
-
-void ksAddNodeToLightLinkSetUndoCommand::init(const osg::LightLinkSetPtr &set,
-                                              const std::vector<osg::NodePtr> &nodes)
-{
-    const osg::NodePtr root = ksOpenSGUtils::getRoot();
-    List::Ids ids;
-    for (osg::NodePtr node : nodes) {
-        if (node == osg::NullFC)
-            continue;
-        if (node == root) {
-            ksLog::error("Cannot add Root to Light Link Set.");
-            continue;
-        }
-        if (!sceneNodes && isInstance(node))
-            node = substituteOf(node);
-        if (node != osg::NullFC)
-            ids.push_back(node.getFieldContainerId());
-    }
-
-    const List::Positions positions = List(set, sceneNodes).positionsOf(ids);
-    if (remove) {
-        nodeIds = ids;
-        insertPositions = positions;
-        return;
-    }
-    for (std::size_t i = 0; i < ids.size(); ++i)
-        if (positions[i] == -1)
-            nodeIds.push_back(ids[i]);
-}
-
-void ksAddNodeToLightLinkSetUndoCommand::apply(bool removing) const
-{
-    const auto set = ksFindContainer<osg::LightLinkSetPtr>(linkSetId);
-    if (set == osg::NullFC)
-        return;
     const List list(set, sceneNodes);
     if (removing)
         list.subtract(nodeIds);
-    else if (remove)
-        list.insert(nodeIds, insertPositions);
-    else
+    else if (insertPositions.empty())
         list.add(nodeIds);
+    else
+        list.insert(nodeIds, insertPositions);
 }

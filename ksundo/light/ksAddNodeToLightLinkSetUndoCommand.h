@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksUndoCommand.h>
-#include <ksundo/light/ksLinkSetList.h>
+#include <ksundo/core/ksContainerUndoCommand.h>
 
 #include <OSGLightLinkSet.h>
+#include <OpenSG/OSGNode.h>
 
 #include <vector>
 
-/// Adds nodes to one of the two lists of a light link set, its lights or its scene nodes, or removes them.
+/// Adds nodes to one of the two lists of a light link set, its lights or its scene nodes, or removes them:
+/// "Add Nodes to Light Link Set". It never merges.
 ///
 /// Undo does the opposite; nodes that were removed come back at the positions that they had when the command
 /// was built, and those that were not in the list at -1. Which nodes the command acts on is settled then,
@@ -21,7 +22,8 @@
 ///  - when adding, so is a node that the list already holds.
 ///
 /// A link set that has gone, or was null, makes a step a silent no-op; a node that has gone is passed over.
-class KSUNDO_EXPORT ksAddNodeToLightLinkSetUndoCommand : public ksUndoCommand
+class KSUNDO_EXPORT ksAddNodeToLightLinkSetUndoCommand
+    : public ksContainerUndoCommand<ksAddNodeToLightLinkSetUndoCommand, osg::LightLinkSetPtr, bool>
 {
     KS_UNDO_COMMAND(ksAddNodeToLightLinkSetUndoCommand)
 
@@ -31,29 +33,24 @@ public:
     ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, const std::vector<osg::NodePtr> &nodes,
                                        unsigned int list, bool remove, QUndoCommand *parent = nullptr);
 
-    /// The same for one node.
+    /// The same for one node: "Add Node to Light Link Set".
     ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, osg::NodePtr node, unsigned int list,
                                        bool remove, QUndoCommand *parent = nullptr);
-
-    void undo() override;
-    void redo() override;
 
     /// Adds "id", then "lightlinkset", the link set's id as unsigned int, 0 for none.
     void makeMessage(ksMessage &message) const override;
 
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
-
 private:
-    using List = ksLinkSetList<osg::LightLinkSetPtr>;
+    friend ksContainerUndoCommand;
 
-    void init(const osg::LightLinkSetPtr &set, const std::vector<osg::NodePtr> &nodes);
-    void apply(bool removing) const;
+    ksAddNodeToLightLinkSetUndoCommand(const QString &text, const osg::LightLinkSetPtr &set,
+                                       const std::vector<osg::NodePtr> &nodes, unsigned int list, bool remove,
+                                       QUndoCommand *parent);
 
-    osg::UInt32 linkSetId;
-    bool remove;
-    List::Ids nodeIds;
-    /// One per node when removing, -1 for a node that was not in the list; none when adding.
-    List::Positions insertPositions;
+    void apply(const osg::LightLinkSetPtr &set, bool, bool removing) const;
+
+    std::vector<osg::UInt32> nodeIds;
+    /// One per node when redo removes, -1 for a node that was not in the list; none when it adds.
+    std::vector<osg::Int32> insertPositions;
     bool sceneNodes;
 };

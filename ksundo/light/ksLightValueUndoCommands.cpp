@@ -3,68 +3,72 @@
 
 #include <ksLights.h>
 
-template class ksLightUndoCommand<osg::Vector<float, 3u>>;
+#include <cstddef>
+
+template class ksLightUndoCommand<osg::Vec3f>;
 template class ksLightUndoCommand<float>;
 template class ksLightUndoCommand<osg::UberLight::LightAttenuation>;
 
-osg::Vector<float, 3u> ksLightDiffuseUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getDiffuse(node);
-}
+namespace {
 
-void ksLightDiffuseUndoCommand::set(osg::NodePtr node, osg::Vector<float, 3u> value)
+/// The application's getter and setter.
+template <class T, class Argument = T>
+struct Row
 {
-    ksLights::setDiffuse(node, value);
-}
+    T (*get)(const osg::NodePtr &node);
+    void (*set)(const osg::NodePtr &node, Argument value);
+};
 
-osg::Vector<float, 3u> ksLightGlossyUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getGlossy(node);
-}
+using ColorRow = Row<osg::Vec3f, const osg::Vec3f &>;
 
-void ksLightGlossyUndoCommand::set(osg::NodePtr node, osg::Vector<float, 3u> value)
-{
-    ksLights::setGlossy(node, value);
-}
+/// Every class has its own.
+template <class Command>
+constexpr std::nullptr_t row = nullptr;
 
-float ksLightIntensityUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getLightValue(node);
-}
+template <>
+constexpr ColorRow row<ksLightDiffuseUndoCommand> = {&ksLights::getDiffuse, &ksLights::setDiffuse};
 
-void ksLightIntensityUndoCommand::set(osg::NodePtr node, float value)
-{
-    ksLights::setLightValue(node, value);
-}
+template <>
+constexpr ColorRow row<ksLightGlossyUndoCommand> = {&ksLights::getGlossy, &ksLights::setGlossy};
 
-float ksLightPenumbraAngleUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getPenumbraAngle(node);
-}
+template <>
+constexpr Row<float> row<ksLightIntensityUndoCommand> = {&ksLights::getLightValue, &ksLights::setLightValue};
 
-void ksLightPenumbraAngleUndoCommand::set(osg::NodePtr node, float value)
-{
-    ksLights::setPenumbraAngle(node, value);
-}
+template <>
+constexpr Row<float> row<ksLightPenumbraAngleUndoCommand> = {&ksLights::getPenumbraAngle,
+                                                             &ksLights::setPenumbraAngle};
 
-float ksLightConeAngleUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getConeAngle(node);
-}
+template <>
+constexpr Row<float> row<ksLightConeAngleUndoCommand> = {&ksLights::getConeAngle, &ksLights::setConeAngle};
 
-void ksLightConeAngleUndoCommand::set(osg::NodePtr node, float value)
-{
-    ksLights::setConeAngle(node, value);
-}
-
-osg::UberLight::LightAttenuation ksLightAttenuationUndoCommand::get(osg::NodePtr node)
-{
-    return ksLights::getAttenuation(node);
-}
-
-void ksLightAttenuationUndoCommand::set(osg::NodePtr node, osg::UberLight::LightAttenuation value)
+void setAttenuation(const osg::NodePtr &node, osg::UberLight::LightAttenuation value)
 {
     const float intensity = ksLights::getLightValue(node);
     ksLights::setAttenuation(node, value);
     ksLights::setLightValue(node, intensity);
 }
+
+template <>
+constexpr Row<osg::UberLight::LightAttenuation> row<ksLightAttenuationUndoCommand> = {
+    &ksLights::getAttenuation, &setAttenuation};
+
+} // namespace
+
+template <class Command, class T>
+T ksLightValueUndoCommand<Command, T>::get(osg::NodePtr node)
+{
+    return row<Command>.get(node);
+}
+
+template <class Command, class T>
+void ksLightValueUndoCommand<Command, T>::set(osg::NodePtr node, T value)
+{
+    row<Command>.set(node, value);
+}
+
+template class ksLightValueUndoCommand<ksLightDiffuseUndoCommand, osg::Vec3f>;
+template class ksLightValueUndoCommand<ksLightGlossyUndoCommand, osg::Vec3f>;
+template class ksLightValueUndoCommand<ksLightIntensityUndoCommand, float>;
+template class ksLightValueUndoCommand<ksLightPenumbraAngleUndoCommand, float>;
+template class ksLightValueUndoCommand<ksLightConeAngleUndoCommand, float>;
+template class ksLightValueUndoCommand<ksLightAttenuationUndoCommand, osg::UberLight::LightAttenuation>;

@@ -8,8 +8,10 @@
 #include <ksMessage.h>
 
 /// @file
-/// The commands on the values of a light. They differ by the application's getter and setter. Whatever is out
-/// of the ordinary, such as a node that is no light, is the getter's and the setter's business.
+/// The commands on the values of a light. Each takes a text, the light's node, which may be null, the value
+/// and a parent. They differ by the application's getter and setter. A node that has gone makes a step a
+/// silent no-op; of a node that is no light the application's getters make zeros, and its setters nothing.
+/// Light commands have no sync function.
 
 /// Changes one value of one light node.
 ///
@@ -29,80 +31,80 @@ public:
     }
 };
 
-extern template class KSUNDO_EXPORT ksLightUndoCommand<osg::Vector<float, 3u>>;
+extern template class KSUNDO_EXPORT ksLightUndoCommand<osg::Vec3f>;
 extern template class KSUNDO_EXPORT ksLightUndoCommand<float>;
 extern template class KSUNDO_EXPORT ksLightUndoCommand<osg::UberLight::LightAttenuation>;
 
-/// Sets a light's diffuse colour.
-class KSUNDO_EXPORT ksLightDiffuseUndoCommand : public ksLightUndoCommand<osg::Vector<float, 3u>>
+/// Gives a class of light commands its getter and setter.
+///
+/// \tparam Command the class
+template <class Command, class T>
+class KSUNDO_EXPORT ksLightValueUndoCommand : public ksLightUndoCommand<T>
+{
+public:
+    using ksLightUndoCommand<T>::ksLightUndoCommand;
+
+    T get(osg::NodePtr node) override;
+    void set(osg::NodePtr node, T value) override;
+};
+
+/// Sets a light's diffuse colour: red, green and blue, each 0 for none and 1 for full.
+class KSUNDO_EXPORT ksLightDiffuseUndoCommand
+    : public ksLightValueUndoCommand<ksLightDiffuseUndoCommand, osg::Vec3f>
 {
     KS_UNDO_COMMAND(ksLightDiffuseUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    osg::Vector<float, 3u> get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, osg::Vector<float, 3u> value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets a light's glossy (specular) colour.
-class KSUNDO_EXPORT ksLightGlossyUndoCommand : public ksLightUndoCommand<osg::Vector<float, 3u>>
+/// Sets a light's glossy (specular) colour: red, green and blue, each 0 for none and 1 for full.
+class KSUNDO_EXPORT ksLightGlossyUndoCommand
+    : public ksLightValueUndoCommand<ksLightGlossyUndoCommand, osg::Vec3f>
 {
     KS_UNDO_COMMAND(ksLightGlossyUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    osg::Vector<float, 3u> get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, osg::Vector<float, 3u> value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets a light's intensity.
-class KSUNDO_EXPORT ksLightIntensityUndoCommand : public ksLightUndoCommand<float>
+/// Sets a light's intensity: a factor on its colours, from 0 up.
+class KSUNDO_EXPORT ksLightIntensityUndoCommand
+    : public ksLightValueUndoCommand<ksLightIntensityUndoCommand, float>
 {
     KS_UNDO_COMMAND(ksLightIntensityUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    float get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, float value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets the penumbra angle of a spot light.
-class KSUNDO_EXPORT ksLightPenumbraAngleUndoCommand : public ksLightUndoCommand<float>
+/// Sets the penumbra angle of a spot light, in degrees.
+class KSUNDO_EXPORT ksLightPenumbraAngleUndoCommand
+    : public ksLightValueUndoCommand<ksLightPenumbraAngleUndoCommand, float>
 {
     KS_UNDO_COMMAND(ksLightPenumbraAngleUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    float get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, float value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets the cone angle of a spot light.
-class KSUNDO_EXPORT ksLightConeAngleUndoCommand : public ksLightUndoCommand<float>
+/// Sets the cone angle of a spot light, in degrees.
+class KSUNDO_EXPORT ksLightConeAngleUndoCommand
+    : public ksLightValueUndoCommand<ksLightConeAngleUndoCommand, float>
 {
     KS_UNDO_COMMAND(ksLightConeAngleUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    float get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, float value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets a light's attenuation mode. Every step leaves the intensity as it was before the step, whatever the
-/// application's setter does to it.
+/// Sets a light's attenuation mode: how its light fades with distance. Every step leaves the intensity as it
+/// was before the step, whatever the application's setter does to it.
 class KSUNDO_EXPORT ksLightAttenuationUndoCommand
-    : public ksLightUndoCommand<osg::UberLight::LightAttenuation>
+    : public ksLightValueUndoCommand<ksLightAttenuationUndoCommand, osg::UberLight::LightAttenuation>
 {
     KS_UNDO_COMMAND(ksLightAttenuationUndoCommand)
 
 public:
-    using ksLightUndoCommand::ksLightUndoCommand;
-
-    osg::UberLight::LightAttenuation get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, osg::UberLight::LightAttenuation value) override;
+    using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+#include <ksundo/material/detail/ksWrappedFieldUndoCommand.h>
 
 /// Runs one field command on a colour component, and tells which component of which container that concerns.
 /// Nothing but the inner command's own container is notified. Two such commands merge when component, parent
 /// container and inner commands do.
-class KSUNDO_EXPORT ksColorComponentUndoCommand : public ksWrappedFieldUndoCommand
+class KSUNDO_EXPORT ksColorComponentUndoCommand : public ksDetail::ksWrappedFieldUndoCommand
 {
     KS_UNDO_COMMAND(ksColorComponentUndoCommand)
 
@@ -16,6 +16,7 @@ public:
                                 osg::FieldContainerPtr component, osg::FieldContainerPtr parentContainer,
                                 QUndoCommand *parent = nullptr);
 
-    /// Adds "id" and "container", then, unless they were null, "component" and "parent".
+    /// Adds "id" and "container", then, unless they were null, "component" and "parent": container ids as
+    /// unsigned int.
     void makeMessage(ksMessage &message) const override;
 };

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
-#include <ksundo/material/ksTouchMaterial.h>
 
 ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
                                                        osg::FieldContainerPtr componentSettings)
@@ -11,13 +10,13 @@ ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg:
 void ksMaterialMultiUndoCommand::undo()
 {
     ksMultiCommand::undo();
-    ksTouchMaterial(*this, firstId, secondId);
+    touchMaterial();
 }
 
 void ksMaterialMultiUndoCommand::redo()
 {
     ksMultiCommand::redo();
-    ksTouchMaterial(*this, firstId, secondId);
+    touchMaterial();
 }
 
 bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <ksundo/core/ksMultiCommand.h>
-#include <ksundo/material/ksContainerContext.h>
+#include <ksundo/material/detail/ksContainerContext.h>
 
 /// Several commands on parts of a material as one step, after which the component settings and the material
 /// are touched as by ksMaterialUndoCommand. Two such commands merge when material, settings and all children
 /// do.
-class KSUNDO_EXPORT ksMaterialMultiUndoCommand : public ksMultiCommand, public ksContainerContext
+class KSUNDO_EXPORT ksMaterialMultiUndoCommand : public ksMultiCommand, public ksDetail::ksContainerContext
 {
     KS_UNDO_COMMAND(ksMaterialMultiUndoCommand)
 
@@ -21,6 +21,7 @@ public:
     void redo() override;
     bool mergeWith(const QUndoCommand *other) override;
 
-    /// Adds what ksMultiCommand does, then, unless they were null, "material" and "componentSettings".
+    /// Adds what ksMultiCommand does, then, unless they were null, "material" and "componentSettings":
+    /// container ids as unsigned int.
     void makeMessage(ksMessage &message) const override;
 };

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/material/ksMaterialUndoCommand.h>
-#include <ksundo/material/ksTouchMaterial.h>
 
 ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
                                              osg::FieldContainerPtr material,
@@ -11,13 +10,13 @@ ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUnd
 void ksMaterialUndoCommand::undo()
 {
     ksWrappedFieldUndoCommand::undo();
-    ksTouchMaterial(*this, firstId, secondId);
+    touchMaterial();
 }
 
 void ksMaterialUndoCommand::redo()
 {
     ksWrappedFieldUndoCommand::redo();
-    ksTouchMaterial(*this, firstId, secondId);
+    touchMaterial();
 }
 
 void ksMaterialUndoCommand::makeMessage(ksMessage &message) const

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+#include <ksundo/material/detail/ksWrappedFieldUndoCommand.h>
 
 /// Runs one field command on a part of a material, and touches the component settings and the material
-/// afterwards, so that both take notice of the change.
-///
-/// Touched are the planar projection of the settings, then the colour components of the material. Containers
-/// that have gone, or were null, are passed over. Two such commands merge when material, settings and inner
-/// commands do.
-class KSUNDO_EXPORT ksMaterialUndoCommand : public ksWrappedFieldUndoCommand
+/// afterwards, so that both take notice of the change: the planar projection of the settings, then the colour
+/// components of the material. Containers that have gone, or were null, are passed over. Two such commands
+/// merge when material, settings and inner commands do.
+class KSUNDO_EXPORT ksMaterialUndoCommand : public ksDetail::ksWrappedFieldUndoCommand
 {
     KS_UNDO_COMMAND(ksMaterialUndoCommand)
 
@@ -22,6 +20,7 @@ public:
     void undo() override;
     void redo() override;
 
-    /// Adds "id" and "container", then, unless they were null, "material" and "componentSettings".
+    /// Adds "id" and "container", then, unless they were null, "material" and "componentSettings": container
+    /// ids as unsigned int.
     void makeMessage(ksMessage &message) const override;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/detail/ksNotNull.h>
+#include <ksundo/core/ksEndEdit.h>
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
 
 #include <ksMessage.h>
@@ -9,40 +9,20 @@
 
 ksSetEnvironmentUndoCommand::ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material,
                                                          osg::MaterialPtr environment, QUndoCommand *parent)
-    : ksUndoCommand(QCoreApplication::translate("ksSetEnvironmentUndoCommand", "Change Environment"), parent)
-    , materialId(material.getFieldContainerId())
-    , oldEnvironmentId(material->getEnvironment().getFieldContainerId())
-    , newEnvironmentId(environment.getFieldContainerId())
+    : ksContainerUndoCommand(QCoreApplication::translate("ksSetEnvironmentUndoCommand", "Change Environment"),
+                             material, ksDetail::ksNotNull(material)->getEnvironment().getFieldContainerId(),
+                             ksDetail::ksNotNull(environment).getFieldContainerId(), parent)
 {}
-
-void ksSetEnvironmentUndoCommand::undo()
-{
-    apply(oldEnvironmentId);
-}
-
-void ksSetEnvironmentUndoCommand::redo()
-{
-    apply(newEnvironmentId);
-}
 
 void ksSetEnvironmentUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    if (materialId != 0)
-        message.set("material", materialId, true);
+    message.set("material", containerId, true);
 }
 
-bool ksSetEnvironmentUndoCommand::canMergeWith(const QUndoCommand *) const
+void ksSetEnvironmentUndoCommand::apply(const osg::UBRDFMaterialPtr &material, osg::UInt32,
+                                        osg::UInt32 id) const
 {
-    return false;
-}
-
-void ksSetEnvironmentUndoCommand::apply(osg::UInt32 environmentId) const
-{
-    const auto material = ksFindContainer<osg::UBRDFMaterialPtr>(materialId);
-    if (material == osg::NullFC)
-        return;
-    osg::setRefdCP(material->getSFEnvironment()->getValue(),
-                   ksFindContainer<osg::MaterialPtr>(environmentId));
-    ksTouch(material, osg::UBRDFMaterialBase::EnvironmentFieldMask);
+    osg::setRefdCP(material->getSFEnvironment()->getValue(), ksFindContainer<osg::MaterialPtr>(id));
+    ksEndEdit(material, osg::UBRDFMaterialBase::EnvironmentFieldMask);
 }

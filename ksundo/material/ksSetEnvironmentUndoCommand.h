@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/core/ksContainerUndoCommand.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OpenSG/OSGMaterial.h>
@@ -11,7 +11,8 @@
 /// Undo sets the environment that the material had when the command was built, or none. The command keeps
 /// none of the materials alive: an environment that has gone is set as none, and without the material a step
 /// is a silent no-op. It never merges.
-class KSUNDO_EXPORT ksSetEnvironmentUndoCommand : public ksUndoCommand
+class KSUNDO_EXPORT ksSetEnvironmentUndoCommand
+    : public ksContainerUndoCommand<ksSetEnvironmentUndoCommand, osg::UBRDFMaterialPtr, osg::UInt32>
 {
     KS_UNDO_COMMAND(ksSetEnvironmentUndoCommand)
 
@@ -21,19 +22,11 @@ public:
     ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material, osg::MaterialPtr environment,
                                 QUndoCommand *parent = nullptr);
 
-    void undo() override;
-    void redo() override;
-
     /// Adds "id", then "material", the material's id as unsigned int.
     void makeMessage(ksMessage &message) const override;
 
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
-
 private:
-    void apply(osg::UInt32 environmentId) const;
+    friend ksContainerUndoCommand;
 
-    osg::UInt32 materialId;
-    osg::UInt32 oldEnvironmentId;
-    osg::UInt32 newEnvironmentId;
+    void apply(const osg::UBRDFMaterialPtr &material, osg::UInt32 fromId, osg::UInt32 environmentId) const;
 };

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/ksBeforeAfterUndoCommand.h>
 #include <ksundo/core/ksHeldReference.h>
-#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/tag/detail/ksTags.h>
 
 #include <OSGTagAttachment.h>
 #include <OpenSG/OSGAttachmentContainer.h>
-#include <OpenSG/OSGMFBaseTypes.h>
-#include <OpenSG/OSGMFSysTypes.h>
 
 #include <string>
 
@@ -27,15 +26,18 @@ public:
         LAYER_TAG = 1
     };
 
-    explicit ksTagUndoCommand(const QString &text);
+    explicit ksTagUndoCommand(const QString &text)
+        : ksUndoCommand(text)
+    {}
 
     void undo() override = 0;
     void redo() override = 0;
 
     /// The tag that was added or removed.
-    std::string getTagString() const;
+    std::string getTagString() const { return tagString; }
 
-    TAG_TYPE getTagType() const;
+    /// In which list.
+    TAG_TYPE getTagType() const { return tagType; }
 
 protected:
     TAG_TYPE tagType = USER_TAG;
@@ -47,7 +49,8 @@ protected:
 /// Redo writes the new tags and values, undo the old ones: both lists of the container's tag attachment are
 /// replaced whole, whatever happened to them in between. The command keeps the container alive. Without a tag
 /// attachment or its field, and with a field that is no list of strings, nothing happens.
-class KSUNDO_EXPORT ksAttachedTagUndoCommand : public ksTagUndoCommand
+class KSUNDO_EXPORT ksAttachedTagUndoCommand
+    : public ksBeforeAfterUndoCommand<ksAttachedTagUndoCommand, ksDetail::ksTags, ksTagUndoCommand>
 {
 public:
     /// The old tags are those of the moment. Without the attachment or the field the command has neither tags
@@ -65,18 +68,12 @@ public:
                              osg::MField<std::string> *newStrings, osg::MField<osg::UInt64> oldValues,
                              osg::MField<osg::UInt64> newValues);
 
-    void undo() override;
-    void redo() override;
-
 private:
-    osg::TagAttachmentPtr findAttachment() const;
-    osg::Field *fieldOf(const osg::TagAttachmentPtr &attachment) const;
-    void apply(const osg::MField<std::string> &strings, const osg::MField<osg::UInt64> &values) const;
+    friend ksBeforeAfterUndoCommand;
 
-    osg::MField<std::string> oldStrings;
-    osg::MField<std::string> newStrings;
-    osg::MField<osg::UInt64> oldValues;
-    osg::MField<osg::UInt64> newValues;
+    osg::TagAttachmentPtr findAttachment() const;
+    void apply(const ksDetail::ksTags &, const ksDetail::ksTags &tags) const;
+
     osg::UInt32 fieldId;
     osg::BitVector fieldMask;
     ksHeldReference<osg::AttachmentContainerPtr> container;
@@ -108,10 +105,10 @@ public:
     ksEmptyTagUndoCommand(const QString &text, std::string tagString, TAG_TYPE type);
 
     /// Nothing.
-    void undo() override;
+    void undo() override {}
 
     /// Nothing.
-    void redo() override;
+    void redo() override {}
 };
 
 /// Adds a tag to nothing.

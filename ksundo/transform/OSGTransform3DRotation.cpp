@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 
 #include <OSGTransform3D.h>
 
@@ -8,5 +8,5 @@ void osg::Transform3D::setRotationAsQuaternion(const QuaternionBase<float> &q)
 {
     setRotation(q);
     setEulerRotation(convertQuatToEuler(q, true));
-    ksTouch(Transform3DPtr(*this), RotationFieldMask | EulerRotationFieldMask);
+    ksEndEdit(Transform3DPtr(*this), RotationFieldMask | EulerRotationFieldMask);
 }

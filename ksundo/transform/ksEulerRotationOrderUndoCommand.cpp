@@ -5,40 +5,21 @@
 
 #include <QCoreApplication>
 
-#include <utility>
-
-template class ksSyncFunction<ksEulerRotationOrderUndoCommand,
-                              void(const osg::NodePtr &, const std::string &)>;
-
-namespace {
-
-QString verb()
-{
-    return QCoreApplication::translate("ksEulerRotationOrderUndoCommand", "Translate");
-}
-
-} // namespace
+ksEulerRotationOrderUndoCommand::SyncFunction ksEulerRotationOrderUndoCommand::s_sync;
 
 ksEulerRotationOrderUndoCommand::ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 QUndoCommand *parent,
+                                                                 ksMergeOption merging, QUndoCommand *parent,
                                                                  ChangeCallback callback, int index)
-    : ksTransformUndoCommand(verb(), node, std::move(order), false, parent, index)
+    : ksTransformUndoCommand(QCoreApplication::translate("ksEulerRotationOrderUndoCommand", "Translate"),
+                             node, std::move(order), false, merging, parent, index)
     , changeCallback(std::move(callback))
 {}
 
 ksEulerRotationOrderUndoCommand::ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 bool mergeEnabled, QUndoCommand *parent,
-                                                                 ChangeCallback callback, int index)
-    : ksTransformUndoCommand(verb(), node, std::move(order), false, mergeEnabled, parent, index)
-    , changeCallback(std::move(callback))
-{}
-
-ksEulerRotationOrderUndoCommand::ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 double mergeResponseDelta,
                                                                  QUndoCommand *parent,
                                                                  ChangeCallback callback, int index)
-    : ksTransformUndoCommand(verb(), node, std::move(order), false, mergeResponseDelta, parent, index)
-    , changeCallback(std::move(callback))
+    : ksEulerRotationOrderUndoCommand(node, std::move(order), ksMergeOption(), parent, std::move(callback),
+                                      index)
 {}
 
 std::string ksEulerRotationOrderUndoCommand::get(osg::NodePtr node)
@@ -51,6 +32,6 @@ void ksEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
     ksNodeUtils::setTransformNodeEulerRotationOrder(node, order, index);
     if (changeCallback)
         changeCallback(node.getFieldContainerId(), order, index);
-    if (index == -1)
-        sync(node, order);
+    if (s_sync && index == -1)
+        s_sync(node, order);
 }

@@ -1,36 +1,34 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksSyncFunction.h>
+#include <ksundo/core/ksSyncHook.h>
 #include <ksundo/transform/ksTransformUndoCommand.h>
 
-#include <functional>
 #include <string>
 
 /// Sets the order in which a transform node applies its three Euler rotations, in the application's notation,
-/// such as XYZ. The history shows it as a translation: Translate 'Box'.
-class KSUNDO_EXPORT ksEulerRotationOrderUndoCommand
-    : public ksTransformUndoCommand<std::string>,
-      public ksSyncFunction<ksEulerRotationOrderUndoCommand, void(const osg::NodePtr &, const std::string &)>
+/// such as XYZ. The history shows it as a translation: Translate 'Box'. A node that has gone makes a step a
+/// silent no-op.
+class KSUNDO_EXPORT ksEulerRotationOrderUndoCommand : public ksTransformUndoCommand<std::string>
 {
     KS_UNDO_COMMAND(ksEulerRotationOrderUndoCommand)
+    KS_SYNC_HOOK(void(const osg::NodePtr &, const std::string &))
 
 public:
     /// Called after the command has written: with the node's id, the order written, and the index.
     using ChangeCallback = std::function<void(unsigned int, const std::string &, int)>;
 
+    /// \param node may be null: the command then does nothing
+    /// \param merging whether the command may merge, or its merge window in seconds
+    /// \param callback may be empty
+    /// \param index which of the node's transforms: -1 its own, from 0 on those of its variants
+    ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, ksMergeOption merging,
+                                    QUndoCommand *parent = nullptr, ChangeCallback callback = {},
+                                    int index = -1);
+
+    /// The same, with merging as every command begins.
     ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, QUndoCommand *parent = nullptr,
                                     ChangeCallback callback = {}, int index = -1);
-
-    /// The same with merging switched on or off.
-    ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, bool mergeEnabled,
-                                    QUndoCommand *parent = nullptr, ChangeCallback callback = {},
-                                    int index = -1);
-
-    /// The same with a merge window in seconds.
-    ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, double mergeResponseDelta,
-                                    QUndoCommand *parent = nullptr, ChangeCallback callback = {},
-                                    int index = -1);
 
     std::string get(osg::NodePtr node) override;
 
@@ -40,6 +38,3 @@ public:
 private:
     ChangeCallback changeCallback;
 };
-
-extern template class ksSyncFunction<ksEulerRotationOrderUndoCommand,
-                                     void(const osg::NodePtr &, const std::string &)>;

@@ -7,6 +7,7 @@
 #include <OpenSG/OSGNode.h>
 #include <ksMessage.h>
 
+#include <type_traits>
 #include <utility>
 
 /// Changes one property of one node through a getter and a setter of the application.
@@ -20,8 +21,10 @@
 template <class T>
 class ksFunctionUndoCommand : public ksUndoCommand
 {
+    static_assert(std::is_copy_constructible_v<T> && std::is_copy_assignable_v<T>, "T must be copyable");
+
 public:
-    /// Sets the property of \a node to \a value when it is run, and not before.
+    /// Sets the property of \a node, which may be null, to \a value when it is run, and not before.
     ksFunctionUndoCommand(const QString &text, osg::NodePtr node, T value, QUndoCommand *parent = nullptr)
         : ksUndoCommand(text, parent)
         , nodeId(node.getFieldContainerId())

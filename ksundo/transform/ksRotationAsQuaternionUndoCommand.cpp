@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksTouch.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
 #include <OSGTransform3D.h>

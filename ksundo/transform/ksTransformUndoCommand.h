@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ksundo/core/NodeUtils.h>
+#include <ksundo/core/ksMergeOption.h>
 #include <ksundo/transform/ksFunctionUndoCommand.h>
 #include <ksundo/transform/ksTransformUndoBaseCommand.h>
 
@@ -11,35 +12,32 @@
 ///
 /// Its text is a verb and the node's name in apostrophes, as it is when the command is built: Translate
 /// 'Box'. Commands merge when they concern the same node in the same mode and with the same index.
+///
+/// \tparam T the value's type: anything that can be copied and assigned
 template <class T>
 class ksTransformUndoCommand : public ksFunctionUndoCommand<T>, public ksTransformUndoBaseCommand
 {
 public:
     /// \param verb what the text begins with, translated
+    /// \param node may be null: the command then does nothing
     /// \param modeFlag an option of the property's getter and setter
+    /// \param merging whether the command may be absorbed by the one before it (a bool), or the length of its
+    /// merge window in seconds (a double)
     /// \param index which of the node's transforms: -1 its own, from 0 on those of its variants
     ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag,
-                           QUndoCommand *parent = nullptr, int index = -1)
+                           ksMergeOption merging, QUndoCommand *parent = nullptr, int index = -1)
         : ksFunctionUndoCommand<T>(textOf(verb, node), node, std::move(value), parent)
         , modeFlag(modeFlag)
         , index(index)
-    {}
-
-    /// The same with merging switched on or off, see ksUndoCommand::setMergeEnabled().
-    ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag, bool mergeEnabled,
-                           QUndoCommand *parent = nullptr, int index = -1)
-        : ksTransformUndoCommand(verb, node, std::move(value), modeFlag, parent, index)
     {
-        this->setMergeEnabled(mergeEnabled);
+        merging.applyTo(*this);
     }
 
-    /// The same with a merge window in seconds, see ksUndoCommand::setMergeResponseDelta().
+    /// The same, with merging as every command begins.
     ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag,
-                           double mergeResponseDelta, QUndoCommand *parent = nullptr, int index = -1)
-        : ksTransformUndoCommand(verb, node, std::move(value), modeFlag, parent, index)
-    {
-        this->setMergeResponseDelta(mergeResponseDelta);
-    }
+                           QUndoCommand *parent = nullptr, int index = -1)
+        : ksTransformUndoCommand(verb, node, std::move(value), modeFlag, ksMergeOption(), parent, index)
+    {}
 
     /// Adds "id" and "node", then "transformCommand", which is true.
     void makeMessage(ksMessage &message) const override
@@ -64,6 +62,6 @@ protected:
 private:
     static QString textOf(const QString &verb, const osg::NodePtr &node)
     {
-        return verb + QLatin1String(" '") + NodeUtils::getText(node) + QLatin1Char('\'');
+        return verb + QLatin1String(" '") + NodeUtils::displayName(node) + QLatin1Char('\'');
     }
 };

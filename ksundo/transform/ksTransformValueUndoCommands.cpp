@@ -3,146 +3,179 @@
 
 #include <ksNodeUtils.h>
 
-template class ksSyncFunction<ksTranslationUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-template class ksSyncFunction<ksRotationUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksScaleUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksScalePivotUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-template class ksSyncFunction<ksRotationPivotUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-template class ksSyncFunction<ksScalePivotTranslationUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksRotationPivotTranslationUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksRotationPivotOrientationUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksRotationPivotDirectionUndoCommand,
-                              void(const osg::NodePtr &, const ksTransformValue &)>;
-template class ksSyncFunction<ksShearUndoCommand, void(const osg::NodePtr &, const ksTransformValue &)>;
+#include <QCoreApplication>
 
-const ksTranslationUndoCommand::Row ksTranslationUndoCommand::row = {
-    "ksTranslationUndoCommand",
-    QT_TRANSLATE_NOOP("ksTranslationUndoCommand", "Translate"),
-    &ksNodeUtils::getTransformNodeTranslation,
-    &ksNodeUtils::setTransformNodeTranslation,
-    ksTransformSync::ownTransform,
+#include <cstddef>
+
+namespace {
+
+/// For which index a command calls its class's sync function.
+enum class SyncFor
+{
+    ownTransform, ///< for -1, the node's own transform, only
+    everyIndex    ///< for those of the variants, too
 };
 
-const ksRotationUndoCommand::Row ksRotationUndoCommand::row = {
-    "ksRotationUndoCommand",
-    QT_TRANSLATE_NOOP("ksRotationUndoCommand", "Rotate"),
-    &ksNodeUtils::getTransformNodeRotation,
-    &ksNodeUtils::setTransformNodeRotation,
-    ksTransformSync::ownTransform,
+/// What is a class's own.
+template <class... Mode>
+struct Row
+{
+    const char *context; ///< the class's name, under which the verb is translated
+    const char *verb;
+    osg::Vec3f (*get)(const osg::NodePtr &node, Mode... modeFlag, int index);
+    void (*set)(const osg::NodePtr &node, float x, float y, float z, Mode... modeFlag, int index);
+    SyncFor sync;
 };
 
-const ksScaleUndoCommand::Row ksScaleUndoCommand::row = {
-    "ksScaleUndoCommand",
-    QT_TRANSLATE_NOOP("ksScaleUndoCommand", "Scale"),
-    &ksNodeUtils::getTransformNodeScale,
-    &ksNodeUtils::setTransformNodeScale,
-    ksTransformSync::ownTransform,
-};
+template <class Command>
+constexpr std::nullptr_t row = nullptr;
 
-const ksScalePivotUndoCommand::Row ksScalePivotUndoCommand::row = {
-    "ksScalePivotUndoCommand",
-    QT_TRANSLATE_NOOP("ksScalePivotUndoCommand", "Change Scale Pivot"),
-    &ksNodeUtils::getTransformNodeScalePivot,
-    &ksNodeUtils::setTransformNodeScalePivot,
-    ksTransformSync::everyIndex,
-};
+template <>
+constexpr Row<bool> row<ksTranslationUndoCommand> = {
+    "ksTranslationUndoCommand", QT_TRANSLATE_NOOP("ksTranslationUndoCommand", "Translate"),
+    &ksNodeUtils::getTransformNodeTranslation, &ksNodeUtils::setTransformNodeTranslation,
+    SyncFor::ownTransform};
 
-const ksRotationPivotUndoCommand::Row ksRotationPivotUndoCommand::row = {
-    "ksRotationPivotUndoCommand",
-    QT_TRANSLATE_NOOP("ksRotationPivotUndoCommand", "Change Rotation Pivot"),
-    &ksNodeUtils::getTransformNodeRotatePivot,
-    &ksNodeUtils::setTransformNodeRotatePivot,
-    ksTransformSync::everyIndex,
-};
+template <>
+constexpr Row<> row<ksRotationUndoCommand> = {
+    "ksRotationUndoCommand", QT_TRANSLATE_NOOP("ksRotationUndoCommand", "Rotate"),
+    &ksNodeUtils::getTransformNodeRotation, &ksNodeUtils::setTransformNodeRotation, SyncFor::ownTransform};
 
-const ksScalePivotTranslationUndoCommand::Row ksScalePivotTranslationUndoCommand::row = {
+template <>
+constexpr Row<> row<ksScaleUndoCommand> = {
+    "ksScaleUndoCommand", QT_TRANSLATE_NOOP("ksScaleUndoCommand", "Scale"),
+    &ksNodeUtils::getTransformNodeScale, &ksNodeUtils::setTransformNodeScale, SyncFor::ownTransform};
+
+template <>
+constexpr Row<bool> row<ksScalePivotUndoCommand> = {
+    "ksScalePivotUndoCommand", QT_TRANSLATE_NOOP("ksScalePivotUndoCommand", "Change Scale Pivot"),
+    &ksNodeUtils::getTransformNodeScalePivot, &ksNodeUtils::setTransformNodeScalePivot, SyncFor::everyIndex};
+
+template <>
+constexpr Row<bool> row<ksRotationPivotUndoCommand> = {
+    "ksRotationPivotUndoCommand", QT_TRANSLATE_NOOP("ksRotationPivotUndoCommand", "Change Rotation Pivot"),
+    &ksNodeUtils::getTransformNodeRotatePivot, &ksNodeUtils::setTransformNodeRotatePivot,
+    SyncFor::everyIndex};
+
+template <>
+constexpr Row<> row<ksScalePivotTranslationUndoCommand> = {
     "ksScalePivotTranslationUndoCommand",
     QT_TRANSLATE_NOOP("ksScalePivotTranslationUndoCommand", "Change Scale Pivot Translation"),
-    &ksNodeUtils::getTransformNodeScalePivotTranslation,
-    &ksNodeUtils::setTransformNodeScalePivotTranslation,
-    ksTransformSync::everyIndex,
-};
+    &ksNodeUtils::getTransformNodeScalePivotTranslation, &ksNodeUtils::setTransformNodeScalePivotTranslation,
+    SyncFor::everyIndex};
 
-const ksRotationPivotTranslationUndoCommand::Row ksRotationPivotTranslationUndoCommand::row = {
+template <>
+constexpr Row<> row<ksRotationPivotTranslationUndoCommand> = {
     "ksRotationPivotTranslationUndoCommand",
     QT_TRANSLATE_NOOP("ksRotationPivotTranslationUndoCommand", "Change Rotation Pivot Translation"),
     &ksNodeUtils::getTransformNodeRotatePivotTranslation,
-    &ksNodeUtils::setTransformNodeRotatePivotTranslation,
-    ksTransformSync::everyIndex,
-};
+    &ksNodeUtils::setTransformNodeRotatePivotTranslation, SyncFor::everyIndex};
 
-const ksRotationPivotOrientationUndoCommand::Row ksRotationPivotOrientationUndoCommand::row = {
+template <>
+constexpr Row<> row<ksRotationPivotOrientationUndoCommand> = {
     "ksRotationPivotOrientationUndoCommand",
     QT_TRANSLATE_NOOP("ksRotationPivotOrientationUndoCommand", "Change Rotation Pivot"),
-    &ksNodeUtils::getTransformNodeRotationOrientation,
-    &ksNodeUtils::setTransformNodeRotationOrientation,
-    ksTransformSync::ownTransform,
-};
+    &ksNodeUtils::getTransformNodeRotationOrientation, &ksNodeUtils::setTransformNodeRotationOrientation,
+    SyncFor::ownTransform};
 
-const ksShearUndoCommand::Row ksShearUndoCommand::row = {
-    "ksShearUndoCommand",
-    QT_TRANSLATE_NOOP("ksShearUndoCommand", "Shear"),
+template <>
+constexpr Row<> row<ksRotationPivotDirectionUndoCommand> = {
+    "ksRotationPivotDirectionUndoCommand",
+    QT_TRANSLATE_NOOP("ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot"),
+    [](const osg::NodePtr &node, int index) {
+        return ksNodeUtils::getTransformNodeRotationDirection(node, index, -1);
+    },
+    nullptr, // the class writes more than the value
+    SyncFor::ownTransform};
+
+template <>
+constexpr Row<> row<ksShearUndoCommand> = {
+    "ksShearUndoCommand", QT_TRANSLATE_NOOP("ksShearUndoCommand", "Shear"),
     [](const osg::NodePtr &node, int) { return ksNodeUtils::getTransformNodeShear(node); },
     [](const osg::NodePtr &node, float x, float y, float z, int) {
         ksNodeUtils::setTransformNodeShear(node, x, y, z);
     },
-    ksTransformSync::ownTransform,
-};
-
-ksShearUndoCommand::ksShearUndoCommand(osg::NodePtr node, ksTransformValue value, QUndoCommand *parent)
-    : ksTransformValueUndoCommand(node, value, parent)
-{}
-
-namespace {
-
-QString directionVerb()
-{
-    return QCoreApplication::translate("ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot");
-}
+    SyncFor::ownTransform};
 
 } // namespace
 
-ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(osg::NodePtr node,
-                                                                         ksTransformValue value,
+template <class Command, class... Mode>
+typename ksTransformValueUndoCommand<Command, Mode...>::SyncFunction
+    ksTransformValueUndoCommand<Command, Mode...>::s_sync;
+
+template <class Command, class... Mode>
+ksTransformValueUndoCommand<Command, Mode...>::ksTransformValueUndoCommand(osg::NodePtr node,
+                                                                           osg::Vec3f value, Mode... modeFlag,
+                                                                           ksMergeOption merging,
+                                                                           QUndoCommand *parent, int index)
+    : ksTransformUndoCommand(QCoreApplication::translate(row<Command>.context, row<Command>.verb), node,
+                             value, (false || ... || modeFlag), merging, parent, index)
+{}
+
+template <class Command, class... Mode>
+osg::Vec3f ksTransformValueUndoCommand<Command, Mode...>::get(osg::NodePtr node)
+{
+    return row<Command>.get(node, Mode(modeFlag)..., index);
+}
+
+template <class Command, class... Mode>
+void ksTransformValueUndoCommand<Command, Mode...>::set(osg::NodePtr node, osg::Vec3f value)
+{
+    write(node, value);
+    syncAfter(node, value);
+}
+
+template <class Command, class... Mode>
+void ksTransformValueUndoCommand<Command, Mode...>::write(const osg::NodePtr &node,
+                                                          const osg::Vec3f &value) const
+{
+    row<Command>.set(node, value[0], value[1], value[2], Mode(modeFlag)..., index);
+}
+
+template <class Command, class... Mode>
+void ksTransformValueUndoCommand<Command, Mode...>::syncAfter(const osg::NodePtr &node,
+                                                              const osg::Vec3f &value) const
+{
+    if (s_sync && (index == -1 || row<Command>.sync == SyncFor::everyIndex))
+        s_sync(node, value, Mode(modeFlag)...);
+}
+
+template class ksTransformValueUndoCommand<ksTranslationUndoCommand, bool>;
+template class ksTransformValueUndoCommand<ksRotationUndoCommand>;
+template class ksTransformValueUndoCommand<ksScaleUndoCommand>;
+template class ksTransformValueUndoCommand<ksScalePivotUndoCommand, bool>;
+template class ksTransformValueUndoCommand<ksRotationPivotUndoCommand, bool>;
+template class ksTransformValueUndoCommand<ksScalePivotTranslationUndoCommand>;
+template class ksTransformValueUndoCommand<ksRotationPivotTranslationUndoCommand>;
+template class ksTransformValueUndoCommand<ksRotationPivotOrientationUndoCommand>;
+template class ksTransformValueUndoCommand<ksRotationPivotDirectionUndoCommand>;
+template class ksTransformValueUndoCommand<ksShearUndoCommand>;
+
+ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
+                                                                         int directionAxis,
+                                                                         bool directionFlag,
+                                                                         ksMergeOption merging,
+                                                                         QUndoCommand *parent, int index)
+    : ksTransformValueUndoCommand(node, value, merging, parent, index)
+    , directionAxis(directionAxis)
+    , directionFlag(directionFlag)
+{}
+
+ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
                                                                          int directionAxis,
                                                                          bool directionFlag,
                                                                          QUndoCommand *parent, int index)
-    : ksTransformUndoCommand(directionVerb(), node, value, false, parent, index)
-    , directionAxis(directionAxis)
-    , directionFlag(directionFlag)
+    : ksRotationPivotDirectionUndoCommand(node, value, directionAxis, directionFlag, ksMergeOption(), parent,
+                                          index)
 {}
 
-ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(
-    osg::NodePtr node, ksTransformValue value, int directionAxis, bool directionFlag, bool mergeEnabled,
-    QUndoCommand *parent, int index)
-    : ksTransformUndoCommand(directionVerb(), node, value, false, mergeEnabled, parent, index)
-    , directionAxis(directionAxis)
-    , directionFlag(directionFlag)
-{}
-
-ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(
-    osg::NodePtr node, ksTransformValue value, int directionAxis, bool directionFlag,
-    double mergeResponseDelta, QUndoCommand *parent, int index)
-    : ksTransformUndoCommand(directionVerb(), node, value, false, mergeResponseDelta, parent, index)
-    , directionAxis(directionAxis)
-    , directionFlag(directionFlag)
-{}
-
-ksTransformValue ksRotationPivotDirectionUndoCommand::get(osg::NodePtr node)
-{
-    return ksNodeUtils::getTransformNodeRotationDirection(node, index, -1);
-}
-
-void ksRotationPivotDirectionUndoCommand::set(osg::NodePtr node, ksTransformValue value)
+void ksRotationPivotDirectionUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
 {
     ksNodeUtils::setTransformNodeRotationDirection(node, value[0], value[1], value[2], directionAxis,
                                                    directionFlag, index);
-    if (index == -1)
-        sync(node, value);
+    syncAfter(node, value);
 }
+
+ksShearUndoCommand::ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent)
+    : ksTransformValueUndoCommand(node, value, parent)
+{}

@@ -1,129 +1,82 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksSyncFunction.h>
+#include <ksundo/core/ksSyncHook.h>
 #include <ksundo/transform/ksTransformUndoCommand.h>
 
 #include <OpenSG/OSGVector.h>
 
-#include <QCoreApplication>
-
 #include <functional>
 
 /// @file
-/// The commands on the vector values of a transform node. They differ by one row of a table each: the verb,
-/// the application's getter and setter, and when the class's sync function is called. Whatever is out of the
-/// ordinary, such as a node without a transform, is the getter's and the setter's business.
+/// The commands on the vector values of a transform node. They differ by the verb, the application's getter
+/// and setter, and when the class's sync function is called: each class says for which index.
 ///
-/// Every class has three constructors, of which the second and the third take, before the parent, whether the
-/// command may merge or how long its merge window is in seconds.
-
-/// Three components of a transform: lengths in scene units, angles in degrees, or factors.
-using ksTransformValue = osg::Vector<float, 3u>;
+/// Every class but the shear has two constructors, of which the second takes, before the parent, a
+/// ksMergeOption: whether the command may merge, or its merge window in seconds. The parameters are
+///  - the node, which may be null, and the value to set when the command is run, and not before;
+///  - for translation and pivots the mode: true for world space, false for that of the parent;
+///  - the parent command, or null;
+///  - for translation, rotation and scale the change callback, which may be empty;
+///  - the index of the transform: -1 for the node's own, from 0 on for that of the variant at that place.
+///
+/// A node that has gone makes a step a silent no-op; of a node without such a transform the application's
+/// getters make zeros, and its setters nothing, but callback and sync function are called all the same.
 
 /// Called after a command has written: with the node's id, the value written, and the index.
-using ksTransformCallback = std::function<void(unsigned int, const ksTransformValue &, int)>;
-
-/// For which index a command calls its class's sync function.
-enum class ksTransformSync
-{
-    ownTransform, ///< for -1, the node's own transform, only
-    everyIndex    ///< for those of the variants, too
-};
+using ksTransformCallback = std::function<void(unsigned int, const osg::Vec3f &, int)>;
 
 /// Mechanics of the commands on one vector value.
 ///
-/// \tparam Command the class, whose static \c row says what is its own
-/// \tparam Mode bool when the value is taken in one of two modes, such as world or parent space; nothing
-/// otherwise
+/// \tparam Command the class
+/// \tparam Mode bool when the value is taken in one of two modes; nothing otherwise
 template <class Command, class... Mode>
-class ksTransformValueUndoCommand
-    : public ksTransformUndoCommand<ksTransformValue>,
-      public ksSyncFunction<Command, void(const osg::NodePtr &, const ksTransformValue &, Mode...)>
+class KSUNDO_EXPORT ksTransformValueUndoCommand : public ksTransformUndoCommand<osg::Vec3f>
 {
+    KS_SYNC_HOOK(void(const osg::NodePtr &, const osg::Vec3f &, Mode...))
+
 public:
-    /// What is a class's own.
-    struct Row
-    {
-        const char *context; ///< the class's name, under which the verb is translated
-        const char *verb;
-        ksTransformValue (*get)(const osg::NodePtr &node, Mode... modeFlag, int index);
-        void (*set)(const osg::NodePtr &node, float x, float y, float z, Mode... modeFlag, int index);
-        ksTransformSync sync;
-    };
-
-    ksTransformValueUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
+    ksTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
                                 QUndoCommand *parent = nullptr, int index = -1)
-        : ksTransformUndoCommand(verb(), node, value, (false || ... || modeFlag), parent, index)
+        : ksTransformValueUndoCommand(node, value, modeFlag..., ksMergeOption(), parent, index)
     {}
 
-    ksTransformValueUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
-                                bool mergeEnabled, QUndoCommand *parent = nullptr, int index = -1)
-        : ksTransformUndoCommand(verb(), node, value, (false || ... || modeFlag), mergeEnabled, parent, index)
-    {}
+    ksTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag, ksMergeOption merging,
+                                QUndoCommand *parent = nullptr, int index = -1);
 
-    ksTransformValueUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
-                                double mergeResponseDelta, QUndoCommand *parent = nullptr, int index = -1)
-        : ksTransformUndoCommand(verb(), node, value, (false || ... || modeFlag), mergeResponseDelta, parent,
-                                 index)
-    {}
+    osg::Vec3f get(osg::NodePtr node) override;
 
-    ksTransformValue get(osg::NodePtr node) override
-    {
-        return Command::row.get(node, Mode(modeFlag)..., index);
-    }
-
-    void set(osg::NodePtr node, ksTransformValue value) override
-    {
-        write(node, value);
-        syncAfter(node, value);
-    }
+    /// Writes the value, then calls the sync function.
+    void set(osg::NodePtr node, osg::Vec3f value) override;
 
 protected:
-    void write(const osg::NodePtr &node, const ksTransformValue &value) const
-    {
-        Command::row.set(node, value[0], value[1], value[2], Mode(modeFlag)..., index);
-    }
-
-    void syncAfter(const osg::NodePtr &node, const ksTransformValue &value) const
-    {
-        if (index == -1 || Command::row.sync == ksTransformSync::everyIndex)
-            this->sync(node, value, Mode(modeFlag)...);
-    }
-
-private:
-    static QString verb() { return QCoreApplication::translate(Command::row.context, Command::row.verb); }
+    void write(const osg::NodePtr &node, const osg::Vec3f &value) const;
+    void syncAfter(const osg::NodePtr &node, const osg::Vec3f &value) const;
 };
 
-/// The same, with a callback of each command's own, which comes before the sync function.
+/// The same, with a callback of each command's own.
 template <class Command, class... Mode>
 class ksTransformCallbackUndoCommand : public ksTransformValueUndoCommand<Command, Mode...>
 {
     using Base = ksTransformValueUndoCommand<Command, Mode...>;
 
 public:
-    ksTransformCallbackUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
+    ksTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
                                    QUndoCommand *parent = nullptr, ksTransformCallback callback = {},
                                    int index = -1)
-        : Base(node, value, modeFlag..., parent, index)
-        , changeCallback(std::move(callback))
+        : ksTransformCallbackUndoCommand(node, value, modeFlag..., ksMergeOption(), parent,
+                                         std::move(callback), index)
     {}
 
-    ksTransformCallbackUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
-                                   bool mergeEnabled, QUndoCommand *parent = nullptr,
+    ksTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
+                                   ksMergeOption merging, QUndoCommand *parent = nullptr,
                                    ksTransformCallback callback = {}, int index = -1)
-        : Base(node, value, modeFlag..., mergeEnabled, parent, index)
+        : Base(node, value, modeFlag..., merging, parent, index)
         , changeCallback(std::move(callback))
     {}
 
-    ksTransformCallbackUndoCommand(osg::NodePtr node, ksTransformValue value, Mode... modeFlag,
-                                   double mergeResponseDelta, QUndoCommand *parent = nullptr,
-                                   ksTransformCallback callback = {}, int index = -1)
-        : Base(node, value, modeFlag..., mergeResponseDelta, parent, index)
-        , changeCallback(std::move(callback))
-    {}
-
-    void set(osg::NodePtr node, ksTransformValue value) override
+    /// Writes the value, then calls the callback and the sync function.
+    void set(osg::NodePtr node, osg::Vec3f value) override
     {
         this->write(node, value);
         if (changeCallback)
@@ -135,7 +88,7 @@ private:
     ksTransformCallback changeCallback;
 };
 
-/// Sets a node's translation: in world space when the mode is true, in the parent's space otherwise.
+/// Sets a node's translation, in scene units: "Translate". Syncs for index -1.
 class KSUNDO_EXPORT ksTranslationUndoCommand
     : public ksTransformCallbackUndoCommand<ksTranslationUndoCommand, bool>
 {
@@ -143,33 +96,28 @@ class KSUNDO_EXPORT ksTranslationUndoCommand
 
 public:
     using ksTransformCallbackUndoCommand::ksTransformCallbackUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets a node's rotation: Euler angles in degrees.
+/// Sets a node's rotation, Euler angles in degrees: "Rotate". Syncs for index -1.
 class KSUNDO_EXPORT ksRotationUndoCommand : public ksTransformCallbackUndoCommand<ksRotationUndoCommand>
 {
     KS_UNDO_COMMAND(ksRotationUndoCommand)
 
 public:
     using ksTransformCallbackUndoCommand::ksTransformCallbackUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets a node's scale: a factor for each axis.
+/// Sets a node's scale, a factor for each axis: "Scale". Syncs for index -1.
 class KSUNDO_EXPORT ksScaleUndoCommand : public ksTransformCallbackUndoCommand<ksScaleUndoCommand>
 {
     KS_UNDO_COMMAND(ksScaleUndoCommand)
 
 public:
     using ksTransformCallbackUndoCommand::ksTransformCallbackUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the point that a node's scale leaves in place, in world or the parent's space as for the translation.
+/// Sets the point that a node's scale leaves in place, in scene units: "Change Scale Pivot". Syncs for every
+/// index.
 class KSUNDO_EXPORT ksScalePivotUndoCommand
     : public ksTransformValueUndoCommand<ksScalePivotUndoCommand, bool>
 {
@@ -177,12 +125,10 @@ class KSUNDO_EXPORT ksScalePivotUndoCommand
 
 public:
     using ksTransformValueUndoCommand::ksTransformValueUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the point that a node's rotation leaves in place, in world or the parent's space as for the
-/// translation.
+/// Sets the point that a node's rotation leaves in place, in scene units: "Change Rotation Pivot". Syncs for
+/// every index.
 class KSUNDO_EXPORT ksRotationPivotUndoCommand
     : public ksTransformValueUndoCommand<ksRotationPivotUndoCommand, bool>
 {
@@ -190,11 +136,10 @@ class KSUNDO_EXPORT ksRotationPivotUndoCommand
 
 public:
     using ksTransformValueUndoCommand::ksTransformValueUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the shift that makes up for a moved scale pivot.
+/// Sets the shift that makes up for a moved scale pivot, in scene units: "Change Scale Pivot Translation".
+/// Syncs for every index.
 class KSUNDO_EXPORT ksScalePivotTranslationUndoCommand
     : public ksTransformValueUndoCommand<ksScalePivotTranslationUndoCommand>
 {
@@ -202,11 +147,10 @@ class KSUNDO_EXPORT ksScalePivotTranslationUndoCommand
 
 public:
     using ksTransformValueUndoCommand::ksTransformValueUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the shift that makes up for a moved rotation pivot.
+/// Sets the shift that makes up for a moved rotation pivot, in scene units: "Change Rotation Pivot
+/// Translation". Syncs for every index.
 class KSUNDO_EXPORT ksRotationPivotTranslationUndoCommand
     : public ksTransformValueUndoCommand<ksRotationPivotTranslationUndoCommand>
 {
@@ -214,11 +158,10 @@ class KSUNDO_EXPORT ksRotationPivotTranslationUndoCommand
 
 public:
     using ksTransformValueUndoCommand::ksTransformValueUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the orientation of the axes that a node rotates about: Euler angles in degrees.
+/// Sets the orientation of the axes that a node rotates about, Euler angles in degrees: "Change Rotation
+/// Pivot". Syncs for index -1.
 class KSUNDO_EXPORT ksRotationPivotOrientationUndoCommand
     : public ksTransformValueUndoCommand<ksRotationPivotOrientationUndoCommand>
 {
@@ -226,66 +169,39 @@ class KSUNDO_EXPORT ksRotationPivotOrientationUndoCommand
 
 public:
     using ksTransformValueUndoCommand::ksTransformValueUndoCommand;
-
-    static const Row row;
 };
 
-/// Sets the direction that a node's rotation makes one of its axes point to.
+/// Sets the direction, a vector of any length, that a node's rotation makes one of its axes point to: "Change
+/// Rotation Pivot". Syncs for index -1.
 class KSUNDO_EXPORT ksRotationPivotDirectionUndoCommand
-    : public ksTransformUndoCommand<ksTransformValue>,
-      public ksSyncFunction<ksRotationPivotDirectionUndoCommand,
-                            void(const osg::NodePtr &, const ksTransformValue &)>
+    : public ksTransformValueUndoCommand<ksRotationPivotDirectionUndoCommand>
 {
     KS_UNDO_COMMAND(ksRotationPivotDirectionUndoCommand)
 
 public:
-    /// \param directionAxis and \param directionFlag which axis, and how, as the application's setter takes
-    /// them
-    ksRotationPivotDirectionUndoCommand(osg::NodePtr node, ksTransformValue value, int directionAxis,
+    /// \param directionAxis which axis: 0, 1 or 2 for x, y or z
+    /// \param directionFlag whether the axis is made to point there at all
+    ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, QUndoCommand *parent = nullptr, int index = -1);
-    ksRotationPivotDirectionUndoCommand(osg::NodePtr node, ksTransformValue value, int directionAxis,
-                                        bool directionFlag, bool mergeEnabled, QUndoCommand *parent = nullptr,
-                                        int index = -1);
-    ksRotationPivotDirectionUndoCommand(osg::NodePtr node, ksTransformValue value, int directionAxis,
-                                        bool directionFlag, double mergeResponseDelta,
+
+    ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
+                                        bool directionFlag, ksMergeOption merging,
                                         QUndoCommand *parent = nullptr, int index = -1);
 
-    ksTransformValue get(osg::NodePtr node) override;
-    void set(osg::NodePtr node, ksTransformValue value) override;
+    /// Writes the direction with axis and flag, neither of which undo brings back, then syncs.
+    void set(osg::NodePtr node, osg::Vec3f value) override;
 
 private:
     int directionAxis;
     bool directionFlag;
 };
 
-/// Sets a node's shear in the planes xy, xz and yz. It always concerns the node's own transform.
+/// Sets a node's shear in the planes xy, xz and yz, a factor for each: "Shear". It always concerns the node's
+/// own transform and syncs.
 class KSUNDO_EXPORT ksShearUndoCommand : public ksTransformValueUndoCommand<ksShearUndoCommand>
 {
     KS_UNDO_COMMAND(ksShearUndoCommand)
 
 public:
-    ksShearUndoCommand(osg::NodePtr node, ksTransformValue value, QUndoCommand *parent = nullptr);
-
-    static const Row row;
+    ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent = nullptr);
 };
-
-extern template class ksSyncFunction<ksTranslationUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-extern template class ksSyncFunction<ksRotationUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksScaleUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksScalePivotUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-extern template class ksSyncFunction<ksRotationPivotUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &, bool)>;
-extern template class ksSyncFunction<ksScalePivotTranslationUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksRotationPivotTranslationUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksRotationPivotOrientationUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksRotationPivotDirectionUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;
-extern template class ksSyncFunction<ksShearUndoCommand,
-                                     void(const osg::NodePtr &, const ksTransformValue &)>;

@@ -5,77 +5,48 @@
 
 #include <ksNodeUtils.h>
 
-#include <utility>
+#include <QMap>
 
-ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node, QUndoCommand *parent,
-                                                             Notification notification)
-    : ksUndoCommand(QStringLiteral("Move transform variant '%1'").arg(NodeUtils::getText(node)), parent)
-    , nodeId(node.getFieldContainerId())
-    , notification(std::move(notification))
-{}
-
-ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to,
-                                                             QUndoCommand *parent, Notification notification)
-    : ksTransformVariantMoveCommand(node, parent, std::move(notification))
-{
-    // Negative indexes become large ones and are out of range.
-    const osg::UInt32 count = ksNodeUtils::getTransformVariantCount(node);
-    if (static_cast<osg::UInt32>(to) >= count || static_cast<osg::UInt32>(from) >= count)
-        return;
-    const osg::TransformVariantPtr variant =
-        ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(from));
-    if (variant != osg::NullFC)
-        record(variant, from, to);
-}
+#include <cstddef>
 
 ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node,
                                                              const std::vector<int> &indexes, int to,
                                                              QUndoCommand *parent, Notification notification)
-    : ksTransformVariantMoveCommand(node, parent, std::move(notification))
+    : ksContainerUndoCommand(QStringLiteral("Move transform variant '%1'").arg(NodeUtils::displayName(node)),
+                             node, {}, {}, parent)
+    , notification(std::move(notification))
 {
+    // Negative indexes become large ones and are out of range.
     const osg::UInt32 count = ksNodeUtils::getTransformVariantCount(node);
     if (static_cast<osg::UInt32>(to) >= count || indexes.size() + static_cast<std::size_t>(to) > count)
         return;
+    QMap<int, int> moves;
     int position = to;
     for (const int index : indexes) {
+        if (static_cast<osg::UInt32>(index) >= count)
+            continue;
         const osg::TransformVariantPtr variant =
             ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(index));
-        if (variant != osg::NullFC)
-            record(variant, index, position++);
+        if (variant == osg::NullFC)
+            continue;
+        before.ids[index] = variant.getFieldContainerId();
+        after.ids[position] = variant.getFieldContainerId();
+        moves[index] = position++;
     }
+    before.indexes = moves.keys();
+    after.indexes = moves.values();
 }
 
-void ksTransformVariantMoveCommand::undo()
-{
-    move(newPositions, oldPositions, indexMoves.values(), indexMoves.keys());
-}
+ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to,
+                                                             QUndoCommand *parent, Notification notification)
+    : ksTransformVariantMoveCommand(node, std::vector<int>{from}, to, parent, std::move(notification))
+{}
 
-void ksTransformVariantMoveCommand::redo()
+void ksTransformVariantMoveCommand::apply(const osg::NodePtr &node, const Places &from,
+                                          const Places &to) const
 {
-    move(oldPositions, newPositions, indexMoves.keys(), indexMoves.values());
-}
-
-bool ksTransformVariantMoveCommand::canMergeWith(const QUndoCommand *) const
-{
-    return false;
-}
-
-void ksTransformVariantMoveCommand::record(const osg::TransformVariantPtr &variant, int from, int to)
-{
-    indexMoves[from] = to;
-    oldPositions[from] = variant.getFieldContainerId();
-    newPositions[to] = variant.getFieldContainerId();
-}
-
-void ksTransformVariantMoveCommand::move(const Positions &from, const Positions &to, const QList<int> &before,
-                                         const QList<int> &after) const
-{
-    const auto node = ksFindContainer<osg::NodePtr>(nodeId);
-    if (node == osg::NullFC)
-        return;
-
     std::multimap<unsigned int, ksHeldReference<osg::TransformVariantPtr>> held; // one per place taken from
-    for (auto entry = from.rbegin(); entry != from.rend(); ++entry) {
+    for (auto entry = from.ids.rbegin(); entry != from.ids.rend(); ++entry) {
         const auto [index, id] = *entry;
         const auto variant = ksFindContainer<osg::TransformVariantPtr>(id);
         if (variant == osg::NullFC)
@@ -83,7 +54,7 @@ void ksTransformVariantMoveCommand::move(const Positions &from, const Positions 
         held.emplace(id, variant);
         ksNodeUtils::removeTransformVariant(node, index);
     }
-    for (const auto [index, id] : to) {
+    for (const auto [index, id] : to.ids) {
         const auto variant = ksFindContainer<osg::TransformVariantPtr>(id);
         if (variant == osg::NullFC)
             continue;
@@ -91,5 +62,5 @@ void ksTransformVariantMoveCommand::move(const Positions &from, const Positions 
         if (const auto reference = held.find(id); reference != held.end())
             held.erase(reference);
     }
-    notification(nodeId, before, after);
+    notification(containerId, from.indexes, to.indexes);
 }

@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/core/ksContainerUndoCommand.h>
+#include <ksundo/transform/detail/ksTransformVariantPlaces.h>
 
-#include <OSGTransformVariant.h>
 #include <OpenSG/OSGNode.h>
 
-#include <QList>
-#include <QMap>
-
 #include <functional>
-#include <map>
 #include <vector>
 
-/// Moves transform variants of a node to another position of its list.
+/// Moves transform variants of a node to another position of its list: Move transform variant 'Box'.
 ///
 /// Which variant stands where, and must stand where, is recorded when the command is built. A step takes the
 /// variants out, the last first, and puts them back, the first first, so that every recorded index is valid
 /// when it is used; it holds references on them meanwhile. Variants that have gone are skipped. A node that
 /// has gone makes the step a silent no-op. The command never merges.
-class KSUNDO_EXPORT ksTransformVariantMoveCommand : public ksUndoCommand
+class KSUNDO_EXPORT ksTransformVariantMoveCommand
+    : public ksContainerUndoCommand<ksTransformVariantMoveCommand, osg::NodePtr,
+                                    ksDetail::ksTransformVariantPlaces>
 {
     KS_UNDO_COMMAND(ksTransformVariantMoveCommand)
 
@@ -28,36 +26,25 @@ public:
     /// after it.
     using Notification = std::function<void(unsigned int, const QList<int> &, const QList<int> &)>;
 
-    /// Moves the variant at \a from so that it ends up at \a to. Both must be indexes of the list; otherwise
-    /// the command moves nothing and notifies with empty lists. \param notification must not be empty: a step
-    /// throws std::bad_function_call at its end otherwise
-    ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to, QUndoCommand *parent,
-                                  Notification notification);
-
     /// Moves the variants at \a indexes, which must differ, so that they end up from \a to on, in the order
     /// of the vector. Indexes without a variant are skipped. When the variants would end up beyond the list's
-    /// end, or there are none, the command moves nothing.
+    /// end, or there are none, the command moves nothing and notifies with empty lists.
+    /// \param node may be null: the command then does nothing
+    /// \param notification must not be empty: a step throws std::bad_function_call at its end otherwise
     ksTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int> &indexes, int to,
                                   QUndoCommand *parent, Notification notification);
 
-    void undo() override;
-    void redo() override;
-
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
+    /// Moves the variant at \a from so that it ends up at \a to. Both must be indexes of the list; otherwise
+    /// the command moves nothing.
+    ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to, QUndoCommand *parent,
+                                  Notification notification);
 
 private:
-    /// Ids of variants, by index.
-    using Positions = std::map<int, unsigned int>;
+    friend ksContainerUndoCommand;
 
-    ksTransformVariantMoveCommand(osg::NodePtr node, QUndoCommand *parent, Notification notification);
-    void record(const osg::TransformVariantPtr &variant, int from, int to);
-    void move(const Positions &from, const Positions &to, const QList<int> &before,
-              const QList<int> &after) const;
+    using Places = ksDetail::ksTransformVariantPlaces;
 
-    QMap<int, int> indexMoves;
-    osg::UInt32 nodeId;
-    Positions oldPositions;
-    Positions newPositions;
+    void apply(const osg::NodePtr &node, const Places &from, const Places &to) const;
+
     Notification notification;
 };

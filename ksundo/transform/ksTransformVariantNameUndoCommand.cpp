@@ -1,44 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/detail/ksNotNull.h>
 #include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
 
 #include <ksTransformVariantUtils.h>
 
 #include <QCoreApplication>
 
-#include <utility>
-
 ksTransformVariantNameUndoCommand::ksTransformVariantNameUndoCommand(osg::TransformVariantPtr variant,
                                                                      std::string name, QUndoCommand *parent,
                                                                      Notification notification)
-    : ksUndoCommand(
-          QCoreApplication::translate("ksTransformVariantNameUndoCommand", "Transform Variant Name"), parent)
-    , variantId(variant.getFieldContainerId())
-    , oldName(variant->getName())
-    , newName(std::move(name))
+    : ksContainerUndoCommand(
+          QCoreApplication::translate("ksTransformVariantNameUndoCommand", "Transform Variant Name"), variant,
+          ksDetail::ksNotNull(variant)->getName(), std::move(name), parent)
     , notification(std::move(notification))
 {}
 
-void ksTransformVariantNameUndoCommand::undo()
+void ksTransformVariantNameUndoCommand::apply(const osg::TransformVariantPtr &variant,
+                                              const std::string &from, const std::string &to) const
 {
-    rename(newName, oldName);
-}
-
-void ksTransformVariantNameUndoCommand::redo()
-{
-    rename(oldName, newName);
-}
-
-bool ksTransformVariantNameUndoCommand::canMergeWith(const QUndoCommand *) const
-{
-    return false;
-}
-
-void ksTransformVariantNameUndoCommand::rename(const std::string &from, const std::string &to) const
-{
-    const auto variant = ksFindContainer<osg::TransformVariantPtr>(variantId);
-    if (variant == osg::NullFC)
-        return;
     ksTransformVariantUtils::setName(variant, to);
     notification(from, to);
 }

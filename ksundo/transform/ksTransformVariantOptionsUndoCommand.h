@@ -1,39 +1,36 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/core/ksContainerUndoCommand.h>
 
 #include <OSGTransformVariant.h>
 
 #include <functional>
 
-/// Sets which components of a transform variant apply.
+/// Sets which components of a transform variant apply: "Transform Variant Options".
 ///
 /// The old flags are those of the moment when the command is built. Every step that finds the variant sets
 /// its flags and then calls the notification; a variant that has gone makes the step a silent no-op. The
 /// command never merges.
-class KSUNDO_EXPORT ksTransformVariantOptionsUndoCommand : public ksUndoCommand
+class KSUNDO_EXPORT ksTransformVariantOptionsUndoCommand
+    : public ksContainerUndoCommand<ksTransformVariantOptionsUndoCommand, osg::TransformVariantPtr,
+                                    unsigned long long>
 {
     KS_UNDO_COMMAND(ksTransformVariantOptionsUndoCommand)
 
 public:
-    /// \param variant must not be NullFC
+    /// \param variant must not be null
+    /// \param flags a bit for each component, as the application defines them
     /// \param notification must not be empty: a step throws std::bad_function_call after it has written
     /// otherwise
     ksTransformVariantOptionsUndoCommand(osg::TransformVariantPtr variant, unsigned long long flags,
                                          QUndoCommand *parent, std::function<void()> notification);
 
-    void undo() override;
-    void redo() override;
-
-    /// Never.
-    bool canMergeWith(const QUndoCommand *other) const override;
-
 private:
-    void apply(unsigned long long flags) const;
+    friend ksContainerUndoCommand;
 
-    osg::UInt32 variantId;
-    unsigned long long oldFlags;
-    unsigned long long newFlags;
+    void apply(const osg::TransformVariantPtr &variant, unsigned long long from,
+               unsigned long long flags) const;
+
     std::function<void()> notification;
 };

@@ -63,11 +63,11 @@ TEST_F(NodeUtilsTest, GivesTheNameAsBytesAndAsText)
     osg::setName(node.get(), std::string("Gr\u00f6\u00dfe"));
     EXPECT_STREQ(NodeUtils::getName(node), "Gr\xc3\xb6\xc3\x9f"
                                            "e");
-    EXPECT_EQ(NodeUtils::getText(node), QStringLiteral("Gr\u00f6\u00dfe"));
+    EXPECT_EQ(NodeUtils::displayName(node), QStringLiteral("Gr\u00f6\u00dfe"));
 }
 
 TEST_F(NodeUtilsTest, GivesNothingForANullNode)
 {
     EXPECT_EQ(NodeUtils::getName(osg::NullFC), nullptr);
-    EXPECT_EQ(NodeUtils::getText(osg::NullFC), QString());
+    EXPECT_EQ(NodeUtils::displayName(osg::NullFC), QString());
 }

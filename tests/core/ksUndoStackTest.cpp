@@ -320,6 +320,7 @@ TEST_F(ksUndoStackTest, StandsStillWhileAMacroIsOpen)
         stack.setClean();
         EXPECT_EQ(warnings.take().size(), 4u);
     }
+    EXPECT_FALSE(stack.isClean());
     EXPECT_EQ(stack.index(), 1);
     EXPECT_EQ(stack.getBusyDepth(), 0);
     EXPECT_THAT(recorder.take(), IsEmpty());
@@ -349,6 +350,11 @@ TEST_F(ksUndoStackTest, WarnsOfAMacroEndWithoutABeginning)
     EXPECT_EQ(recorder.take(), ksStep::undone("A", 0));
     stack.redo();
     EXPECT_EQ(recorder.take(), ksStep::redone("A", 0));
+    stack.undo();
+    recorder.take();
+    stack.endMacro();
+    stack.redo();
+    EXPECT_EQ(recorder.take(), ksStep::added("A", 0));
 }
 
 TEST_F(ksUndoStackTest, ResetsToTheMarkInOneReport)

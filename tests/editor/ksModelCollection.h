@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-/// Tests over the models of many formats that are installed for tests, one test per folder.
+/// The models of many formats that are installed for tests, and tests over them, one test per folder.
 class ksModelCollection : public testing::TestWithParam<std::string>
 {
 public:
@@ -26,6 +26,12 @@ public:
         return names;
     }
 
+    /// The files of a folder, and of those in it, that are tried.
+    static QStringList filesOf(const std::string &folder)
+    {
+        return filesToTry(collection() + QLatin1Char('/') + QString::fromStdString(folder));
+    }
+
     static std::string testName(const testing::TestParamInfo<std::string> &info)
     {
         return info.param.empty() ? "none" : 'f' + info.param;
@@ -39,11 +45,7 @@ protected:
                             ": the package assimp-testmodels is missing";
     }
 
-    /// The files of the test's folder that are tried.
-    static QStringList files()
-    {
-        return filesToTry(collection() + QLatin1Char('/') + QString::fromStdString(GetParam()));
-    }
+    static QStringList files() { return filesOf(GetParam()); }
 
 private:
     /// Larger files hold more of the same and take the time of all others together.

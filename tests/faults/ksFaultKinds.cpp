@@ -2,8 +2,8 @@
 #include "ksFaultKind.h"
 
 #include <algorithm>
+#include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>
-#include <transform/ksTransformationValues.h>
 
 namespace {
 
@@ -270,9 +270,8 @@ void addTransformKinds(Kinds &kinds)
 
     Kind transformation = ksFaultKindOf<ksTransformationUndoCommand>(
         &Scene::box, [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
-            return ksMakeTransformation(
-                target, ksTransformationOf(scene.looseTransform()), true, parent,
-                [&scene](int) { scene.log("called"); }, -1);
+            return new ksTransformationUndoCommand(target, ksTransformation::of(scene.looseTransform()), true,
+                                                   parent, [&scene](int) { scene.log("called"); });
         });
     transformation.text = "Apply transformation to *";
     editsTransform(transformation, ksTransformationMask);

@@ -14,8 +14,8 @@
 #include <set>
 #include <sstream>
 #include <support/ksContainers.h>
+#include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>
-#include <transform/ksTransformationValues.h>
 
 namespace {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ksLightLinkSetFixture.h"
 
-#include <ksundo/light/ksLinkSetList.h>
+#include <ksundo/light/detail/ksLinkSetList.h>
 
 #include <functional>
 #include <memory>
@@ -70,8 +70,8 @@ struct OneByOneSetPtr : std::shared_ptr<OneByOneSet>
     using std::shared_ptr<OneByOneSet>::shared_ptr;
 };
 
-static_assert(ksTakesManyNodes<osg::LightLinkSet>);
-static_assert(!ksTakesManyNodes<OneByOneSet>);
+static_assert(ksDetail::ksTakesManyNodes<osg::LightLinkSet>);
+static_assert(!ksDetail::ksTakesManyNodes<OneByOneSet>);
 
 /// A link set that has only the operations on one node.
 class ksLinkSetListTest : public ksLightLinkSetFixture
@@ -92,8 +92,8 @@ protected:
         list.push_back(entry);
         return letters(list);
     })};
-    const ksLinkSetList<OneByOneSetPtr> sceneNodes{single, true};
-    const ksLinkSetList<OneByOneSetPtr> lights{single, false};
+    const ksDetail::ksLinkSetList<OneByOneSetPtr> sceneNodes{single, true};
+    const ksDetail::ksLinkSetList<OneByOneSetPtr> lights{single, false};
 };
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
+#include <ksundo/transform/ksTransformationUndoCommand.h>
 
 #include <algorithm>
 #include <memory>
@@ -49,8 +50,8 @@ std::vector<Kind> allKinds()
         kinds.push_back({"ksTransformationUndoCommand" + placeOf(index), [index](const NodePtr &node) {
                              const osg::Transform3DRefPtr pattern(osg::Transform3D::create());
                              ksFillTransform(pattern, 9);
-                             return ksMakeTransformation(node, ksTransformationOf(pattern), true, nullptr, {},
-                                                         index);
+                             return new ksTransformationUndoCommand(node, ksTransformation::of(pattern), true,
+                                                                    nullptr, {}, index);
                          }});
     }
     kinds.push_back({"ksRotationAsQuaternionUndoCommand",

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksTransformationValues.h"
+#include "ksFillTransform.h"
 
 #include <ksundo/core/ksFindContainer.h>
 

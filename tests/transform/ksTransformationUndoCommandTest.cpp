@@ -39,8 +39,8 @@ protected:
 
     std::unique_ptr<Command> make(const osg::NodePtr &target, const Form &form = {}) const
     {
-        return std::unique_ptr<Command>(ksMakeTransformation(target, ksTransformationOf(pattern), form.syncs,
-                                                             form.parent, form.notification, form.index));
+        return std::make_unique<Command>(target, ksTransformation::of(pattern), form.syncs, form.parent,
+                                         form.notification, form.index);
     }
 
     /// The fields of a transform that a command is about, but for the quaternion and the matrix.
@@ -112,6 +112,21 @@ TEST_F(ksTransformationUndoCommandTest, WritesTheNewAndTheOldSet)
         command->redo();
         EXPECT_EQ(ksFieldTextsOf(transform(index)), after);
     }
+}
+
+TEST_F(ksTransformationUndoCommandTest, TakesTheValuesOneByOneAsWell)
+{
+    logSync();
+    const ksTransformation v = ksTransformation::of(pattern);
+    QUndoCommand parent;
+    new Command(node, v.translation, v.rotation, v.scale, v.shear, v.scalePivot, v.rotatePivot,
+                v.scalePivotTranslation, v.rotatePivotTranslation, v.inheritType, v.eulerRotationOrder,
+                v.rotationDirectionOn, v.rotationDirection, v.rotationDirectionMode, true, &parent,
+                loggingNotification(), -1);
+    ASSERT_EQ(parent.childCount(), 1);
+    parent.redo();
+    EXPECT_EQ(valuesOf(transform()), newValues());
+    EXPECT_EQ(take().size(), 2u);
 }
 
 TEST_F(ksTransformationUndoCommandTest, ChangesNothingElse)

@@ -2,13 +2,18 @@
 #pragma once
 
 #include <OpenSG/OSGField.h>
-#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGFieldContainerFactoryDecl.h>
 #include <OpenSG/OSGFieldContainerPtrDecl.h>
-#include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGFieldDescription.h>
+#include <OpenSG/OSGFieldContainerPtrFunctions.h>
+#include <OpenSG/OSGFieldContainerTypeDecl.h>
+#include <OpenSG/OSGFieldDescriptionDecl.h>
 #include <OpenSG/OSGThread.h>
 
 #include <new>
+
+/// @file
+/// Containers with all that belongs to them: handles, types, descriptions and the factory. Each of these has
+/// a header of its own name as well, which includes this one.
 
 OSG_BEGIN_NAMESPACE
 
@@ -145,16 +150,4 @@ typename ContainerT::Ptr FieldContainer::newContainer(const ContainerT *source)
     return result;
 }
 
-inline FieldContainer *FieldContainerPtrBase::currentCopy(void) const
-{
-    return copyOf(ThreadContext::aspect());
-}
-
-inline FieldContainer *FieldContainerPtrBase::copyOf(UInt32 aspect) const
-{
-    return reinterpret_cast<FieldContainer *>(_storeP + aspect * _containerSize);
-}
-
 OSG_END_NAMESPACE
-
-#include <OpenSG/OSGFieldContainerPtr.h>

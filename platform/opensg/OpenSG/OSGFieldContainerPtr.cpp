@@ -139,4 +139,27 @@ void FieldContainerPtr::executeSync(UInt32 fromAspect, UInt32 toAspect, BitVecto
     copyOf(toAspect)->executeSync(*copyOf(fromAspect), whichField);
 }
 
+void endEditNotChangedCP(const FieldContainerPtr &fc, BitVector whichField, UInt32)
+{
+    ChangeList *const changes = Thread::getCurrentChangeList();
+    if (fc != NullFC && changes != nullptr) {
+        changes->addChanged(fc, whichField);
+    }
+}
+
+void changedCP(const FieldContainerPtr &fc, BitVector whichField, UInt32 origin)
+{
+    if (fc != NullFC) {
+        fc->changed(whichField, origin);
+    }
+}
+
+void endEditCP(const FieldContainerPtr &fc, BitVector whichField, UInt32 origin)
+{
+    endEditNotChangedCP(fc, whichField, origin);
+    if (!FieldContainerPtr::_ignore_change) {
+        changedCP(fc, whichField, origin);
+    }
+}
+
 OSG_END_NAMESPACE

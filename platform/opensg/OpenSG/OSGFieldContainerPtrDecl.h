@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OpenSG/OSGFieldContainerBase.h>
+#include <OpenSG/OSGThreadContext.h>
 
 #include <cstddef>
 
@@ -81,8 +82,11 @@ protected:
     Header &header(void) const { return *reinterpret_cast<Header *>(_storeP - sizeof(Header)); }
 
     /// The copy for the calling thread's aspect; the handle must not be null.
-    FieldContainer *currentCopy(void) const;
-    FieldContainer *copyOf(UInt32 aspect) const;
+    FieldContainer *currentCopy(void) const { return copyOf(ThreadContext::aspect()); }
+    FieldContainer *copyOf(UInt32 aspect) const
+    {
+        return reinterpret_cast<FieldContainer *>(_storeP + aspect * _containerSize);
+    }
 
     void addRef(void) const;
     void subRef(void) const;

@@ -20,7 +20,7 @@ protected:
     }
 
     static std::unique_ptr<ksUndoCommand> make(const ksTransformProperty &property,
-                                               const ksTransformTarget &target, const ksTransformValue &value)
+                                               const ksTransformTarget &target, const osg::Vec3f &value)
     {
         return std::unique_ptr<ksUndoCommand>(property.make(target, value, {}));
     }
@@ -86,8 +86,8 @@ TEST_F(ksTransformEditsTest, PassesCallbacksOn)
 {
     for (const ksTransformProperty &each : ksTransformEdits::properties()) {
         int calls = 0;
-        const std::unique_ptr<ksUndoCommand> command(each.make(
-            {child}, {1, 2, 3}, [&calls](unsigned int, const ksTransformValue &, int) { ++calls; }));
+        const std::unique_ptr<ksUndoCommand> command(
+            each.make({child}, {1, 2, 3}, [&calls](unsigned int, const osg::Vec3f &, int) { ++calls; }));
         command->redo();
         EXPECT_EQ(calls, each.hasCallback ? 1 : 0) << each.name;
     }
@@ -118,7 +118,7 @@ TEST_F(ksTransformEditsTest, AppliesWhatATransformHas)
     }
     int appliedTo = 0;
     const std::unique_ptr<ksUndoCommand> command(ksTransformEdits::makeApply(
-        child, ksTransformation(source), -1, false, [&appliedTo](int index) { appliedTo = index; }));
+        child, ksTransformation::of(source), -1, false, [&appliedTo](int index) { appliedTo = index; }));
     command->redo();
     EXPECT_EQ(appliedTo, -1);
     const osg::Transform3DPtr target = transformOf(child);

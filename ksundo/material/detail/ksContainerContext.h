@@ -7,6 +7,8 @@
 
 class ksMessage;
 
+namespace ksDetail {
+
 /// The two containers in whose context a command changes a third one. They are known by their ids; null ones
 /// have the id 0.
 class KSUNDO_EXPORT ksContainerContext
@@ -25,6 +27,13 @@ protected:
     /// Adds the ids that are not 0 as unsigned int.
     void addContext(ksMessage &message, const char *firstKey, const char *secondKey) const;
 
+    /// Touches the planar projection of the component settings, which are second, then the colour components
+    /// of the material, which is first.
+    void touchMaterial() const;
+
+private:
     osg::UInt32 firstId;
     osg::UInt32 secondId;
 };
+
+} // namespace ksDetail

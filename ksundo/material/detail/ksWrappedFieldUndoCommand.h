@@ -2,9 +2,11 @@
 #pragma once
 
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
-#include <ksundo/material/ksContainerContext.h>
+#include <ksundo/material/detail/ksContainerContext.h>
 
 #include <memory>
+
+namespace ksDetail {
 
 /// Base class of the commands that run one field command, the inner one, in the context of two containers.
 class KSUNDO_EXPORT ksWrappedFieldUndoCommand : public ksUndoCommand, public ksContainerContext
@@ -23,11 +25,15 @@ public:
     bool canMergeWith(const QUndoCommand *other) const override;
 
 protected:
-    /// Takes over \a command. A command that is null may be destroyed, but nothing else.
+    /// Takes over \a command. A command without an inner one may be destroyed, but nothing else.
     ksWrappedFieldUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
                               const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second,
                               QUndoCommand *parent);
 
 private:
+    ksFieldBaseUndoCommand &inner() const;
+
     std::unique_ptr<ksFieldBaseUndoCommand> command;
 };
+
+} // namespace ksDetail

@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/ksEndEdit.h>
 #include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksTouch.h>
-#include <ksundo/material/ksContainerContext.h>
+#include <ksundo/material/detail/ksContainerContext.h>
 
+#include <OSGColorComponentSettings.h>
+#include <OSGUberMaterial.h>
 #include <ksMessage.h>
+
+namespace ksDetail {
 
 void ksContainerContext::touch(unsigned int containerId, unsigned long long mask) const
 {
-    ksTouch(ksFindContainer<osg::FieldContainerPtr>(containerId), mask);
+    ksEndEdit(ksFindContainer<osg::FieldContainerPtr>(containerId), mask);
 }
 
 ksContainerContext::ksContainerContext(const osg::FieldContainerPtr &first,
@@ -28,3 +32,11 @@ void ksContainerContext::addContext(ksMessage &message, const char *firstKey, co
     if (secondId != 0)
         message.set(secondKey, secondId, true);
 }
+
+void ksContainerContext::touchMaterial() const
+{
+    touch(secondId, osg::ColorComponentSettingsBase::PlanarProjectionFieldMask);
+    touch(firstId, osg::UberMaterialBase::ColorComponentDataFieldMask);
+}
+
+} // namespace ksDetail

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+namespace ksDetail {
+
 /// Whether link sets of the class \a Set can remove several nodes, or put them back, at once.
 template <class Set, class = void>
 inline constexpr bool ksTakesManyNodes = false;
@@ -121,3 +123,5 @@ private:
     SetPtr set;
     bool sceneNodes;
 };
+
+} // namespace ksDetail

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/ksExport.h>
-
 #include <QMetaMethod>
 
 #include <string>
 
 class QObject;
 
+namespace ksDetail {
+
 /// A method of an object that commands call, found by its signature in the object's meta-object.
 ///
 /// The object is not owned and not watched: the caller keeps it alive as long as the method may be called.
-class KSUNDO_EXPORT ksInvokedMethod
+class ksInvokedMethod
 {
 public:
     /// Looks for the method of \a object, which must not be null, with \a signature: its name and the types
@@ -34,3 +34,5 @@ private:
     QMetaMethod method;
     std::string parameterType;
 };
+
+} // namespace ksDetail

@@ -1,28 +1,30 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/material/ksWrappedFieldUndoCommand.h>
+#include <ksundo/material/detail/ksWrappedFieldUndoCommand.h>
 
 #include <ksMessage.h>
 
+namespace ksDetail {
+
 void ksWrappedFieldUndoCommand::undo()
 {
-    command->undo();
+    inner().undo();
 }
 
 void ksWrappedFieldUndoCommand::redo()
 {
-    command->redo();
+    inner().redo();
 }
 
 bool ksWrappedFieldUndoCommand::mergeWith(const QUndoCommand *other)
 {
     return absorb(other) &&
-           command->mergeWith(static_cast<const ksWrappedFieldUndoCommand *>(other)->command.get());
+           inner().mergeWith(&static_cast<const ksWrappedFieldUndoCommand *>(other)->inner());
 }
 
 void ksWrappedFieldUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("container", command->containerId(), true);
+    message.set("container", inner().containerId(), true);
 }
 
 bool ksWrappedFieldUndoCommand::canMergeWith(const QUndoCommand *other) const
@@ -30,7 +32,7 @@ bool ksWrappedFieldUndoCommand::canMergeWith(const QUndoCommand *other) const
     if (!ksUndoCommand::canMergeWith(other))
         return false;
     const auto *newer = static_cast<const ksWrappedFieldUndoCommand *>(other);
-    return isSameContext(*newer) && command->canMergeWith(newer->command.get());
+    return isSameContext(*newer) && inner().canMergeWith(&newer->inner());
 }
 
 ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
@@ -41,3 +43,11 @@ ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFiel
     , ksContainerContext(first, second)
     , command(command)
 {}
+
+ksFieldBaseUndoCommand &ksWrappedFieldUndoCommand::inner() const
+{
+    Q_ASSERT(command != nullptr);
+    return *command;
+}
+
+} // namespace ksDetail

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksTouch.h>
+#include <ksundo/core/ksEndEdit.h>
 
 #include <gmock/gmock.h>
 
@@ -8,10 +8,10 @@
 
 namespace {
 
-class ksTouchTest : public testing::Test
+class ksEndEditTest : public testing::Test
 {
 protected:
-    ksTouchTest()
+    ksEndEditTest()
     {
         recorder.take();
         osg::ProbeContainer::takeCalls();
@@ -29,9 +29,9 @@ protected:
 
 } // namespace
 
-TEST_F(ksTouchTest, RecordsTheChangeThenCallsTheHandler)
+TEST_F(ksEndEditTest, RecordsTheChangeThenCallsTheHandler)
 {
-    ksTouch(probe.get(), osg::ProbeContainer::TextFieldMask);
+    ksEndEdit(probe.get(), osg::ProbeContainer::TextFieldMask);
     EXPECT_EQ(recorder.take(), editOf(osg::ProbeContainer::TextFieldMask));
 
     const auto calls = osg::ProbeContainer::takeCalls();
@@ -42,10 +42,10 @@ TEST_F(ksTouchTest, RecordsTheChangeThenCallsTheHandler)
     EXPECT_EQ(calls[0].recorded, 1u);
 }
 
-TEST_F(ksTouchTest, PassesAllBitsOfTheMask)
+TEST_F(ksEndEditTest, PassesAllBitsOfTheMask)
 {
     for (const osg::BitVector mask : {~osg::BitVector(0), osg::BitVector(1) << 63, osg::BitVector(0)}) {
-        ksTouch(probe.get(), mask);
+        ksEndEdit(probe.get(), mask);
         EXPECT_EQ(recorder.take(), editOf(mask));
         const auto calls = osg::ProbeContainer::takeCalls();
         ASSERT_EQ(calls.size(), 1u);
@@ -53,19 +53,19 @@ TEST_F(ksTouchTest, PassesAllBitsOfTheMask)
     }
 }
 
-TEST_F(ksTouchTest, CallsTheHandlerWithAReadOnlyList)
+TEST_F(ksEndEditTest, CallsTheHandlerWithAReadOnlyList)
 {
     osg::ChangeList *changes = osg::PThreadBase::getCurrentChangeList();
     changes->setReadOnly(true);
-    ksTouch(probe.get(), 2);
+    ksEndEdit(probe.get(), 2);
     changes->setReadOnly(false);
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 1u);
 }
 
-TEST_F(ksTouchTest, DoesNothingOnNull)
+TEST_F(ksEndEditTest, DoesNothingOnNull)
 {
-    ksTouch(osg::NullFC, 2);
+    ksEndEdit(osg::NullFC, 2);
     EXPECT_EQ(recorder.take(), ksRecords());
     EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
 }

@@ -9,7 +9,7 @@
 /// Ends an edit of the fields \a mask of \a container, which have been written directly: records the change
 /// in the thread's change list, if it has one, then calls the container's change handler, unless changes are
 /// ignored globally. Does nothing on NullFC.
-inline void ksTouch(const osg::FieldContainerPtr &container, osg::BitVector mask)
+inline void ksEndEdit(const osg::FieldContainerPtr &container, osg::BitVector mask)
 {
     if (container == osg::NullFC)
         return;

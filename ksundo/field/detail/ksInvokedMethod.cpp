@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/field/ksInvokedMethod.h>
+#include <ksundo/field/detail/ksInvokedMethod.h>
 
 #include <ksLog.h>
 
@@ -9,9 +9,12 @@
 #include <array>
 #include <cstddef>
 
+namespace ksDetail {
+
 ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
     : object(object)
 {
+    Q_ASSERT(object != nullptr);
     const QMetaObject *meta = object->metaObject();
     const QByteArray normalized = QMetaObject::normalizedSignature(signature);
     const int index = meta->indexOfMethod(normalized.constData());
@@ -49,3 +52,5 @@ void ksInvokedMethod::invoke(QGenericArgument argument) const
         ksLog::error("Could not invoke: %s::%s", object->metaObject()->className(),
                      method.methodSignature().constData());
 }
+
+} // namespace ksDetail

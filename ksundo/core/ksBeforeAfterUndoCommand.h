@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <ksundo/core/ksNonMergingUndoCommand.h>
+
+#include <utility>
+
+/// Mechanics of the commands that know the state of their target before and after the edit: redo applies the
+/// one after, undo the one before. Both are settled when the command is built.
+///
+/// \tparam Command the class, with a function `void apply(const State &from, const State &to)` that takes the
+/// target from one state to the other, and does nothing when the target has gone
+/// \tparam State what the command keeps of its target
+/// \tparam Base the command base that it refines
+template <class Command, class State, class Base = ksNonMergingUndoCommand<>>
+class ksBeforeAfterUndoCommand : public Base
+{
+public:
+    void undo() override { static_cast<Command *>(this)->apply(after, before); }
+    void redo() override { static_cast<Command *>(this)->apply(before, after); }
+
+protected:
+    /// \a arguments are those of the base.
+    template <class... Arguments>
+    explicit ksBeforeAfterUndoCommand(State before, State after, Arguments &&...arguments)
+        : Base(std::forward<Arguments>(arguments)...)
+        , before(std::move(before))
+        , after(std::move(after))
+    {}
+
+    State before;
+    State after;
+};

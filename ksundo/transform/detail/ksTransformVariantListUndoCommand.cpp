@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include <ksundo/core/NodeUtils.h>
+#include <ksundo/transform/detail/ksTransformVariantListUndoCommand.h>
+
+#include <ksNodeUtils.h>
+
+#include <utility>
+
+namespace ksDetail {
+
+ksTransformVariantListUndoCommand::ksTransformVariantListUndoCommand(const QString &text,
+                                                                     const osg::NodePtr &node,
+                                                                     unsigned long index,
+                                                                     QUndoCommand *parent,
+                                                                     Notification notification)
+    : ksNonMergingUndoCommand(text.arg(NodeUtils::displayName(node)), parent)
+    , nodeId(node.getFieldContainerId())
+    , index(index)
+    , notification(std::move(notification))
+{}
+
+bool ksTransformVariantListUndoCommand::insertInto(const osg::NodePtr &node)
+{
+    const osg::TransformVariantPtr inserted = variant.get();
+    if (inserted == osg::NullFC)
+        return false;
+    if (ksNodeUtils::getTransformVariantsAttachment(node) == osg::NullFC) {
+        if (const auto own = attachment.get(); own != osg::NullFC)
+            ksNodeUtils::setTransformVariantsAttachment(node, own);
+        else
+            attachment = ksHeldReference(ksNodeUtils::createTransformVariantsAttachment(node));
+    }
+    ksNodeUtils::insertTransformVariant(node, index, inserted);
+    return true;
+}
+
+void ksTransformVariantListUndoCommand::removeFrom(const osg::NodePtr &node, bool withAttachment) const
+{
+    ksNodeUtils::removeTransformVariant(node, static_cast<int>(index));
+    if (withAttachment && ksNodeUtils::getTransformVariantCount(node) == 0)
+        ksNodeUtils::removeTransformVariantsAttachment(node);
+}
+
+} // namespace ksDetail

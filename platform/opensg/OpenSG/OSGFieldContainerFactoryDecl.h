@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGFieldContainerPtrDecl.h>
+
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+OSG_BEGIN_NAMESPACE
+
+class FieldContainerType;
+class NodeCore;
+
+/// Translates container ids, for a file or a connection that numbers containers in its own way.
+class FieldContainerMapper
+{
+public:
+    virtual ~FieldContainerMapper(void) = default;
+
+    /// The factory's id for @p id; 0 if there is none.
+    virtual UInt32 map(UInt32 id) = 0;
+};
+
+/// Knows all containers by id and all container types by id and name. Lives for the rest of the process.
+class FieldContainerFactory
+{
+public:
+    typedef std::vector<FieldContainerPtr> FieldContainerStore;
+    typedef std::map<UInt32, FieldContainerType *> TypeIdMap;
+    typedef TypeIdMap::iterator TypeMapIterator;
+
+    static FieldContainerFactory *the(void);
+
+    /// Null for 0, an id that was never given or a container that has gone.
+    FieldContainerPtr getContainer(UInt32 id) const;
+
+    /// The container of the mapped id; without a mapper the same as getContainer().
+    FieldContainerPtr getMappedContainer(UInt32 id) const;
+
+    /// Null removes the mapper. It stays with the caller.
+    void setMapper(FieldContainerMapper *mapper);
+
+    /// All containers by id; slot 0 and those of containers that have gone are null. Ids are never used
+    /// again, so the size is the next id. Grows with every new container: no place in it lasts.
+    const FieldContainerStore *getFieldContainerStore(void) const { return &_store; }
+
+    /// A new container by type name; null if the type is unknown, abstract or, for the last three, of another
+    /// kind.
+    FieldContainerPtr createFieldContainer(const Char8 *typeName) const;
+    NodePtr createNode(const Char8 *typeName) const;
+    FCPtr<AttachmentContainerPtr, NodeCore> createNodeCore(const Char8 *typeName) const;
+    AttachmentPtr createAttachment(const Char8 *typeName) const;
+
+    /// Null if there is no such type.
+    FieldContainerType *findType(UInt32 typeId) const;
+    FieldContainerType *findType(const Char8 *typeName) const;
+
+    UInt32 getNumTypes(void) const;
+    TypeMapIterator beginTypes(void) { return _typesById.begin(); }
+    TypeMapIterator endTypes(void) { return _typesById.end(); }
+
+    /// 0 if there is no such group.
+    UInt16 findGroupId(const Char8 *groupName) const;
+
+    /// Null if there is no such group.
+    const Char8 *findGroupName(UInt16 groupId) const;
+
+    /// Gives parent and prototype to the types that were registered since osgInit(), for libraries loaded
+    /// later.
+    void initializePendingTypes(void);
+
+    /// Empties the container's slot; false if that worked, true for a null handle or a container not
+    /// registered. The container itself lives on.
+    bool unregisterFieldContainer(const FieldContainerPtr &fc);
+
+private:
+    friend class FieldContainer;
+    friend class FieldContainerType;
+    friend bool osgExit(void);
+
+    FieldContainerFactory(void);
+
+    UInt32 registerFieldContainer(const FieldContainerPtr &fc);
+
+    UInt16 registerGroup(const Char8 *groupName);
+    void registerType(FieldContainerType &type);
+    void unregisterType(FieldContainerType &type);
+    void initializeType(FieldContainerType &type);
+    void releasePrototypes(void);
+
+    mutable std::mutex _mutex;
+    FieldContainerStore _store;
+    FieldContainerMapper *_mapper = nullptr;
+
+    TypeIdMap _typesById;
+    std::map<std::string, FieldContainerType *> _typesByName;
+    std::vector<std::string> _groups;
+};
+
+OSG_END_NAMESPACE
