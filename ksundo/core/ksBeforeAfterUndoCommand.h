@@ -16,11 +16,14 @@ template <class Command, class State, class Base = ksNonMergingUndoCommand<>>
 class ksBeforeAfterUndoCommand : public Base
 {
 public:
+    /// Applies the state before.
     void undo() override { static_cast<Command *>(this)->apply(after, before); }
+
+    /// Applies the state after.
     void redo() override { static_cast<Command *>(this)->apply(before, after); }
 
 protected:
-    /// \a arguments are those of the base.
+    /// Keeps both states; \a arguments are those of the base.
     template <class... Arguments>
     explicit ksBeforeAfterUndoCommand(State before, State after, Arguments &&...arguments)
         : Base(std::forward<Arguments>(arguments)...)
@@ -28,6 +31,6 @@ protected:
         , after(std::move(after))
     {}
 
-    State before;
-    State after;
+    State before; ///< what undo takes the target to
+    State after;  ///< what redo takes the target to
 };

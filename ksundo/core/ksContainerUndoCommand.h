@@ -19,13 +19,14 @@ class ksContainerUndoCommand
     using Base = ksBeforeAfterUndoCommand<ksContainerUndoCommand, State>;
 
 protected:
+    /// \a container may be null.
     ksContainerUndoCommand(const QString &text, const PtrT &container, State before, State after,
                            QUndoCommand *parent)
         : Base(std::move(before), std::move(after), text, parent)
         , containerId(container.getFieldContainerId())
     {}
 
-    osg::UInt32 containerId;
+    osg::UInt32 containerId; ///< 0 for none
 
 private:
     friend Base;

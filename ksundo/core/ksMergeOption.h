@@ -11,14 +11,17 @@ public:
     /// What every command begins with: merging is on, with the default window.
     ksMergeOption() = default;
 
+    /// Switches merging on or off.
     ksMergeOption(bool enabled)
         : enabled(enabled)
     {}
 
+    /// Sets the merge window.
     ksMergeOption(double seconds)
         : seconds(seconds)
     {}
 
+    /// Tells \a command.
     void applyTo(ksUndoCommand &command) const
     {
         command.setMergeEnabled(enabled);

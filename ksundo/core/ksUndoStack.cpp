@@ -60,12 +60,6 @@ ksUndoStack::~ksUndoStack()
     delete undoStack;
 }
 
-void ksUndoStack::clearAll()
-{
-    get(0)->clear();
-    get(1)->clear();
-}
-
 void ksUndoStack::add(QUndoCommand *command)
 {
     if (command == nullptr)

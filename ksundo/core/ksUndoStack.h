@@ -48,7 +48,11 @@ public:
     ~ksUndoStack() override;
 
     /// Clears both instances.
-    static void clearAll();
+    static void clearAll()
+    {
+        get(0)->clear();
+        get(1)->clear();
+    }
 
     /// True when the stack holds no command, done or undone.
     bool isEmpty() const { return count() == 0; }

@@ -49,7 +49,7 @@ protected:
         return {container, ksDetail::ksFieldCast<FieldT>(ksDetail::ksFindField(container, fieldId))};
     }
 
-    osg::UInt32 fcId = 0;
-    osg::UInt32 fieldId = 0;
-    osg::BitVector fieldMask = 0;
+    osg::UInt32 fcId = 0;         ///< the container's id, 0 for none
+    osg::UInt32 fieldId = 0;      ///< the field's id, counted from 1; 0 for none
+    osg::BitVector fieldMask = 0; ///< the field's mask, 0 for none
 };

@@ -14,14 +14,17 @@
 class KSUNDO_EXPORT ksFieldKey
 {
 public:
+    /// The field called \a name.
     ksFieldKey(const std::string &name)
         : name(name)
     {}
 
+    /// The field called \a name, which must not be null.
     ksFieldKey(const char *name)
         : name(name)
     {}
 
+    /// The field with the id \a id.
     ksFieldKey(int id)
         : id(static_cast<osg::UInt32>(id))
     {}

@@ -26,6 +26,7 @@ class ksTextFieldUndoCommand
     using Base = ksBeforeAfterUndoCommand<ksTextFieldUndoCommand, Content, ksFieldBaseUndoCommand>;
 
 public:
+    /// Takes over the new content of \a other.
     bool mergeWith(const QUndoCommand *other) override
     {
         if (!this->absorb(other))
@@ -49,6 +50,7 @@ public:
     }
 
 protected:
+    /// Sets the field \a field of \a container to \a newContent when it is run, not before.
     ksTextFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                            Content newContent, QUndoCommand *parent)
         : Base(Content(), std::move(newContent), text, container, field, parent)

@@ -13,15 +13,11 @@
 
 namespace {
 
-/// Builds commands on one field for the first of the tried types that the field has.
-class CommandMaker
+/// A field for which one of several commands is to be made.
+struct Target
 {
-public:
-    CommandMaker(const QString &text, const osg::FieldContainerPtr &container, const std::string &fieldName,
-                 QUndoCommand *parent)
-        : text(text)
-        , container(container)
-        , parent(parent)
+    Target(const osg::FieldContainerPtr &container, const std::string &fieldName)
+        : container(container)
     {
         if (const auto *description = ksFieldBaseUndoCommand::findField(container, fieldName)) {
             fieldId = static_cast<int>(description->getFieldId());
@@ -29,33 +25,30 @@ public:
         }
     }
 
-    template <class T, class ValueT>
-    bool tryNumber(ValueT value) const
-    {
-        return ksDetail::ksFieldCast<osg::SField<T>>(field) != nullptr &&
-               deliver(new ksFieldUndoCommand<T>(text, container, fieldId, static_cast<T>(value), parent));
-    }
-
-    bool tryBool(bool value) const
-    {
-        return ksDetail::ksFieldCast<osg::SField<bool, 2>>(field) != nullptr &&
-               deliver(new ksBoolFieldUndoCommand(text, container, fieldId, value, parent));
-    }
-
-private:
-    bool deliver(QUndoCommand *command) const
-    {
-        if (parent == nullptr)
-            ksUndoStack::get(0)->add(command);
-        return true;
-    }
-
-    const QString &text;
     const osg::FieldContainerPtr &container;
-    QUndoCommand *parent;
     int fieldId = 0;
     osg::Field *field = nullptr;
 };
+
+/// Makes the command for the first of the numbers \a T, \a Others ... that the field is of, if any.
+template <class T, class... Others, class ValueT>
+QUndoCommand *makeNumber(const Target &target, const QString &text, ValueT value, QUndoCommand *parent)
+{
+    if (ksDetail::ksFieldCast<osg::SField<T>>(target.field) != nullptr)
+        return new ksFieldUndoCommand<T>(text, target.container, target.fieldId, static_cast<T>(value),
+                                         parent);
+    if constexpr (sizeof...(Others) > 0)
+        return makeNumber<Others...>(target, text, value, parent);
+    else
+        return nullptr;
+}
+
+/// Leaves \a command, which may be null, to its parent, or adds it to the first stack.
+void deliver(QUndoCommand *command, const QUndoCommand *parent)
+{
+    if (parent == nullptr)
+        ksUndoStack::get(0)->add(command);
+}
 
 /// Adds the entry of a node to a list of names.
 void appendName(QStringList &names, const osg::NodePtr &node)
@@ -97,19 +90,19 @@ QString listNames(const std::vector<NodeT> &nodes, unsigned long maxCount)
 void ksUndoUtil::makeIntTypeCommand(const QString &text, osg::FieldContainerPtr container,
                                     const std::string &fieldName, long long value, QUndoCommand *parent)
 {
-    const CommandMaker maker(text, container, fieldName, parent);
-    maker.tryNumber<long long>(value) || maker.tryNumber<unsigned long long>(value) ||
-        maker.tryNumber<int>(value) || maker.tryNumber<unsigned int>(value) ||
-        maker.tryNumber<short>(value) || maker.tryNumber<unsigned short>(value) ||
-        maker.tryNumber<signed char>(value) || maker.tryNumber<unsigned char>(value) ||
-        maker.tryBool(value != 0);
+    const Target target(container, fieldName);
+    QUndoCommand *command =
+        makeNumber<long long, unsigned long long, int, unsigned int, short, unsigned short, signed char,
+                   unsigned char>(target, text, value, parent);
+    if (ksDetail::ksFieldCast<osg::SField<bool, 2>>(target.field) != nullptr)
+        command = new ksBoolFieldUndoCommand(text, container, target.fieldId, value != 0, parent);
+    deliver(command, parent);
 }
 
 void ksUndoUtil::makeFloatTypeCommand(const QString &text, osg::FieldContainerPtr container,
                                       const std::string &fieldName, double value, QUndoCommand *parent)
 {
-    const CommandMaker maker(text, container, fieldName, parent);
-    maker.tryNumber<float>(value) || maker.tryNumber<double>(value);
+    deliver(makeNumber<float, double>(Target(container, fieldName), text, value, parent), parent);
 }
 
 QString ksUndoUtil::makeNameList(const osg::NodePtr &node)

@@ -35,6 +35,7 @@ KSUNDO_EXPORT void makeFloatTypeCommand(const QString &text, osg::FieldContainer
 /// The name of \a node in apostrophes, two apostrophes when it has none. Unlike the lists below, this takes
 /// the name as Latin-1.
 KSUNDO_EXPORT QString makeNameList(const osg::NodePtr &node);
+/// The same.
 inline QString makeNameList(const ksNodePtr &node)
 {
     return makeNameList(node.getNodePtr());
@@ -44,6 +45,7 @@ inline QString makeNameList(const ksNodePtr &node)
 /// when there are more: 'A', 'B', ... and, for none of some, '', ... Null handles are left out; nodes without
 /// a name are listed as ''. No nodes give two apostrophes.
 KSUNDO_EXPORT QString makeNameList(const std::vector<osg::NodePtr> &nodes, unsigned long maxCount);
+/// The same.
 KSUNDO_EXPORT QString makeNameList(const std::vector<ksNodePtr> &nodes, unsigned long maxCount);
 
 /// The same for all of \a nodes: 'A', 'B', 'C'.
@@ -51,6 +53,8 @@ inline QString makeNameList(const std::vector<osg::NodePtr> &nodes)
 {
     return makeNameList(nodes, nodes.size());
 }
+
+/// The same.
 inline QString makeNameList(const std::vector<ksNodePtr> &nodes)
 {
     return makeNameList(nodes, nodes.size());

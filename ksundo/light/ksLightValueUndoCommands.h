@@ -44,7 +44,10 @@ class KSUNDO_EXPORT ksLightValueUndoCommand : public ksLightUndoCommand<T>
 public:
     using ksLightUndoCommand<T>::ksLightUndoCommand;
 
+    /// Asks the application's getter.
     T get(osg::NodePtr node) override;
+
+    /// Calls the application's setter, which ends the edit.
     void set(osg::NodePtr node, T value) override;
 };
 

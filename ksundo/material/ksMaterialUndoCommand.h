@@ -17,8 +17,8 @@ public:
                           osg::FieldContainerPtr material, osg::FieldContainerPtr componentSettings,
                           QUndoCommand *parent = nullptr);
 
-    void undo() override;
-    void redo() override;
+    void undo() override; ///< that of the inner command, then the touches
+    void redo() override; ///< that of the inner command, then the touches
 
     /// Adds "id" and "container", then, unless they were null, "material" and "componentSettings": container
     /// ids as unsigned int.

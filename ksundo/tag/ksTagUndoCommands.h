@@ -26,6 +26,7 @@ public:
         LAYER_TAG = 1
     };
 
+    /// Builds a command about no tag.
     explicit ksTagUndoCommand(const QString &text)
         : ksUndoCommand(text)
     {}
@@ -40,8 +41,8 @@ public:
     TAG_TYPE getTagType() const { return tagType; }
 
 protected:
-    TAG_TYPE tagType = USER_TAG;
-    std::string tagString;
+    TAG_TYPE tagType = USER_TAG; ///< what getTagType() returns
+    std::string tagString;       ///< what getTagString() returns
 };
 
 /// Base class of the commands that change the tags of a container.
@@ -102,6 +103,7 @@ public:
 class KSUNDO_EXPORT ksEmptyTagUndoCommand : public ksTagUndoCommand
 {
 public:
+    /// \a tagString and \a type are what the command answers when it is asked for them.
     ksEmptyTagUndoCommand(const QString &text, std::string tagString, TAG_TYPE type);
 
     /// Nothing.

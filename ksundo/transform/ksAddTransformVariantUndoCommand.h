@@ -19,6 +19,6 @@ public:
     ksAddTransformVariantUndoCommand(osg::NodePtr node, osg::TransformVariantPtr variant, unsigned long index,
                                      QUndoCommand *parent, Notification notification);
 
-    void undo() override;
-    void redo() override;
+    void undo() override; ///< removes the variant
+    void redo() override; ///< inserts the variant
 };

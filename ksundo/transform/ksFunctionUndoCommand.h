@@ -31,8 +31,10 @@ public:
         , value(std::move(value))
     {}
 
+    /// The same exchange as redo().
     void undo() override { redo(); }
 
+    /// Exchanges the node's value and the stored one.
     void redo() override
     {
         const auto node = ksFindContainer<osg::NodePtr>(nodeId);
@@ -43,6 +45,7 @@ public:
         value = std::move(previous);
     }
 
+    /// Takes over the time of \a other; this command already has the value from before both.
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }
 
     /// Adds "id", then "node", the node's id as unsigned int.
@@ -66,7 +69,7 @@ public:
     virtual void set(osg::NodePtr node, T value) = 0;
 
 protected:
-    osg::UInt32 nodeId;
+    osg::UInt32 nodeId; ///< 0 for none
 
     /// What the next redo or undo writes.
     T value;

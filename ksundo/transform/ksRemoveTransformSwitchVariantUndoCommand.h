@@ -21,6 +21,6 @@ public:
     ksRemoveTransformSwitchVariantUndoCommand(osg::NodePtr node, unsigned long index, QUndoCommand *parent,
                                               Notification notification);
 
-    void undo() override;
-    void redo() override;
+    void undo() override; ///< inserts the variant
+    void redo() override; ///< removes the variant
 };

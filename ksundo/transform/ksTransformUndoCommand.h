@@ -56,8 +56,8 @@ public:
     }
 
 protected:
-    bool modeFlag;
-    int index;
+    bool modeFlag; ///< an option of the property's getter and setter
+    int index;     ///< which of the node's transforms
 
 private:
     static QString textOf(const QString &verb, const osg::NodePtr &node)

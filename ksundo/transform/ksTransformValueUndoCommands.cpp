@@ -119,13 +119,6 @@ osg::Vec3f ksTransformValueUndoCommand<Command, Mode...>::get(osg::NodePtr node)
 }
 
 template <class Command, class... Mode>
-void ksTransformValueUndoCommand<Command, Mode...>::set(osg::NodePtr node, osg::Vec3f value)
-{
-    write(node, value);
-    syncAfter(node, value);
-}
-
-template <class Command, class... Mode>
 void ksTransformValueUndoCommand<Command, Mode...>::write(const osg::NodePtr &node,
                                                           const osg::Vec3f &value) const
 {

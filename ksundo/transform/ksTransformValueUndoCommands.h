@@ -36,21 +36,31 @@ class KSUNDO_EXPORT ksTransformValueUndoCommand : public ksTransformUndoCommand<
     KS_SYNC_HOOK(void(const osg::NodePtr &, const osg::Vec3f &, Mode...))
 
 public:
+    /// The parameters are those of the family.
     ksTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
                                 QUndoCommand *parent = nullptr, int index = -1)
         : ksTransformValueUndoCommand(node, value, modeFlag..., ksMergeOption(), parent, index)
     {}
 
+    /// The same, with what it is told about merging.
     ksTransformValueUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag, ksMergeOption merging,
                                 QUndoCommand *parent = nullptr, int index = -1);
 
+    /// Asks the application's getter.
     osg::Vec3f get(osg::NodePtr node) override;
 
     /// Writes the value, then calls the sync function.
-    void set(osg::NodePtr node, osg::Vec3f value) override;
+    void set(osg::NodePtr node, osg::Vec3f value) override
+    {
+        write(node, value);
+        syncAfter(node, value);
+    }
 
 protected:
+    /// Calls the application's setter, which ends the edit.
     void write(const osg::NodePtr &node, const osg::Vec3f &value) const;
+
+    /// Calls the sync function, if the index is one for which the class syncs.
     void syncAfter(const osg::NodePtr &node, const osg::Vec3f &value) const;
 };
 
@@ -61,6 +71,7 @@ class ksTransformCallbackUndoCommand : public ksTransformValueUndoCommand<Comman
     using Base = ksTransformValueUndoCommand<Command, Mode...>;
 
 public:
+    /// The parameters are those of the family.
     ksTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
                                    QUndoCommand *parent = nullptr, ksTransformCallback callback = {},
                                    int index = -1)
@@ -68,6 +79,7 @@ public:
                                          std::move(callback), index)
     {}
 
+    /// The same, with what it is told about merging.
     ksTransformCallbackUndoCommand(osg::NodePtr node, osg::Vec3f value, Mode... modeFlag,
                                    ksMergeOption merging, QUndoCommand *parent = nullptr,
                                    ksTransformCallback callback = {}, int index = -1)
@@ -184,6 +196,7 @@ public:
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, QUndoCommand *parent = nullptr, int index = -1);
 
+    /// The same, with what it is told about merging.
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, ksMergeOption merging,
                                         QUndoCommand *parent = nullptr, int index = -1);
@@ -203,5 +216,6 @@ class KSUNDO_EXPORT ksShearUndoCommand : public ksTransformValueUndoCommand<ksSh
     KS_UNDO_COMMAND(ksShearUndoCommand)
 
 public:
+    /// The parameters are those of the family, less the index.
     ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent = nullptr);
 };

@@ -35,13 +35,9 @@ void ksInvokedMethod::call() const
 
 void ksInvokedMethod::call(bool argument) const
 {
-    if (parameterType.empty()) {
-        invoke(QGenericArgument());
-        return;
-    }
     // An integer parameter reads more than a bool.
     alignas(std::max_align_t) const std::array<bool, sizeof(std::max_align_t)> room{argument};
-    invoke(QGenericArgument(parameterType.c_str(), room.data()));
+    invoke(parameterType.empty() ? QGenericArgument() : QGenericArgument(parameterType.c_str(), room.data()));
 }
 
 void ksInvokedMethod::invoke(QGenericArgument argument) const

@@ -14,17 +14,6 @@ void ksContainerContext::touch(unsigned int containerId, unsigned long long mask
     ksEndEdit(ksFindContainer<osg::FieldContainerPtr>(containerId), mask);
 }
 
-ksContainerContext::ksContainerContext(const osg::FieldContainerPtr &first,
-                                       const osg::FieldContainerPtr &second)
-    : firstId(first.getFieldContainerId())
-    , secondId(second.getFieldContainerId())
-{}
-
-bool ksContainerContext::isSameContext(const ksContainerContext &other) const
-{
-    return other.firstId == firstId && other.secondId == secondId;
-}
-
 void ksContainerContext::addContext(ksMessage &message, const char *firstKey, const char *secondKey) const
 {
     if (firstId != 0)

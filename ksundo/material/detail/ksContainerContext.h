@@ -20,9 +20,15 @@ public:
     void touch(unsigned int containerId, unsigned long long mask) const;
 
 protected:
-    ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second);
+    ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second)
+        : firstId(first.getFieldContainerId())
+        , secondId(second.getFieldContainerId())
+    {}
 
-    bool isSameContext(const ksContainerContext &other) const;
+    bool isSameContext(const ksContainerContext &other) const
+    {
+        return other.firstId == firstId && other.secondId == secondId;
+    }
 
     /// Adds the ids that are not 0 as unsigned int.
     void addContext(ksMessage &message, const char *firstKey, const char *secondKey) const;

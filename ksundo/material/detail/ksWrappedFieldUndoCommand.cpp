@@ -5,16 +5,6 @@
 
 namespace ksDetail {
 
-void ksWrappedFieldUndoCommand::undo()
-{
-    inner().undo();
-}
-
-void ksWrappedFieldUndoCommand::redo()
-{
-    inner().redo();
-}
-
 bool ksWrappedFieldUndoCommand::mergeWith(const QUndoCommand *other)
 {
     return absorb(other) &&
@@ -43,11 +33,5 @@ ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFiel
     , ksContainerContext(first, second)
     , command(command)
 {}
-
-ksFieldBaseUndoCommand &ksWrappedFieldUndoCommand::inner() const
-{
-    Q_ASSERT(command != nullptr);
-    return *command;
-}
 
 } // namespace ksDetail

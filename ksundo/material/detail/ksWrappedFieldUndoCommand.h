@@ -12,8 +12,8 @@ namespace ksDetail {
 class KSUNDO_EXPORT ksWrappedFieldUndoCommand : public ksUndoCommand, public ksContainerContext
 {
 public:
-    void undo() override;
-    void redo() override;
+    void undo() override { inner().undo(); }
+    void redo() override { inner().redo(); }
 
     /// Lets the inner command absorb the inner command of \a other.
     bool mergeWith(const QUndoCommand *other) override;
@@ -31,7 +31,11 @@ protected:
                               QUndoCommand *parent);
 
 private:
-    ksFieldBaseUndoCommand &inner() const;
+    ksFieldBaseUndoCommand &inner() const
+    {
+        Q_ASSERT(command != nullptr);
+        return *command;
+    }
 
     std::unique_ptr<ksFieldBaseUndoCommand> command;
 };
