@@ -19,11 +19,6 @@ protected:
 
 } // namespace
 
-TEST_F(NodeUtilsTest, GivesNoNameForANullNode)
-{
-    EXPECT_EQ(NodeUtils::getName(osg::NullFC), nullptr);
-}
-
 TEST_F(NodeUtilsTest, GivesNoNameForANodeWithoutACore)
 {
     EXPECT_EQ(NodeUtils::getName(node), nullptr);
@@ -62,23 +57,17 @@ TEST_F(NodeUtilsTest, TakesAnEmptyNameForAName)
     EXPECT_STREQ(NodeUtils::getName(node), "");
 }
 
-TEST_F(NodeUtilsTest, GivesTheBytesOfTheName)
+TEST_F(NodeUtilsTest, GivesTheNameAsBytesAndAsText)
 {
     node->setCore(osg::Group::create());
     osg::setName(node.get(), std::string("Gr\u00f6\u00dfe"));
     EXPECT_STREQ(NodeUtils::getName(node), "Gr\xc3\xb6\xc3\x9f"
                                            "e");
-}
-
-TEST_F(NodeUtilsTest, GivesTheNameAsText)
-{
-    node->setCore(osg::Group::create());
-    osg::setName(node.get(), std::string("Gr\u00f6\u00dfe"));
     EXPECT_EQ(NodeUtils::displayName(node), QStringLiteral("Gr\u00f6\u00dfe"));
 }
 
-TEST_F(NodeUtilsTest, GivesAnEmptyTextForNoName)
+TEST_F(NodeUtilsTest, GivesNothingForANullNode)
 {
-    EXPECT_EQ(NodeUtils::displayName(node), QString());
+    EXPECT_EQ(NodeUtils::getName(osg::NullFC), nullptr);
     EXPECT_EQ(NodeUtils::displayName(osg::NullFC), QString());
 }

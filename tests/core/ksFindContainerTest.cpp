@@ -59,9 +59,3 @@ TEST_F(ksFindContainerTest, FindsNoContainerThatHasGone)
     EXPECT_EQ(ksFindContainer<osg::FieldContainerPtr>(id), osg::NullFC);
     EXPECT_EQ(ksFindContainer<osg::TransformPtr>(id), osg::NullFC);
 }
-
-TEST_F(ksFindContainerTest, TakesNoReference)
-{
-    const osg::TransformPtr found = ksFindContainer<osg::TransformPtr>(id);
-    EXPECT_EQ(found.getRefCount(), 1);
-}

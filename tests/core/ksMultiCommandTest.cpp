@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/core/ksUndoStack.h>
 
 #include <gmock/gmock.h>
 
@@ -7,9 +8,6 @@
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksProbeCommand.h>
-#include <support/ksStackRecorder.h>
-#include <support/ksStackState.h>
-#include <support/ksVirtualSlot.h>
 #include <type_traits>
 
 using testing::ElementsAre;
@@ -161,55 +159,12 @@ TEST_F(ksMultiCommandRuns, DropsTheActionBeforeTheChildren)
     EXPECT_THAT(log, ElementsAre("delete action", "delete A", "delete B"));
 }
 
-TEST(ksMultiCommand, HasItsText)
-{
-    const ksMultiCommand bare(QStringLiteral("bare"));
-    const ksMultiCommand active(QStringLiteral("active"), [] {});
-    EXPECT_EQ(bare.text(), QStringLiteral("bare"));
-    EXPECT_EQ(active.text(), QStringLiteral("active"));
-}
-
-TEST(ksMultiCommand, HasAnIdOfItsOwn)
-{
-    EXPECT_EQ(ksMultiCommand(QString()).id(), ksMultiCommand::commandId());
-    EXPECT_EQ(ksMultiCommand::commandId(), ksUndoCommand::makeId(typeid(ksMultiCommand)));
-    EXPECT_NE(ksOtherMultiCommand(QString()).id(), ksMultiCommand::commandId());
-    EXPECT_GT(ksMultiCommand::commandId(), 0);
-}
-
-TEST(ksMultiCommand, KeepsItsVirtualFunctionsInOrder)
-{
-    EXPECT_EQ(ksVirtualSlot(&ksMultiCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksMultiCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksMultiCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksMultiCommand::mergeWith), 5u);
-    EXPECT_EQ(ksVirtualSlot(&ksMultiCommand::makeMessage), 6u);
-}
-
 TEST_F(ksMultiCommandMerging, MergesEachPairAndSlidesEachWindow)
 {
     addBothPairs();
     EXPECT_TRUE(older.mergeWith(&newer));
     EXPECT_EQ(ksCommandTime::of(*olderFirst), 0.125);
     EXPECT_EQ(ksCommandTime::of(*olderSecond), 0.5);
-}
-
-TEST_F(ksMultiCommandMerging, HappensWithoutChildren)
-{
-    EXPECT_TRUE(older.mergeWith(&newer));
-}
-
-TEST_F(ksMultiCommandMerging, IsRefusedForAnotherClass)
-{
-    addFirstPair();
-    ksOtherMultiCommand other{QString()};
-    add(other, 0.125);
-    EXPECT_FALSE(older.mergeWith(&other));
-    EXPECT_FALSE(other.mergeWith(&older));
-    EXPECT_EQ(ksCommandTime::of(*olderFirst), 0.0);
-
-    ksOtherMultiCommand childless{QString()};
-    EXPECT_FALSE(ksMultiCommand(QString()).mergeWith(&childless));
 }
 
 TEST_F(ksMultiCommandMerging, IsRefusedWhenTheNewcomerHasMoreChildren)
@@ -226,23 +181,10 @@ TEST_F(ksMultiCommandMerging, IsRefusedWhenTheNewcomerHasFewerChildren)
     expectNothingMerged();
 }
 
-TEST_F(ksMultiCommandMerging, IsRefusedWhenOnlyTheNewcomerHasChildren)
-{
-    add(newer, 0.0);
-    EXPECT_FALSE(older.mergeWith(&newer));
-}
-
 TEST_F(ksMultiCommandMerging, MergesNoChildWhenTheSecondPairCannot)
 {
     addBothPairs();
     newerSecond->setMergeEnabled(false);
-    expectNothingMerged();
-}
-
-TEST_F(ksMultiCommandMerging, IsRefusedWhenOnePairIsOutOfItsWindow)
-{
-    addBothPairs();
-    ksCommandTime::of(*newerSecond) = 0.75;
     expectNothingMerged();
 }
 
@@ -255,28 +197,32 @@ TEST_F(ksMultiCommandMerging, PairsChildrenByPosition)
     expectNothingMerged();
 }
 
-TEST_F(ksMultiCommandMerging, IsRefusedWhenAnOlderChildIsNotOfTheLibrary)
+TEST_F(ksMultiCommandMerging, NeedsNoChildrenButTheSameClass)
 {
-    addFirstPair();
-    new QUndoCommand(&older);
-    add(newer, 0.125);
-    expectNothingMerged();
+    EXPECT_TRUE(older.mergeWith(&newer));
+    const ksOtherMultiCommand other{QString()};
+    EXPECT_FALSE(older.mergeWith(&other));
 }
 
-TEST_F(ksMultiCommandMerging, IsRefusedWhenANewerChildIsNotOfTheLibrary)
+TEST_F(ksMultiCommandMerging, IsRefusedForChildrenThatAreNotOfTheLibrary)
 {
-    addFirstPair();
-    add(older, 0.0);
-    new QUndoCommand(&newer);
-    expectNothingMerged();
-}
-
-TEST_F(ksMultiCommandMerging, IsRefusedWhenBothChildrenAreNotOfTheLibrary)
-{
-    addFirstPair();
-    new QUndoCommand(&older);
-    new QUndoCommand(&newer);
-    expectNothingMerged();
+    const auto addSecond = [this](ksMultiCommand &command, bool isForeign) {
+        if (isForeign)
+            new QUndoCommand(&command);
+        else
+            add(command, 0.0);
+    };
+    for (const auto &[olderIsForeign, newerIsForeign] :
+         {std::pair(true, false), {false, true}, {true, true}}) {
+        ksMultiCommand first{QString()};
+        ksMultiCommand second{QString()};
+        auto *child = add(first, 0.0);
+        add(second, 0.125);
+        addSecond(first, olderIsForeign);
+        addSecond(second, newerIsForeign);
+        EXPECT_FALSE(first.mergeWith(&second));
+        EXPECT_EQ(ksCommandTime::of(*child), 0.0);
+    }
 }
 
 TEST_F(ksMultiCommandMerging, DoesNotAskWhetherAChildDidMerge)
@@ -306,36 +252,6 @@ TEST(ksMultiCommandInAStack, MergesBatchesIntoOneStep)
     EXPECT_THAT(std::make_pair(x, y), testing::Pair(4, 40));
 }
 
-TEST(ksMultiCommandInAStack, MergesBatchesWithinTheDefaultWindowOfTheirChildren)
-{
-    ksProbeLog log;
-    ksUndoStack stack;
-    for (const double time : {0.0, 0.1, 0.2, 0.625}) {
-        auto *batch = new ksMultiCommand(QStringLiteral("batch"));
-        ksCommandTime::of(*new ksProbeCommand<1>(QString(), log, batch)) = time;
-        ksCommandTime::of(*new ksProbeCommand<2>(QString(), log, batch)) = time;
-        stack.add(batch);
-    }
-    EXPECT_EQ(ksStateOf(stack), ksHolding({"batch", "batch"}, 2)) << "only the last is too late";
-}
-
-TEST(ksMultiCommandInAStack, StaysBesideABatchThatCannotMerge)
-{
-    int x = 0;
-    ksUndoStack stack;
-    for (int i = 0; i < 2; ++i) {
-        auto *batch = new ksMultiCommand(QString());
-        new ksSetNumberCommand(QString(), x, i + 1, batch);
-        (new ksSetNumberCommand(QString(), x, i + 10, batch))->setMergeEnabled(false);
-        stack.add(batch);
-    }
-    EXPECT_EQ(stack.count(), 2);
-    stack.undo();
-    EXPECT_EQ(x, 10);
-    stack.undo();
-    EXPECT_EQ(x, 0);
-}
-
 TEST(ksMultiCommandInAStack, RunsOnlyTheActionOfTheSurvivor)
 {
     std::string actions;
@@ -346,15 +262,6 @@ TEST(ksMultiCommandInAStack, RunsOnlyTheActionOfTheSurvivor)
     stack.undo();
     stack.redo();
     EXPECT_EQ(actions, "abaa");
-}
-
-TEST(ksMultiCommandMessage, IsThatOfTheFirstChild)
-{
-    ksProbeLog log;
-    ksMultiCommand command{QString()};
-    new ksProbeCommand<1>(QString(), log, &command);
-    new ksProbeCommand<2>(QString(), log, &command);
-    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(ksProbeCommand<1>::commandId()));
 }
 
 TEST(ksMultiCommandMessage, HasTheKeysThatTheFirstChildAdds)
@@ -376,26 +283,4 @@ TEST(ksMultiCommandMessage, IsEmptyWhenTheFirstChildIsNotOfTheLibrary)
     new QUndoCommand(&command);
     new ksProbeCommand<>(QString(), log, &command);
     EXPECT_EQ(ksMessageOf(command), "");
-}
-
-TEST(ksMultiCommandMessage, ReachesTheApplicationThroughTheStack)
-{
-    ksProbeLog log;
-    ksUndoStack stack;
-    ksStackRecorder recorder(stack);
-
-    auto *batch = new ksMultiCommand(QStringLiteral("batch"));
-    new ksProbeCommand<1>(QString(), log, batch);
-    stack.add(batch);
-    EXPECT_EQ(recorder.take(),
-              ksStep::added("batch", 0, "id=int:" + std::to_string(ksProbeCommand<1>::commandId())));
-
-    auto *foreign = new ksMultiCommand(QStringLiteral("foreign"));
-    new QUndoCommand(foreign);
-    stack.add(foreign);
-    EXPECT_EQ(recorder.take(), ksStep::added("foreign", 1));
-
-    auto *childless = new ksMultiCommand(QStringLiteral("childless"));
-    stack.add(childless);
-    EXPECT_EQ(recorder.take(), ksStep::added("childless", 2));
 }

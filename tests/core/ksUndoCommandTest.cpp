@@ -6,12 +6,9 @@
 
 #include <cmath>
 #include <limits>
-#include <memory>
-#include <set>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksProbeCommand.h>
-#include <support/ksVirtualSlot.h>
 #include <sys/time.h>
 
 using testing::ElementsAre;
@@ -46,31 +43,6 @@ protected:
 
 } // namespace
 
-TEST(ksUndoCommand, HandsTextAndParentToQt)
-{
-    QUndoCommand parent;
-    const auto *child = new ksUndoCommand(QStringLiteral("child"), &parent);
-    EXPECT_EQ(parent.childCount(), 1);
-    EXPECT_EQ(parent.child(0), child);
-    EXPECT_EQ(child->text(), QStringLiteral("child"));
-}
-
-TEST(ksUndoCommand, IsOwnedByItsParent)
-{
-    ksProbeLog log;
-    auto parent = std::make_unique<ksUndoCommand>(QString());
-    new ksProbeCommand<>(QStringLiteral("child"), log, parent.get());
-    parent.reset();
-    EXPECT_THAT(log, ElementsAre("delete child"));
-}
-
-TEST(ksUndoCommand, MayBeDestroyedBeforeItRuns)
-{
-    ksProbeLog log;
-    std::make_unique<ksProbeCommand<>>(QStringLiteral("A"), log).reset();
-    EXPECT_THAT(log, ElementsAre("delete A"));
-}
-
 TEST(ksUndoCommand, RunsItsChildrenUnlessOverridden)
 {
     ksProbeLog log;
@@ -89,16 +61,6 @@ TEST(ksUndoCommand, TakesItsCreationTimeFromTheWallClockInSeconds)
     const double after = now();
     EXPECT_GE(ksCommandTime::of(command), before);
     EXPECT_LE(ksCommandTime::of(command), after);
-}
-
-TEST(ksUndoCommand, KeepsItsVirtualFunctionsInOrder)
-{
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::mergeWith), 5u);
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::makeMessage), 6u);
-    EXPECT_EQ(ksVirtualSlot(&ksUndoCommand::canMergeWith), 7u);
 }
 
 TEST(ksUndoCommand, HasNoClassIdWhenBare)
@@ -133,31 +95,6 @@ TEST(ksUndoCommand, TellsOnlyItsIdAsAnInt)
               "id=int:" + std::to_string(ksProbeCommand<>::commandId()));
 }
 
-TEST(ksUndoCommand, ReplacesAnIdAlreadyInTheMessage)
-{
-    ksMessage message;
-    message.set("id", std::string("stale"), true);
-    ksUndoCommand(QString()).makeMessage(message);
-    EXPECT_EQ(ksDescribe(message), "id=int:-1");
-}
-
-TEST(ksUndoCommand, GivesEveryClassAnIdOfItsOwn)
-{
-    const std::set<int> ids{ksProbeCommand<0>::commandId(), ksProbeCommand<1>::commandId(),
-                            ksSetNumberCommand::commandId()};
-    EXPECT_EQ(ids.size(), 3u);
-    EXPECT_GT(*ids.begin(), 0);
-}
-
-TEST(ksUndoCommand, GivesAClassTheSameIdEveryTime)
-{
-    ksProbeLog log;
-    const int id = ksProbeCommand<>::commandId();
-    EXPECT_EQ(ksProbeCommand<>::commandId(), id);
-    EXPECT_EQ(ksProbeCommand<>(QString(), log).id(), id);
-    EXPECT_EQ(ksUndoCommand::makeId(typeid(ksProbeCommand<>)), id);
-}
-
 TEST(ksUndoCommand, NumbersClassesInTheOrderInWhichTheyAsk)
 {
     const int first = ksUndoCommand::makeId(typeid(ksProbeCommand<100>));
@@ -180,32 +117,12 @@ TEST_F(ksUndoCommandMerging, LeavesTheTimeWhenRefused)
     EXPECT_EQ(ksCommandTime::of(older), 0.0);
 }
 
-TEST_F(ksUndoCommandMerging, HappensAfter390Milliseconds)
+TEST_F(ksUndoCommandMerging, HappensUntilTheEndOfTheWindow)
 {
-    setTimes(0.0, 0.39);
-    EXPECT_TRUE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, HappensJustBeforeTheEndOfTheWindow)
-{
-    setTimes(0.0, std::nextafter(0.4, 0.0));
-    EXPECT_TRUE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, IsRefusedExactlyAtTheEndOfTheWindow)
-{
-    setTimes(0.0, 0.4);
-    EXPECT_FALSE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, IsRefusedAfterTheWindow)
-{
-    setTimes(0.0, 0.41);
-    EXPECT_FALSE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, MeasuresTheWindowAtTimesOfThePresent)
-{
+    for (const double distance : {0.39, std::nextafter(0.4, 0.0), 0.4, 0.41}) {
+        setTimes(0.0, distance);
+        EXPECT_EQ(older.canMergeWith(&newer), distance < 0.4) << distance;
+    }
     const double present = 1.7e9;
     setTimes(present, present + 0.39);
     EXPECT_TRUE(older.canMergeWith(&newer));
@@ -231,27 +148,13 @@ TEST_F(ksUndoCommandMerging, IgnoresTheWindowOfTheOlderOne)
     EXPECT_FALSE(older.canMergeWith(&newer));
 }
 
-TEST_F(ksUndoCommandMerging, HasNoLimitInTimeWithANegativeWindow)
+TEST_F(ksUndoCommandMerging, HasNoLimitInTimeWithoutAWindow)
 {
     setTimes(0.0, 1e9);
-    for (const double window : {-1.0, -1e-300, -forever}) {
+    for (const double window : {-1.0, -1e-300, -forever, forever, std::nan("")}) {
         newer.setMergeResponseDelta(window);
         EXPECT_TRUE(older.canMergeWith(&newer)) << window;
     }
-}
-
-TEST_F(ksUndoCommandMerging, HasNoLimitInTimeWithAWindowThatIsNotANumber)
-{
-    setTimes(0.0, 1e9);
-    newer.setMergeResponseDelta(std::nan(""));
-    EXPECT_TRUE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, HasNoLimitInTimeWithAnInfiniteWindow)
-{
-    setTimes(0.0, 1e9);
-    newer.setMergeResponseDelta(forever);
-    EXPECT_TRUE(older.canMergeWith(&newer));
 }
 
 TEST_F(ksUndoCommandMerging, IsRefusedAtTheSameTimeWithAWindowOfZero)
@@ -289,20 +192,4 @@ TEST_F(ksUndoCommandMerging, IsRefusedWhenSwitchedOffOnTheNewcomer)
     EXPECT_FALSE(older.canMergeWith(&newer));
     newer.setMergeEnabled(true);
     EXPECT_TRUE(older.canMergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, IgnoresTheSwitchOfTheOlderOne)
-{
-    older.setMergeEnabled(false);
-    EXPECT_TRUE(older.canMergeWith(&newer));
-    EXPECT_TRUE(older.mergeWith(&newer));
-}
-
-TEST_F(ksUndoCommandMerging, IsRefusedForAnotherClass)
-{
-    ksProbeCommand<1> other(QString(), log);
-    ksCommandTime::of(other) = ksCommandTime::of(newer);
-    EXPECT_FALSE(older.canMergeWith(&other));
-    other.setMergeResponseDelta(-1.0);
-    EXPECT_FALSE(older.canMergeWith(&other));
 }

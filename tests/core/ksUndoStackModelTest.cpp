@@ -50,9 +50,9 @@ struct Model
         return state;
     }
 
-    static std::string keys(const Step &step)
+    static ksKeys keys(const Step &step)
     {
-        return step.isNumber ? "id=int:" + std::to_string(ksSetNumberCommand::commandId()) : std::string();
+        return step.isNumber ? ksKeys{"id=int:" + std::to_string(ksSetNumberCommand::commandId())} : ksKeys();
     }
 
     void dropUndone()

@@ -43,27 +43,6 @@ private:
     std::function<void()> onUndo;
 };
 
-/// Can be told to fail.
-class ksFailingCommand : public QUndoCommand
-{
-public:
-    explicit ksFailingCommand(bool &fails)
-        : fails(fails)
-    {}
-
-    void redo() override { run(); }
-    void undo() override { run(); }
-
-private:
-    void run()
-    {
-        if (fails)
-            throw std::runtime_error("refused");
-    }
-
-    bool &fails;
-};
-
 class ksUndoStackTest : public testing::Test
 {
 protected:
@@ -84,7 +63,7 @@ protected:
 
     ksStackState state() const { return ksStateOf(stack); }
 
-    const std::string numberKeys = "id=int:" + std::to_string(ksSetNumberCommand::commandId());
+    const ksKeys numberKeys{"id=int:" + std::to_string(ksSetNumberCommand::commandId())};
     ksProbeLog log;
     int number = 0;
     ksUndoStack stack;
@@ -144,20 +123,6 @@ TEST_F(ksUndoStackTest, ReportsAdditionUndoAndRedo)
     EXPECT_EQ(number, 5);
 }
 
-TEST_F(ksUndoStackTest, NamesTheCommandConcernedByItsPosition)
-{
-    addAll("AB");
-    add("C");
-    EXPECT_EQ(recorder.take(), ksStep::added("C", 2));
-    stack.undo();
-    stack.undo();
-    EXPECT_EQ(recorder.take(), ksStep::undone("C", 2) + ksStep::undone("B", 1));
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 1));
-    stack.redo();
-    EXPECT_EQ(recorder.take(), ksStep::redone("B", 1));
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 2));
-}
-
 TEST_F(ksUndoStackTest, SignalsTheCommandItself)
 {
     qRegisterMetaType<const QUndoCommand *>("const QUndoCommand*");
@@ -182,21 +147,6 @@ TEST_F(ksUndoStackTest, SignalsTheCommandItself)
     EXPECT_EQ(redone[1][1], QVariant(false));
 }
 
-TEST_F(ksUndoStackTest, UndoesAndRedoesNothingAtTheEnds)
-{
-    stack.undo();
-    stack.redo();
-    EXPECT_EQ(state(), ksHolding({}, 0, true));
-    addAll("A");
-    stack.redo();
-    EXPECT_EQ(state(), ksHolding({"A"}, 1));
-    stack.undo();
-    recorder.take();
-    stack.undo();
-    EXPECT_EQ(state(), ksHolding({"A"}, 0, true));
-    EXPECT_THAT(recorder.take(), IsEmpty());
-}
-
 TEST_F(ksUndoStackTest, DeletesUndoneCommandsOnAddition)
 {
     stack.add(new ksProbeCommand<0>(QStringLiteral("A"), log));
@@ -209,7 +159,7 @@ TEST_F(ksUndoStackTest, DeletesUndoneCommandsOnAddition)
     EXPECT_THAT(log, ElementsAre("redo C", "delete B", "delete A"));
     EXPECT_EQ(state(), ksHolding({"C"}, 1));
     EXPECT_EQ(recorder.take(),
-              ksStep::added("C", 0, "id=int:" + std::to_string(ksProbeCommand<2>::commandId())));
+              ksStep::added("C", 0, {"id=int:" + std::to_string(ksProbeCommand<2>::commandId())}));
 }
 
 TEST_F(ksUndoStackTest, DeletesItsCommandsAtItsEnd)
@@ -239,17 +189,6 @@ TEST_F(ksUndoStackTest, ReportsAMergeAsAnAdditionOfTheTopCommand)
     EXPECT_EQ(number, 0);
 }
 
-TEST_F(ksUndoStackTest, ReportsAMergeAfterAnUndoAsAnAddition)
-{
-    addNumber("A", 5);
-    add("B");
-    stack.undo();
-    recorder.take();
-    addNumber("C", 6);
-    EXPECT_EQ(recorder.take(), ksStep::added("A", 0, numberKeys));
-    EXPECT_EQ(state(), ksHolding({"A"}, 1));
-}
-
 TEST_F(ksUndoStackTest, DeletesTheAbsorbedCommand)
 {
     for (const char *text : {"A", "B"}) {
@@ -260,26 +199,10 @@ TEST_F(ksUndoStackTest, DeletesTheAbsorbedCommand)
     EXPECT_THAT(log, ElementsAre("redo A", "redo B", "delete B"));
 }
 
-TEST_F(ksUndoStackTest, DoesNotMergeIntoTheCommandBeforeTheLast)
-{
-    addNumber("A", 5);
-    add("B");
-    addNumber("C", 6);
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 3));
-}
-
 TEST_F(ksUndoStackTest, CarriesTextsInUtf8)
 {
     add("Gr\u00f6\u00dfe \u6f22\u5b57 \U0001f600");
     EXPECT_EQ(recorder.take(), ksStep::added("Gr\u00f6\u00dfe \u6f22\u5b57 \U0001f600", 0));
-}
-
-TEST_F(ksUndoStackTest, CarriesLongAndEmptyTexts)
-{
-    const std::string longText(10000, 'x');
-    add(longText.c_str());
-    add("");
-    EXPECT_EQ(recorder.take(), ksStep::added(longText, 0) + ksStep::added("", 1));
 }
 
 TEST_F(ksUndoStackTest, TellsTheTextOfTheHistoryNotThatOfTheMenu)
@@ -339,7 +262,7 @@ TEST_F(ksUndoStackTest, SendsAMessageOnRequest)
     stack.sendMessage("application", 1, false);
     stack.sendMessage("application", 0, true);
     EXPECT_THAT(recorder.take(), ElementsAre(ksStep::message("application", false, numberKeys, 1, "B"),
-                                             ksStep::message("application", true, "", 0, "A")));
+                                             ksStep::message("application", true, {}, 0, "A")));
 }
 
 TEST_F(ksUndoStackTest, SendsNoMessageAboutNoCommand)
@@ -363,24 +286,6 @@ TEST_F(ksUndoStackTest, BuildsAFreshMessageEveryTime)
     EXPECT_THAT(sizes, ElementsAre(3u, 3u));
 }
 
-TEST_F(ksUndoStackTest, ReportsAMacroOnceWhenItEnds)
-{
-    stack.beginMacro(QStringLiteral("M"));
-    add("A");
-    addNumber("B", 5);
-    EXPECT_EQ(number, 5);
-    EXPECT_THAT(recorder.take(), IsEmpty());
-    stack.endMacro();
-    EXPECT_EQ(recorder.take(), ksStep::added("M", 0));
-    EXPECT_EQ(state(), ksHolding({"M"}, 1));
-
-    stack.undo();
-    EXPECT_EQ(number, 0);
-    stack.redo();
-    EXPECT_EQ(number, 5);
-    EXPECT_EQ(recorder.take(), ksStep::undone("M", 0) + ksStep::redone("M", 0));
-}
-
 TEST_F(ksUndoStackTest, ReportsNestedMacrosOnceWhenTheOutermostEnds)
 {
     addAll("A");
@@ -395,27 +300,6 @@ TEST_F(ksUndoStackTest, ReportsNestedMacrosOnceWhenTheOutermostEnds)
     EXPECT_EQ(state(), ksHolding({"A", "outer"}, 2));
     stack.undo();
     EXPECT_EQ(number, 0);
-}
-
-TEST_F(ksUndoStackTest, KeepsAnEmptyMacro)
-{
-    stack.beginMacro(QStringLiteral("M"));
-    stack.endMacro();
-    EXPECT_EQ(recorder.take(), ksStep::added("M", 0));
-    EXPECT_EQ(state(), ksHolding({"M"}, 1));
-    stack.undo();
-    EXPECT_EQ(recorder.take(), ksStep::undone("M", 0));
-}
-
-TEST_F(ksUndoStackTest, AnnouncesNothingWhenAMacroBegins)
-{
-    addAll("AB");
-    stack.undo();
-    recorder.take();
-    stack.beginMacro(QStringLiteral("M"));
-    EXPECT_THAT(recorder.take(), IsEmpty());
-    stack.endMacro();
-    EXPECT_EQ(state(), ksHolding({"A", "M"}, 2));
 }
 
 TEST_F(ksUndoStackTest, StandsStillWhileAMacroIsOpen)
@@ -454,15 +338,6 @@ TEST_F(ksUndoStackTest, MergesWithinAMacro)
     EXPECT_EQ(stack.currentCommand()->childCount(), 1);
 }
 
-TEST_F(ksUndoStackTest, DoesNotMergeIntoAMacro)
-{
-    stack.beginMacro(QStringLiteral("M"));
-    addNumber("A", 5);
-    stack.endMacro();
-    addNumber("B", 6);
-    EXPECT_EQ(state(), ksHolding({"M", "B"}, 2));
-}
-
 TEST_F(ksUndoStackTest, WarnsOfAMacroEndWithoutABeginning)
 {
     addAll("A");
@@ -492,18 +367,6 @@ TEST_F(ksUndoStackTest, ResetsToTheMarkInOneReport)
     EXPECT_EQ(recorder.take(), ksStep::undone("C", 2));
 }
 
-TEST_F(ksUndoStackTest, ResetsForwardToTheMarkInOneReport)
-{
-    addAll("ABCDE");
-    stack.mark();
-    for (int i = 0; i < 3; ++i)
-        stack.undo();
-    recorder.take();
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C", "D", "E"}, 5));
-    EXPECT_EQ(recorder.take(), ksStep::redone("E", 4));
-}
-
 TEST_F(ksUndoStackTest, RunsEveryCommandOnTheWayToTheMark)
 {
     stack.mark();
@@ -514,75 +377,12 @@ TEST_F(ksUndoStackTest, RunsEveryCommandOnTheWayToTheMark)
     EXPECT_THAT(log, ElementsAre("undo B", "undo A"));
 }
 
-TEST_F(ksUndoStackTest, ReportsNothingWhenAtTheMarkAlready)
-{
-    addAll("A");
-    stack.mark();
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A"}, 1));
-    EXPECT_THAT(recorder.take(), IsEmpty());
-}
-
-TEST_F(ksUndoStackTest, ResetsToTheBeginningWithoutAMark)
-{
-    addAll("AB");
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A", "B"}, 0, true));
-    EXPECT_EQ(recorder.take(), ksStep::undone("A", 0));
-}
-
-TEST_F(ksUndoStackTest, KeepsTheMarkThroughUndoAndRedo)
-{
-    addAll("ABC");
-    stack.undo();
-    stack.mark();
-    stack.undo();
-    stack.redo();
-    stack.redo();
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 2));
-    stack.redo();
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 2));
-}
-
-TEST_F(ksUndoStackTest, ResetsAsFarAsItGetsWhenTheMarkedCommandsAreGone)
-{
-    addAll("ABC");
-    stack.mark();
-    stack.undo();
-    stack.undo();
-    addAll("D");
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"A", "D"}, 2));
-    EXPECT_THAT(recorder.take(), IsEmpty());
-    stack.undo();
-    recorder.take();
-    stack.reset();
-    EXPECT_EQ(recorder.take(), ksStep::redone("D", 1));
-}
-
 TEST_F(ksUndoStackTest, AnnouncesANullCommandWhenCleared)
 {
     addAll("AB");
     stack.clear();
     EXPECT_EQ(state(), ksHolding({}, 0, true));
     EXPECT_THAT(recorder.take(), ElementsAre("undoPerformed(null)", "cleared()"));
-}
-
-TEST_F(ksUndoStackTest, AnnouncesANullRedoWhenClearedWithEverythingUndone)
-{
-    addAll("A");
-    stack.undo();
-    recorder.take();
-    stack.clear();
-    EXPECT_THAT(recorder.take(), ElementsAre("redoPerformed(null, false)", "cleared()"));
-}
-
-TEST_F(ksUndoStackTest, SaysThatItIsClearedAlsoWhenEmpty)
-{
-    stack.clear();
-    EXPECT_THAT(recorder.take(), ElementsAre("cleared()"));
 }
 
 TEST_F(ksUndoStackTest, DeletesCommandsWithoutUndoingThemWhenCleared)
@@ -604,26 +404,6 @@ TEST_F(ksUndoStackTest, IsEmptyWhenItSaysThatItIsCleared)
     EXPECT_EQ(seen, ksHolding({}, 0, true));
 }
 
-TEST_F(ksUndoStackTest, ForgetsTheMarkWhenCleared)
-{
-    addAll("AB");
-    stack.mark();
-    stack.clear();
-    addAll("CDE");
-    stack.reset();
-    EXPECT_EQ(stack.index(), 0);
-}
-
-TEST_F(ksUndoStackTest, CountsFromTheBeginningAfterAClear)
-{
-    addAll("ABC");
-    stack.clear();
-    recorder.take();
-    add("D");
-    stack.undo();
-    EXPECT_EQ(recorder.take(), ksStep::added("D", 0) + ksStep::undone("D", 0));
-}
-
 TEST_F(ksUndoStackTest, ForgetsAnOpenMacroWhenCleared)
 {
     stack.beginMacro(QStringLiteral("M"));
@@ -637,16 +417,6 @@ TEST_F(ksUndoStackTest, ForgetsAnOpenMacroWhenCleared)
     EXPECT_EQ(warnings.take().size(), 1u);
     add("B");
     EXPECT_EQ(recorder.take(), ksStep::added("B", 0));
-}
-
-TEST_F(ksUndoStackTest, CallsAnUndoneCommandUndoneAgainAfterAClearInAMacro)
-{
-    stack.beginMacro(QStringLiteral("M"));
-    stack.clear();
-    addAll("A");
-    stack.undo();
-    stack.redo();
-    EXPECT_EQ(recorder.take(), ksStep::undone("A", 0) + ksStep::redone("A", 0));
 }
 
 TEST_F(ksUndoStackTest, LosesTheOldestCommandsAtTheUndoLimit)
@@ -666,17 +436,6 @@ TEST_F(ksUndoStackTest, LosesTheOldestCommandsAtTheUndoLimit)
     EXPECT_EQ(state(), ksHolding({"B", "C"}, 0));
 }
 
-TEST_F(ksUndoStackTest, ResetsToAPositionAlsoWhenCommandsHaveFallenOff)
-{
-    stack.setUndoLimit(3);
-    addAll("ABC");
-    stack.undo();
-    stack.mark();
-    addAll("DE");
-    stack.reset();
-    EXPECT_EQ(state(), ksHolding({"B", "D", "E"}, 2));
-}
-
 TEST_F(ksUndoStackTest, TakesAnUndoLimitOnlyWhileEmpty)
 {
     addAll("ABC");
@@ -685,35 +444,6 @@ TEST_F(ksUndoStackTest, TakesAnUndoLimitOnlyWhileEmpty)
     EXPECT_EQ(warnings.take().size(), 1u);
     EXPECT_EQ(stack.undoLimit(), 0);
     EXPECT_EQ(state(), ksHolding({"A", "B", "C"}, 3));
-}
-
-TEST_F(ksUndoStackTest, KnowsTheStateDeclaredClean)
-{
-    addAll("A");
-    EXPECT_FALSE(stack.isClean());
-    stack.setClean();
-    EXPECT_EQ(state(), ksHolding({"A"}, 1, true));
-    addAll("B");
-    EXPECT_FALSE(stack.isClean());
-    stack.undo();
-    EXPECT_TRUE(stack.isClean());
-    stack.undo();
-    EXPECT_FALSE(stack.isClean());
-    addAll("C");
-    EXPECT_FALSE(stack.isClean());
-}
-
-TEST_F(ksUndoStackTest, DoesNotMergeIntoTheCommandThatLedToTheCleanState)
-{
-    addNumber("A", 5);
-    stack.setClean();
-    addNumber("B", 6);
-    EXPECT_EQ(state(), ksHolding({"A", "B"}, 2));
-    addNumber("C", 7);
-    EXPECT_EQ(state(), ksHolding({"A", "B"}, 2));
-    stack.undo();
-    EXPECT_TRUE(stack.isClean());
-    EXPECT_EQ(number, 5);
 }
 
 TEST_F(ksUndoStackTest, IsBusyWhileItRunsACommand)
@@ -806,7 +536,7 @@ TEST_F(ksUndoStackTest, ReportsWhatAReceiverAddsAsWell)
     });
     add("A");
     EXPECT_EQ(recorder.take(), (ksEvents{"redoPerformed(A, true)"} + ksStep::added("B", 1) +
-                                ksEvents{ksStep::message("ksURManager::redo", true, "", 0, "A")}));
+                                ksEvents{ksStep::message("ksURManager::redo", true, {}, 0, "A")}));
     EXPECT_EQ(state(), ksHolding({"A", "B"}, 2));
     stack.undo();
     EXPECT_EQ(recorder.take(), ksStep::undone("B", 1));
@@ -821,7 +551,7 @@ TEST_F(ksUndoStackTest, ReportsWhatAReceiverUndoesAsWell)
     });
     add("A");
     EXPECT_EQ(recorder.take(), (ksEvents{"redoPerformed(A, true)"} + ksStep::undone("A", 0) +
-                                ksEvents{ksStep::message("ksURManager::redo", true, "", 0, "A")}));
+                                ksEvents{ksStep::message("ksURManager::redo", true, {}, 0, "A")}));
     EXPECT_EQ(state(), ksHolding({"A"}, 0, true));
     stack.redo();
     EXPECT_EQ(recorder.take(), ksStep::redone("A", 0));
@@ -832,8 +562,7 @@ TEST_F(ksUndoStackTest, IsAsBeforeWhenTheRedoOfANewCommandHasThrown)
     addAll("A");
     stack.undo();
     recorder.take();
-    bool fails = true;
-    const auto refused = std::make_unique<ksFailingCommand>(fails);
+    const auto refused = std::make_unique<ksHookCommand>([] { throw std::runtime_error("refused"); });
     EXPECT_THROW(stack.add(refused.get()), std::runtime_error);
     EXPECT_EQ(state(), ksHolding({"A"}, 0, true));
     EXPECT_THAT(recorder.take(), IsEmpty());
@@ -863,12 +592,16 @@ TEST_F(ksUndoStackTest, IsBusyOnlyForItsOwnCommands)
 TEST_F(ksUndoStackTest, IsNotBusyAfterACommandHasThrown)
 {
     bool fails = true;
-    const auto refused = std::make_unique<ksFailingCommand>(fails);
+    const auto run = [&fails] {
+        if (fails)
+            throw std::runtime_error("refused");
+    };
+    const auto refused = std::make_unique<ksHookCommand>(run);
     EXPECT_THROW(stack.add(refused.get()), std::runtime_error);
     EXPECT_EQ(state(), ksHolding({}, 0, true));
 
     fails = false;
-    stack.add(new ksFailingCommand(fails));
+    stack.add(new ksHookCommand(run));
     fails = true;
     EXPECT_THROW(stack.undo(), std::runtime_error);
     EXPECT_EQ(stack.getBusyDepth(), 0);
@@ -896,16 +629,6 @@ TEST_F(ksUndoStackTest, ShowsACommandTheStateBeforeItsStep)
     EXPECT_THAT(seen, ElementsAre(adding, undoing, redoing));
 }
 
-TEST_F(ksUndoStackTest, ShowsAReceiverTheStateAfterTheStep)
-{
-    std::vector<int> seen;
-    QObject::connect(&stack, &ksUndoStack::redoPerformed, &receiver, [&] { seen.push_back(stack.index()); });
-    QObject::connect(&stack, &ksUndoStack::undoPerformed, &receiver, [&] { seen.push_back(stack.index()); });
-    addAll("AB");
-    stack.undo();
-    EXPECT_THAT(seen, ElementsAre(1, 2, 1));
-}
-
 TEST_F(ksUndoStackTest, UndoesAndRedoesByActions)
 {
     QObject parent;
@@ -921,17 +644,6 @@ TEST_F(ksUndoStackTest, UndoesAndRedoesByActions)
     redo->trigger();
     EXPECT_EQ(state(), ksHolding({"A"}, 1));
     EXPECT_EQ(recorder.take(), ksStep::redone("A", 0));
-}
-
-TEST_F(ksUndoStackTest, UndoesOneStepPerTriggeredAction)
-{
-    QObject parent;
-    addAll("ABC");
-    stack.createUndoAction(&parent)->trigger();
-    EXPECT_EQ(stack.index(), 2);
-    stack.undo();
-    stack.createRedoAction(&parent)->trigger();
-    EXPECT_EQ(stack.index(), 2);
 }
 
 TEST_F(ksUndoStackTest, EnablesActionsWhileThereIsSomethingToDo)
@@ -967,13 +679,6 @@ TEST_F(ksUndoStackTest, NamesTheStepInItsActions)
     stack.undo();
     EXPECT_EQ(undo->text(), QStringLiteral("Undo A"));
     EXPECT_EQ(redo->text(), QStringLiteral("Redo B"));
-}
-
-TEST_F(ksUndoStackTest, PutsAPrefixBeforeTheStepInItsActions)
-{
-    QObject parent;
-    addAll("AB");
-    stack.undo();
     EXPECT_EQ(stack.createUndoAction(&parent, QStringLiteral("Back"))->text(), QStringLiteral("Back A"));
     EXPECT_EQ(stack.createRedoAction(&parent, QStringLiteral("Forth"))->text(), QStringLiteral("Forth B"));
 }
@@ -997,21 +702,13 @@ TEST(ksUndoStack, HasTwoInstances)
         EXPECT_EQ(ksUndoStack::get(other), ksUndoStack::get(0)) << other;
 }
 
-TEST(ksUndoStack, KeepsItsInstancesApart)
-{
-    ksUndoStack::get(1)->add(new QUndoCommand);
-    EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
-    EXPECT_FALSE(ksUndoStack::get(1)->isEmpty());
-    ksUndoStack::clearAll();
-    EXPECT_TRUE(ksUndoStack::get(1)->isEmpty());
-}
-
 TEST(ksUndoStack, ClearsBothInstancesInOrder)
 {
     std::vector<unsigned int> order;
     QObject receiver;
     for (const unsigned int which : {0u, 1u}) {
         ksUndoStack *stack = ksUndoStack::get(which);
+        EXPECT_TRUE(stack->isEmpty()) << "whatever the other one holds";
         stack->add(new QUndoCommand);
         QObject::connect(stack, &ksUndoStack::cleared, &receiver,
                          [&order, which] { order.push_back(which); });

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include <addedCommand.h> // the example of docs/adding-a-command.md
-
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <gmock/gmock.h>
 
+#include <addedCommand.h> // the example of docs/adding-a-command.md
 #include <support/ksRecords.h>
 
 namespace {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ksFaultKind.h"
 
-#include <ksundo/ksundo.h>
-
+#include <algorithm>
+#include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>
 
 namespace {
@@ -13,705 +13,744 @@ using osg::NullFC;
 using osg::Vec3f;
 using Scene = ksFaultScene;
 using Events = Scene::Events;
-using Handles = std::vector<FieldContainerPtr>;
 using Further = ksFurtherContainer;
+using Kind = ksFaultKind;
+using Kinds = std::vector<Kind>;
+using Keys = Kind::Keys;
+using Places = Kind::Places;
 
-const QString text = QStringLiteral("Edit");
+const QString text = QString::fromLatin1(Kind::anyText);
 
-FieldContainerPtr probeOf(const Scene &scene)
+std::string keyOf(const char *key, const FieldContainerPtr &container)
 {
-    return scene.probe;
+    return key + ("=uint:" + std::to_string(container.getFieldContainerId()));
 }
 
-NodePtr boxOf(const Scene &scene)
+/// The message of commands that tell their target.
+auto tellsTarget(const char *key, const Keys &more = {})
 {
-    return scene.box;
+    return [=](const Scene &, const FieldContainerPtr &target) {
+        Keys keys = more;
+        keys.push_back(keyOf(key, target));
+        return keys;
+    };
 }
 
-/// What is next to the box.
-Handles boxImpostors(const Scene &scene)
+/// Steps that edit the fields \a mask of one container \a count times.
+auto edits(const ksPlace &container, osg::BitVector mask, int count = 1)
 {
-    return {scene.box->getCore()};
+    return [=](const Scene &scene, bool) {
+        ksRecords records;
+        for (int i = 0; i < count; ++i)
+            records.change(scene.recorder.idOf(container(scene)), mask);
+        return records;
+    };
 }
 
-FieldContainerPtr lampOf(const Scene &scene)
+/// The same, once, with a reference more on each of \a taken and one less on each of \a released.
+auto exchanges(const ksPlace &container, osg::BitVector mask, const Places &taken, const Places &released)
 {
-    return scene.lamp;
+    return [=](const Scene &scene, bool undoing) {
+        ksRecords records = edits(container, mask)(scene, undoing);
+        for (const ksPlace &place : undoing ? released : taken)
+            records.addRef(scene.recorder.idOf(place(scene)));
+        for (const ksPlace &place : undoing ? taken : released)
+            records.subRef(scene.recorder.idOf(place(scene)));
+        return records;
+    };
 }
 
-/// A group, which is a core and no other one.
-FieldContainerPtr groupOf(const Scene &scene)
+/// What is required of a command on one field of \a container.
+void editsField(Kind &kind, const ksPlace &container, osg::UInt32 fieldId)
 {
-    return scene.mark->getCore();
-}
-
-FieldContainerPtr componentOf(const Scene &scene)
-{
-    return scene.component;
-}
-
-/// A class whose command is built from the scene and its target.
-template <class Target>
-ksFaultKind kind(std::string name, const std::function<QUndoCommand *(Scene &, Target)> &make,
-                 Target (*target)(const Scene &))
-{
-    return {std::move(name), [=](Scene &scene) { return make(scene, target(scene)); },
-            [=](Scene &scene) { return make(scene, NullFC); },
-            [=](const Scene &scene) -> FieldContainerPtr { return target(scene); }};
+    kind.records = edits(container, osg::BitVector(1) << fieldId);
+    kind.keys = [=](const Scene &, const FieldContainerPtr &target) {
+        return Keys{keyOf("container", target),
+                    "fieldId=uint:" + std::to_string(target == NullFC ? 0 : fieldId)};
+    };
 }
 
 template <class T>
-ksFaultKind fieldKind(std::string name, const char *fieldName)
+void addNumberKind(Kinds &kinds, const char *fieldName, osg::UInt32 fieldId)
 {
-    ksFaultKind result;
-    result.name = "ksFieldUndoCommand_" + name;
-    const auto make = [fieldName](const FieldContainerPtr &container) {
-        return new ksFieldUndoCommand<T>(text, container, fieldName, T(7));
-    };
-    result.make = [make](Scene &scene) { return make(scene.probe); };
-    result.makeWithoutTarget = [make](Scene &) { return make(NullFC); };
-    result.target = probeOf;
-    return result;
+    Kind kind = ksFaultKindOf<ksFieldUndoCommand<T>>(
+        &Scene::probe, [=](Scene &, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksFieldUndoCommand<T>(text, target, fieldName, T(7), parent);
+        });
+    kind.merging = Kind::Merging::runs;
+    editsField(kind, &Scene::probe, fieldId);
+    kinds.push_back(kind);
 }
 
-void addFieldKinds(std::vector<ksFaultKind> &kinds)
+void addFieldKinds(Kinds &kinds)
 {
-    kinds.push_back(fieldKind<long long>("int64", "int64"));
-    kinds.push_back(fieldKind<unsigned long long>("uint64", "uint64"));
-    kinds.push_back(fieldKind<int>("int32", "int32"));
-    kinds.push_back(fieldKind<unsigned int>("uint32", "uint32"));
-    kinds.push_back(fieldKind<short>("int16", "int16"));
-    kinds.push_back(fieldKind<unsigned short>("uint16", "uint16"));
-    kinds.push_back(fieldKind<signed char>("int8", "int8"));
-    kinds.push_back(fieldKind<unsigned char>("uint8", "uint8"));
-    kinds.push_back(fieldKind<float>("real32", "real32"));
-    kinds.push_back(fieldKind<double>("real64", "real64"));
-    kinds.push_back(kind<FieldContainerPtr>(
-        "ksBoolFieldUndoCommand",
-        [](Scene &, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksBoolFieldUndoCommand(target, "flag", true);
-        },
-        probeOf));
-    kinds.push_back(kind<FieldContainerPtr>(
-        "ksStringFieldUndoCommand",
-        [](Scene &, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksStringFieldUndoCommand(target, "text", "new");
-        },
-        probeOf));
-    // The list is that of an attachment, which goes with its node.
-    ksFaultKind strings = kind<FieldContainerPtr>(
-        "ksStringsFieldUndoCommand",
-        [](Scene &, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksStringsFieldUndoCommand(target, "userTags", osg::MField<std::string>({"new"}));
-        },
-        [](const Scene &scene) -> FieldContainerPtr { return scene.tags(); });
-    kinds.push_back(strings);
+    using osg::ProbeContainer;
+    addNumberKind<long long>(kinds, "int64", ProbeContainer::Int64FieldId);
+    addNumberKind<unsigned long long>(kinds, "uint64", ProbeContainer::UInt64FieldId);
+    addNumberKind<int>(kinds, "int32", ProbeContainer::Int32FieldId);
+    addNumberKind<unsigned int>(kinds, "uint32", ProbeContainer::UInt32FieldId);
+    addNumberKind<short>(kinds, "int16", ProbeContainer::Int16FieldId);
+    addNumberKind<unsigned short>(kinds, "uint16", ProbeContainer::UInt16FieldId);
+    addNumberKind<signed char>(kinds, "int8", ProbeContainer::Int8FieldId);
+    addNumberKind<unsigned char>(kinds, "uint8", ProbeContainer::UInt8FieldId);
+    addNumberKind<float>(kinds, "real32", ProbeContainer::Real32FieldId);
+    addNumberKind<double>(kinds, "real64", ProbeContainer::Real64FieldId);
 
-    ksFaultKind image = kind<FieldContainerPtr>(
-        "ksImageFieldUndoCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            auto *command = new ksImageFieldUndoCommand(target, "image", scene.newImage);
-            command->setNotifyFunction([&scene] { scene.log("notified"); });
-            return command;
-        },
-        componentOf);
-    image.redoEvents = image.undoEvents = {"notified"};
-    const auto oldImage = [](const Scene &scene) -> FieldContainerPtr { return scene.component->getImage(); };
-    const auto newImage = [](const Scene &scene) -> FieldContainerPtr { return scene.newImage; };
-    const auto noImage = [](const Scene &scene) { return scene.fieldState(scene.component, "image", "0"); };
-    const auto material = [](const Scene &scene) -> FieldContainerPtr { return scene.material; };
-    image.held = [=](const Scene &scene) { return Handles{oldImage(scene), newImage(scene)}; };
-    image.released = [=](const Scene &scene) { return Handles{newImage(scene), oldImage(scene)}; };
-    image.goneWhenDone = [=](const Scene &scene) { return Handles{oldImage(scene)}; };
-    image.further = {
-        {"newImage", newImage, noImage, {}, {"notified"}, {"notified"}, {}, material},
-        {"oldImage", oldImage, {}, noImage, {"notified"}, {"notified"}, {}, material},
-    };
-    kinds.push_back(image);
+    Kind flag = ksFaultKindOf<ksBoolFieldUndoCommand>(
+        &Scene::probe, [](Scene &, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksBoolFieldUndoCommand(text, target, "flag", true, parent);
+        });
+    editsField(flag, &Scene::probe, ProbeContainer::FlagFieldId);
+    kinds.push_back(flag);
 
-    ksFaultKind noImages = kind<FieldContainerPtr>(
-        "ksImageFieldUndoCommand_null",
-        [](Scene &, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksImageFieldUndoCommand(target, "image", NullFC);
-        },
-        componentOf);
-    noImages.held = noImages.goneWhenDone = image.goneWhenDone;
-    kinds.push_back(noImages);
-
-    ksFaultKind invoke = kind<FieldContainerPtr>(
-        "ksInvokeBoolFieldUndoCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksInvokeBoolFieldUndoCommand(target, "flag", true, &scene.listener, "switched(bool)");
-        },
-        probeOf);
+    Kind invoke = ksFaultKindOf<ksInvokeBoolFieldUndoCommand>(
+        &Scene::probe, [](Scene &scene, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksInvokeBoolFieldUndoCommand(text, target, "flag", true, &scene.listener,
+                                                    "switched(bool)", parent);
+        });
+    editsField(invoke, &Scene::probe, ProbeContainer::FlagFieldId);
     invoke.redoEvents = invoke.idleRedoEvents = {"switched"};
     invoke.undoIsEmpty = true;
     kinds.push_back(invoke);
+
+    Kind string = ksFaultKindOf<ksStringFieldUndoCommand>(
+        &Scene::probe, [](Scene &, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksStringFieldUndoCommand(text, target, "text", "new", parent);
+        });
+    string.merging = Kind::Merging::runs;
+    editsField(string, &Scene::probe, ProbeContainer::TextFieldId);
+    kinds.push_back(string);
+
+    // The list is that of an attachment, which goes with its node.
+    Kind strings = ksFaultKindOf<ksStringsFieldUndoCommand>(
+        &Scene::tags, [](Scene &, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksStringsFieldUndoCommand(text, target, "userTags", osg::MField<std::string>({"new"}),
+                                                 parent);
+        });
+    strings.merging = Kind::Merging::runs;
+    editsField(strings, &Scene::tags, osg::TagAttachment::UserTagsFieldId);
+    kinds.push_back(strings);
 }
 
-void addCompositeKinds(std::vector<ksFaultKind> &kinds)
+void addImageKinds(Kinds &kinds)
 {
-    ksFaultKind multi = kind<FieldContainerPtr>(
-        "ksMultiCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            auto *command = new ksMultiCommand(text, [&scene] { scene.log("action"); });
-            new ksFieldUndoCommand<int>(text, target, "int32", 7, command);
+    constexpr osg::BitVector imageMask = osg::ColorComponent::ImageFieldMask;
+    const auto noImage = [](const Scene &scene) { return scene.fieldState(scene.component, "image", "0"); };
+    Kind image = ksFaultKindOf<ksImageFieldUndoCommand>(
+        &Scene::component, [](Scene &scene, const FieldContainerPtr &target, QUndoCommand *parent) {
+            auto *command = new ksImageFieldUndoCommand(target, "image", scene.newImage, parent);
+            command->setNotifyFunction([&scene] { scene.log("notified"); });
             return command;
-        },
-        probeOf);
-    multi.redoEvents = multi.undoEvents = multi.idleRedoEvents = multi.idleUndoEvents = {"action"};
-    kinds.push_back(multi);
+        });
+    image.text = "Set Texture";
+    image.isTranslated = true;
+    editsField(image, &Scene::component, osg::ColorComponent::ImageFieldId);
+    image.records = exchanges(&Scene::component, imageMask, {&Scene::newImage}, {&Scene::oldImage});
+    image.redoEvents = image.undoEvents = {"notified"};
+    image.held = {&Scene::oldImage, &Scene::newImage};
+    image.released = {&Scene::newImage, &Scene::oldImage};
+    image.goneWhenDone = {&Scene::oldImage};
+    image.further = {
+        {"newImage", &Scene::newImage, &Scene::material, noImage, {}, {}, {"notified"}, {"notified"}},
+        {"oldImage", &Scene::oldImage, &Scene::material, {}, noImage, {}, {"notified"}, {"notified"}},
+    };
+    kinds.push_back(image);
 
-    ksFaultKind invoke = kind<FieldContainerPtr>(
-        "ksInvokeMultiCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            auto *command = new ksInvokeMultiCommand(text, &scene.listener, "finished()");
-            new ksFieldUndoCommand<int>(text, target, "int32", 7, command);
-            return command;
+    Kind noImages = ksFaultKindOf<ksImageFieldUndoCommand>(
+        &Scene::component,
+        [](Scene &, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksImageFieldUndoCommand(target, "image", NullFC, parent);
         },
-        probeOf);
-    invoke.redoEvents = invoke.undoEvents = invoke.idleRedoEvents = invoke.idleUndoEvents = {"finished"};
-    kinds.push_back(invoke);
+        "null");
+    noImages.text = image.text;
+    noImages.isTranslated = true;
+    noImages.keys = image.keys;
+    noImages.records = exchanges(&Scene::component, imageMask, {}, {&Scene::oldImage});
+    noImages.held = noImages.goneWhenDone = {&Scene::oldImage};
+    kinds.push_back(noImages);
 }
 
-template <class Command>
-void reportSync(Scene *scene)
+/// A composite with one command on the probe as its child, whose message it has.
+template <class Command, class Make>
+void addCompositeKind(Kinds &kinds, Make make, const std::string &event)
 {
-    if (scene == nullptr)
-        Command::setSyncFunction({});
-    else
-        Command::setSyncFunction([scene](const auto &...) { scene->log("synced"); });
+    Kind kind = ksFaultKindOf<Command>(&Scene::probe,
+                                       [=](Scene &scene, const FieldContainerPtr &target, QUndoCommand *) {
+                                           Command *command = make(scene);
+                                           new ksFieldUndoCommand<int>(text, target, "int32", 7, command);
+                                           return command;
+                                       });
+    kind.isTopLevel = true;
+    kind.merging = Kind::Merging::runs;
+    kind.messageId = &ksFieldUndoCommand<int>::commandId;
+    editsField(kind, &Scene::probe, osg::ProbeContainer::Int32FieldId);
+    kind.redoEvents = kind.undoEvents = kind.idleRedoEvents = kind.idleUndoEvents = {event};
+    kinds.push_back(kind);
+}
+
+void addCompositeKinds(Kinds &kinds)
+{
+    addCompositeKind<ksMultiCommand>(
+        kinds, [](Scene &scene) { return new ksMultiCommand(text, [&scene] { scene.log("action"); }); },
+        "action");
+    addCompositeKind<ksInvokeMultiCommand>(
+        kinds, [](Scene &scene) { return new ksInvokeMultiCommand(text, &scene.listener, "finished()"); },
+        "finished");
 }
 
 /// What is required of a command on the box's transform.
-void editsTransform(ksFaultKind &kind)
+void editsTransform(Kind &kind, osg::BitVector mask)
 {
-    kind.impostors = boxImpostors;
+    kind.impostors = {&Scene::boxCore};
     kind.handlerFields = {"matrix"};
+    kind.records = edits(&Scene::boxCore, mask);
 }
 
-void addTransformKinds(std::vector<ksFaultKind> &kinds)
+template <class Command>
+void addTransformValueKind(Kinds &kinds)
 {
-    for (const ksTransformValueRow &row : ksTransformValueRows::all) {
-        const auto make = [&row](Scene &scene, const NodePtr &node) {
+    const ksTransformValueRow &row = ksTransformValueRows::of(ksClassName<Command>);
+    Kind kind = ksFaultKindOf<Command>(
+        &Scene::box, [&row](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
             ksTransformValueForm form;
-            form.callback = [&scene](unsigned int, const osg::Vec3f &, int) { scene.log("called"); };
-            return row.make(node, Vec3f(3, 0.5f, -2), form);
-        };
-        ksFaultKind result;
-        result.name = row.className;
-        result.make = [make](Scene &scene) { return make(scene, scene.box); };
-        result.makeWithoutTarget = [make](Scene &scene) { return make(scene, NullFC); };
-        result.target = boxOf;
-        editsTransform(result);
-        result.redoEvents = result.undoEvents =
-            row.hasCallback ? Events{"called", "synced"} : Events{"synced"};
-        result.reportSync = [&row](Scene *scene) {
-            row.setSync(scene == nullptr ? ksTransformValueRow::Sync()
-                                         : [scene](const auto &...) { scene->log("synced"); });
-        };
-        kinds.push_back(result);
-    }
+            form.callback = [&scene](unsigned int, const Vec3f &, int) { scene.log("called"); };
+            form.parent = parent;
+            return row.make(target, Vec3f(3, 0.5f, -2), form);
+        });
+    kind.text = row.verb + std::string(" '*'");
+    kind.isTranslated = true;
+    kind.keys = tellsTarget("node", {"transformCommand=bool:true"});
+    kind.merging = Kind::Merging::runs;
+    editsTransform(kind, row.mask);
+    kind.redoEvents = kind.undoEvents = row.hasCallback ? Events{"called", "synced"} : Events{"synced"};
+    kinds.push_back(kind);
+}
 
-    ksFaultKind order = kind<NodePtr>(
-        "ksEulerRotationOrderUndoCommand",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
+void addTransformKinds(Kinds &kinds)
+{
+    addTransformValueKind<ksTranslationUndoCommand>(kinds);
+    addTransformValueKind<ksRotationUndoCommand>(kinds);
+    addTransformValueKind<ksScaleUndoCommand>(kinds);
+    addTransformValueKind<ksScalePivotUndoCommand>(kinds);
+    addTransformValueKind<ksRotationPivotUndoCommand>(kinds);
+    addTransformValueKind<ksScalePivotTranslationUndoCommand>(kinds);
+    addTransformValueKind<ksRotationPivotTranslationUndoCommand>(kinds);
+    addTransformValueKind<ksRotationPivotOrientationUndoCommand>(kinds);
+    addTransformValueKind<ksRotationPivotDirectionUndoCommand>(kinds);
+    addTransformValueKind<ksShearUndoCommand>(kinds);
+
+    Kind order = ksFaultKindOf<ksEulerRotationOrderUndoCommand>(
+        &Scene::box, [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
             return new ksEulerRotationOrderUndoCommand(
-                target, "ZXY", nullptr,
+                target, "ZXY", parent,
                 [&scene](unsigned int, const std::string &, int) { scene.log("called"); });
-        },
-        boxOf);
-    editsTransform(order);
+        });
+    order.text = "Translate '*'";
+    order.isTranslated = true;
+    order.keys = tellsTarget("node", {"transformCommand=bool:true"});
+    order.merging = Kind::Merging::runs;
+    editsTransform(order,
+                   osg::Transform3D::EulerRotationOrderFieldMask | osg::Transform3D::RotationFieldMask);
     order.redoEvents = order.undoEvents = {"called", "synced"};
-    order.reportSync = reportSync<ksEulerRotationOrderUndoCommand>;
     kinds.push_back(order);
 
-    ksFaultKind quaternion = kind<NodePtr>(
-        "ksRotationAsQuaternionUndoCommand",
-        [](Scene &, NodePtr target) -> QUndoCommand * {
+    Kind quaternion = ksFaultKindOf<ksRotationAsQuaternionUndoCommand>(
+        &Scene::box, [](Scene &, const NodePtr &target, QUndoCommand *parent) {
             return new ksRotationAsQuaternionUndoCommand(text, target,
-                                                         osg::Quaternion(0.5f, 0.5f, -0.5f, 0.5f));
-        },
-        boxOf);
-    editsTransform(quaternion);
+                                                         osg::Quaternion(0.5f, 0.5f, -0.5f, 0.5f), parent);
+        });
+    quaternion.keys = [](const Scene &, const FieldContainerPtr &) {
+        return Keys{"transformCommand=bool:true"};
+    };
+    quaternion.merging = Kind::Merging::runs;
+    editsTransform(quaternion,
+                   osg::Transform3D::RotationFieldMask | osg::Transform3D::EulerRotationFieldMask);
     quaternion.derivedField = "eulerRotation";
     kinds.push_back(quaternion);
 
-    ksFaultKind transformation = kind<NodePtr>(
-        "ksTransformationUndoCommand",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
-            return new ksTransformationUndoCommand(
-                target, Vec3f(1, 2, 3), Vec3f(11, 12, 13), Vec3f(2, 3, 4), Vec3f(0.5f, 0.25f, 0.75f),
-                Vec3f(4, 5, 6), Vec3f(5, 6, 7), Vec3f(6, 7, 8), Vec3f(7, 8, 9), 8, "ZXY", true,
-                Vec3f(9, 1, 2), 2, true, nullptr, [&scene](int) { scene.log("called"); }, -1);
-        },
-        boxOf);
-    editsTransform(transformation);
+    Kind transformation = ksFaultKindOf<ksTransformationUndoCommand>(
+        &Scene::box, [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
+            return new ksTransformationUndoCommand(target, ksTransformation::of(scene.looseTransform()), true,
+                                                   parent, [&scene](int) { scene.log("called"); });
+        });
+    transformation.text = "Apply transformation to *";
+    editsTransform(transformation, ksTransformationMask);
     transformation.redoEvents = transformation.undoEvents = {"called", "synced"};
-    transformation.reportSync = reportSync<ksTransformationUndoCommand>;
     kinds.push_back(transformation);
 }
 
-void addVariantKinds(std::vector<ksFaultKind> &kinds)
+constexpr osg::BitVector variantsMask = osg::TransformVariantsAttachment::VariantsFieldMask;
+
+/// Steps that take variants out and put them back, both in the order \a redone, on undo in the opposite one.
+auto moves(const Places &redone)
 {
-    const auto add = [&kinds](ksFaultKind kind) {
+    return [=](const Scene &scene, bool undoing) {
+        Places places = redone;
+        if (undoing)
+            std::reverse(places.begin(), places.end());
+        const int count = static_cast<int>(2 * places.size());
+        ksRecords records = edits(&Scene::variants, variantsMask, count)(scene, undoing);
+        for (int i = 0; i < 2; ++i)
+            for (const ksPlace &place : places) {
+                const long long id = scene.recorder.idOf(place(scene));
+                records.addRef(id).subRef(id);
+            }
+        return records;
+    };
+}
+
+void addVariantKinds(Kinds &kinds)
+{
+    const auto add = [&kinds](Kind kind, const std::string &historyText) {
+        kind.text = historyText;
         kind.redoEvents = kind.undoEvents = {"notified"};
         kinds.push_back(std::move(kind));
     };
-    const auto addRequiringTarget = [&add](ksFaultKind kind) {
+    const auto addOfVariant = [&](Kind kind, const std::string &historyText, osg::BitVector mask) {
         kind.makeWithoutTarget = {};
-        kind.impostors = [](const Scene &scene) {
-            return Handles{ksNodeUtils::getTransformVariantsAttachment(scene.box),
-                           scene.variant(0)->getTransform()};
+        kind.isTranslated = true;
+        kind.records = edits(&Scene::variantB, mask);
+        kind.impostors = {&Scene::variants, &Scene::looseTransform};
+        add(std::move(kind), historyText);
+    };
+    const auto addOfNode = [&](Kind kind, const std::string &historyText) {
+        kind.impostors = {&Scene::boxCore};
+        add(std::move(kind), historyText);
+    };
+    const auto variantsAre = [](const osg::TransformVariantPtr Scene::*first,
+                                const osg::TransformVariantPtr Scene::*second,
+                                const osg::TransformVariantPtr Scene::*third) {
+        return [=](const Scene &scene) {
+            return scene.fieldState(scene.variants(), "variants",
+                                    {scene.*first, scene.*second, scene.*third});
         };
-        add(std::move(kind));
     };
-    const auto variantsOf = [](const Scene &scene, const std::vector<unsigned long> &indexes) {
-        Handles variants;
-        for (const unsigned long index : indexes)
-            variants.push_back(scene.variant(index));
-        return scene.fieldState(ksNodeUtils::getTransformVariantsAttachment(scene.box), "variants", variants);
-    };
-    addRequiringTarget(kind<osg::TransformVariantPtr>(
-        "ksTransformVariantOptionsUndoCommand",
-        [](Scene &scene, osg::TransformVariantPtr target) -> QUndoCommand * {
-            return new ksTransformVariantOptionsUndoCommand(target, 3, nullptr,
-                                                            [&scene] { scene.log("notified"); });
-        },
-        [](const Scene &scene) { return scene.variant(1); }));
-    addRequiringTarget(kind<osg::TransformVariantPtr>(
-        "ksTransformVariantNameUndoCommand",
-        [](Scene &scene, osg::TransformVariantPtr target) -> QUndoCommand * {
-            return new ksTransformVariantNameUndoCommand(
-                target, "new", nullptr,
-                [&scene](const std::string &, const std::string &) { scene.log("notified"); });
-        },
-        [](const Scene &scene) { return scene.variant(1); }));
-    ksFaultKind move = kind<NodePtr>(
-        "ksTransformVariantMoveCommand_one",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
+
+    addOfVariant(ksFaultKindOf<ksTransformVariantOptionsUndoCommand>(
+                     &Scene::variantB,
+                     [](Scene &scene, const osg::TransformVariantPtr &target, QUndoCommand *parent) {
+                         return new ksTransformVariantOptionsUndoCommand(target, 3, parent,
+                                                                         [&scene] { scene.log("notified"); });
+                     }),
+                 "Transform Variant Options", osg::TransformVariant::ApplyFlagsFieldMask);
+    addOfVariant(ksFaultKindOf<ksTransformVariantNameUndoCommand>(
+                     &Scene::variantB,
+                     [](Scene &scene, const osg::TransformVariantPtr &target, QUndoCommand *parent) {
+                         return new ksTransformVariantNameUndoCommand(
+                             target, "new", parent,
+                             [&scene](const std::string &, const std::string &) { scene.log("notified"); });
+                     }),
+                 "Transform Variant Name", osg::TransformVariant::NameFieldMask);
+
+    Kind move = ksFaultKindOf<ksTransformVariantMoveCommand>(
+        &Scene::box,
+        [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
             return new ksTransformVariantMoveCommand(
-                target, 0, 2, nullptr,
+                target, 0, 2, parent,
                 [&scene](unsigned int, const QList<int> &, const QList<int> &) { scene.log("notified"); });
         },
-        boxOf);
-    move.impostors = boxImpostors;
-    const auto transformOf = [](const Scene &scene) -> FieldContainerPtr { return scene.box->getCore(); };
+        "one");
+    move.records = moves({&Scene::variantA});
     move.further = {
-        {"variant",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.variant(0); },
+        {"a",
+         &Scene::variantA,
+         &Scene::boxCore,
          Further::nothing,
          Further::nothing,
-         {"notified"},
-         {"notified"},
          {},
-         transformOf},
+         {"notified"},
+         {"notified"}},
     };
-    add(move);
+    addOfNode(move, "Move transform variant '*'");
 
-    ksFaultKind moves = kind<NodePtr>(
-        "ksTransformVariantMoveCommand_several",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
+    Kind several = ksFaultKindOf<ksTransformVariantMoveCommand>(
+        &Scene::box,
+        [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
             return new ksTransformVariantMoveCommand(
-                target, std::vector<int>{2, 1}, 0, nullptr,
+                target, std::vector<int>{2, 1}, 0, parent,
                 [&scene](unsigned int, const QList<int> &, const QList<int> &) { scene.log("notified"); });
         },
-        boxOf);
-    moves.impostors = boxImpostors;
+        "several");
+    several.records = moves({&Scene::variantC, &Scene::variantB});
     // Redo makes c b a of a b c; b alone stays in its place, and c alone is what moves.
-    moves.further = {
+    several.further = {
         {"b",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.variant(1); },
-         [=](const Scene &scene) {
-             return variantsOf(scene, {2, 0, 1});
-         },
-         [=](const Scene &scene) {
-             return variantsOf(scene, {1, 0, 2});
-         },
-         {"notified"},
-         {"notified"},
+         &Scene::variantB,
+         &Scene::boxCore,
+         variantsAre(&Scene::variantC, &Scene::variantA, &Scene::variantB),
+         variantsAre(&Scene::variantB, &Scene::variantA, &Scene::variantC),
          {},
-         transformOf},
+         {"notified"},
+         {"notified"}},
     };
-    add(moves);
+    addOfNode(several, "Move transform variant '*'");
 
-    ksFaultKind insertion = kind<NodePtr>(
-        "ksAddTransformVariantUndoCommand",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
-            return new ksAddTransformVariantUndoCommand(
-                target, scene.looseVariant, 1, nullptr,
-                [&scene](unsigned int, int) { scene.log("notified"); });
-        },
-        boxOf);
-    const auto looseVariant = [](const Scene &scene) -> FieldContainerPtr { return scene.looseVariant; };
-    const auto attachment = [](const Scene &scene) -> FieldContainerPtr {
-        return ksNodeUtils::getTransformVariantsAttachment(scene.box);
-    };
-    insertion.impostors = boxImpostors;
-    insertion.held = [=](const Scene &scene) { return Handles{looseVariant(scene)}; };
+    Kind insertion = ksFaultKindOf<ksAddTransformVariantUndoCommand>(&Scene::box, [](Scene &scene,
+                                                                                     const NodePtr &target,
+                                                                                     QUndoCommand *parent) {
+        return new ksAddTransformVariantUndoCommand(target, scene.looseVariant, 1, parent,
+                                                    [&scene](unsigned int, int) { scene.log("notified"); });
+    });
+    insertion.held = {&Scene::looseVariant};
+    insertion.records = exchanges(&Scene::variants, variantsMask, {&Scene::looseVariant}, {});
     insertion.further = {
-        {"variant", looseVariant, Further::nothing, {}, {}, {"notified"}, {}, attachment},
+        {"variant", &Scene::looseVariant, &Scene::variants, Further::nothing, {}, {}, {}, {"notified"}},
     };
-    add(insertion);
+    addOfNode(insertion, "Insert transform variant '*'");
 
-    ksFaultKind removal = kind<NodePtr>(
-        "ksRemoveTransformSwitchVariantUndoCommand",
-        [](Scene &scene, NodePtr target) -> QUndoCommand * {
+    Kind removal = ksFaultKindOf<ksRemoveTransformSwitchVariantUndoCommand>(
+        &Scene::box, [](Scene &scene, const NodePtr &target, QUndoCommand *parent) {
             return new ksRemoveTransformSwitchVariantUndoCommand(
-                target, 1, nullptr, [&scene](unsigned int, int) { scene.log("notified"); });
-        },
-        boxOf);
-    const auto secondVariant = [](const Scene &scene) -> FieldContainerPtr { return scene.variant(1); };
-    removal.impostors = boxImpostors;
-    removal.held = [=](const Scene &scene) { return Handles{secondVariant(scene), attachment(scene)}; };
-    removal.goneWhenDone = [](const Scene &scene) {
-        return Handles{scene.variant(1), scene.variant(1)->getTransform()};
-    };
+                target, 1, parent, [&scene](unsigned int, int) { scene.log("notified"); });
+        });
+    removal.held = {&Scene::variantB, &Scene::variants};
+    removal.goneWhenDone = {&Scene::variantB,
+                            [](const Scene &scene) { return scene.variantB->getTransform(); }};
+    removal.records = exchanges(&Scene::variants, variantsMask, {}, {&Scene::variantB});
     removal.further = {
-        {"variant", secondVariant, {}, Further::nothing, {"notified"}, {}, {}, attachment},
-        {"attachment",
-         attachment,
-         {},
-         Further::nothing,
-         {"notified"},
-         {},
-         {},
-         [](const Scene &scene) -> FieldContainerPtr { return scene.tags(); }},
+        {"variant", &Scene::variantB, &Scene::variants, {}, Further::nothing, {}, {"notified"}, {}},
+        {"attachment", &Scene::variants, &Scene::tags, {}, Further::nothing, {}, {"notified"}, {}},
     };
-    add(removal);
+    addOfNode(removal, "Remove transform variant '*'");
 }
 
+/// A command on the value of a light that edits \a masks after each other.
 template <class Command, class T>
-ksFaultKind lightKind(std::string name, T value)
+void addLightValueKind(Kinds &kinds, T value, const std::vector<osg::BitVector> &masks)
 {
-    ksFaultKind result;
-    result.name = std::move(name);
-    result.make = [value](Scene &scene) { return new Command(text, scene.lamp, value); };
-    result.makeWithoutTarget = [value](Scene &) { return new Command(text, NullFC, value); };
-    result.target = lampOf;
-    result.impostors = [](const Scene &scene) { return Handles{scene.light()}; };
-    return result;
+    Kind kind =
+        ksFaultKindOf<Command>(&Scene::lamp, [=](Scene &, const NodePtr &target, QUndoCommand *parent) {
+            return new Command(text, target, value, parent);
+        });
+    kind.keys = [](const Scene &, const FieldContainerPtr &) { return Keys{"lightCommand=bool:true"}; };
+    kind.merging = Kind::Merging::runs;
+    kind.impostors = {&Scene::light};
+    kind.records = [=](const Scene &scene, bool) {
+        ksRecords records;
+        for (const osg::BitVector mask : masks)
+            records.change(scene.recorder.idOf(scene.light()), mask);
+        return records;
+    };
+    kinds.push_back(kind);
 }
 
-void addLightKinds(std::vector<ksFaultKind> &kinds)
+void addLightKinds(Kinds &kinds)
 {
-    kinds.push_back(lightKind<ksLightDiffuseUndoCommand>("ksLightDiffuseUndoCommand", Vec3f(0, 0.5f, 1)));
-    kinds.push_back(lightKind<ksLightGlossyUndoCommand>("ksLightGlossyUndoCommand", Vec3f(0, 0.5f, 1)));
-    kinds.push_back(lightKind<ksLightIntensityUndoCommand>("ksLightIntensityUndoCommand", 0.3f));
-    kinds.push_back(lightKind<ksLightPenumbraAngleUndoCommand>("ksLightPenumbraAngleUndoCommand", 5.f));
-    kinds.push_back(lightKind<ksLightConeAngleUndoCommand>("ksLightConeAngleUndoCommand", 40.f));
-    kinds.push_back(
-        lightKind<ksLightAttenuationUndoCommand>("ksLightAttenuationUndoCommand", osg::UberLight::Quadratic));
-    const auto idleWithout = [](NodePtr Scene::*node) -> Further {
-        return {"node",
-                [=](const Scene &scene) -> FieldContainerPtr { return scene.*node; },
-                Further::nothing,
-                Further::nothing,
-                {},
-                {},
-                [](const Scene &) { return ksRecords(); },
-                groupOf};
+    using osg::UberLight;
+    addLightValueKind<ksLightDiffuseUndoCommand>(kinds, Vec3f(0, 0.5f, 1), {UberLight::DiffuseFieldMask});
+    addLightValueKind<ksLightGlossyUndoCommand>(kinds, Vec3f(0, 0.5f, 1), {UberLight::GlossyFieldMask});
+    addLightValueKind<ksLightIntensityUndoCommand>(kinds, 0.3f, {UberLight::IntensityFieldMask});
+    addLightValueKind<ksLightPenumbraAngleUndoCommand>(kinds, 5.f, {UberLight::PenumbraAngleFieldMask});
+    addLightValueKind<ksLightConeAngleUndoCommand>(kinds, 40.f, {UberLight::ConeAngleFieldMask});
+    // The application disturbs the intensity, which is written back.
+    addLightValueKind<ksLightAttenuationUndoCommand>(
+        kinds, UberLight::Quadratic,
+        {UberLight::AttenuationFieldMask | UberLight::IntensityFieldMask, UberLight::IntensityFieldMask});
+}
+
+/// Steps by which a node becomes the visibility reference of a light, which tells of the node before and
+/// after the light, or is that no longer, which tells of it only after the light.
+auto refers(const ksPlace &light, const ksPlace &node, bool adding)
+{
+    return [=](const Scene &scene, bool undoing) {
+        const long long id = scene.recorder.idOf(node(scene));
+        ksRecords records;
+        if (undoing != adding)
+            records.addRef(id).change(id, osg::Node::ExternalFlagsFieldMask);
+        else
+            records.subRef(id);
+        return records.change(scene.recorder.idOf(light(scene)), osg::UberLight::VisibilityReferenceFieldMask)
+            .change(id, osg::Node::ExternalFlagsFieldMask);
     };
-    const auto add = [&kinds](ksFaultKind kind, const std::vector<Further> &further) {
-        kind.impostors = [](const Scene &scene) {
-            return Handles{groupOf(scene), scene.constraint(), scene.lamp};
-        };
-        kind.further = further;
+}
+
+void addLinkKinds(Kinds &kinds)
+{
+    const auto add = [&kinds](Kind kind, const std::string &historyText, const char *key) {
+        kind.text = historyText;
+        kind.keys = tellsTarget(key);
+        kind.impostors = {&Scene::group, &Scene::constraint, &Scene::lamp};
         kinds.push_back(std::move(kind));
     };
-    add(kind<osg::UberLightPtr>(
-            "ksAddNodeAsVisibilityReferenceUndoCommand_add",
-            [](Scene &scene, osg::UberLightPtr target) -> QUndoCommand * {
-                return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.mark, false);
-            },
-            [](const Scene &scene) { return scene.light(); }),
-        {idleWithout(&Scene::mark)});
-    add(kind<osg::UberLightPtr>(
-            "ksAddNodeAsVisibilityReferenceUndoCommand_remove",
-            [](Scene &scene, osg::UberLightPtr target) -> QUndoCommand * {
-                return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.shade, true);
-            },
-            [](const Scene &scene) { return scene.spotLight(); }),
-        {idleWithout(&Scene::shade)});
-    add(kind<osg::LightLinkSetPtr>(
-            "ksAddNodeToLightLinkSetUndoCommand_add",
-            [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
-                return new ksAddNodeToLightLinkSetUndoCommand(target, scene.lamp, 3, false);
-            },
-            [](const Scene &scene) { return scene.linkSet(); }),
-        {idleWithout(&Scene::lamp)});
+    const auto idleWithout = [](const ksPlace &node) -> std::vector<Further> {
+        return {{"node", node, &Scene::group, Further::nothing, Further::nothing,
+                 [](const Scene &) { return ksRecords(); }}};
+    };
 
-    add(kind<osg::LightLinkSetPtr>(
-            "ksAddNodeToLightLinkSetUndoCommand_remove",
-            [](Scene &scene, osg::LightLinkSetPtr target) -> QUndoCommand * {
-                return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.mark, scene.listed}, 0, true);
-            },
-            [](const Scene &scene) { return scene.linkSet(); }),
-        {{"node",
-          [](const Scene &scene) -> FieldContainerPtr { return scene.mark; },
-          [](const Scene &scene) {
-              return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.constrained, scene.mark});
-          },
-          [](const Scene &scene) {
-              return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.listed, scene.constrained});
-          },
-          {},
-          {},
-          {},
-          groupOf}});
-}
+    Kind reference = ksFaultKindOf<ksAddNodeAsVisibilityReferenceUndoCommand>(
+        &Scene::light,
+        [](Scene &scene, const osg::UberLightPtr &target, QUndoCommand *parent) {
+            return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.mark, false, parent);
+        },
+        "add");
+    reference.records = refers(&Scene::light, &Scene::mark, true);
+    reference.further = idleWithout(&Scene::mark);
+    add(reference, "Add Node as Visibility Reference", "lightCommand");
 
-constexpr osg::BitVector settingsMask = osg::ColorComponentSettings::PlanarProjectionFieldMask;
-constexpr osg::BitVector materialMask = osg::UberMaterial::ColorComponentDataFieldMask;
+    Kind noReference = ksFaultKindOf<ksAddNodeAsVisibilityReferenceUndoCommand>(
+        &Scene::spotLight,
+        [](Scene &scene, const osg::UberLightPtr &target, QUndoCommand *parent) {
+            return new ksAddNodeAsVisibilityReferenceUndoCommand(target, scene.shade, true, parent);
+        },
+        "remove");
+    noReference.records = refers(&Scene::spotLight, &Scene::shade, false);
+    noReference.further = idleWithout(&Scene::shade);
+    add(noReference, "Add Node as Visibility Reference", "lightCommand");
 
-ksRecords materialTouches(const Scene &scene)
-{
-    return ksRecords()
-        .change(scene.recorder.idOf(scene.settings), settingsMask)
-        .change(scene.recorder.idOf(scene.material), materialMask);
-}
+    Kind link = ksFaultKindOf<ksAddNodeToLightLinkSetUndoCommand>(
+        &Scene::linkSet,
+        [](Scene &scene, const osg::LightLinkSetPtr &target, QUndoCommand *parent) {
+            return new ksAddNodeToLightLinkSetUndoCommand(target, scene.lamp, 3, false, parent);
+        },
+        "add");
+    link.records = exchanges(&Scene::linkSet, osg::LightLinkSet::LightsFieldMask, {&Scene::lamp}, {});
+    link.further = idleWithout(&Scene::lamp);
+    add(link, "Add Node to Light Link Set", "lightlinkset");
 
-ksRecords weightRecord(const Scene &scene)
-{
-    return ksRecords().change(scene.recorder.idOf(scene.component), osg::ColorComponent::WeightFieldMask);
-}
-
-/// Neither the material nor the settings are needed for the weight; the other one is touched.
-std::vector<Further> touchedContainers()
-{
-    return {
-        {"material",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.material; },
-         {},
-         {},
-         {},
-         {},
+    Kind unlink = ksFaultKindOf<ksAddNodeToLightLinkSetUndoCommand>(
+        &Scene::linkSet,
+        [](Scene &scene, const osg::LightLinkSetPtr &target, QUndoCommand *parent) {
+            return new ksAddNodeToLightLinkSetUndoCommand(target, {scene.mark, scene.listed}, 0, true,
+                                                          parent);
+        },
+        "remove");
+    unlink.records = exchanges(&Scene::linkSet, osg::LightLinkSet::SceneNodesFieldMask, {},
+                               {&Scene::mark, &Scene::listed});
+    unlink.further = {
+        {"node", &Scene::mark, &Scene::group,
          [](const Scene &scene) {
-             return weightRecord(scene).change(scene.recorder.idOf(scene.settings), settingsMask);
-         }},
-        {"settings",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.settings; },
-         {},
-         {},
-         {},
-         {},
+             return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.constrained, scene.mark});
+         },
          [](const Scene &scene) {
-             return weightRecord(scene).change(scene.recorder.idOf(scene.material), materialMask);
-         }},
+             return scene.fieldState(scene.linkSet(), "sceneNodes", {scene.listed, scene.constrained});
+         }}};
+    add(unlink, "Add Nodes to Light Link Set", "lightlinkset");
+}
+
+/// The records of an edit of the weight, if there is one, and of touches of the settings and the material.
+auto weightRecords(bool weight, bool settings, bool material)
+{
+    return [=](const Scene &scene) {
+        const auto idOf = [&scene](const FieldContainerPtr &container) {
+            return scene.recorder.idOf(container);
+        };
+        ksRecords records;
+        if (weight)
+            records.change(idOf(scene.component), osg::ColorComponent::WeightFieldMask);
+        if (settings)
+            records.change(idOf(scene.settings), osg::ColorComponentSettings::PlanarProjectionFieldMask);
+        if (material)
+            records.change(idOf(scene.material), osg::UberMaterial::ColorComponentDataFieldMask);
+        return records;
     };
 }
 
-void addMaterialKinds(std::vector<ksFaultKind> &kinds)
+/// A command on the weight of a component, which merges with another one whenever that was built.
+ksFieldUndoCommand<float> *weightCommand(const FieldContainerPtr &component)
 {
-    ksFaultKind material = kind<FieldContainerPtr>(
-        "ksMaterialUndoCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksMaterialUndoCommand(text,
-                                             new ksFieldUndoCommand<float>(text, target, "weight", 0.3f),
-                                             scene.material, scene.settings);
-        },
-        componentOf);
-    material.idleRecords = materialTouches;
-    material.further = touchedContainers();
+    auto *command = new ksFieldUndoCommand<float>(text, component, "weight", 0.3f);
+    command->setMergeResponseDelta(-1.0);
+    return command;
+}
+
+/// What is required of a command that touches the settings and the material after an edit of the weight.
+/// Neither is needed for the weight; the other one is touched.
+void touchesMaterial(Kind &kind)
+{
+    kind.records = [](const Scene &scene, bool) { return weightRecords(true, true, true)(scene); };
+    kind.idleRecords = weightRecords(false, true, true);
+    kind.further = {
+        {"material", &Scene::material, {}, {}, {}, weightRecords(true, true, false)},
+        {"settings", &Scene::settings, {}, {}, {}, weightRecords(true, false, true)},
+    };
+}
+
+void addMaterialKinds(Kinds &kinds)
+{
+    Kind material = ksFaultKindOf<ksMaterialUndoCommand>(
+        &Scene::component, [](Scene &scene, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksMaterialUndoCommand(text, weightCommand(target), scene.material, scene.settings,
+                                             parent);
+        });
+    material.merging = Kind::Merging::runs;
+    material.keys = [](const Scene &scene, const FieldContainerPtr &target) {
+        return Keys{keyOf("container", target), keyOf("material", scene.material),
+                    keyOf("componentSettings", scene.settings)};
+    };
+    touchesMaterial(material);
     kinds.push_back(material);
 
-    ksFaultKind component = kind<FieldContainerPtr>(
-        "ksColorComponentUndoCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
-            return new ksColorComponentUndoCommand(
-                text, new ksFieldUndoCommand<float>(text, target, "weight", 0.3f), target, scene.material);
-        },
-        componentOf);
+    Kind component = ksFaultKindOf<ksColorComponentUndoCommand>(
+        &Scene::component, [](Scene &scene, const FieldContainerPtr &target, QUndoCommand *parent) {
+            return new ksColorComponentUndoCommand(text, weightCommand(target), scene.component,
+                                                   scene.material, parent);
+        });
+    component.merging = Kind::Merging::runs;
+    component.keys = [](const Scene &scene, const FieldContainerPtr &target) {
+        return Keys{keyOf("container", target), keyOf("component", scene.component),
+                    keyOf("parent", scene.material)};
+    };
+    component.records = edits(&Scene::component, osg::ColorComponent::WeightFieldMask);
     component.further = {
-        {"parent",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.material; },
-         {},
-         {},
-         {},
-         {},
-         weightRecord},
+        {"parent", &Scene::material, {}, {}, {}, weightRecords(true, false, false)},
     };
     kinds.push_back(component);
 
-    ksFaultKind multi = kind<FieldContainerPtr>(
-        "ksMaterialMultiUndoCommand",
-        [](Scene &scene, FieldContainerPtr target) -> QUndoCommand * {
+    Kind multi = ksFaultKindOf<ksMaterialMultiUndoCommand>(
+        &Scene::component, [](Scene &scene, const FieldContainerPtr &target, QUndoCommand *) {
             auto *command = new ksMaterialMultiUndoCommand(text, scene.material, scene.settings);
             new ksFieldUndoCommand<float>(text, target, "weight", 0.3f, command);
             return command;
-        },
-        componentOf);
-    multi.idleRecords = materialTouches;
-    multi.further = touchedContainers();
+        });
+    multi.isTopLevel = true;
+    multi.merging = Kind::Merging::runs;
+    multi.messageId = &ksFieldUndoCommand<float>::commandId;
+    editsField(multi, &Scene::component, osg::ColorComponent::WeightFieldId);
+    multi.keys = [childKeys = multi.keys](const Scene &scene, const FieldContainerPtr &target) {
+        Keys keys = childKeys(scene, target);
+        keys.push_back(keyOf("material", scene.material));
+        keys.push_back(keyOf("componentSettings", scene.settings));
+        return keys;
+    };
+    touchesMaterial(multi);
     kinds.push_back(multi);
 
-    ksFaultKind environment = kind<osg::UBRDFMaterialPtr>(
-        "ksSetEnvironmentUndoCommand",
-        [](Scene &scene, osg::UBRDFMaterialPtr target) -> QUndoCommand * {
-            return new ksSetEnvironmentUndoCommand(target, scene.newEnvironment);
-        },
-        [](const Scene &scene) { return scene.brdf; });
+    Kind environment = ksFaultKindOf<ksSetEnvironmentUndoCommand>(
+        &Scene::brdf, [](Scene &scene, const osg::UBRDFMaterialPtr &target, QUndoCommand *parent) {
+            return new ksSetEnvironmentUndoCommand(target, scene.newEnvironment, parent);
+        });
     environment.makeWithoutTarget = {};
-    environment.impostors = [](const Scene &scene) { return Handles{scene.environment, scene.material}; };
-    const auto noEnvironment = [](const Scene &scene) {
-        return scene.fieldState(scene.brdf, "environment", "0");
-    };
-    const auto componentSettings = [](const Scene &scene) -> FieldContainerPtr { return scene.settings; };
+    environment.text = "Change Environment";
+    environment.isTranslated = true;
+    environment.keys = tellsTarget("material");
+    environment.records = exchanges(&Scene::brdf, osg::UBRDFMaterial::EnvironmentFieldMask,
+                                    {&Scene::newEnvironment}, {&Scene::environment});
+    environment.impostors = {&Scene::environment, &Scene::material};
+    const auto none = [](const Scene &scene) { return scene.fieldState(scene.brdf, "environment", "0"); };
     environment.further = {
-        {"newEnvironment",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.newEnvironment; },
-         noEnvironment,
-         {},
-         {},
-         {},
-         {},
-         componentSettings},
-        {"oldEnvironment",
-         [](const Scene &scene) -> FieldContainerPtr { return scene.environment; },
-         {},
-         noEnvironment,
-         {},
-         {},
-         {},
-         componentSettings},
+        {"newEnvironment", &Scene::newEnvironment, &Scene::settings, none},
+        {"oldEnvironment", &Scene::environment, &Scene::settings, {}, none},
     };
     kinds.push_back(environment);
 }
 
 /// A command on the list of tags with the id \a fieldId.
 template <class Command>
-ksFaultKind tagKind(std::string name, osg::UInt32 fieldId)
+void addTagKind(Kinds &kinds, osg::UInt32 fieldId, const std::string &variation)
 {
-    ksFaultKind result = kind<osg::AttachmentContainerPtr>(
-        std::move(name),
-        [fieldId](Scene &scene, osg::AttachmentContainerPtr target) -> QUndoCommand * {
+    const osg::BitVector mask = osg::BitVector(1) << fieldId | osg::TagAttachment::TagValuesFieldMask;
+    Kind kind = ksFaultKindOf<Command>(
+        &Scene::tagged,
+        [=](Scene &scene, const osg::AttachmentContainerPtr &target, QUndoCommand *) {
             osg::MField<std::string> tags({"old", "new"});
-            return new Command(
-                text, target, osg::BitVector(1) << fieldId | osg::TagAttachment::TagValuesFieldMask, fieldId,
-                "new", &tags, *scene.tags()->getMFTagValues(), osg::MField<osg::UInt64>({1, 2}));
+            return new Command(text, target, mask, fieldId, "new", &tags, *scene.tags()->getMFTagValues(),
+                               osg::MField<osg::UInt64>({1, 2}));
         },
-        [](const Scene &scene) -> osg::AttachmentContainerPtr { return scene.tagged; });
-    result.held = [](const Scene &scene) { return Handles{scene.tagged}; };
-    result.impostors = [](const Scene &scene) { return Handles{scene.tags()}; };
-    return result;
+        variation);
+    kind.isTopLevel = true;
+    kind.merging = Kind::Merging::unsupported;
+    kind.records = edits(&Scene::tags, mask, 2);
+    kind.held = {&Scene::tagged};
+    kind.impostors = {&Scene::tags};
+    kinds.push_back(kind);
 }
 
 template <class Command>
-ksFaultKind emptyTagKind(std::string name)
+void addEmptyTagKind(Kinds &kinds)
 {
-    ksFaultKind result;
-    result.name = std::move(name);
-    result.make = [](Scene &) { return new Command(text, "new", ksTagUndoCommand::USER_TAG); };
-    result.target = [](const Scene &scene) -> FieldContainerPtr { return scene.tagged; };
-    result.isEmpty = true;
-    return result;
+    Kind kind = ksFaultKindOf<Command>();
+    kind.make = [](Scene &, QUndoCommand *) { return new Command(text, "new", ksTagUndoCommand::USER_TAG); };
+    kind.target = &Scene::tagged;
+    kind.isTopLevel = true;
+    kind.merging = Kind::Merging::unsupported;
+    kind.isEmpty = true;
+    kinds.push_back(kind);
 }
 
-void addTagKinds(std::vector<ksFaultKind> &kinds)
+void addTagKinds(Kinds &kinds)
 {
-    constexpr osg::UInt32 userTags = osg::TagAttachment::UserTagsFieldId;
-    constexpr osg::UInt32 layerTags = osg::TagAttachment::LayerTagsFieldId;
-    kinds.push_back(tagKind<ksAddTagUndoCommand>("ksAddTagUndoCommand_user", userTags));
-    kinds.push_back(tagKind<ksAddTagUndoCommand>("ksAddTagUndoCommand_layer", layerTags));
-    kinds.push_back(tagKind<ksSubTagUndoCommand>("ksSubTagUndoCommand_user", userTags));
-    kinds.push_back(tagKind<ksSubTagUndoCommand>("ksSubTagUndoCommand_layer", layerTags));
-    kinds.push_back(emptyTagKind<ksAddEmptyTagUndoCommand>("ksAddEmptyTagUndoCommand"));
-    kinds.push_back(emptyTagKind<ksSubEmptyTagUndoCommand>("ksSubEmptyTagUndoCommand"));
+    using osg::TagAttachment;
+    addTagKind<ksAddTagUndoCommand>(kinds, TagAttachment::UserTagsFieldId, "user");
+    addTagKind<ksAddTagUndoCommand>(kinds, TagAttachment::LayerTagsFieldId, "layer");
+    addTagKind<ksSubTagUndoCommand>(kinds, TagAttachment::UserTagsFieldId, "user");
+    addTagKind<ksSubTagUndoCommand>(kinds, TagAttachment::LayerTagsFieldId, "layer");
+    addEmptyTagKind<ksAddEmptyTagUndoCommand>(kinds);
+    addEmptyTagKind<ksSubEmptyTagUndoCommand>(kinds);
 }
 
-void addConstraintKinds(std::vector<ksFaultKind> &kinds)
+void addConstraintKinds(Kinds &kinds)
 {
-    const auto make = [](Scene &scene, osg::AbstractConstraintPtr target) -> QUndoCommand * {
-        return new ksDeleteConstraintReferenceUndoCommand(target, {scene.source});
+    using osg::AbstractConstraintPtr;
+    constexpr osg::BitVector sourcesMask = osg::AbstractConstraintBase::SourcesFieldMask;
+    constexpr osg::BitVector upVectorsMask = osg::AimConstraintBase::UpVectorSourcesFieldMask;
+    constexpr osg::BitVector targetMask = osg::AbstractConstraintBase::TargetFieldMask;
+    const auto make = [](Scene &scene, const AbstractConstraintPtr &target, QUndoCommand *parent) {
+        return new ksDeleteConstraintReferenceUndoCommand(target, {scene.source}, parent);
     };
-    const auto source = [](const Scene &scene) -> FieldContainerPtr {
-        return scene.constraint()->getSources()[0];
+    /// The aim constraint with what is given of its sources, up vector objects and target.
+    const auto with = [](const std::vector<std::pair<const char *, ksPlace>> &fields) {
+        return [=](const Scene &scene) {
+            Scene::State state;
+            for (const auto &[field, place] : fields)
+                state.merge(place ? scene.fieldState(scene.constraint(), field, {place(scene)})
+                                  : scene.fieldState(scene.constraint(), field,
+                                                     std::string(field) == "target" ? "0" : ""));
+            return state;
+        };
     };
-    const auto upVector = [](const Scene &scene) -> FieldContainerPtr {
-        return scene.constraint()->getUpVectorSources()[0];
-    };
-    const auto target = [](const Scene &scene) -> FieldContainerPtr { return scene.source; };
-    const auto pointSource = [](const Scene &scene) -> FieldContainerPtr {
-        return scene.pointConstraint()->getSources()[0];
-    };
-    const auto with = [](const Scene &scene, const char *field, const FieldContainerPtr &container) {
-        return scene.fieldState(scene.constraint(), field, Handles{container});
-    };
-    const auto both = [](Scene::State one, const Scene::State &other) {
-        one.insert(other.begin(), other.end());
-        return one;
-    };
-    const auto empty = [](const Scene &scene, const char *field) {
-        return scene.fieldState(scene.constraint(), field, std::string());
-    };
-    const auto noTarget = [](const Scene &scene) {
-        return scene.fieldState(scene.constraint(), "target", "0");
-    };
-    const auto nodeOf = [](const Scene &scene) -> FieldContainerPtr { return scene.source; };
-    const auto tagsOf = [](const Scene &scene) -> FieldContainerPtr { return scene.tags(); };
 
-    ksFaultKind aim = kind<osg::AbstractConstraintPtr>(
-        "ksDeleteConstraintReferenceUndoCommand_aim", make,
-        [](const Scene &scene) -> osg::AbstractConstraintPtr { return scene.constraint(); });
-    aim.impostors = [](const Scene &scene) { return Handles{scene.linkSet(), groupOf(scene)}; };
-    aim.held = [=](const Scene &scene) { return Handles{source(scene), target(scene), upVector(scene)}; };
-    aim.released = [=](const Scene &scene) { return Handles{source(scene), upVector(scene), target(scene)}; };
-    aim.goneWhenDone = [=](const Scene &scene) { return Handles{source(scene), upVector(scene)}; };
+    Kind aim = ksFaultKindOf<ksDeleteConstraintReferenceUndoCommand>(&Scene::constraint, make, "aim");
+    aim.text = "Remove References from Constraint";
+    aim.records = [](const Scene &scene, bool undoing) {
+        const long long id = scene.recorder.idOf(scene.constraint());
+        return exchanges(&Scene::constraint, sourcesMask, {},
+                         {&Scene::aimSource, &Scene::aimUpVector, &Scene::source})(scene, undoing)
+            .change(id, upVectorsMask)
+            .change(id, targetMask);
+    };
+    aim.impostors = {&Scene::linkSet, &Scene::group};
+    aim.held = {&Scene::aimSource, &Scene::source, &Scene::aimUpVector};
+    aim.released = {&Scene::aimSource, &Scene::aimUpVector, &Scene::source};
+    aim.goneWhenDone = {&Scene::aimSource, &Scene::aimUpVector};
     aim.further = {
-        {"source",
-         source,
-         [=](const Scene &scene) { return both(empty(scene, "upVectorSources"), noTarget(scene)); },
-         [=](const Scene &scene) {
-             return both(with(scene, "upVectorSources", upVector(scene)),
-                         with(scene, "target", target(scene)));
-         },
-         {},
-         {},
-         {},
-         nodeOf},
-        {"upVector",
-         upVector,
-         [=](const Scene &scene) { return both(empty(scene, "sources"), noTarget(scene)); },
-         [=](const Scene &scene) {
-             return both(with(scene, "sources", source(scene)), with(scene, "target", target(scene)));
-         },
-         {},
-         {},
-         {},
-         nodeOf},
+        {"source", &Scene::aimSource, &Scene::source, with({{"upVectorSources", {}}, {"target", {}}}),
+         with({{"upVectorSources", &Scene::aimUpVector}, {"target", &Scene::source}})},
+        {"upVector", &Scene::aimUpVector, &Scene::source, with({{"sources", {}}, {"target", {}}}),
+         with({{"sources", &Scene::aimSource}, {"target", &Scene::source}})},
         {"target",
-         target,
+         &Scene::source,
+         &Scene::tags,
          {},
-         [=](const Scene &scene) {
-             return both(with(scene, "sources", source(scene)),
-                         with(scene, "upVectorSources", upVector(scene)));
-         },
-         {},
-         {},
-         {},
-         tagsOf},
+         with({{"sources", &Scene::aimSource}, {"upVectorSources", &Scene::aimUpVector}})},
     };
     kinds.push_back(aim);
 
-    ksFaultKind point = kind<osg::AbstractConstraintPtr>(
-        "ksDeleteConstraintReferenceUndoCommand_point", make,
-        [](const Scene &scene) -> osg::AbstractConstraintPtr { return scene.pointConstraint(); });
+    Kind point =
+        ksFaultKindOf<ksDeleteConstraintReferenceUndoCommand>(&Scene::pointConstraint, make, "point");
+    point.text = aim.text;
+    point.records = [](const Scene &scene, bool undoing) {
+        return exchanges(&Scene::pointConstraint, sourcesMask, {},
+                         {&Scene::pointSource, &Scene::source})(scene, undoing)
+            .change(scene.recorder.idOf(scene.pointConstraint()), targetMask);
+    };
     point.impostors = aim.impostors;
-    point.held = [=](const Scene &scene) { return Handles{pointSource(scene), target(scene)}; };
-    point.goneWhenDone = [=](const Scene &scene) { return Handles{pointSource(scene)}; };
+    point.held = {&Scene::pointSource, &Scene::source};
+    point.goneWhenDone = {&Scene::pointSource};
     kinds.push_back(point);
 }
 
 } // namespace
 
-std::vector<ksFaultKind> ksFaultKinds()
+Kinds ksFaultKinds()
 {
-    std::vector<ksFaultKind> kinds;
+    Kinds kinds;
     addFieldKinds(kinds);
+    addImageKinds(kinds);
     addCompositeKinds(kinds);
     addTransformKinds(kinds);
     addVariantKinds(kinds);
     addLightKinds(kinds);
+    addLinkKinds(kinds);
     addMaterialKinds(kinds);
     addTagKinds(kinds);
     addConstraintKinds(kinds);

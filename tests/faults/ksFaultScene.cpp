@@ -14,6 +14,7 @@
 #include <set>
 #include <sstream>
 #include <support/ksContainers.h>
+#include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>
 
 namespace {
@@ -114,10 +115,11 @@ ksFaultScene::ksFaultScene()
     transform->setRotationDirectionMode(ksTransformValueRow::directionAxis);
     box = addNode("Box", transform);
     ksNodeUtils::createTransformVariantsAttachment(box);
-    for (const char *name : {"a", "b", "c"})
-        ksNodeUtils::insertTransformVariant(box, ksNodeUtils::getTransformVariantCount(box),
-                                            variantCalled(name));
+    for (const osg::TransformVariantPtr &variant :
+         {variantA = variantCalled("a"), variantB = variantCalled("b"), variantC = variantCalled("c")})
+        ksNodeUtils::insertTransformVariant(box, ksNodeUtils::getTransformVariantCount(box), variant);
     looseVariant = keep(variantCalled("x"));
+    ksFillTransform(looseVariant->getTransform(), 5);
 
     lamp = addNode("Lamp", osg::UberLight::create());
     mark = addNode("Mark", osg::Group::create());
@@ -134,10 +136,10 @@ ksFaultScene::ksFaultScene()
         linkSet()->addSceneNode(node);
     pinned = addNode("Pinned", osg::PointConstraint::create());
     source = addNode("Source", osg::Group::create());
-    constraint()->addSourceObject(objectFor(source));
-    constraint()->addUpVectorObject(objectFor(source));
+    constraint()->addSourceObject(aimSource = objectFor(source));
+    constraint()->addUpVectorObject(aimUpVector = objectFor(source));
     constraint()->setTarget(source);
-    pointConstraint()->addSourceObject(objectFor(source));
+    pointConstraint()->addSourceObject(pointSource = objectFor(source));
     pointConstraint()->setTarget(source);
 
     spot = addNode("Spot", osg::UberLight::create());
@@ -147,7 +149,7 @@ ksFaultScene::ksFaultScene()
 
     probe = keep(osg::ProbeContainer::create());
     component = osg::ColorComponent::create();
-    component->setImage(imageOf(1));
+    component->setImage(oldImage = imageOf(1));
     newImage = keep(imageOf(2));
     settings = osg::ColorComponentSettings::create();
     material = keep(osg::UberMaterial::create());
@@ -188,7 +190,7 @@ void ksFaultScene::drop(const osg::FieldContainerPtr &container)
     } else if (container == tags()) {
         const osg::CPEditor edit(tagged, osg::Node::AttachmentsFieldMask);
         tagged->subAttachment(tags());
-    } else if (container == variant(1)) {
+    } else if (container == variantB) {
         ksNodeUtils::removeTransformVariant(box, 1);
     } else if (container == component) {
         const osg::CPEditor edit(material, osg::UberMaterial::ColorComponentDataFieldMask);
@@ -285,9 +287,9 @@ osg::TagAttachmentPtr ksFaultScene::tags() const
     return osg::TagAttachmentPtr::dcast(tagged->findAttachment(osg::TagAttachment::getClassGroupId()));
 }
 
-osg::TransformVariantPtr ksFaultScene::variant(unsigned long index) const
+osg::TransformVariantsAttachmentPtr ksFaultScene::variants() const
 {
-    return ksNodeUtils::getTransformVariant(box, index);
+    return ksNodeUtils::getTransformVariantsAttachment(box);
 }
 
 std::string ksFaultScene::prefixOf(const osg::FieldContainerPtr &container) const

@@ -10,6 +10,7 @@
 #include <OSGTagAttachment.h>
 #include <OSGTransform3D.h>
 #include <OSGTransformVariant.h>
+#include <OSGTransformVariantsAttachment.h>
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
@@ -85,7 +86,10 @@ public:
 
     // The scene below its root.
     osg::NodePtr root;
-    osg::NodePtr box;  ///< an osg::Transform3D, with the variants a, b and c
+    osg::NodePtr box; ///< an osg::Transform3D, with three variants
+    osg::TransformVariantPtr variantA;
+    osg::TransformVariantPtr variantB;
+    osg::TransformVariantPtr variantC;
     osg::NodePtr lamp; ///< an osg::UberLight
     osg::NodePtr mark;
     osg::NodePtr linked; ///< an osg::LightLinkSet
@@ -94,8 +98,11 @@ public:
     osg::NodePtr constrained; ///< an osg::AimConstraint
     osg::NodePtr pinned;      ///< an osg::PointConstraint
     osg::NodePtr source;      ///< both constraints refer to it in all the ways that they have
-    osg::NodePtr spot;        ///< an osg::UberLight with a visibility reference
-    osg::NodePtr shade;       ///< that reference
+    osg::ConstraintObjectPtr aimSource;
+    osg::ConstraintObjectPtr aimUpVector;
+    osg::ConstraintObjectPtr pointSource;
+    osg::NodePtr spot;  ///< an osg::UberLight with a visibility reference
+    osg::NodePtr shade; ///< that reference
 
     // What is not below the root.
     osg::ProbeContainerPtr probe;
@@ -103,6 +110,7 @@ public:
     osg::UberMaterialPtr material;
     osg::ColorComponentPtr component;
     osg::ColorComponentSettingsPtr settings;
+    osg::ImagePtr oldImage; ///< that of the component
     osg::ImagePtr newImage;
     osg::UBRDFMaterialPtr brdf;
     osg::MaterialPtr environment; ///< that of the material brdf
@@ -118,7 +126,10 @@ public:
         return osg::PointConstraintPtr::dcast(pinned->getCore());
     }
     osg::TagAttachmentPtr tags() const;
-    osg::TransformVariantPtr variant(unsigned long index) const;
+    osg::TransformVariantsAttachmentPtr variants() const;
+    osg::Transform3DPtr looseTransform() const { return looseVariant->getTransform(); }
+    osg::NodeCorePtr boxCore() const { return box->getCore(); }
+    osg::NodeCorePtr group() const { return mark->getCore(); } ///< a core, and no other one
 
 private:
     template <class PtrT>
@@ -129,6 +140,6 @@ private:
     std::string prefixOf(const osg::FieldContainerPtr &container) const;
 
     Events events;
-    ksHandlerCalls handlerCalls{[] { return std::string(); }};
+    ksHandlerCalls handlerCalls;
     std::map<osg::UInt32, osg::RefPtr<osg::FieldContainerPtr>> kept;
 };

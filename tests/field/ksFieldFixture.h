@@ -8,6 +8,7 @@
 
 #include <string>
 #include <support/OSGProbeContainer.h>
+#include <support/ksFieldTarget.h>
 #include <support/ksFieldTexts.h>
 #include <support/ksRecords.h>
 
@@ -54,6 +55,20 @@ protected:
     {
         EXPECT_EQ(recorder.take(), ksRecords());
         EXPECT_EQ(osg::ProbeContainer::takeCalls().size(), 0u);
+    }
+
+    /// Expects of the children of \a parent, built in turn with the text "text" and without one, that they
+    /// aim at the field of the probe with the id \a id.
+    void expectForms(const QUndoCommand &parent, osg::UInt32 id) const
+    {
+        for (int i = 0; i < parent.childCount(); ++i) {
+            auto &command =
+                dynamic_cast<ksFieldBaseUndoCommand &>(*const_cast<QUndoCommand *>(parent.child(i)));
+            EXPECT_EQ(command.text(), i % 2 == 0 ? QStringLiteral("text") : QString());
+            EXPECT_EQ(command.containerId(), probeId());
+            EXPECT_EQ(ksFieldTarget::idOfField(command), id);
+            EXPECT_EQ(ksFieldTarget::maskOf(command), osg::BitVector(1) << id);
+        }
     }
 
     /// Destroys the probe.

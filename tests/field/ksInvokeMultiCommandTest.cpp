@@ -2,21 +2,12 @@
 #include "ksMethodReceiver.h"
 
 #include <ksundo/core/ksUndoStack.h>
-#include <ksundo/field/ksFieldUndoCommand.h>
-#include <ksundo/field/ksImageFieldUndoCommand.h>
-#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
-#include <ksundo/field/ksStringFieldUndoCommand.h>
-#include <ksundo/field/ksStringsFieldUndoCommand.h>
 
-#include <QThread>
 #include <gmock/gmock.h>
 
-#include <set>
-#include <support/ksDescribe.h>
 #include <support/ksErrorLines.h>
 #include <support/ksProbeCommand.h>
-#include <support/ksVirtualSlot.h>
 #include <type_traits>
 
 using testing::ElementsAre;
@@ -87,15 +78,6 @@ TEST_F(ksInvokeMultiCommandTest, CallsItsMethodOnceAfterAllChildrenInBothDirecti
     EXPECT_THAT(std::exchange(log, {}), ElementsAre("redo A", "redo B", "call"));
 }
 
-TEST_F(ksInvokeMultiCommandTest, CallsItsMethodAlsoWithoutChildren)
-{
-    ksInvokeMultiCommand command(QString(), &receiver, " takeNothing ( ) ");
-    command.redo();
-    EXPECT_THAT(receiver.takeCalls(), ElementsAre("takeNothing"));
-    command.undo();
-    EXPECT_THAT(receiver.takeCalls(), ElementsAre("takeNothing"));
-}
-
 TEST_F(ksInvokeMultiCommandTest, LogsAMethodThatIsNotFoundOnceAndRunsItsChildren)
 {
     ksDerivedReceiver derived;
@@ -117,19 +99,6 @@ TEST_F(ksInvokeMultiCommandTest, LogsEveryCallThatQtRefusesAfterItsChildrenRan)
     EXPECT_THAT(receiver.takeCalls(), IsEmpty());
 }
 
-TEST_F(ksInvokeMultiCommandTest, QueuesTheCallForAnObjectOfAnotherThread)
-{
-    QThread thread;
-    receiver.moveToThread(&thread);
-    runsOf("takeNothing()");
-    EXPECT_THAT(receiver.takeCalls(), IsEmpty()) << "the thread has not begun yet";
-    QMetaObject::invokeMethod(
-        &receiver, [&thread] { thread.quit(); }, Qt::QueuedConnection);
-    thread.start();
-    thread.wait();
-    EXPECT_THAT(receiver.takeCalls(), ElementsAre("takeNothing", "takeNothing"));
-}
-
 TEST_F(ksInvokeMultiCommandTest, MergesAsABatchDoesAndCallsTheMethodOfTheSurvivor)
 {
     ksMethodReceiver other;
@@ -149,48 +118,4 @@ TEST_F(ksInvokeMultiCommandTest, MergesAsABatchDoesAndCallsTheMethodOfTheSurvivo
     EXPECT_EQ(number, 2);
     EXPECT_EQ(receiver.takeCalls().size(), 2u);
     EXPECT_THAT(other.takeCalls(), IsEmpty());
-}
-
-TEST_F(ksInvokeMultiCommandTest, DoesNotMergeWithAPlainBatchNorWithAnotherNumberOfChildren)
-{
-    ksInvokeMultiCommand command(QString(), &receiver, "takeNothing()");
-    EXPECT_TRUE(command.mergeWith(&command));
-    ksMultiCommand plain{QString()};
-    EXPECT_FALSE(command.mergeWith(&plain));
-    EXPECT_FALSE(plain.mergeWith(&command));
-    ksInvokeMultiCommand full(QString(), &receiver, "takeNothing()");
-    addChildren(full);
-    EXPECT_FALSE(command.mergeWith(&full));
-    EXPECT_FALSE(full.mergeWith(&command));
-}
-
-TEST_F(ksInvokeMultiCommandTest, HasItsTextItsIdAndTheMessageOfItsFirstChild)
-{
-    ksInvokeMultiCommand command(QStringLiteral("text"), &receiver, "takeNothing()");
-    EXPECT_EQ(command.text(), QStringLiteral("text"));
-    EXPECT_EQ(command.id(), ksInvokeMultiCommand::commandId());
-    EXPECT_EQ(command.id(), ksUndoCommand::makeId(typeid(ksInvokeMultiCommand)));
-    EXPECT_NE(command.id(), ksMultiCommand::commandId());
-    EXPECT_EQ(ksMessageOf(command), "");
-    new ksProbeCommand<1>(QString(), log, &command);
-    new ksProbeCommand<2>(QString(), log, &command);
-    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(ksProbeCommand<1>::commandId()));
-}
-
-TEST_F(ksInvokeMultiCommandTest, KeepsItsVirtualFunctionsInOrder)
-{
-    EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::mergeWith), 5u);
-    EXPECT_EQ(ksVirtualSlot(&ksInvokeMultiCommand::makeMessage), 6u);
-}
-
-TEST(ksFieldCommandIds, AreAllDistinct)
-{
-    const std::set<int> ids{ksFieldUndoCommand<int>::commandId(),  ksBoolFieldUndoCommand::commandId(),
-                            ksStringFieldUndoCommand::commandId(), ksStringsFieldUndoCommand::commandId(),
-                            ksImageFieldUndoCommand::commandId(),  ksInvokeBoolFieldUndoCommand::commandId(),
-                            ksInvokeMultiCommand::commandId(),     ksMultiCommand::commandId()};
-    EXPECT_EQ(ids.size(), 8u);
 }

@@ -3,8 +3,6 @@
 
 #include <ksundo/field/ksStringsFieldUndoCommand.h>
 
-#include <support/ksFieldTarget.h>
-
 namespace {
 
 class ksStringsFieldUndoCommandTest : public ksFieldFixture
@@ -33,22 +31,16 @@ TEST_F(ksStringsFieldUndoCommandTest, HasAConstructorWithAndWithoutText)
 {
     QUndoCommand parent;
     const osg::MFString strings = fieldWith({"x", "y"});
-    ksStringsFieldUndoCommand *const commands[] = {
-        new ksStringsFieldUndoCommand(QStringLiteral("text"), container(), "words", strings, &parent),
-        new ksStringsFieldUndoCommand(container(), "words", strings, &parent),
-    };
-    ASSERT_EQ(parent.childCount(), 2);
-    for (int i = 0; i < 2; ++i) {
-        ksStringsFieldUndoCommand &command = *commands[i];
-        EXPECT_EQ(parent.child(i), &command);
-        EXPECT_EQ(command.text(), i == 0 ? QStringLiteral("text") : QString());
-        EXPECT_EQ(ksFieldTarget::idOfField(command), osg::ProbeContainer::WordsFieldId);
-        EXPECT_EQ(ksFieldTarget::maskOf(command), osg::ProbeContainer::WordsFieldMask);
-        command.redo();
+    for (ksStringsFieldUndoCommand *command :
+         {new ksStringsFieldUndoCommand(QStringLiteral("text"), container(), "words", strings, &parent),
+          new ksStringsFieldUndoCommand(container(), "words", strings, &parent)}) {
+        command->redo();
         EXPECT_EQ(stringsOf(probe->getWords()), Strings({"x", "y"}));
-        command.undo();
+        command->undo();
         EXPECT_EQ(stringsOf(probe->getWords()), Strings());
     }
+    ASSERT_EQ(parent.childCount(), 2);
+    expectForms(parent, osg::ProbeContainer::WordsFieldId);
 }
 
 TEST_F(ksStringsFieldUndoCommandTest, CopiesTheStringsThatItIsGiven)

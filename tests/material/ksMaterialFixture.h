@@ -19,29 +19,13 @@ protected:
 
     ksMaterialFixture()
     {
-        fillMaterial();
+        {
+            const osg::CPEditor edit(material, osg::FieldBits::AllFields);
+            material->addColorComponent(component);
+            material->setComponentSettings(settings);
+        }
         forget();
         calls.take();
-    }
-
-    /// Lets aspect 1, which knows nothing of the scene yet, have what the material holds, too.
-    void shareMaterial()
-    {
-        material->subColorComponent(component);
-        material->setComponentSettings(osg::NullFC);
-        forget();
-        fillMaterial();
-        ksSyncAspects();
-        calls.take();
-    }
-
-    /// Expects that the latest step reaches aspect 1 by way of the change list.
-    void expectSharedStep()
-    {
-        ksExpectSync(component.get());
-        for (const osg::FieldContainerPtr &each :
-             {osg::FieldContainerPtr(material), osg::FieldContainerPtr(settings)})
-            EXPECT_EQ(ksFieldTextsOf(each, 1), ksFieldTextsOf(each));
     }
 
     static osg::UInt32 idOf(const osg::FieldContainerPtr &container)
@@ -62,28 +46,6 @@ protected:
 
     /// The record of a step that changes the weight and touches nothing.
     ksRecords weightEdit() const { return ksRecords().change(recorder.idOf(component.get()), weightMask); }
-
-    /// The record of a step that changes the weight, then touches the settings and the material.
-    ksRecords touchingEdit() const
-    {
-        return weightEdit()
-            .change(recorder.idOf(settings.get()), projectionMask)
-            .change(recorder.idOf(material.get()), componentsMask);
-    }
-
-    /// The calls of handlers by an edit of the weight to \a weight without touches.
-    std::vector<ksHandlerCall> weightCalls(const char *weight) const
-    {
-        return {{idOf(component.get()), weightMask, 1, 1, weight}};
-    }
-
-    /// The calls of handlers by an edit of the weight to \a weight with touches.
-    std::vector<ksHandlerCall> touchingCalls(const char *weight) const
-    {
-        return {{idOf(component.get()), weightMask, 1, 1, weight},
-                {idOf(settings.get()), projectionMask, 1, 2, weight},
-                {idOf(material.get()), componentsMask, 1, 3, weight}};
-    }
 
     /// Expects that the latest step was \a edit and called \a handlers.
     void expectStep(const ksRecords &edit, const std::vector<ksHandlerCall> &handlers)
@@ -112,13 +74,6 @@ protected:
         material->subColorComponent(component);
         component = osg::NullFC;
         forget();
-    }
-
-    void fillMaterial()
-    {
-        const osg::CPEditor edit(material, osg::FieldBits::AllFields);
-        material->addColorComponent(component);
-        material->setComponentSettings(settings);
     }
 
     static constexpr osg::BitVector weightMask = osg::ColorComponent::WeightFieldMask;

@@ -1,20 +1,17 @@
 // SPDX-License-Identifier: MIT
 #include "ksMaterialFixture.h"
 
-#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/material/ksColorComponentUndoCommand.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
 
 #include <memory>
 #include <support/ksFieldTarget.h>
-#include <support/ksVirtualSlot.h>
 
 namespace {
 
 struct OfMaterial
 {
     using Command = ksMaterialUndoCommand;
-    using Other = ksColorComponentUndoCommand;
 
     static constexpr const char *firstKey = "material";
     static constexpr const char *secondKey = "componentSettings";
@@ -23,7 +20,6 @@ struct OfMaterial
 struct OfComponent
 {
     using Command = ksColorComponentUndoCommand;
-    using Other = ksMaterialUndoCommand;
 
     static constexpr const char *firstKey = "component";
     static constexpr const char *secondKey = "parent";
@@ -56,8 +52,6 @@ protected:
     {
         return make(inner, material.get(), settings.get());
     }
-
-    std::unique_ptr<Command> make(float weight) const { return make(weightCommand(weight)); }
 };
 
 /// Two commands that merge; each test changes one thing about the newer one.
@@ -117,18 +111,6 @@ TYPED_TEST_SUITE(ksWrappedFieldCommandMerging, Kinds);
 
 } // namespace
 
-TYPED_TEST(ksWrappedFieldUndoCommandTest, RunsItsInnerCommand)
-{
-    const auto command = this->make(2.0f);
-    EXPECT_EQ(this->component->getWeight(), 1);
-    for (int i = 0; i < 2; ++i) {
-        command->redo();
-        EXPECT_EQ(this->component->getWeight(), 2);
-        command->undo();
-        EXPECT_EQ(this->component->getWeight(), 1);
-    }
-}
-
 TYPED_TEST(ksWrappedFieldUndoCommandTest, OwnsItsInnerCommand)
 {
     class Watched : public ksFieldBaseUndoCommand
@@ -160,38 +142,6 @@ TYPED_TEST(ksWrappedFieldUndoCommandTest, MayBeDestroyedWithoutAnInnerCommand)
     EXPECT_EQ(this->recorder.take(), ksRecords());
 }
 
-TYPED_TEST(ksWrappedFieldUndoCommandTest, ChangesAndHoldsNothingBeforeItRuns)
-{
-    const auto before = this->scene();
-    const auto command = this->make(2.0f);
-    EXPECT_EQ(this->scene(), before);
-    EXPECT_EQ(this->countOf(this->material.get()), 1);
-    EXPECT_EQ(this->countOf(this->settings.get()), 2);
-    EXPECT_EQ(this->countOf(this->component.get()), 2);
-    this->expectStep({}, {});
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, ChangesNothingButTheInnerCommandsField)
-{
-    auto expected = this->scene();
-    const auto command = this->make(2.0f);
-    command->redo();
-    expected[this->recorder.idOf(this->component.get())]["weight"] = "2";
-    EXPECT_EQ(this->scene(), expected);
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, HasItsTextAndParent)
-{
-    QUndoCommand parent;
-    const auto *command = new typename TypeParam::Command(
-        QStringLiteral("own"), this->weightCommand(2), this->material.get(), this->settings.get(), &parent);
-    ASSERT_EQ(parent.childCount(), 1);
-    EXPECT_EQ(parent.child(0), command);
-    EXPECT_EQ(command->text(), QStringLiteral("own"));
-    parent.redo();
-    EXPECT_EQ(this->component->getWeight(), 2);
-}
-
 TYPED_TEST(ksWrappedFieldUndoCommandTest, TellsItsContainersButNoNullOnes)
 {
     const std::string inner = this->keyOf("container", this->component.get());
@@ -215,46 +165,9 @@ TYPED_TEST(ksWrappedFieldUndoCommandTest, TellsItsContainersButNoNullOnes)
     EXPECT_THAT(keysOf(null, null), UnorderedElementsAre(inner, id));
 }
 
-TYPED_TEST(ksWrappedFieldUndoCommandTest, TellsZeroForAnInnerCommandWithoutAnAim)
-{
-    const auto command = this->make(new ksFieldUndoCommand<float>(QString(), osg::NullFC, "weight", 2),
-                                    osg::NullFC, osg::NullFC);
-    EXPECT_EQ(ksMessageOf(*command),
-              "container=uint:0 id=int:" + std::to_string(TypeParam::Command::commandId()));
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, TellsItsContainersAlsoWhenTheyHaveGone)
-{
-    const auto command = this->make(2.0f);
-    const std::string before = ksMessageOf(*command);
-    this->destroyComponent();
-    this->destroySettings();
-    this->destroyMaterial();
-    EXPECT_EQ(ksMessageOf(*command), before);
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, HasAnIdOfItsOwn)
-{
-    const auto command = this->make(2.0f);
-    EXPECT_EQ(command->id(), TypeParam::Command::commandId());
-    EXPECT_EQ(command->id(), ksUndoCommand::makeId(typeid(*command)));
-    EXPECT_NE(command->id(), TypeParam::Other::commandId());
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, KeepsItsVirtualFunctionsInOrder)
-{
-    using Command = typename TypeParam::Command;
-    EXPECT_EQ(ksVirtualSlot(&Command::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&Command::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&Command::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&Command::mergeWith), 5u);
-    EXPECT_EQ(ksVirtualSlot(&Command::makeMessage), 6u);
-    EXPECT_EQ(ksVirtualSlot(&Command::canMergeWith), 7u);
-}
-
 TYPED_TEST(ksWrappedFieldUndoCommandTest, TouchesAContainerByItsIdWhenAsked)
 {
-    const auto command = this->make(2.0f);
+    const auto command = this->make(this->weightCommand(2));
     const osg::UInt32 id = this->idOf(this->settings.get());
     const osg::BitVector mask = osg::BitVector(1) << 40 | 2;
     const auto before = this->scene();
@@ -267,29 +180,6 @@ TYPED_TEST(ksWrappedFieldUndoCommandTest, TouchesAContainerByItsIdWhenAsked)
     this->destroySettings();
     command->touch(id, mask);
     this->expectStep({}, {});
-}
-
-TYPED_TEST(ksWrappedFieldUndoCommandTest, UndoesADragAtOnce)
-{
-    ksUndoStack stack;
-    for (const int step : {1, 2, 3}) {
-        auto *inner = this->weightCommand(1 + static_cast<float>(step));
-        auto command = this->make(inner);
-        ksCommandTime::of(*inner) = 0.1 * step;
-        ksCommandTime::of(*command) = 0.1 * step;
-        stack.add(command.release());
-    }
-    EXPECT_EQ(stack.count(), 1);
-    EXPECT_EQ(this->component->getWeight(), 4);
-    stack.undo();
-    EXPECT_EQ(this->component->getWeight(), 1);
-    stack.redo();
-    EXPECT_EQ(this->component->getWeight(), 4);
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, MergesTheInnerCommandsAndSlidesBothWindows)
-{
-    this->expectMerge();
 }
 
 TYPED_TEST(ksWrappedFieldCommandMerging, HappensAlsoWhenTheContainersHaveGone)
@@ -310,69 +200,24 @@ TYPED_TEST(ksWrappedFieldCommandMerging, HappensWithoutContainers)
     this->expectMerge();
 }
 
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenSwitchedOff)
+TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForOtherContainers)
 {
-    this->newer->setMergeEnabled(false);
-    this->expectNoMerge();
+    using Pair = std::pair<osg::FieldContainerPtr, osg::FieldContainerPtr>;
+    const osg::FieldContainerPtr null;
+    for (const auto &[first, second] : {Pair(this->component, this->settings), Pair(null, this->settings),
+                                        Pair(this->material, this->component), Pair(this->material, null),
+                                        Pair(this->settings, this->material)}) {
+        this->replaceNewer(first, second);
+        this->expectNoMerge();
+    }
 }
 
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedAtTheEndOfTheWindow)
-{
-    ksCommandTime::of(*this->newer) = 0.4;
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForAnotherClass)
-{
-    const typename TypeParam::Other other(QString(), this->weightCommand(3), this->material.get(),
-                                          this->settings.get());
-    EXPECT_FALSE(this->older->canMergeWith(&other));
-    EXPECT_FALSE(this->older->mergeWith(&other));
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForAnotherFirstContainer)
-{
-    this->replaceNewer(this->component.get(), this->settings.get());
-    this->expectNoMerge();
-    this->replaceNewer(osg::NullFC, this->settings.get());
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForAnotherSecondContainer)
-{
-    this->replaceNewer(this->material.get(), this->component.get());
-    this->expectNoMerge();
-    this->replaceNewer(this->material.get(), osg::NullFC);
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForTheContainersInReverse)
-{
-    this->replaceNewer(this->settings.get(), this->material.get());
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandsAreOnDifferentContainers)
+TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandsCannotMerge)
 {
     ksFieldTarget::idOfContainer(*this->newerInner) = this->idOf(this->material.get());
     this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandsAreOnDifferentFields)
-{
-    ksFieldTarget::idOfField(*this->newerInner) = osg::ColorComponent::ColorFieldId;
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandIsOutOfItsWindow)
-{
+    this->replaceNewer(this->material.get(), this->settings.get());
     ksCommandTime::of(*this->newerInner) = 0.4;
-    this->expectNoMerge();
-}
-
-TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandIsSwitchedOff)
-{
-    this->newerInner->setMergeEnabled(false);
     this->expectNoMerge();
 }
 

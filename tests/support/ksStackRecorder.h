@@ -5,6 +5,7 @@
 
 #include <QUndoCommand>
 
+#include <algorithm>
 #include <string>
 #include <support/ksDescribe.h>
 #include <utility>
@@ -20,29 +21,36 @@ inline ksEvents operator+(ksEvents first, const ksEvents &second)
     return first;
 }
 
+/// What a command adds to a message, each entry as key=type:value.
+using ksKeys = std::vector<std::string>;
+
 /// The two lines by which a stack announces one step of the command \a text at \a index. \a keys is what the
-/// command itself says, sorted as a message is; all of it must come between "added" and "index" there.
+/// command itself says.
 namespace ksStep {
 
-inline std::string message(const char *name, bool added, const std::string &keys, int index,
-                           const std::string &text)
+inline std::string message(const char *name, bool added, ksKeys keys, int index, const std::string &text)
 {
-    return std::string(name) + "(added=bool:" + (added ? "true" : "false") +
-           (keys.empty() ? "" : ' ' + keys) + " index=int:" + std::to_string(index) + " text=string:" + text +
-           ", 0)";
+    keys.push_back(added ? "added=bool:true" : "added=bool:false");
+    keys.push_back("index=int:" + std::to_string(index));
+    keys.push_back("text=string:" + text);
+    std::sort(keys.begin(), keys.end());
+    std::string line = name;
+    for (const std::string &key : keys)
+        line += (&key == &keys.front() ? '(' : ' ') + key;
+    return line + ", 0)";
 }
 
-inline ksEvents added(const std::string &text, int index, const std::string &keys = {})
+inline ksEvents added(const std::string &text, int index, const ksKeys &keys = {})
 {
     return {"redoPerformed(" + text + ", true)", message("ksURManager::redo", true, keys, index, text)};
 }
 
-inline ksEvents redone(const std::string &text, int index, const std::string &keys = {})
+inline ksEvents redone(const std::string &text, int index, const ksKeys &keys = {})
 {
     return {"redoPerformed(" + text + ", false)", message("ksURManager::redo", false, keys, index, text)};
 }
 
-inline ksEvents undone(const std::string &text, int index, const std::string &keys = {})
+inline ksEvents undone(const std::string &text, int index, const ksKeys &keys = {})
 {
     return {"undoPerformed(" + text + ")", message("ksURManager::undo", false, keys, index, text)};
 }

@@ -3,6 +3,7 @@
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGThread.h>
 
 #include <QtGlobal>
@@ -13,6 +14,17 @@
 #include <tuple>
 #include <utility>
 #include <vector>
+
+/// The values of the fields \a mask of \a container, one after the other.
+inline std::string ksValuesOf(const osg::FieldContainerPtr &container, osg::BitVector mask)
+{
+    std::string values;
+    std::string value;
+    for (osg::UInt32 id = 1; id <= container->getType().getNumFieldDescs(); ++id)
+        if ((mask & osg::TypeTraits<osg::BitVector>::One << id) != 0)
+            values += container->getField(id)->getValueByStr(value) + ';';
+    return values;
+}
 
 /// One call of a container's change handler: the container, what the handler was told, how many changes the
 /// thread's change list held, and what else could be found then.
@@ -39,8 +51,9 @@ struct ksHandlerCall
 class ksHandlerCalls
 {
 public:
-    /// \a find tells what can be found at the time of a call.
-    explicit ksHandlerCalls(std::function<std::string()> find)
+    /// \a find tells what can be found at the time of a call; by default the values of the fields in
+    /// question.
+    explicit ksHandlerCalls(std::function<std::string()> find = {})
         : find(std::move(find))
     {
         current = this;
@@ -51,13 +64,14 @@ public:
     /// The calls since the last time.
     std::vector<ksHandlerCall> take() { return std::exchange(calls, {}); }
 
-    static void note(osg::UInt32 id, osg::BitVector mask, osg::UInt32 origin)
+    static void note(const osg::FieldContainerPtr &container, osg::BitVector mask, osg::UInt32 origin)
     {
         if (current == nullptr)
             return;
         const osg::ChangeList *changes = osg::PThreadBase::getCurrentChangeList();
-        current->calls.push_back(
-            {id, mask, origin, changes == nullptr ? 0 : changes->sizeChanged(), current->find()});
+        current->calls.push_back({container.getFieldContainerId(), mask, origin,
+                                  changes == nullptr ? 0 : changes->sizeChanged(),
+                                  current->find ? current->find() : ksValuesOf(container, mask)});
     }
 
 private:
@@ -83,7 +97,7 @@ public:
 
     void changed(osg::BitVector whichField, osg::UInt32 origin) override
     {
-        ksHandlerCalls::note(typename Base::Ptr(*this).getFieldContainerId(), whichField, origin);
+        ksHandlerCalls::note(typename Base::Ptr(*this), whichField, origin);
         Base::changed(whichField, origin);
     }
 };

@@ -1,20 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/tag/ksTagUndoCommands.h>
 
 #include <OSGTagAttachment.h>
 #include <OpenSG/OSGGroup.h>
 
 #include <memory>
-#include <set>
-#include <support/ksEchoTranslator.h>
 #include <support/ksSceneFixture.h>
-#include <support/ksSlotSwap.h>
-#include <support/ksStackRecorder.h>
-#include <support/ksVirtualSlot.h>
 #include <support/ksWatched.h>
-#include <thread>
 #include <type_traits>
 #include <vector>
 
@@ -71,17 +63,16 @@ struct Args
 struct Kind
 {
     const char *name;
-    std::unique_ptr<ksAttachedTagUndoCommand> (*make)(const Args &args, const QString &text);
-    int (*commandId)();
+    std::unique_ptr<ksAttachedTagUndoCommand> (*make)(const Args &args);
 
     friend std::ostream &operator<<(std::ostream &stream, const Kind &kind) { return stream << kind.name; }
 };
 
 template <class Command>
-std::unique_ptr<ksAttachedTagUndoCommand> make(const Args &args, const QString &text)
+std::unique_ptr<ksAttachedTagUndoCommand> make(const Args &args)
 {
     osg::MField<std::string> newStrings(args.newStrings);
-    auto command = std::make_unique<Command>(text, args.container, args.mask, args.fieldId, args.tag,
+    auto command = std::make_unique<Command>(QString(), args.container, args.mask, args.fieldId, args.tag,
                                              &newStrings, osg::MField<osg::UInt64>(args.oldValues),
                                              osg::MField<osg::UInt64>(args.newValues));
     newStrings.push_back("too late");
@@ -107,7 +98,7 @@ protected:
         node->addAttachment(tags);
     }
 
-    Command make(const Args &args) const { return GetParam().make(args, QStringLiteral("Tag %1")); }
+    Command make(const Args &args) const { return GetParam().make(args); }
     Command make() const { return make({node}); }
 
     /// A command on the field \a fieldId. What that prints goes to \a printed.
@@ -145,36 +136,12 @@ protected:
     osg::TagAttachmentRefPtr tags{ksWatched<TagAttachment>::create()};
 };
 
-using ksEmptyTagCommands = ksSceneFixture;
-
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(
-    , ksTagUndoCommandsTest,
-    testing::Values(Kind{"add", &make<ksAddTagUndoCommand>, &ksAddTagUndoCommand::commandId},
-                    Kind{"sub", &make<ksSubTagUndoCommand>, &ksSubTagUndoCommand::commandId}),
-    [](const auto &info) { return info.param.name; });
-
-TEST_P(ksTagUndoCommandsTest, WritesTheNewAndTheOldLists)
-{
-    const Command command = make();
-    EXPECT_EQ(state(), before) << "nothing happens before the command runs";
-    for (int i = 0; i < 2; ++i) {
-        command->redo();
-        EXPECT_EQ(state(), done);
-        command->undo();
-        EXPECT_EQ(state(), undone);
-    }
-}
-
-TEST_P(ksTagUndoCommandsTest, WritesTheTagsOfTheLayers)
-{
-    const Command command = make({node, layerTags});
-    command->redo();
-    EXPECT_EQ(state(), "system | old, K\xc3\xb6rper | old, new | 3, 18446744073709551615");
-    command->undo();
-    EXPECT_EQ(state(), "system | old, K\xc3\xb6rper | front | 1, 2");
-}
+INSTANTIATE_TEST_SUITE_P(, ksTagUndoCommandsTest,
+                         testing::Values(Kind{"add", &make<ksAddTagUndoCommand>},
+                                         Kind{"sub", &make<ksSubTagUndoCommand>}),
+                         [](const auto &info) { return info.param.name; });
 
 TEST_P(ksTagUndoCommandsTest, WritesAlsoTagsThatItSaysAreNotSupported)
 {
@@ -203,13 +170,6 @@ TEST_P(ksTagUndoCommandsTest, ReplacesTheListsWholeWhateverHappenedToThem)
     command->redo();
     command->redo();
     EXPECT_EQ(state(), done);
-}
-
-TEST_P(ksTagUndoCommandsTest, UndoesAsWellWhenThatComesFirst)
-{
-    const Command command = make();
-    command->undo();
-    EXPECT_EQ(state(), undone);
 }
 
 TEST_P(ksTagUndoCommandsTest, EmptiesTheLists)
@@ -287,84 +247,6 @@ TEST_P(ksTagUndoCommandsTest, AnnouncesBothWritesWithTheMaskThatItIsGiven)
     }
 }
 
-TEST_P(ksTagUndoCommandsTest, OnlyRecordsWhileChangesAreIgnored)
-{
-    ksHandlerCalls calls([] { return ""; });
-    const Command command = make();
-    forget();
-    osg::FieldContainerPtr::_ignore_change = true;
-    command->redo();
-    EXPECT_EQ(state(), done);
-    EXPECT_THAT(calls.take(), testing::IsEmpty());
-    EXPECT_EQ(recorder.take(),
-              ksRecords().change(idOf(tags.get()), userMask).change(idOf(tags.get()), userMask));
-}
-
-TEST_P(ksTagUndoCommandsTest, OnlyCallsTheHandlerOnAThreadWithoutAList)
-{
-    ksHandlerCalls calls([] { return ""; });
-    const osg::UInt32 id = tags.get().getFieldContainerId();
-    const Command command = make();
-    forget();
-    std::thread([&command] { command->redo(); }).join();
-    EXPECT_EQ(state(), done);
-    EXPECT_THAT(calls.take(), testing::ElementsAre(ksHandlerCall{id, userMask, 1, 0, ""},
-                                                   ksHandlerCall{id, userMask, 1, 0, ""}));
-    EXPECT_EQ(recorder.take(), ksRecords());
-}
-
-TEST_P(ksTagUndoCommandsTest, ReachesTheOtherAspectWithAMaskOfBothLists)
-{
-    expectAspectsInStep();
-    const Command command = make();
-    expectAspectsInStep();
-    for (int i = 0; i < 2; ++i) {
-        command->redo();
-        EXPECT_NE(scene(1), scene());
-        expectAspectsInStep();
-        command->undo();
-        EXPECT_NE(scene(1), scene());
-        expectAspectsInStep();
-    }
-}
-
-TEST_P(ksTagUndoCommandsTest, HoldsItsContainer)
-{
-    EXPECT_EQ(countOf(node.get()), 1);
-    EXPECT_EQ(countOf(tags.get()), 2);
-    forget();
-    Command command = make();
-    EXPECT_EQ(recorder.take(), ksRecords().addRef(idOf(node.get())));
-    for (const auto step : {&QUndoCommand::redo, &QUndoCommand::undo, &QUndoCommand::redo}) {
-        EXPECT_EQ(countOf(node.get()), 2);
-        EXPECT_EQ(countOf(tags.get()), 2) << "the node and the test";
-        (command.get()->*step)();
-    }
-    forget();
-    command.reset();
-    EXPECT_EQ(recorder.take(), ksRecords().subRef(idOf(node.get())));
-    EXPECT_EQ(countOf(node.get()), 1);
-    make().reset();
-    EXPECT_EQ(countOf(node.get()), 1);
-}
-
-TEST_P(ksTagUndoCommandsTest, KeepsItsContainerAliveUntilItGoes)
-{
-    Command command = make();
-    const long long nodeId = idOf(node.get());
-    const osg::UInt32 id = node.get().getFieldContainerId();
-    node = osg::NullFC;
-    command->redo();
-    EXPECT_EQ(state(), done);
-    command->undo();
-    EXPECT_EQ(state(), undone);
-    forget();
-    command.reset();
-    EXPECT_THAT(recorder.take().destroyed, testing::Contains(nodeId));
-    EXPECT_EQ(ksFindContainer<osg::NodePtr>(id), osg::NullFC);
-    EXPECT_EQ(countOf(tags.get()), 1);
-}
-
 TEST_P(ksTagUndoCommandsTest, TakesAnyContainerOfAttachments)
 {
     const osg::NodeCorePtr core = node->getCore();
@@ -373,14 +255,6 @@ TEST_P(ksTagUndoCommandsTest, TakesAnyContainerOfAttachments)
     const Command command = make({core});
     command->redo();
     EXPECT_EQ(state(), done);
-}
-
-TEST_P(ksTagUndoCommandsTest, IsIdleWithoutAContainer)
-{
-    const Command command = make({osg::NullFC});
-    EXPECT_EQ(command->getTagString(), "");
-    EXPECT_EQ(command->getTagType(), ksTagUndoCommand::USER_TAG);
-    expectIdle(*command);
 }
 
 TEST_P(ksTagUndoCommandsTest, HasNoTagsOfAContainerWithoutTheAttachment)
@@ -427,110 +301,13 @@ TEST_P(ksTagUndoCommandsTest, FindsOnlyTheAttachmentOfTheFirstBinding)
     expectIdle(*command);
 }
 
-TEST_P(ksTagUndoCommandsTest, IsIdleWhileItsIdNamesAnotherKindOfContainer)
+TEST(ksEmptyTagCommands, TellWhatTheyWereBuiltWith)
 {
-    const Command command = make();
-    for (const osg::FieldContainerPtr &other :
-         {osg::FieldContainerPtr(tags.get()), osg::FieldContainerPtr()}) {
-        const ksSlotSwap swap(node.get().getFieldContainerId(), other);
-        expectIdle(*command);
-    }
-    command->redo();
-    EXPECT_EQ(state(), done);
-}
-
-TEST_P(ksTagUndoCommandsTest, TakesItsTextAsItStands)
-{
-    const ksEchoTranslator translator;
-    EXPECT_EQ(make()->text(), QStringLiteral("Tag %1"));
-    EXPECT_EQ(GetParam().make({node}, QString())->text(), QString());
-}
-
-TEST_P(ksTagUndoCommandsTest, TellsNothingButItsId)
-{
-    const Command command = make();
-    EXPECT_EQ(command->id(), GetParam().commandId());
-    EXPECT_EQ(command->id(), ksUndoCommand::makeId(typeid(*command)));
-    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(GetParam().commandId()));
-}
-
-TEST_P(ksTagUndoCommandsTest, NeverMerges)
-{
-    const Command older = make();
-    const Command newer = make();
-    newer->setMergeResponseDelta(-1.0);
-    EXPECT_TRUE(older->canMergeWith(newer.get())) << "as far as the base class is concerned";
-    EXPECT_FALSE(older->mergeWith(newer.get()));
-
-    ksUndoStack stack;
-    const std::string keys = "id=int:" + std::to_string(GetParam().commandId());
-    for (const Strings &strings : {Strings{"a"}, Strings{"a", "b"}})
-        stack.add(make({node, userTags, userMask, "tag", strings}).release());
-    EXPECT_EQ(stack.count(), 2);
-    EXPECT_EQ(state(), "system | a, b | front | 3, 18446744073709551615");
-    ksStackRecorder events(stack);
-    stack.undo();
-    EXPECT_EQ(state(), "system | a | front | 1, 2");
-    stack.undo();
-    EXPECT_EQ(state(), undone);
-    EXPECT_EQ(events.take(), ksStep::undone("Tag %1", 1, keys) + ksStep::undone("Tag %1", 0, keys));
-}
-
-TEST_F(ksEmptyTagCommands, ChangeNothingAndTellWhatTheyWereBuiltWith)
-{
-    const osg::NodeRefPtr node(nodeWith(osg::Group::create()));
-    node->addAttachment(TagAttachment::create());
-    ksAddEmptyTagUndoCommand add(QStringLiteral("Add %1"), "K\xc3\xb6rper", ksTagUndoCommand::LAYER_TAG);
-    ksSubEmptyTagUndoCommand sub(QStringLiteral("Sub"), "", ksTagUndoCommand::USER_TAG);
-    for (ksEmptyTagUndoCommand *command :
-         {static_cast<ksEmptyTagUndoCommand *>(&add), static_cast<ksEmptyTagUndoCommand *>(&sub)})
-        expectIdle(*command);
-    EXPECT_EQ(add.text(), QStringLiteral("Add %1"));
+    const ksAddEmptyTagUndoCommand add(QString(), "K\xc3\xb6rper", ksTagUndoCommand::LAYER_TAG);
+    const ksSubEmptyTagUndoCommand sub(QString(), "", ksTagUndoCommand::USER_TAG);
     EXPECT_EQ(add.getTagString(), "K\xc3\xb6rper");
     EXPECT_EQ(add.getTagType(), 1);
-    EXPECT_EQ(sub.text(), QStringLiteral("Sub"));
     EXPECT_EQ(sub.getTagString(), "");
     EXPECT_EQ(sub.getTagType(), 0);
-}
-
-TEST_F(ksEmptyTagCommands, TellNothingButTheirIdAndNeverMerge)
-{
-    ksAddEmptyTagUndoCommand older(QString(), "a", ksTagUndoCommand::USER_TAG);
-    ksAddEmptyTagUndoCommand newer(QString(), "a", ksTagUndoCommand::USER_TAG);
-    newer.setMergeResponseDelta(-1.0);
-    EXPECT_EQ(ksMessageOf(older), "id=int:" + std::to_string(ksAddEmptyTagUndoCommand::commandId()));
-    EXPECT_FALSE(older.mergeWith(&newer));
-    const ksSubEmptyTagUndoCommand sub(QString(), "a", ksTagUndoCommand::USER_TAG);
-    EXPECT_EQ(ksMessageOf(sub), "id=int:" + std::to_string(ksSubEmptyTagUndoCommand::commandId()));
-
-    ksUndoStack stack;
-    for (int i = 0; i < 2; ++i)
-        stack.add(new ksSubEmptyTagUndoCommand(QString(), "a", ksTagUndoCommand::LAYER_TAG));
-    EXPECT_EQ(stack.count(), 2);
-}
-
-TEST(ksTagCommandIds, AreAllDistinct)
-{
-    const std::set<int> ids{ksAddTagUndoCommand::commandId(), ksSubTagUndoCommand::commandId(),
-                            ksAddEmptyTagUndoCommand::commandId(), ksSubEmptyTagUndoCommand::commandId()};
-    EXPECT_EQ(ids.size(), 4u);
-    EXPECT_GT(*ids.begin(), 0);
     EXPECT_EQ(ksEmptyTagUndoCommand(QString(), "", ksTagUndoCommand::USER_TAG).id(), -1);
-}
-
-TEST(ksTagCommands, KeepTheirVirtualFunctionsInOrder)
-{
-    EXPECT_EQ(ksVirtualSlot(&ksTagUndoCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksTagUndoCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksAttachedTagUndoCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksAttachedTagUndoCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksEmptyTagUndoCommand::undo), 2u);
-    EXPECT_EQ(ksVirtualSlot(&ksEmptyTagUndoCommand::redo), 3u);
-    EXPECT_EQ(ksVirtualSlot(&ksAddTagUndoCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksSubTagUndoCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksAddEmptyTagUndoCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksSubEmptyTagUndoCommand::id), 4u);
-    EXPECT_EQ(ksVirtualSlot(&ksAddTagUndoCommand::mergeWith), 5u);
-    EXPECT_EQ(ksVirtualSlot(&ksAddTagUndoCommand::makeMessage), 6u);
-    EXPECT_EQ(ksVirtualSlot(&ksAddTagUndoCommand::canMergeWith), 7u);
 }

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ksTransformFixture.h"
 
-#include <thread>
-
 namespace {
 
 using osg::Quaternion;
@@ -64,32 +62,4 @@ TEST_F(OSGTransform3DRotationTest, TakesItsOwnRotation)
     EXPECT_EQ(transform->getRotation(), before);
     EXPECT_EQ(transform->getEulerRotation(), transform->convertQuatToEuler(before, true));
     EXPECT_EQ(recorder.take(), edit());
-}
-
-TEST_F(OSGTransform3DRotationTest, RecordsWithoutCallingTheHandlerWhenChangesAreIgnored)
-{
-    const osg::Matrix matrix = transform->getMatrix();
-    forget();
-    osg::FieldContainerPtr::_ignore_change = true;
-    transform->setRotationAsQuaternion(target);
-    EXPECT_EQ(recorder.take(), edit());
-    EXPECT_EQ(transform->getRotation(), target);
-    EXPECT_EQ(transform->getMatrix(), matrix) << "which the handler keeps in step";
-}
-
-TEST_F(OSGTransform3DRotationTest, RunsOnAThreadWithoutAList)
-{
-    const osg::Matrix matrix = transform->getMatrix();
-    forget();
-    std::thread([this] { transform->setRotationAsQuaternion(target); }).join();
-    EXPECT_EQ(transform->getRotation(), target);
-    EXPECT_NE(transform->getMatrix(), matrix);
-    EXPECT_EQ(recorder.take(), ksRecords());
-}
-
-TEST_F(OSGTransform3DRotationTest, ReachesTheOtherAspect)
-{
-    ksSyncAspects();
-    transform->setRotationAsQuaternion(target);
-    ksExpectSync(transform);
 }

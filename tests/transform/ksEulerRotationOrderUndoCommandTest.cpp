@@ -3,10 +3,8 @@
 #include "ksMergeForm.h"
 #include "ksTransformFixture.h"
 
-#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 
-#include <support/ksEchoTranslator.h>
 #include <type_traits>
 
 static_assert(std::is_base_of_v<ksTransformUndoCommand<std::string>, ksEulerRotationOrderUndoCommand>);
@@ -52,17 +50,6 @@ protected:
 
 } // namespace
 
-TEST_F(ksEulerRotationOrderUndoCommandTest, IsCalledATranslation)
-{
-    EXPECT_EQ(Command(node, "XYZ").text(), QStringLiteral("Translate 'Box'"));
-    EXPECT_EQ(Command(child, "XYZ").text(), QStringLiteral("Translate 'Transform3D'"));
-    EXPECT_EQ(Command(osg::NullFC, "XYZ").text(), QStringLiteral("Translate ''"));
-    osg::setName(node.get(), "%1");
-    EXPECT_EQ(Command(node, "XYZ").text(), QStringLiteral("Translate '%1'"));
-    const ksEchoTranslator translator;
-    EXPECT_EQ(Command(node, "XYZ").text(), QStringLiteral("ksEulerRotationOrderUndoCommand|Translate '%1'"));
-}
-
 TEST_F(ksEulerRotationOrderUndoCommandTest, ExchangesTheOrderAtEveryStep)
 {
     for (const int index : {-1, 0, 2}) {
@@ -77,15 +64,6 @@ TEST_F(ksEulerRotationOrderUndoCommandTest, ExchangesTheOrderAtEveryStep)
     }
 }
 
-TEST_F(ksEulerRotationOrderUndoCommandTest, ExchangesAsWellWhenUndoComesFirst)
-{
-    Command command(node, "ZXY");
-    command.undo();
-    EXPECT_EQ(order(), "ZXY");
-    command.redo();
-    EXPECT_EQ(order(), "YZX");
-}
-
 TEST_F(ksEulerRotationOrderUndoCommandTest, PassesAnyTextOn)
 {
     for (const std::string text : {"", "xyz", "%1", "Z\xc3\xb6X"}) {
@@ -95,22 +73,6 @@ TEST_F(ksEulerRotationOrderUndoCommandTest, PassesAnyTextOn)
         EXPECT_EQ(command.get(node), text);
         command.undo();
         EXPECT_EQ(order(), "YZX");
-    }
-}
-
-TEST_F(ksEulerRotationOrderUndoCommandTest, RecordsOneEditPerStep)
-{
-    const osg::BitVector mask =
-        osg::Transform3D::EulerRotationOrderFieldMask | osg::Transform3D::RotationFieldMask;
-    for (const int index : {-1, 1}) {
-        const ksRecords edit =
-            ksRecords().change(recorder.idOf(ksNodeUtils::getTransform3D(node, index)), mask);
-        Command command(node, "ZXY", nullptr, {}, index);
-        forget();
-        command.redo();
-        EXPECT_EQ(recorder.take(), edit);
-        command.undo();
-        EXPECT_EQ(recorder.take(), edit);
     }
 }
 
@@ -139,45 +101,16 @@ TEST_F(ksEulerRotationOrderUndoCommandTest, CallsTheSyncFunctionOnlyForTheNodesO
     EXPECT_EQ(take(), ksTransformEvents());
 }
 
-TEST_F(ksEulerRotationOrderUndoCommandTest, DoesWithoutCallbackAndSyncFunction)
-{
-    Command command(node, "ZXY");
-    command.redo();
-    EXPECT_EQ(order(), "ZXY");
-}
-
-TEST_F(ksEulerRotationOrderUndoCommandTest, SharesTheSyncFunctionOfItsClass)
-{
-    Command command(node, "ZXY");
-    logSync();
-    command.redo();
-    EXPECT_EQ(take().size(), 1u);
-    Command::setSyncFunction([this](const osg::NodePtr &, const std::string &) { events = {"other"}; });
-    command.undo();
-    EXPECT_THAT(take(), testing::ElementsAre("other"));
-    Command::setSyncFunction({});
-    command.redo();
-    EXPECT_EQ(take(), ksTransformEvents());
-}
-
 TEST_F(ksEulerRotationOrderUndoCommandTest, HasAConstructorPerWayToMerge)
 {
-    logSync();
-    Command older(node, "ZXY", nullptr, {}, 0);
-    ksCommandTime::of(older) = 1000;
+    const Command older(node, "ZXY", nullptr, {}, 0);
     std::vector<double> windows;
     for (const ksMergeForm &form : {ksMergeForm(), ksMergeForm(true), ksMergeForm(false), ksMergeForm(2.0)}) {
         QUndoCommand parent;
         Command &newer = *ksBuilderOf<Command>(form, node, "XZY")(&parent, callback(0), 0);
         EXPECT_EQ(parent.child(0), &newer);
         EXPECT_EQ(newer.text(), older.text());
-        double window = 0;
-        for (const double distance : {0.375, 1.875, 2.125}) {
-            ksCommandTime::of(newer) = 1000 + distance;
-            if (older.canMergeWith(&newer))
-                window = distance;
-        }
-        windows.push_back(window);
+        windows.push_back(ksMergeWindow(older, newer));
         newer.redo();
         EXPECT_THAT(take(), testing::ElementsAre("callback " + id() + " XZY 0 at XZY"));
         newer.undo();
@@ -186,58 +119,11 @@ TEST_F(ksEulerRotationOrderUndoCommandTest, HasAConstructorPerWayToMerge)
     EXPECT_THAT(windows, testing::ElementsAre(0.375, 0.375, 0, 1.875));
 }
 
-TEST_F(ksEulerRotationOrderUndoCommandTest, MergesOnlyOnTheSameNodeWithTheSameIndex)
+TEST_F(ksEulerRotationOrderUndoCommandTest, MergesOnlyWithTheSameIndex)
 {
     Command older(node, "ZXY");
-    Command newer(node, "XZY");
-    EXPECT_TRUE(older.canMergeWith(&newer));
-    Command elsewhere(child, "XZY");
-    expectNoMerge(older, elsewhere);
     Command variant(node, "XZY", nullptr, {}, 0);
     expectNoMerge(older, variant);
-}
-
-TEST_F(ksEulerRotationOrderUndoCommandTest, UndoesAMergedRunAtOnce)
-{
-    ksUndoStack stack;
-    for (const char *text : {"XYZ", "ZXY", "XZY"}) {
-        auto *command = new Command(node, text);
-        command->setMergeResponseDelta(-1.0);
-        stack.add(command);
-    }
-    EXPECT_EQ(stack.count(), 1);
-    stack.undo();
-    EXPECT_EQ(order(), "YZX");
-    stack.redo();
-    EXPECT_EQ(order(), "XZY");
-}
-
-TEST_F(ksEulerRotationOrderUndoCommandTest, TellsTheNodeAndThatItIsATransformCommand)
-{
-    const Command command(node, "ZXY");
-    EXPECT_EQ(command.id(), Command::commandId());
-    EXPECT_EQ(ksMessageOf(command), "id=int:" + std::to_string(Command::commandId()) + " node=uint:" + id() +
-                                        " transformCommand=bool:true");
-}
-
-TEST_F(ksEulerRotationOrderUndoCommandTest, IsIdleWithoutANode)
-{
-    logSync();
-    Command nowhere(osg::NullFC, "ZXY", nullptr, callback());
-    Command fresh(node, "ZXY", nullptr, callback());
-    Command applied(node, "ZXY", nullptr, callback());
-    applied.redo();
-    {
-        const ksSlotSwap swap(nodeId(), node->getCore());
-        take();
-        expectIdle(fresh);
-    }
-    destroyNode();
-    for (Command *command : {&nowhere, &fresh, &applied})
-        expectIdle(*command);
-    EXPECT_EQ(take(), ksTransformEvents());
-    EXPECT_EQ(ksFunctionTarget<std::string>::valueOf(fresh), "ZXY");
-    EXPECT_EQ(ksFunctionTarget<std::string>::valueOf(applied), "YZX");
 }
 
 TEST_F(ksEulerRotationOrderUndoCommandTest, ReadsAnEmptyOrderFromANodeWithoutATransform)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "ksFillTransform.h"
+
 #include <ksundo/core/ksFindContainer.h>
 
 #include <OSGTransform3D.h>
@@ -45,34 +47,15 @@ protected:
         append(group, node);
         append(root, group);
         append(node, child);
-        fill(ownTransformOf(root), 1);
-        fill(ownTransformOf(node), 2);
-        fill(ownTransformOf(child), 3);
+        ksFillTransform(ownTransformOf(root), 1);
+        ksFillTransform(ownTransformOf(node), 2);
+        ksFillTransform(ownTransformOf(child), 3);
         osg::setName(node.get(), "Box");
     }
 
     static osg::Transform3DPtr ownTransformOf(const osg::NodePtr &owner)
     {
         return osg::Transform3DPtr::dcast(owner->getCore());
-    }
-
-    static void fill(const osg::Transform3DPtr &transform, float seed)
-    {
-        const osg::CPEditor edit(transform, osg::FieldBits::AllFields);
-        transform->setTranslation(osg::Vec3f(seed, -2, 0.5f));
-        transform->setEulerRotation(osg::Vec3f(10 * seed, -20, 30));
-        transform->setEulerRotationOrder("YZX");
-        transform->updateRotation();
-        transform->setScale(osg::Vec3f(1 + seed / 4, 1.5f, 0.75f));
-        transform->setShear(osg::Vec3f(0.25f, seed / 8, -0.5f));
-        transform->setScalePivot(osg::Vec3f(0.1f, seed, 0.3f));
-        transform->setScalePivotTranslation(osg::Vec3f(0.4f, 0.5f, seed));
-        transform->setRotatePivot(osg::Vec3f(seed, 0.7f, 0.8f));
-        transform->setRotatePivotTranslation(osg::Vec3f(0.9f, seed, 1.1f));
-        transform->setRotationOrientation(osg::Vec3f(5, 6 * seed, 7));
-        transform->setRotationDirection(osg::Vec3f(seed, 1, 2));
-        transform->setRotationDirectionMode(1);
-        transform->setInheritType(static_cast<int>(seed));
     }
 
     /// Gives \a owner variants of these one-letter names, each with a transform of its own.
@@ -87,7 +70,7 @@ protected:
     static osg::TransformVariantPtr variant(const std::string &name)
     {
         const osg::Transform3DPtr transform = osg::Transform3D::create();
-        fill(transform, 4 + static_cast<float>(name.front() % 8) / 2);
+        ksFillTransform(transform, 4 + static_cast<float>(name.front() % 8) / 2);
         const osg::TransformVariantPtr result = osg::TransformVariant::create();
         const osg::CPEditor edit(result, osg::FieldBits::AllFields);
         result->setName(name);

@@ -7,6 +7,7 @@
 
 #include <ksNodeUtils.h>
 
+#include <algorithm>
 #include <functional>
 #include <ostream>
 #include <string>
@@ -42,9 +43,14 @@ struct ksTransformValueRow
     osg::Vec3f (*read)(const osg::NodePtr &node, bool mode, int index);
     Command *(*make)(const osg::NodePtr &node, const osg::Vec3f &value, const ksTransformValueForm &form);
     void (*setSync)(const Sync &sync);
-    int (*commandId)();
 
     std::vector<int> indexes() const { return hasIndex ? std::vector<int>{-1, 0, 2} : std::vector<int>{-1}; }
+    /// Without a word on merging, with the switch on and off, with a window, and without a limit; the shear
+    /// command takes none of these.
+    std::vector<ksMergeForm> mergeForms() const
+    {
+        return hasIndex ? std::vector<ksMergeForm>{{}, true, false, 2.0, -1.0} : std::vector<ksMergeForm>{{}};
+    }
     std::vector<bool> modes() const
     {
         return hasMode ? std::vector<bool>{false, true} : std::vector<bool>{false};
@@ -107,21 +113,13 @@ inline Row::Command *shear(const NodePtr &node, const Value &value, const Form &
 template <class Command>
 void setSync(const Row::Sync &sync)
 {
-    if (sync)
-        Command::setSyncFunction([sync](const NodePtr &node, const Value &value) { sync(node, value, "-"); });
-    else
-        Command::setSyncFunction({});
-}
-
-template <class Command>
-void setModeSync(const Row::Sync &sync)
-{
-    if (sync)
-        Command::setSyncFunction([sync](const NodePtr &node, const Value &value, bool mode) {
-            sync(node, value, mode ? "true" : "false");
-        });
-    else
-        Command::setSyncFunction({});
+    if (!sync)
+        return Command::setSyncFunction({});
+    Command::setSyncFunction([sync](const NodePtr &node, const Value &value, auto... mode) {
+        std::string text = "-";
+        ((text = mode ? "true" : "false"), ...);
+        sync(node, value, text);
+    });
 }
 
 /// A getter without a mode.
@@ -143,43 +141,42 @@ inline Value readShear(const NodePtr &node, bool, int)
 
 inline const std::vector<Row> all = {
     {"ksTranslationUndoCommand", "Translate", true, true, true, false, Transform3D::TranslationFieldMask,
-     &ksNodeUtils::getTransformNodeTranslation, &translation, &setModeSync<ksTranslationUndoCommand>,
-     &ksTranslationUndoCommand::commandId},
+     &ksNodeUtils::getTransformNodeTranslation, &translation, &setSync<ksTranslationUndoCommand>},
     {"ksRotationUndoCommand", "Rotate", false, true, true, false,
      Transform3D::RotationFieldMask | Transform3D::EulerRotationFieldMask,
      &read<&ksNodeUtils::getTransformNodeRotation>, &withCallback<ksRotationUndoCommand>,
-     &setSync<ksRotationUndoCommand>, &ksRotationUndoCommand::commandId},
+     &setSync<ksRotationUndoCommand>},
     {"ksScaleUndoCommand", "Scale", false, true, true, false, Transform3D::ScaleFieldMask,
      &read<&ksNodeUtils::getTransformNodeScale>, &withCallback<ksScaleUndoCommand>,
-     &setSync<ksScaleUndoCommand>, &ksScaleUndoCommand::commandId},
+     &setSync<ksScaleUndoCommand>},
     {"ksScalePivotUndoCommand", "Change Scale Pivot", true, false, true, true,
      Transform3D::ScalePivotFieldMask, &ksNodeUtils::getTransformNodeScalePivot,
-     &withMode<ksScalePivotUndoCommand>, &setModeSync<ksScalePivotUndoCommand>,
-     &ksScalePivotUndoCommand::commandId},
+     &withMode<ksScalePivotUndoCommand>, &setSync<ksScalePivotUndoCommand>},
     {"ksRotationPivotUndoCommand", "Change Rotation Pivot", true, false, true, true,
      Transform3D::RotatePivotFieldMask, &ksNodeUtils::getTransformNodeRotatePivot,
-     &withMode<ksRotationPivotUndoCommand>, &setModeSync<ksRotationPivotUndoCommand>,
-     &ksRotationPivotUndoCommand::commandId},
+     &withMode<ksRotationPivotUndoCommand>, &setSync<ksRotationPivotUndoCommand>},
     {"ksScalePivotTranslationUndoCommand", "Change Scale Pivot Translation", false, false, true, true,
      Transform3D::ScalePivotTranslationFieldMask, &read<&ksNodeUtils::getTransformNodeScalePivotTranslation>,
-     &plain<ksScalePivotTranslationUndoCommand>, &setSync<ksScalePivotTranslationUndoCommand>,
-     &ksScalePivotTranslationUndoCommand::commandId},
+     &plain<ksScalePivotTranslationUndoCommand>, &setSync<ksScalePivotTranslationUndoCommand>},
     {"ksRotationPivotTranslationUndoCommand", "Change Rotation Pivot Translation", false, false, true, true,
      Transform3D::RotatePivotTranslationFieldMask,
      &read<&ksNodeUtils::getTransformNodeRotatePivotTranslation>,
-     &plain<ksRotationPivotTranslationUndoCommand>, &setSync<ksRotationPivotTranslationUndoCommand>,
-     &ksRotationPivotTranslationUndoCommand::commandId},
+     &plain<ksRotationPivotTranslationUndoCommand>, &setSync<ksRotationPivotTranslationUndoCommand>},
     {"ksRotationPivotOrientationUndoCommand", "Change Rotation Pivot", false, false, true, false,
      Transform3D::RotationOrientationFieldMask, &read<&ksNodeUtils::getTransformNodeRotationOrientation>,
-     &plain<ksRotationPivotOrientationUndoCommand>, &setSync<ksRotationPivotOrientationUndoCommand>,
-     &ksRotationPivotOrientationUndoCommand::commandId},
+     &plain<ksRotationPivotOrientationUndoCommand>, &setSync<ksRotationPivotOrientationUndoCommand>},
     {"ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot", false, false, true, false,
      Transform3D::RotationDirectionFieldMask | Transform3D::RotationDirectionModeFieldMask |
          Transform3D::RotationDirectionOnFieldMask,
-     &readDirection, &direction, &setSync<ksRotationPivotDirectionUndoCommand>,
-     &ksRotationPivotDirectionUndoCommand::commandId},
+     &readDirection, &direction, &setSync<ksRotationPivotDirectionUndoCommand>},
     {"ksShearUndoCommand", "Shear", false, false, false, true, Transform3D::ShearFieldMask, &readShear,
-     &shear, &setSync<ksShearUndoCommand>, &ksShearUndoCommand::commandId},
+     &shear, &setSync<ksShearUndoCommand>},
 };
+
+/// The row of the class \a className.
+inline const Row &of(const std::string &className)
+{
+    return *std::find_if(all.begin(), all.end(), [&](const Row &row) { return className == row.className; });
+}
 
 } // namespace ksTransformValueRows

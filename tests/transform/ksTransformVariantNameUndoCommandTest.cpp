@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ksTransformFixture.h"
 
-#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
-
-#include <functional>
-#include <support/ksEchoTranslator.h>
 
 namespace {
 
@@ -90,86 +86,4 @@ TEST_F(ksTransformVariantNameUndoCommandTest, TakesNamesAsTheyAre)
         EXPECT_EQ(name(), before);
         command.redo();
     }
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, RecordsOneEditPerStepAndHoldsNoReference)
-{
-    forget();
-    {
-        Command command = this->command("B");
-        EXPECT_EQ(recorder.take(), ksRecords());
-        EXPECT_EQ(countOf(variant), 1);
-        command.redo();
-        EXPECT_EQ(recorder.take(), edit());
-        command.undo();
-        EXPECT_EQ(recorder.take(), edit());
-    }
-    EXPECT_EQ(recorder.take(), ksRecords());
-    EXPECT_EQ(countOf(variant), 1);
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, IsIdleWhenTheVariantHasGone)
-{
-    Command fresh = command("B");
-    Command undone = command("B");
-    undone.redo();
-    undone.undo();
-    Command applied = command("B");
-    applied.redo();
-    {
-        const ksSlotSwap swap(variant.get().getFieldContainerId(), node.get());
-        take();
-        expectIdle(fresh);
-    }
-    variant = osg::NullFC;
-    for (Command *command : {&fresh, &undone, &applied})
-        expectIdle(*command);
-    EXPECT_THAT(take(), testing::IsEmpty());
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, ThrowsAfterItHasWrittenWithoutANotification)
-{
-    Command command(variant, "B", nullptr, {});
-    EXPECT_THROW(command.redo(), std::bad_function_call);
-    EXPECT_EQ(name(), "B");
-    EXPECT_THROW(command.undo(), std::bad_function_call);
-    EXPECT_EQ(name(), "A");
-    variant = osg::NullFC;
-    EXPECT_NO_THROW(command.redo());
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, IsCalledByATranslatedText)
-{
-    EXPECT_EQ(command("B").text(), QStringLiteral("Transform Variant Name"));
-    const ksEchoTranslator translator;
-    EXPECT_EQ(command("B").text(),
-              QStringLiteral("ksTransformVariantNameUndoCommand|Transform Variant Name"));
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, TellsItsIdAndBelongsToItsParent)
-{
-    QUndoCommand parent;
-    const auto *command = new Command(variant, "B", &parent, {});
-    EXPECT_EQ(parent.child(0), command);
-    EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
-}
-
-TEST_F(ksTransformVariantNameUndoCommandTest, NeverMerges)
-{
-    Command older = command("B");
-    Command newer = command("C");
-    expectNoMerge(older, newer);
-
-    ksUndoStack stack;
-    for (const char *next : {"B", "C"}) {
-        auto *command = new Command(variant, next, nullptr, [](const std::string &, const std::string &) {});
-        command->setMergeResponseDelta(-1.0);
-        stack.add(command);
-    }
-    EXPECT_EQ(stack.count(), 2);
-    stack.undo();
-    EXPECT_EQ(name(), "B");
-    stack.undo();
-    EXPECT_EQ(name(), "A");
 }

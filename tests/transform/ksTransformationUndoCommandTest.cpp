@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "ksTransformFixture.h"
 
-#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/transform/ksTransformationUndoCommand.h>
 
 #include <memory>
-#include <support/ksEchoTranslator.h>
 #include <type_traits>
 
 static_assert(std::is_base_of_v<ksUndoCommand, ksTransformationUndoCommand> &&
@@ -25,19 +23,24 @@ struct Form
     QUndoCommand *parent = nullptr;
 };
 
-/// Box has the variants a, b and c. All commands write the same new values, no two of which are the same.
+/// Box has the variants a, b and c. All commands write the same new values.
 class ksTransformationUndoCommandTest : public ksTransformFixture
 {
 protected:
-    ksTransformationUndoCommandTest() { addVariants(node, "abc"); }
+    ksTransformationUndoCommandTest()
+    {
+        addVariants(node, "abc");
+        ksFillTransform(pattern, 21);
+        pattern->setEulerRotationOrder("ZXY");
+        pattern->setRotationDirectionOn(true);
+        pattern->setRotationDirectionMode(2);
+    }
     ~ksTransformationUndoCommandTest() override { Command::setSyncFunction({}); }
 
-    static std::unique_ptr<Command> make(const osg::NodePtr &target, const Form &form = {})
+    std::unique_ptr<Command> make(const osg::NodePtr &target, const Form &form = {}) const
     {
-        return std::make_unique<Command>(
-            target, Vec3f(1, 2, 3), Vec3f(11, 12, 13), Vec3f(21, 22, 23), Vec3f(31, 32, 33),
-            Vec3f(41, 42, 43), Vec3f(51, 52, 53), Vec3f(61, 62, 63), Vec3f(71, 72, 73), 8, "ZXY", true,
-            Vec3f(91, 92, 93), 2, form.syncs, form.parent, form.notification, form.index);
+        return std::make_unique<Command>(target, ksTransformation::of(pattern), form.syncs, form.parent,
+                                         form.notification, form.index);
     }
 
     /// The fields of a transform that a command is about, but for the quaternion and the matrix.
@@ -49,40 +52,17 @@ protected:
         return values;
     }
 
-    static const ksFieldTexts &newValues()
-    {
-        static const ksFieldTexts values = {{"translation", ksTextOf(Vec3f(1, 2, 3))},
-                                            {"eulerRotation", ksTextOf(Vec3f(11, 12, 13))},
-                                            {"scale", ksTextOf(Vec3f(21, 22, 23))},
-                                            {"shear", ksTextOf(Vec3f(31, 32, 33))},
-                                            {"scalePivot", ksTextOf(Vec3f(41, 42, 43))},
-                                            {"rotatePivot", ksTextOf(Vec3f(51, 52, 53))},
-                                            {"scalePivotTranslation", ksTextOf(Vec3f(61, 62, 63))},
-                                            {"rotatePivotTranslation", ksTextOf(Vec3f(71, 72, 73))},
-                                            {"inheritType", "8"},
-                                            {"eulerRotationOrder", "ZXY"},
-                                            {"rotationDirectionOn", "TRUE"},
-                                            {"rotationDirection", ksTextOf(Vec3f(91, 92, 93))},
-                                            {"rotationDirectionMode", "2"}};
-        return values;
-    }
+    ksFieldTexts newValues() const { return valuesOf(pattern); }
 
     /// What a command finds where there is no transform.
-    static const ksFieldTexts &noValues()
+    ksFieldTexts noValues() const
     {
-        static const ksFieldTexts values = {{"translation", ksTextOf(Vec3f())},
-                                            {"eulerRotation", ksTextOf(Vec3f())},
-                                            {"scale", ksTextOf(Vec3f())},
-                                            {"shear", ksTextOf(Vec3f())},
-                                            {"scalePivot", ksTextOf(Vec3f())},
-                                            {"rotatePivot", ksTextOf(Vec3f())},
-                                            {"scalePivotTranslation", ksTextOf(Vec3f())},
-                                            {"rotatePivotTranslation", ksTextOf(Vec3f())},
-                                            {"inheritType", "0"},
-                                            {"eulerRotationOrder", ""},
-                                            {"rotationDirectionOn", "FALSE"},
-                                            {"rotationDirection", ksTextOf(Vec3f())},
-                                            {"rotationDirectionMode", "0"}};
+        ksFieldTexts values = newValues();
+        for (auto &[field, text] : values)
+            text = ksTextOf(Vec3f());
+        values["inheritType"] = values["rotationDirectionMode"] = "0";
+        values["eulerRotationOrder"] = "";
+        values["rotationDirectionOn"] = "FALSE";
         return values;
     }
 
@@ -105,6 +85,8 @@ protected:
 
     osg::Transform3DPtr transform(int index = -1) const { return ksNodeUtils::getTransform3D(node, index); }
 
+    /// A transform with the new values, no two of which are the same.
+    const osg::Transform3DRefPtr pattern{osg::Transform3D::create()};
     ksTransformEvents events;
 
 private:
@@ -132,6 +114,21 @@ TEST_F(ksTransformationUndoCommandTest, WritesTheNewAndTheOldSet)
     }
 }
 
+TEST_F(ksTransformationUndoCommandTest, TakesTheValuesOneByOneAsWell)
+{
+    logSync();
+    const ksTransformation v = ksTransformation::of(pattern);
+    QUndoCommand parent;
+    new Command(node, v.translation, v.rotation, v.scale, v.shear, v.scalePivot, v.rotatePivot,
+                v.scalePivotTranslation, v.rotatePivotTranslation, v.inheritType, v.eulerRotationOrder,
+                v.rotationDirectionOn, v.rotationDirection, v.rotationDirectionMode, true, &parent,
+                loggingNotification(), -1);
+    ASSERT_EQ(parent.childCount(), 1);
+    parent.redo();
+    EXPECT_EQ(valuesOf(transform()), newValues());
+    EXPECT_EQ(take().size(), 2u);
+}
+
 TEST_F(ksTransformationUndoCommandTest, ChangesNothingElse)
 {
     for (const int index : {-1, 1}) {
@@ -144,61 +141,21 @@ TEST_F(ksTransformationUndoCommandTest, ChangesNothingElse)
     }
 }
 
-TEST_F(ksTransformationUndoCommandTest, RestoresRotationDirectionsThatWereOn)
-{
-    transform()->setRotationDirectionOn(true);
-    transform()->setRotationDirectionMode(0);
-    const auto command = make(node);
-    command->redo();
-    transform()->setRotationDirectionOn(false);
-    command->undo();
-    EXPECT_TRUE(transform()->getRotationDirectionOn());
-    EXPECT_EQ(transform()->getRotationDirectionMode(), 0);
-}
-
 TEST_F(ksTransformationUndoCommandTest, CapturesTheOldSetOnceWhenItIsBuilt)
 {
     const ksFieldTexts before = valuesOf(transform());
     const auto command = make(node);
-    fill(transform(), 7);
+    ksFillTransform(transform(), 7);
     command->redo();
     EXPECT_EQ(valuesOf(transform()), newValues());
-    fill(transform(), 8);
+    ksFillTransform(transform(), 8);
     command->undo();
     EXPECT_EQ(valuesOf(transform()), before);
-    fill(transform(), 9);
+    ksFillTransform(transform(), 9);
     command->redo();
     EXPECT_EQ(valuesOf(transform()), newValues());
     command->undo();
     EXPECT_EQ(valuesOf(transform()), before);
-}
-
-TEST_F(ksTransformationUndoCommandTest, WritesTheOldSetWhenUndoComesFirst)
-{
-    const ksFieldTexts before = valuesOf(transform());
-    const auto command = make(node);
-    fill(transform(), 7);
-    command->undo();
-    EXPECT_EQ(valuesOf(transform()), before);
-}
-
-TEST_F(ksTransformationUndoCommandTest, RecordsOneEditPerStep)
-{
-    const osg::BitVector mask =
-        (osg::Transform3D::ComponentsFieldMask & ~osg::Transform3D::RotationOrientationFieldMask) |
-        osg::Transform3D::InheritTypeFieldMask;
-    const ksRecords edit = ksRecords().change(recorder.idOf(transform(1)), mask);
-    forget();
-    {
-        const auto command = make(node, {1});
-        EXPECT_EQ(recorder.take(), ksRecords());
-        command->redo();
-        EXPECT_EQ(recorder.take(), edit);
-        command->undo();
-        EXPECT_EQ(recorder.take(), edit);
-        EXPECT_EQ(countOf(node), 2);
-    }
-    EXPECT_EQ(recorder.take(), ksRecords());
 }
 
 TEST_F(ksTransformationUndoCommandTest, FindsDefaultsWhereThereIsNoTransform)
@@ -206,7 +163,7 @@ TEST_F(ksTransformationUndoCommandTest, FindsDefaultsWhereThereIsNoTransform)
     const osg::NodeRefPtr loose(nodeWith(osg::Group::create()));
     const auto command = make(loose);
     loose->setCore(osg::Transform3D::create());
-    fill(ownTransformOf(loose), 5);
+    ksFillTransform(ownTransformOf(loose), 5);
     command->redo();
     EXPECT_EQ(valuesOf(ownTransformOf(loose)), newValues());
     command->undo();
@@ -269,104 +226,14 @@ TEST_F(ksTransformationUndoCommandTest, NotifiesThenSyncsAfterItHasWritten)
     EXPECT_THAT(take(), testing::ElementsAre("notification -1 at new", sync + " at new"));
 }
 
-TEST_F(ksTransformationUndoCommandTest, SyncsOnlyTheNodesOwnTransform)
+TEST_F(ksTransformationUndoCommandTest, SyncsOnlyTheNodesOwnTransformAndOnlyWhenSwitchedOn)
 {
     logSync();
-    const auto command = make(node, {2, true, loggingNotification()});
-    command->redo();
-    command->undo();
-    EXPECT_THAT(take(), testing::ElementsAre("notification 2 at new", "notification 2 at old"));
-}
-
-TEST_F(ksTransformationUndoCommandTest, SyncsOnlyWhenSwitchedOn)
-{
-    logSync();
-    for (const int index : {-1, 0}) {
-        const auto command = make(node, {index, false, loggingNotification()});
+    for (const Form &form : {Form{2, true}, Form{-1, false}, Form{0, false}}) {
+        const auto command = make(node, {form.index, form.syncs, loggingNotification()});
         command->redo();
         command->undo();
-        const std::string start = "notification " + std::to_string(index);
+        const std::string start = "notification " + std::to_string(form.index);
         EXPECT_THAT(take(), testing::ElementsAre(start + " at new", start + " at old"));
     }
-}
-
-TEST_F(ksTransformationUndoCommandTest, DoesWithoutNotificationAndSyncFunction)
-{
-    const auto command = make(node);
-    command->redo();
-    EXPECT_EQ(valuesOf(transform()), newValues());
-    logSync();
-    command->undo();
-    EXPECT_THAT(take(), testing::ElementsAre("sync " + std::to_string(nodeId()) + " at old"));
-}
-
-TEST_F(ksTransformationUndoCommandTest, SharesTheSyncFunctionOfItsClass)
-{
-    const std::string id = std::to_string(nodeId());
-    const auto command = make(node);
-    logSync("first");
-    command->redo();
-    logSync("second");
-    command->undo();
-    Command::setSyncFunction({});
-    command->redo();
-    EXPECT_THAT(take(), testing::ElementsAre("first " + id + " at new", "second " + id + " at old"));
-}
-
-TEST_F(ksTransformationUndoCommandTest, IsIdleWithoutANode)
-{
-    logSync();
-    const Form form{-1, true, loggingNotification()};
-    const auto nowhere = make(osg::NullFC, form);
-    const auto fresh = make(node, form);
-    const auto undone = make(node, form);
-    undone->redo();
-    undone->undo();
-    const auto applied = make(node, form);
-    applied->redo();
-    {
-        const ksSlotSwap swap(nodeId(), node->getCore());
-        take();
-        expectIdle(*fresh);
-    }
-    EXPECT_EQ(take(), ksTransformEvents());
-    destroyNode();
-    for (const auto *command : {&nowhere, &fresh, &undone, &applied})
-        expectIdle(**command);
-    EXPECT_EQ(take(), ksTransformEvents());
-}
-
-TEST_F(ksTransformationUndoCommandTest, IsCalledByTheNodeUntranslatedAndUnquoted)
-{
-    const ksEchoTranslator translator;
-    EXPECT_EQ(make(node)->text(), QStringLiteral("Apply transformation to Box"));
-    EXPECT_EQ(make(group)->text(), QStringLiteral("Apply transformation to Group"));
-    EXPECT_EQ(make(osg::NullFC)->text(), QStringLiteral("Apply transformation to "));
-    osg::setName(node.get(), "K\xc3\xb6rper %1");
-    EXPECT_EQ(make(node)->text().toStdString(), "Apply transformation to K\xc3\xb6rper %1");
-}
-
-TEST_F(ksTransformationUndoCommandTest, TellsItsIdAndBelongsToItsParent)
-{
-    QUndoCommand parent;
-    const Command *command = make(node, {-1, true, {}, &parent}).release();
-    ASSERT_EQ(parent.childCount(), 1);
-    EXPECT_EQ(parent.child(0), command);
-    EXPECT_EQ(command->id(), Command::commandId());
-    EXPECT_EQ(ksMessageOf(*command), "id=int:" + std::to_string(Command::commandId()));
-}
-
-TEST_F(ksTransformationUndoCommandTest, NeverMerges)
-{
-    const auto older = make(node);
-    const auto newer = make(node);
-    expectNoMerge(*older, *newer);
-
-    ksUndoStack stack;
-    for (int i = 0; i < 2; ++i) {
-        Command *command = make(node).release();
-        command->setMergeResponseDelta(-1.0);
-        stack.add(command);
-    }
-    EXPECT_EQ(stack.count(), 2);
 }
