@@ -1,14 +1,22 @@
 # ks_test(name SOURCES files... LIBRARIES targets...): one program of GoogleTest cases, which is one test of CTest. It
 # links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication.
+# ks_compile_test(target): compile settings of test code.
 
 find_package(GTest REQUIRED)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 
+# Optimising is most of the work of compiling tests, and little of it pays: none where the sanitizers look on.
+function(ks_compile_test target)
+    ks_compile_qt(${target})
+    target_compile_options(${target} PRIVATE $<IF:$<CONFIG:Release>,-O1,-O0>)
+endfunction()
+
 function(ks_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
-    ks_compile_qt(${name})
+    ks_compile_test(${name})
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
+    target_precompile_headers(${name} REUSE_FROM ks-test-support)
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()

@@ -37,13 +37,15 @@ public:
     /// Takes over the container of \a other, which then holds nothing, and releases its own.
     ksHeldReference &operator=(ksHeldReference &&other) noexcept
     {
-        ksHeldReference taken(std::move(other));
-        std::swap(id, taken.id);
+        ksHeldReference(std::move(other)).swap(*this);
         return *this;
     }
 
     /// Releases the reference, which destroys the container when it was the last.
     ~ksHeldReference() { osg::subRefCP(get()); }
+
+    /// Exchanges what the two hold; no reference is taken or released.
+    void swap(ksHeldReference &other) noexcept { std::swap(id, other.id); }
 
     /// The container; NullFC when there is none, or when it has been destroyed in spite of the reference. No
     /// further reference is taken.
