@@ -2,7 +2,6 @@
 #include "ksCommandFixture.h"
 
 #include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksUndoStack.h>
 
 #include <QCoreApplication>
 

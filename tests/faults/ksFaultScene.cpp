@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ksFaultScene.h"
 
-#include <ksundo/core/ksFindContainer.h>
-
 #include <OpenSG/OSGGroup.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksLog.h>
@@ -14,6 +12,7 @@
 #include <set>
 #include <sstream>
 #include <support/ksContainers.h>
+#include <support/ksFieldTexts.h>
 #include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>
 

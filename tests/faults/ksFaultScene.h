@@ -23,7 +23,6 @@
 #include <map>
 #include <string>
 #include <support/OSGProbeContainer.h>
-#include <support/ksAspects.h>
 #include <support/ksRecords.h>
 #include <support/ksWatched.h>
 #include <vector>

@@ -2,13 +2,19 @@
 #include "ksFieldFixture.h"
 #include "ksMethodReceiver.h"
 
+#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/core/ksUndoStack.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
 #include <ksundo/field/ksImageFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksStringFieldUndoCommand.h>
 #include <ksundo/field/ksStringsFieldUndoCommand.h>
+#include <ksundo/field/ksUndoUtil.h>
 
 #include <OSGColorComponent.h>
+#include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGFieldDescription.h>
+#include <OpenSG/OSGLog.h>
 
 #include <memory>
 #include <support/ksDescribe.h>
@@ -88,6 +94,27 @@ const std::vector<Kind> kinds = {
      &isOneOf<osg::SFImagePtr>},
 };
 
+/// A container that tells of one field, but not how to reach it.
+class ksSecretive : public osg::ProbeContainer
+{
+public:
+    static osg::ProbeContainerPtr create() { return newContainer<ksSecretive>(); }
+
+    osg::FieldContainerType &getType() override { return type; }
+    const osg::FieldContainerType &getType() const override { return type; }
+
+private:
+    static osg::FieldDescription secret;
+    static osg::FieldDescription *descriptions[];
+    static osg::FieldContainerType type;
+};
+
+osg::FieldDescription ksSecretive::secret(osg::SFInt32::getClassType(), "secret", 1, 2, false,
+                                          osg::FieldAccessMethod(nullptr));
+osg::FieldDescription *ksSecretive::descriptions[] = {&secret};
+osg::FieldContainerType ksSecretive::type("ksSecretive", "FieldContainer", "", nullptr, nullptr, descriptions,
+                                          sizeof(descriptions));
+
 /// Commands that find no field, or not of their class.
 class ksFieldCommandsTest : public ksFieldFixture, public testing::WithParamInterface<Kind>
 {
@@ -107,9 +134,35 @@ protected:
     ksMethodReceiver receiver;
 };
 
+/// What the scene graph says when somebody asks for the field that cannot be reached.
+class ksSecretFieldTest : public ksFieldFixture
+{
+protected:
+    ~ksSecretFieldTest() override { osg::setLogSink(std::move(previous)); }
+
+    /// Expects that the field was asked for, and that nothing came of it.
+    void expectWarningsOnly()
+    {
+        EXPECT_THAT(std::exchange(lines, {}),
+                    testing::AllOf(testing::SizeIs(testing::Ge(1u)),
+                                   testing::Each("WARNING: field 'secret' has no access method")));
+        expectNoEdit();
+    }
+
+    std::vector<std::string> lines;
+    osg::LogSink previous{osg::setLogSink([this](const std::string &line) { lines.push_back(line); })};
+    const osg::RefPtr<osg::ProbeContainerPtr> secretive{ksSecretive::create()};
+};
+
+class ksSecretFieldCommandsTest : public ksSecretFieldTest, public testing::WithParamInterface<Kind>
+{};
+
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(, ksFieldCommandsTest, testing::ValuesIn(kinds),
+                         [](const auto &info) { return info.param.name; });
+
+INSTANTIATE_TEST_SUITE_P(, ksSecretFieldCommandsTest, testing::ValuesIn(kinds),
                          [](const auto &info) { return info.param.name; });
 
 TEST_P(ksFieldCommandsTest, HaveNoAimWithANameThatIsNoField)
@@ -143,4 +196,29 @@ TEST_P(ksFieldCommandsTest, AreIdleWhenTheirFieldIsBeyondThoseOfTheContainer)
         ksFieldTarget::idOfField(*command) = id;
         expectIdle(*command, container());
     }
+}
+
+TEST_P(ksSecretFieldCommandsTest, AreIdle)
+{
+    ksMethodReceiver receiver;
+    forget();
+    const Command command = GetParam().make(secretive.get(), "secret", receiver);
+    EXPECT_EQ(command->containerId(), secretive.get().getFieldContainerId()) << "it has an aim";
+    for (const auto step : {&QUndoCommand::redo, &QUndoCommand::undo, &QUndoCommand::redo})
+        (command.get()->*step)();
+    expectWarningsOnly();
+}
+
+TEST_F(ksSecretFieldTest, LetsTheFactoriesMakeNothing)
+{
+    forget();
+    ksMultiCommand parent{QString()};
+    for (QUndoCommand *each : {static_cast<QUndoCommand *>(nullptr), static_cast<QUndoCommand *>(&parent)}) {
+        ksUndoUtil::makeIntTypeCommand(QString(), secretive.get(), "secret", 1, each);
+        expectWarningsOnly();
+        ksUndoUtil::makeFloatTypeCommand(QString(), secretive.get(), "secret", 1.0, each);
+        expectWarningsOnly();
+    }
+    EXPECT_EQ(parent.childCount(), 0);
+    EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }

@@ -5,7 +5,6 @@
 #include <OpenSG/OSGGroup.h>
 
 #include <support/ksSceneFixture.h>
-#include <support/ksSlotSwap.h>
 #include <support/ksWatched.h>
 
 /// A small scene with lights.

@@ -6,6 +6,7 @@
 #include <ksLights.h>
 
 #include <array>
+#include <support/ksSlotSwap.h>
 #include <type_traits>
 #include <vector>
 

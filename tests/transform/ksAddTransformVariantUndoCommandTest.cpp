@@ -4,6 +4,7 @@
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
 
 #include <optional>
+#include <support/ksSlotSwap.h>
 
 namespace {
 

@@ -6,6 +6,7 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 
 #include <type_traits>
+#include <utility>
 
 static_assert(std::is_base_of_v<ksTransformUndoCommand<std::string>, ksEulerRotationOrderUndoCommand>);
 

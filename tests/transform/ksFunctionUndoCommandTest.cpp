@@ -5,7 +5,9 @@
 #include <ksundo/core/ksUndoStack.h>
 
 #include <stdexcept>
+#include <support/ksSlotSwap.h>
 #include <support/ksVirtualSlot.h>
+#include <utility>
 
 namespace {
 

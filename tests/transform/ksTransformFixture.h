@@ -15,11 +15,8 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
 #include <string>
 #include <support/ksSceneFixture.h>
-#include <support/ksSlotSwap.h>
-#include <utility>
 #include <vector>
 
 /// What happened, in order, each event as one line.

@@ -3,6 +3,8 @@
 
 #include "ksTransformFixture.h"
 
+#include <utility>
+
 /// What the tests of the commands that add and remove a variant have in common: child, which has no variants
 /// attachment, and a log of notifications, with what they find there.
 class ksTransformVariantFixture : public ksTransformFixture

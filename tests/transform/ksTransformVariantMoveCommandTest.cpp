@@ -4,7 +4,9 @@
 #include <ksundo/transform/ksTransformVariantMoveCommand.h>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
+#include <utility>
 
 namespace {
 

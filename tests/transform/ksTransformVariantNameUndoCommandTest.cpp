@@ -3,6 +3,8 @@
 
 #include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
 
+#include <utility>
+
 namespace {
 
 using Command = ksTransformVariantNameUndoCommand;

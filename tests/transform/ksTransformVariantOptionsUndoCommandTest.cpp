@@ -3,6 +3,9 @@
 
 #include <ksundo/transform/ksTransformVariantOptionsUndoCommand.h>
 
+#include <limits>
+#include <utility>
+
 namespace {
 
 using Command = ksTransformVariantOptionsUndoCommand;

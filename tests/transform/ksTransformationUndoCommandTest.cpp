@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <type_traits>
+#include <utility>
 
 static_assert(std::is_base_of_v<ksUndoCommand, ksTransformationUndoCommand> &&
               std::is_base_of_v<ksTransformUndoBaseCommand, ksTransformationUndoCommand>);
