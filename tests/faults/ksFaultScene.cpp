@@ -11,7 +11,7 @@
 
 #include <set>
 #include <sstream>
-#include <support/ksContainers.h>
+#include <support/ksContainersSince.h>
 #include <support/ksFieldTexts.h>
 #include <transform/ksFillTransform.h>
 #include <transform/ksTransformValueRow.h>

@@ -11,7 +11,7 @@
 #include <map>
 #include <support/ksAspects.h>
 #include <support/ksCommandTime.h>
-#include <support/ksContainers.h>
+#include <support/ksContainersSince.h>
 #include <support/ksDescribe.h>
 #include <support/ksRecords.h>
 
