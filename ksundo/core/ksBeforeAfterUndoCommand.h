@@ -6,7 +6,8 @@
 #include <utility>
 
 /// Mechanics of the commands that know the state of their target before and after the edit: redo applies the
-/// one after, undo the one before. Both are settled when the command is built.
+/// one after, undo the one before. Both are settled when the command is built. The message has "id" only,
+/// unless the class adds more.
 ///
 /// \tparam Command the class, with a function `void apply(const State &from, const State &to)` that takes the
 /// target from one state to the other, and does nothing when the target has gone
@@ -15,6 +16,8 @@
 template <class Command, class State, class Base = ksNonMergingUndoCommand<>>
 class ksBeforeAfterUndoCommand : public Base
 {
+    static_assert(std::is_base_of_v<ksUndoCommand, Base>, "Base must be a command");
+
 public:
     /// Applies the state before.
     void undo() override { static_cast<Command *>(this)->apply(after, before); }

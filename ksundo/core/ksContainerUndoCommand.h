@@ -5,7 +5,8 @@
 #include <ksundo/core/ksFindContainer.h>
 
 /// Mechanics of the commands that know the state of one container before and after the edit. The container is
-/// known by its id: one that has gone, or was null, makes a step a silent no-op. The commands never merge.
+/// known by its id: one that has gone, or was null, makes a step a silent no-op. The commands never merge,
+/// and their message has "id" only, unless the class adds more.
 ///
 /// \tparam Command the class, with a function
 /// `void apply(const PtrT &container, const State &from, const State &to)` that takes the container, which is

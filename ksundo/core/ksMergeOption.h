@@ -4,7 +4,7 @@
 #include <ksundo/core/ksUndoCommand.h>
 
 /// What a command is told about merging when it is built: a bool switches it on or off, a double is the merge
-/// window in seconds, of which a negative one is without limit.
+/// window in seconds, of which a negative one, and not a number, is without limit.
 class ksMergeOption
 {
 public:

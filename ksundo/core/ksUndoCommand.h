@@ -50,7 +50,7 @@ public:
     virtual void makeMessage(ksMessage &message) const;
 
     /// Whether this command, the older one, may absorb \a other, the newer one, which must be a
-    /// ksUndoCommand:
+    /// ksUndoCommand and not null:
     ///  - \a other has merging enabled (this command's own switch does not matter);
     ///  - both have the same id();
     ///  - \a other was created within its own merge window after this command's latest edit, or its window is

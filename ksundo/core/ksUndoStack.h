@@ -28,7 +28,11 @@ class ksMessage;
 /// beginMacro() and endMacro() is reported once, when the outermost macro ends. A reset() over several
 /// commands is reported once, for the last one. No message is built while no callback is installed.
 ///
-/// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn.
+/// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn, the stack is
+/// not clean, and the macro is not among its commands yet.
+///
+/// Commands are run by the stack, so redo() and undo() of a command must not call add(), undo(), redo(),
+/// reset() or clear() of the stack that runs it.
 class KSUNDO_EXPORT ksUndoStack : public QObject
 {
     Q_OBJECT
@@ -66,8 +70,8 @@ public:
     /// ksUndoCommand::makeId() must have none, that is -1.
     void add(QUndoCommand *command);
 
-    /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text. Macros
-    /// nest. ksUndoMacro does both in a scope.
+    /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text, also
+    /// when that is nothing. Undone commands are deleted. Macros nest. ksUndoMacro does both in a scope.
     void beginMacro(const QString &text) { undoStack->beginMacro(text); }
 
     /// Closes the innermost open macro. Without one nothing happens, of which Qt warns, but that a redo which
@@ -87,8 +91,8 @@ public:
     /// Installs the receiver of the messages; null switches them off.
     void setMessageCallback(MessageCallback callback) { messageCallback = callback; }
 
-    /// Sends the message \a name about the command at \a index, counted from 0. Does nothing when no callback
-    /// is installed or there is no such command.
+    /// Sends the message \a name, which must not be null, about the command at \a index, counted from 0. Does
+    /// nothing when no callback is installed or there is no such command.
     void sendMessage(const char *name, int index, bool added) const;
 
     /// How many operations of this stack are in progress: greater than 0 when the caller has been called,

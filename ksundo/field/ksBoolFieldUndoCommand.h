@@ -25,8 +25,8 @@ public:
         : ksBoolFieldUndoCommand(QString(), container, field, value, parent)
     {}
 
-    void undo() override { apply(); }
-    void redo() override { apply(); }
+    void undo() override { apply(); } ///< the same exchange as redo()
+    void redo() override { apply(); } ///< exchanges the field's value and the stored one
 
 protected:
     /// What the next redo or undo writes.

@@ -13,13 +13,15 @@
 /// any other class is left alone, and so is a container that has gone.
 ///
 /// \tparam T any type with a field class osg::SField<T>: numbers of every width, of which the library brings
-/// the instances, and the scene graph's vectors and colours as well
+/// the instances, and the scene graph's vectors and colours as well. Not for handles, whose containers a
+/// field has to hold, nor for flags, which have the ksBoolFieldUndoCommand.
 template <class T>
 class ksFieldUndoCommand : public ksFieldBaseUndoCommand
 {
     KS_UNDO_COMMAND(ksFieldUndoCommand)
 
-    static_assert(std::is_base_of_v<osg::Field, osg::SField<T>>, "osg::SField<T> must be a field");
+    static_assert(!std::is_base_of_v<osg::FieldContainerPtrBase, T>, "a field of handles holds references");
+    static_assert(!std::is_same_v<T, bool>, "flags have ksBoolFieldUndoCommand");
     static_assert(std::is_copy_constructible_v<T> && std::is_copy_assignable_v<T>, "T must be copyable");
 
 public:
@@ -30,8 +32,9 @@ public:
         , value(std::move(value))
     {}
 
-    void undo() override { redo(); }
+    void undo() override { redo(); } ///< the same exchange as redo()
 
+    /// Exchanges the field's value and the stored one.
     void redo() override
     {
         const auto [container, field] = getField();
@@ -43,6 +46,7 @@ public:
         value = std::move(previous);
     }
 
+    /// Takes over the time of \a other; this command already has the value from before both.
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }
 
     /// The container, NullFC when it is gone, and its field, null when there is none of this command's class.

@@ -26,8 +26,8 @@ public:
     ksImageFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field, osg::ImagePtr image,
                             QUndoCommand *parent = nullptr);
 
-    void undo() override { apply(oldImage.get()); }
-    void redo() override { apply(newImage.get()); }
+    void undo() override { apply(oldImage.get()); } ///< sets the image of the moment when it was built
+    void redo() override { apply(newImage.get()); } ///< sets the new image
 
     /// The container, NullFC when it is gone, and its field, null when there is no image field.
     std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> getField() const

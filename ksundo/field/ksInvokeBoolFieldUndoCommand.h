@@ -23,7 +23,7 @@ public:
     /// Sets the field \a field of \a container, by name or by id, to \a value when it is run, not before.
     /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
     /// may be redone
-    /// \param method the name and the parameter types in parentheses, such as "setVisible(bool)"
+    /// \param method the name and the parameter types in parentheses, such as "setVisible(bool)"; not null
     ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                                  bool value, QObject *object, const char *method,
                                  QUndoCommand *parent = nullptr);
@@ -34,9 +34,9 @@ public:
         : ksInvokeBoolFieldUndoCommand(QString(), container, field, value, object, method, parent)
     {}
 
-    /// Nothing.
-    void undo() override {}
-    void redo() override;
+    void undo() override {} ///< nothing
+    void redo() override;   ///< writes the field, then calls the method
+    bool mergeWith(const QUndoCommand *other) override { return absorb(other); } ///< never
 
 private:
     ksDetail::ksInvokedMethod method;

@@ -17,11 +17,11 @@ class KSUNDO_EXPORT ksInvokeMultiCommand : public ksMultiCommand
 public:
     /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
     /// may be undone or redone
-    /// \param method the name and the parameter types in parentheses, such as "update()"
+    /// \param method the name and the parameter types in parentheses, such as "update()"; not null
     ksInvokeMultiCommand(const QString &text, QObject *object, const char *method);
 
-    void undo() override;
-    void redo() override;
+    void undo() override; ///< undoes the children, then calls the method
+    void redo() override; ///< redoes the children, then calls the method
 
 private:
     ksDetail::ksInvokedMethod method;

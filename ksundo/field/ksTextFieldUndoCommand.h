@@ -23,6 +23,8 @@ class ksTextFieldUndoCommand
     : public ksBeforeAfterUndoCommand<ksTextFieldUndoCommand<Command, FieldT, Content>, Content,
                                       ksFieldBaseUndoCommand>
 {
+    static_assert(std::is_base_of_v<osg::Field, FieldT>, "FieldT must be a field");
+
     using Base = ksBeforeAfterUndoCommand<ksTextFieldUndoCommand, Content, ksFieldBaseUndoCommand>;
 
 public:

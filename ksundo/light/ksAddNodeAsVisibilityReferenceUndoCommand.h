@@ -9,8 +9,10 @@
 /// Makes a node the visibility reference of a light, or takes that away, and marks the node in its external
 /// flags accordingly: "Add Node as Visibility Reference". It never merges.
 ///
-/// Undo does the opposite: it leaves the light without a reference, or with the node as its reference,
-/// whatever it had before. A light or node that has gone, or was null, makes a step a silent no-op.
+/// The light holds a reference on the node, which is released with the field: a node that nobody else holds
+/// goes then. Undo does the opposite: it leaves the light without a reference, or with the node as its
+/// reference, whatever it had before. A light or node that has gone, or was null, makes a step a silent
+/// no-op.
 class KSUNDO_EXPORT ksAddNodeAsVisibilityReferenceUndoCommand
     : public ksContainerUndoCommand<ksAddNodeAsVisibilityReferenceUndoCommand, osg::UberLightPtr, bool>
 {

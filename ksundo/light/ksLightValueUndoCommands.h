@@ -81,7 +81,7 @@ public:
     using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets the penumbra angle of a spot light, in degrees.
+/// Sets the penumbra angle of a spot light, in degrees from 0 up: the soft edge around the cone.
 class KSUNDO_EXPORT ksLightPenumbraAngleUndoCommand
     : public ksLightValueUndoCommand<ksLightPenumbraAngleUndoCommand, float>
 {
@@ -91,7 +91,7 @@ public:
     using ksLightValueUndoCommand::ksLightValueUndoCommand;
 };
 
-/// Sets the cone angle of a spot light, in degrees.
+/// Sets the cone angle of a spot light, the whole opening, in degrees from 0 to 180.
 class KSUNDO_EXPORT ksLightConeAngleUndoCommand
     : public ksLightValueUndoCommand<ksLightConeAngleUndoCommand, float>
 {

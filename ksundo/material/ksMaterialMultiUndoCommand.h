@@ -17,9 +17,9 @@ public:
     ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
                                osg::FieldContainerPtr componentSettings);
 
-    void undo() override;
-    void redo() override;
-    bool mergeWith(const QUndoCommand *other) override;
+    void undo() override;                               ///< undoes the children, then the touches
+    void redo() override;                               ///< redoes the children, then the touches
+    bool mergeWith(const QUndoCommand *other) override; ///< demands the same material and settings as well
 
     /// Adds what ksMultiCommand does, then, unless they were null, "material" and "componentSettings":
     /// container ids as unsigned int.

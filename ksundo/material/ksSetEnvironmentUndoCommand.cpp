@@ -17,7 +17,8 @@ ksSetEnvironmentUndoCommand::ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr m
 void ksSetEnvironmentUndoCommand::makeMessage(ksMessage &message) const
 {
     ksUndoCommand::makeMessage(message);
-    message.set("material", containerId, true);
+    if (containerId != 0)
+        message.set("material", containerId, true);
 }
 
 void ksSetEnvironmentUndoCommand::apply(const osg::UBRDFMaterialPtr &material, osg::UInt32,

@@ -22,8 +22,8 @@ public:
     /// Which of the two lists of a container's tag attachment.
     enum TAG_TYPE : osg::UInt32
     {
-        USER_TAG = 0,
-        LAYER_TAG = 1
+        USER_TAG = 0, ///< the tags that users give
+        LAYER_TAG = 1 ///< the layers that a container is in
     };
 
     /// Builds a command about no tag.
@@ -57,7 +57,7 @@ public:
     /// The old tags are those of the moment. Without the attachment or the field the command has neither tags
     /// nor a tag string, and the tag type is 0.
     ///
-    /// \param container the tagged container
+    /// \param container the tagged container; without one, null, the command does nothing
     /// \param fieldMask what is announced for either list after it has been written
     /// \param fieldId the attachment's field with the tags, counted from 1: 4 gives the tag type 0, 5 gives
     /// 1; any other gives 1 and prints "Tag type is not Undo Redo supported!"

@@ -7,7 +7,8 @@
 ///
 /// The node gets a variants attachment when it has none; undo takes away the attachment again that the
 /// command made, once the list is empty, and redo then puts back the very same one. The variant is kept alive
-/// by the command. A node or variant that has gone makes the step a silent no-op. The command never merges.
+/// by the command. A node or variant that has gone makes the step a silent no-op. The command never merges,
+/// and its message has "id" only.
 class KSUNDO_EXPORT ksAddTransformVariantUndoCommand : public ksDetail::ksTransformVariantListUndoCommand
 {
     KS_UNDO_COMMAND(ksAddTransformVariantUndoCommand)
@@ -15,7 +16,8 @@ class KSUNDO_EXPORT ksAddTransformVariantUndoCommand : public ksDetail::ksTransf
 public:
     /// \param node and \param variant may be null: the command then does nothing
     /// \param index position from 0; what stands there and after moves up
-    /// \param notification must not be empty: a step throws std::bad_function_call at its end otherwise
+    /// \param notification receives the node's id and the index after every step, whatever its direction;
+    /// must not be empty: a step throws std::bad_function_call at its end otherwise
     ksAddTransformVariantUndoCommand(osg::NodePtr node, osg::TransformVariantPtr variant, unsigned long index,
                                      QUndoCommand *parent, Notification notification);
 

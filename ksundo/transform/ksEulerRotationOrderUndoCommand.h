@@ -7,8 +7,8 @@
 #include <string>
 
 /// Sets the order in which a transform node applies its three Euler rotations, in the application's notation,
-/// such as XYZ. The history shows it as a translation: Translate 'Box'. A node that has gone makes a step a
-/// silent no-op.
+/// such as XYZ: the text is passed on to the application's setter as it is. The history shows it as a
+/// translation: Translate 'Box'. A node that has gone makes a step a silent no-op. Syncs for index -1.
 class KSUNDO_EXPORT ksEulerRotationOrderUndoCommand : public ksTransformUndoCommand<std::string>
 {
     KS_UNDO_COMMAND(ksEulerRotationOrderUndoCommand)
@@ -30,6 +30,7 @@ public:
     ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, QUndoCommand *parent = nullptr,
                                     ChangeCallback callback = {}, int index = -1);
 
+    /// Asks the application's getter.
     std::string get(osg::NodePtr node) override;
 
     /// Writes the order, then calls the callback and, for index -1, the sync function.

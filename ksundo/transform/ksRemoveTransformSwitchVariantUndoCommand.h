@@ -8,7 +8,8 @@
 ///
 /// The variant and the attachment are those of the moment when the command is built; it keeps both alive and
 /// undo puts the very same ones back. Undo does nothing when there was no variant at the index. A node that
-/// has gone makes the step a silent no-op. The command never merges.
+/// has gone makes the step a silent no-op. The command never merges,
+/// and its message has "id" only.
 class KSUNDO_EXPORT ksRemoveTransformSwitchVariantUndoCommand
     : public ksDetail::ksTransformVariantListUndoCommand
 {
@@ -17,7 +18,8 @@ class KSUNDO_EXPORT ksRemoveTransformSwitchVariantUndoCommand
 public:
     /// \param node may be null: the command then does nothing
     /// \param index position from 0
-    /// \param notification must not be empty: a step throws std::bad_function_call at its end otherwise
+    /// \param notification receives the node's id and the index after every step, whatever its direction;
+    /// must not be empty: a step throws std::bad_function_call at its end otherwise
     ksRemoveTransformSwitchVariantUndoCommand(osg::NodePtr node, unsigned long index, QUndoCommand *parent,
                                               Notification notification);
 

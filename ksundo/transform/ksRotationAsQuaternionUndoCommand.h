@@ -8,7 +8,9 @@
 /// Sets a transform node's rotation from a quaternion, writing quaternion and Euler angles of its core in one
 /// edit.
 ///
-/// A node whose core is not an osg::Transform3D reads as the identity and is left alone.
+/// Quaternions are x, y, z and w, of length 1. A node whose core is not an osg::Transform3D reads as the
+/// identity, which is what the command then has for the next step, and is left alone; so is one that has
+/// gone, or was null. There is no sync function.
 class KSUNDO_EXPORT ksRotationAsQuaternionUndoCommand
     : public ksFunctionUndoCommand<osg::QuaternionBase<float>>
 {
@@ -21,6 +23,9 @@ public:
     /// it.
     void makeMessage(ksMessage &message) const override;
 
+    /// The quaternion of the node's core.
     osg::QuaternionBase<float> get(osg::NodePtr node) override;
+
+    /// Writes quaternion and Euler angles of the node's core and ends the edit.
     void set(osg::NodePtr node, osg::QuaternionBase<float> rotation) override;
 };

@@ -21,7 +21,8 @@
 ///  - the index of the transform: -1 for the node's own, from 0 on for that of the variant at that place.
 ///
 /// A node that has gone makes a step a silent no-op; of a node without such a transform the application's
-/// getters make zeros, and its setters nothing, but callback and sync function are called all the same.
+/// getters make zeros, and its setters nothing, but callback and sync function are called all the same. So
+/// they are in world space below ancestors whose matrices have no inverse, where nothing can be written.
 
 /// Called after a command has written: with the node's id, the value written, and the index.
 using ksTransformCallback = std::function<void(unsigned int, const osg::Vec3f &, int)>;
@@ -34,6 +35,8 @@ template <class Command, class... Mode>
 class KSUNDO_EXPORT ksTransformValueUndoCommand : public ksTransformUndoCommand<osg::Vec3f>
 {
     KS_SYNC_HOOK(void(const osg::NodePtr &, const osg::Vec3f &, Mode...))
+
+    static_assert(sizeof...(Mode) <= 1 && (std::is_same_v<Mode, bool> && ...), "there is one mode at most");
 
 public:
     /// The parameters are those of the family.
@@ -191,7 +194,7 @@ class KSUNDO_EXPORT ksRotationPivotDirectionUndoCommand
     KS_UNDO_COMMAND(ksRotationPivotDirectionUndoCommand)
 
 public:
-    /// \param directionAxis which axis: 0, 1 or 2 for x, y or z
+    /// \param directionAxis which axis: 0, 1 or 2 for x, y or z; any other is kept and has no effect
     /// \param directionFlag whether the axis is made to point there at all
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, QUndoCommand *parent = nullptr, int index = -1);
