@@ -64,7 +64,9 @@ QJSValue ksScriptScene::nodes() const
 
 QJSValue ksScriptScene::addLinkSet(const QString &name)
 {
-    return addNode(name, osg::LightLinkSet::create());
+    QJSValue added;
+    host.guard([&] { added = addNode(name, osg::LightLinkSet::create()); });
+    return added;
 }
 
 QJSValue ksScriptScene::addAim(const QString &name, const QJSValue &target, const QJSValue &sources,
