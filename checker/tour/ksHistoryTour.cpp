@@ -16,7 +16,6 @@
 
 namespace {
 
-constexpr int DragEvents = 24;
 constexpr unsigned long NamesAtMost = 3;
 
 /// A command of a drag on the opacity of \a settings.

@@ -12,12 +12,13 @@ ksAttachedTagUndoCommand::ksAttachedTagUndoCommand(const QString &text, osg::Att
                                                    osg::MField<std::string> *newStrings,
                                                    osg::MField<osg::UInt64> oldValues,
                                                    osg::MField<osg::UInt64> newValues)
-    : ksBeforeAfterUndoCommand(ksDetail::ksTags{{}, std::move(oldValues)},
-                               ksDetail::ksTags{{}, std::move(newValues)}, text)
+    : ksBeforeAfterUndoCommand(ksDetail::ksTags(), ksDetail::ksTags(), text)
     , fieldId(fieldId)
     , fieldMask(fieldMask)
     , container(container)
 {
+    before.values = std::move(oldValues);
+    after.values = std::move(newValues);
     osg::Field *field = ksDetail::ksFindField(findAttachment(), fieldId);
     if (field == nullptr)
         return;
