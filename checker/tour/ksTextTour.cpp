@@ -39,7 +39,7 @@ void ksTextTour::type()
         return ksMergingAs(
             ksMergingOfEvent(event),
             new ksStringFieldUndoCommand(title, settings, "comment",
-                                         Typed.substr(0, static_cast<std::size_t>(event + 1))));
+                                         Typed.substr(0, static_cast<std::size_t>(event) + 1)));
     });
     history.undo();
     history.verify(settings->getComment() == before, QStringLiteral("one undo takes all keys back"));

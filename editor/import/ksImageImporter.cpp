@@ -65,7 +65,8 @@ osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
 
     // Lines of a QImage are padded, those of the scene graph's images are not.
-    const auto lineLength = static_cast<std::size_t>(pixels.width() * layout.channels);
+    const auto lineLength =
+        static_cast<std::size_t>(pixels.width()) * static_cast<std::size_t>(layout.channels);
     std::vector<osg::UInt8> data;
     data.reserve(lineLength * static_cast<std::size_t>(pixels.height()));
     for (int y = 0; y < pixels.height(); ++y) {

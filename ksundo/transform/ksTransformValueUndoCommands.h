@@ -222,3 +222,14 @@ public:
     /// The parameters are those of the family, less the index.
     ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent = nullptr);
 };
+
+extern template class ksTransformValueUndoCommand<ksTranslationUndoCommand, bool>;
+extern template class ksTransformValueUndoCommand<ksRotationUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksScaleUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksScalePivotUndoCommand, bool>;
+extern template class ksTransformValueUndoCommand<ksRotationPivotUndoCommand, bool>;
+extern template class ksTransformValueUndoCommand<ksScalePivotTranslationUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksRotationPivotTranslationUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksRotationPivotOrientationUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksRotationPivotDirectionUndoCommand>;
+extern template class ksTransformValueUndoCommand<ksShearUndoCommand>;

@@ -306,7 +306,7 @@ TEST_P(ksCommandAnswers, ReplaceWhatAMessageHoldsAlready)
     tell(*command, expected);
     ksMessage message;
     for (const auto &[key, value] : expected.values())
-        message.set(key.c_str(), std::string("stale"), true);
+        message.set(key, std::string("stale"), true);
     tell(*command, message);
     EXPECT_EQ(ksDescribe(message), ksDescribe(expected));
 }

@@ -15,7 +15,6 @@
 namespace {
 
 using testing::HasSubstr;
-using testing::Not;
 
 class ksInexactUndoTest : public ksTransformScene
 {
