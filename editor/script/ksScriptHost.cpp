@@ -126,7 +126,7 @@ void ksScriptHost::endMacro()
 
 QJSValue ksScriptHost::endMacrosLeft()
 {
-    const QJSValue first = openMacros.empty() ? QJSValue() : openMacros.front();
+    QJSValue first = openMacros.empty() ? QJSValue() : openMacros.front();
     while (!openMacros.empty())
         endMacro();
     return first;
