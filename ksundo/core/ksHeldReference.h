@@ -18,8 +18,6 @@
 template <class PtrT>
 class ksHeldReference
 {
-    static_assert(std::is_base_of_v<osg::FieldContainerPtr, PtrT>, "PtrT must be a container's handle");
-
 public:
     /// Holds nothing.
     ksHeldReference() = default;

@@ -15,7 +15,9 @@ class KSUNDO_EXPORT ksStringFieldUndoCommand
 public:
     /// Sets the field \a field of \a container, by name or by id, to \a newValue when it is run, not before.
     ksStringFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
-                             std::string newValue, QUndoCommand *parent = nullptr);
+                             std::string newValue, QUndoCommand *parent = nullptr)
+        : ksTextFieldUndoCommand(text, container, field, std::move(newValue), parent)
+    {}
 
     /// The same, with an empty text.
     ksStringFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field, std::string newValue,

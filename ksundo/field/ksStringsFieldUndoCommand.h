@@ -19,7 +19,9 @@ public:
     /// Sets the field \a field of \a container, by name or by id, to the strings of \a newValues, which are
     /// copied, when it is run, not before.
     ksStringsFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
-                              const osg::MField<std::string> &newValues, QUndoCommand *parent = nullptr);
+                              const osg::MField<std::string> &newValues, QUndoCommand *parent = nullptr)
+        : ksTextFieldUndoCommand(text, container, field, {newValues.begin(), newValues.end()}, parent)
+    {}
 
     /// The same, with an empty text.
     ksStringsFieldUndoCommand(osg::FieldContainerPtr container, ksFieldKey field,

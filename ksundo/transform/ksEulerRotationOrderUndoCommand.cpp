@@ -15,13 +15,6 @@ ksEulerRotationOrderUndoCommand::ksEulerRotationOrderUndoCommand(osg::NodePtr no
     , changeCallback(std::move(callback))
 {}
 
-ksEulerRotationOrderUndoCommand::ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order,
-                                                                 QUndoCommand *parent,
-                                                                 ChangeCallback callback, int index)
-    : ksEulerRotationOrderUndoCommand(node, std::move(order), ksMergeOption(), parent, std::move(callback),
-                                      index)
-{}
-
 std::string ksEulerRotationOrderUndoCommand::get(osg::NodePtr node)
 {
     return ksNodeUtils::getTransformNodeEulerRotationOrder(node, index);

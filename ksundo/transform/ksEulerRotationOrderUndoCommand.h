@@ -28,7 +28,10 @@ public:
 
     /// The same, with merging as every command begins.
     ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, QUndoCommand *parent = nullptr,
-                                    ChangeCallback callback = {}, int index = -1);
+                                    ChangeCallback callback = {}, int index = -1)
+        : ksEulerRotationOrderUndoCommand(node, std::move(order), ksMergeOption(), parent,
+                                          std::move(callback), index)
+    {}
 
     /// Asks the application's getter.
     std::string get(osg::NodePtr node) override;

@@ -144,31 +144,9 @@ template class ksTransformValueUndoCommand<ksRotationPivotOrientationUndoCommand
 template class ksTransformValueUndoCommand<ksRotationPivotDirectionUndoCommand>;
 template class ksTransformValueUndoCommand<ksShearUndoCommand>;
 
-ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                         int directionAxis,
-                                                                         bool directionFlag,
-                                                                         ksMergeOption merging,
-                                                                         QUndoCommand *parent, int index)
-    : ksTransformValueUndoCommand(node, value, merging, parent, index)
-    , directionAxis(directionAxis)
-    , directionFlag(directionFlag)
-{}
-
-ksRotationPivotDirectionUndoCommand::ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value,
-                                                                         int directionAxis,
-                                                                         bool directionFlag,
-                                                                         QUndoCommand *parent, int index)
-    : ksRotationPivotDirectionUndoCommand(node, value, directionAxis, directionFlag, ksMergeOption(), parent,
-                                          index)
-{}
-
 void ksRotationPivotDirectionUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
 {
     ksNodeUtils::setTransformNodeRotationDirection(node, value[0], value[1], value[2], directionAxis,
                                                    directionFlag, index);
     syncAfter(node, value);
 }
-
-ksShearUndoCommand::ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent)
-    : ksTransformValueUndoCommand(node, value, parent)
-{}

@@ -197,12 +197,19 @@ public:
     /// \param directionAxis which axis: 0, 1 or 2 for x, y or z; any other is kept and has no effect
     /// \param directionFlag whether the axis is made to point there at all
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
-                                        bool directionFlag, QUndoCommand *parent = nullptr, int index = -1);
+                                        bool directionFlag, QUndoCommand *parent = nullptr, int index = -1)
+        : ksRotationPivotDirectionUndoCommand(node, value, directionAxis, directionFlag, ksMergeOption(),
+                                              parent, index)
+    {}
 
     /// The same, with what it is told about merging.
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, ksMergeOption merging,
-                                        QUndoCommand *parent = nullptr, int index = -1);
+                                        QUndoCommand *parent = nullptr, int index = -1)
+        : ksTransformValueUndoCommand(node, value, merging, parent, index)
+        , directionAxis(directionAxis)
+        , directionFlag(directionFlag)
+    {}
 
     /// Writes the direction with axis and flag, neither of which undo brings back, then syncs.
     void set(osg::NodePtr node, osg::Vec3f value) override;
@@ -220,7 +227,9 @@ class KSUNDO_EXPORT ksShearUndoCommand : public ksTransformValueUndoCommand<ksSh
 
 public:
     /// The parameters are those of the family, less the index.
-    ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent = nullptr);
+    ksShearUndoCommand(osg::NodePtr node, osg::Vec3f value, QUndoCommand *parent = nullptr)
+        : ksTransformValueUndoCommand(node, value, parent)
+    {}
 };
 
 extern template class ksTransformValueUndoCommand<ksTranslationUndoCommand, bool>;

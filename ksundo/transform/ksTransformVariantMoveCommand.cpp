@@ -37,11 +37,6 @@ ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node,
     after.indexes = moves.values();
 }
 
-ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to,
-                                                             QUndoCommand *parent, Notification notification)
-    : ksTransformVariantMoveCommand(node, std::vector<int>{from}, to, parent, std::move(notification))
-{}
-
 void ksTransformVariantMoveCommand::apply(const osg::NodePtr &node, const Places &from,
                                           const Places &to) const
 {

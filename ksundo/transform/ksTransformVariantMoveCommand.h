@@ -37,7 +37,9 @@ public:
     /// Moves the variant at \a from so that it ends up at \a to. Both must be indexes of the list; otherwise
     /// the command moves nothing.
     ksTransformVariantMoveCommand(osg::NodePtr node, int from, int to, QUndoCommand *parent,
-                                  Notification notification);
+                                  Notification notification)
+        : ksTransformVariantMoveCommand(node, std::vector<int>{from}, to, parent, std::move(notification))
+    {}
 
 private:
     friend ksContainerUndoCommand;
