@@ -212,6 +212,15 @@ TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedForOtherContainers)
     }
 }
 
+TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenOnlyTheInnerCommandsCanMerge)
+{
+    this->newer->setMergeEnabled(false);
+    this->expectNoMerge();
+    this->newer->setMergeEnabled(true);
+    ksCommandTime::of(*this->newer) = 0.4;
+    this->expectNoMerge();
+}
+
 TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandsCannotMerge)
 {
     ksFieldTarget::idOfContainer(*this->newerInner) = this->idOf(this->material.get());
