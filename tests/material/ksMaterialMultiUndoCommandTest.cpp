@@ -3,6 +3,7 @@
 
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
 
+#include <support/ksProbeCommand.h>
 #include <type_traits>
 
 static_assert(!std::is_base_of_v<ksUndoCommand, ksMaterialMultiUndoCommand>);
@@ -34,6 +35,17 @@ TEST_F(ksMaterialMultiUndoCommandTest, TouchesTheSettingsThenTheMaterialAlsoWith
                                        .change(recorder.idOf(settings.get()), projectionMask)
                                        .change(recorder.idOf(material.get()), componentsMask));
     }
+}
+
+TEST_F(ksMaterialMultiUndoCommandTest, RunsItsChildrenForthAndBack)
+{
+    ksProbeLog log;
+    Command command(QString(), material.get(), settings.get());
+    for (const char *name : {"A", "B"})
+        new ksProbeCommand<>(QString::fromLatin1(name), log, &command);
+    command.redo();
+    command.undo();
+    EXPECT_EQ(log, (ksProbeLog{"redo A", "redo B", "undo B", "undo A"}));
 }
 
 TEST_F(ksMaterialMultiUndoCommandTest, TouchesNoNullContainers)

@@ -134,6 +134,29 @@ TYPED_TEST(ksWrappedFieldUndoCommandTest, OwnsItsInnerCommand)
     EXPECT_EQ(gone, 1);
 }
 
+TYPED_TEST(ksWrappedFieldUndoCommandTest, RunsItsInnerCommandInTheSameDirection)
+{
+    class Logging : public ksFieldBaseUndoCommand
+    {
+    public:
+        explicit Logging(std::string &log)
+            : ksFieldBaseUndoCommand(QString(), osg::NullFC, 1)
+            , log(log)
+        {}
+        void undo() override { log += "undo "; }
+        void redo() override { log += "redo "; }
+
+    private:
+        std::string &log;
+    };
+
+    std::string log;
+    const auto command = this->make(new Logging(log));
+    command->redo();
+    command->undo();
+    EXPECT_EQ(log, "redo undo ");
+}
+
 TYPED_TEST(ksWrappedFieldUndoCommandTest, MayBeDestroyedWithoutAnInnerCommand)
 {
     auto command = this->make(nullptr);
