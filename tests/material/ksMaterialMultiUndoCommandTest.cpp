@@ -90,6 +90,9 @@ TEST_F(ksMaterialMultiUndoCommandTest, MergesOnlyWithTheSameContainers)
         const Command other(QString(), first, second);
         EXPECT_FALSE(older.mergeWith(&other));
     }
+    Command withChild(QString(), material.get(), settings.get());
+    new QUndoCommand(&withChild);
+    EXPECT_FALSE(older.mergeWith(&withChild)) << "nothing to merge the child into";
     Command bare(QString(), null, null);
     EXPECT_TRUE(bare.mergeWith(&bare));
 }
