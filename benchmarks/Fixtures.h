@@ -149,6 +149,13 @@ public:
     void setMessageCallback(ksUndoStack::MessageCallback callback) { stack.setMessageCallback(callback); }
     void sendMessage() const { stack.sendMessage("ksURManager::redo", stack.index() - 1, true); }
 
+    /// Counts in \a heard the steps that a listener hears of.
+    void listen(int &heard)
+    {
+        QObject::connect(&stack, &ksUndoStack::redoPerformed, [&heard] { ++heard; });
+        QObject::connect(&stack, &ksUndoStack::undoPerformed, [&heard] { ++heard; });
+    }
+
     void showHistory() { stack.showHistory(); }
 
     static QUndoCommand *makeMultiCommand() { return new ksMultiCommand(editText()); }
@@ -199,6 +206,11 @@ public:
     }
 
     void sendMessage() const { sendMessage("ksURManager::redo", stack.index() - 1, true); }
+
+    void listen(int &heard)
+    {
+        QObject::connect(&stack, &QUndoStack::indexChanged, [&heard] { ++heard; });
+    }
 
     void showHistory()
     {

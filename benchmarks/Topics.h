@@ -9,6 +9,9 @@ void addStackBenchmarks();
 /// Adding, undoing and redoing one step in histories and scenes of more and more steps and containers.
 void addGrowthBenchmarks();
 
+/// Adding, undoing and redoing a step of each kind that changes one value, with a listener.
+void addValueBenchmarks();
+
 /// Finding a field by its name, and building the command for its type.
 void addFieldBenchmarks();
 

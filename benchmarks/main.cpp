@@ -19,6 +19,7 @@ int main(int argc, char **argv)
     const QApplication application(argc, argv);
     // What a case leaves behind in the heap makes the next one's allocations dearer: small cases come first.
     addStackBenchmarks();
+    addValueBenchmarks();
     addMessageBenchmarks();
     addFieldBenchmarks();
     addTransformBenchmarks();

@@ -1,7 +1,19 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksCommandKind.h>
 #include <ksundo/core/ksMultiCommand.h>
 
 #include <utility>
+
+namespace {
+
+/// \a command when it is one of the library, null otherwise, and for null.
+const ksUndoCommand *asUndoCommand(const QUndoCommand *command)
+{
+    const bool isOne = command != nullptr && ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::single;
+    return isOne ? static_cast<const ksUndoCommand *>(command) : nullptr;
+}
+
+} // namespace
 
 ksMultiCommand::ksMultiCommand(const QString &text, std::function<void()> postAction)
     : QUndoCommand(text)
@@ -27,27 +39,21 @@ bool ksMultiCommand::mergeWith(const QUndoCommand *other)
         return false;
 
     for (int i = 0; i < children; ++i) {
-        const ksUndoCommand *mine = libraryChild(i);
-        const auto *theirs = dynamic_cast<const ksUndoCommand *>(other->child(i));
+        const ksUndoCommand *mine = asUndoCommand(child(i));
+        const ksUndoCommand *theirs = asUndoCommand(other->child(i));
         if (mine == nullptr || theirs == nullptr || !mine->canMergeWith(theirs))
             return false;
     }
+    // QUndoCommand hands its children out as constant although they are this command's own.
     for (int i = 0; i < children; ++i)
-        libraryChild(i)->mergeWith(other->child(i));
+        const_cast<QUndoCommand *>(child(i))->mergeWith(other->child(i));
     return true;
 }
 
 void ksMultiCommand::makeMessage(ksMessage &message) const
 {
-    if (const auto *first = dynamic_cast<const ksUndoCommand *>(child(0)))
+    if (const ksUndoCommand *first = asUndoCommand(child(0)))
         first->makeMessage(message);
-}
-
-/// The child at \a position when it is a command of the library, null otherwise. QUndoCommand hands its
-/// children out as constant although they are this command's own.
-ksUndoCommand *ksMultiCommand::libraryChild(int position) const
-{
-    return dynamic_cast<ksUndoCommand *>(const_cast<QUndoCommand *>(child(position)));
 }
 
 void ksMultiCommand::runPostAction() const

@@ -35,7 +35,6 @@ public:
     virtual void makeMessage(ksMessage &message) const;
 
 private:
-    ksUndoCommand *libraryChild(int position) const;
     void runPostAction() const;
 
     std::function<void()> postAction;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksCommandKind.h>
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoStack.h>
 
@@ -93,10 +94,11 @@ void ksUndoStack::sendMessage(const char *name, int index, bool added) const
     message.set("index", index, true);
     message.set("added", added, true);
     message.set("text", command->text().toStdString(), true);
-    if (const auto *multi = dynamic_cast<const ksMultiCommand *>(command))
-        multi->makeMessage(message);
-    else if (const auto *single = dynamic_cast<const ksUndoCommand *>(command))
-        single->makeMessage(message);
+    const ksDetail::ksCommandKind kind = ksDetail::ksKindOf(*command);
+    if (kind == ksDetail::ksCommandKind::multi)
+        static_cast<const ksMultiCommand *>(command)->makeMessage(message);
+    else if (kind == ksDetail::ksCommandKind::single)
+        static_cast<const ksUndoCommand *>(command)->makeMessage(message);
     messageCallback(name, message, 0);
 }
 

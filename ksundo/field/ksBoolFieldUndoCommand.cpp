@@ -2,6 +2,33 @@
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 
+#include <optional>
+
+namespace {
+
+/// Writes \a value into \a field and returns what that held.
+template <class T, osg::Int32 fieldNamespace>
+bool exchange(osg::SField<T, fieldNamespace> &field, bool value)
+{
+    const bool previous = field.getValue() != T(0);
+    field.setValue(T(value));
+    return previous;
+}
+
+/// The same for a field of one of the classes \a Fields; nothing for another.
+template <class... Fields>
+std::optional<bool> exchangeAnyOf(osg::Field &field, bool value)
+{
+    const osg::FieldType &type = field.getType();
+    std::optional<bool> previous;
+    ((type == Fields::getClassType() &&
+      (previous = exchange(static_cast<Fields &>(field), value)).has_value()) ||
+     ...);
+    return previous;
+}
+
+} // namespace
+
 ksBoolFieldUndoCommand::ksBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container,
                                                ksFieldKey field, bool value, QUndoCommand *parent)
     : ksNonMergingUndoCommand(text, container, field, parent)
@@ -12,22 +39,15 @@ void ksBoolFieldUndoCommand::apply()
 {
     const auto container = ksFindContainer<osg::FieldContainerPtr>(fcId);
     osg::Field *field = ksDetail::ksFindField(container, fieldId);
-    apply<bool, 2>(container, field) || apply<long long>(container, field) ||
-        apply<unsigned long long>(container, field) || apply<int>(container, field) ||
-        apply<unsigned int>(container, field) || apply<short>(container, field) ||
-        apply<unsigned short>(container, field) || apply<signed char>(container, field) ||
-        apply<unsigned char>(container, field);
-}
-
-template <class T, osg::Int32 fieldNamespace>
-bool ksBoolFieldUndoCommand::apply(const osg::FieldContainerPtr &container, osg::Field *field)
-{
-    auto *flag = ksDetail::ksFieldCast<osg::SField<T, fieldNamespace>>(field);
-    if (flag == nullptr)
-        return false;
-    const bool previous = flag->getValue() != T(0);
-    flag->setValue(T(value));
+    if (field == nullptr)
+        return;
+    const std::optional<bool> previous =
+        exchangeAnyOf<osg::SField<bool, 2>, osg::SField<int>, osg::SField<unsigned int>,
+                      osg::SField<long long>, osg::SField<unsigned long long>, osg::SField<short>,
+                      osg::SField<unsigned short>, osg::SField<signed char>, osg::SField<unsigned char>>(
+            *field, value);
+    if (!previous)
+        return;
     ksEndEdit(container, fieldMask);
-    value = previous;
-    return true;
+    value = *previous;
 }

@@ -34,9 +34,4 @@ protected:
 
 private:
     void apply();
-
-    /// Does the exchange when the field in \a container is an osg::SField<T, fieldNamespace>; tells whether
-    /// it was.
-    template <class T, osg::Int32 fieldNamespace = 0>
-    bool apply(const osg::FieldContainerPtr &container, osg::Field *field);
 };

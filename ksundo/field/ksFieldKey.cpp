@@ -9,11 +9,6 @@
 
 namespace {
 
-int lowered(char letter)
-{
-    return std::tolower(static_cast<unsigned char>(letter));
-}
-
 /// Field names that commands must not find: both are the scene graph's own business.
 bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &description)
 {
@@ -24,15 +19,18 @@ bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &
 
 const osg::FieldDescription *findByName(const osg::FieldContainerType &type, std::string_view name)
 {
-    const int firstLetter = lowered(name.front());
+    const auto firstLetter = static_cast<unsigned char>(name.front());
+    const auto lower = static_cast<char>(std::tolower(firstLetter));
+    const auto upper = static_cast<char>(std::toupper(firstLetter));
     const std::string_view rest = name.substr(1);
-    for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id) {
+    const osg::UInt32 count = type.getNumFieldDescs();
+    for (osg::UInt32 id = 1; id <= count; ++id) {
         const osg::FieldDescription *description = type.getFieldDescription(id);
         if (description == nullptr)
             continue;
-        const std::string_view fieldName = description->getCName();
-        if (!fieldName.empty() && lowered(fieldName.front()) == firstLetter && fieldName.substr(1) == rest &&
-            !isHidden(type, *description))
+        const char *fieldName = description->getCName();
+        const bool startsAlike = *fieldName != '\0' && (*fieldName == lower || *fieldName == upper);
+        if (startsAlike && rest == fieldName + 1 && !isHidden(type, *description))
             return description;
     }
     return nullptr;

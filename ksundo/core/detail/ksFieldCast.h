@@ -13,10 +13,7 @@ namespace ksDetail {
 /// The field of \a container with the id \a fieldId, counted from 1; null when there is none, and for NullFC.
 inline osg::Field *ksFindField(const osg::FieldContainerPtr &container, osg::UInt32 fieldId)
 {
-    if (container == osg::NullFC)
-        return nullptr;
-    const osg::FieldDescription *description = container->getType().getFieldDescription(fieldId);
-    return description == nullptr ? nullptr : description->getField(container);
+    return container == osg::NullFC ? nullptr : container->getField(fieldId);
 }
 
 /// \a field as a \a FieldT when that is exactly its class; null otherwise, and for null.

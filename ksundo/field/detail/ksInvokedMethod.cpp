@@ -3,29 +3,64 @@
 
 #include <ksLog.h>
 
-#include <QByteArray>
 #include <QObject>
 
 #include <array>
 #include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
 
 namespace ksDetail {
+
+namespace {
+
+/// A method of a class, as it was when it was looked for.
+struct Known
+{
+    int index;
+    QByteArray name;
+    QByteArray parameterType; ///< empty unless there is exactly one parameter
+};
+
+/// The method \a known of \a meta; an invalid one when that has another method in its place: classes that are
+/// made at run time go, and another one may be where they were.
+QMetaMethod methodOf(const QMetaObject &meta, const Known &known)
+{
+    const QMetaMethod method = meta.method(known.index); // invalid beyond the last
+    const bool isSame = method.isValid() && method.name() == known.name &&
+                        (method.parameterCount() == 1) != known.parameterType.isEmpty();
+    return isSame ? method : QMetaMethod();
+}
+
+} // namespace
 
 ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
     : object(object)
 {
+    static std::unordered_map<const QMetaObject *, std::map<std::string, Known, std::less<>>> classes;
+
     Q_ASSERT(object != nullptr);
-    const QMetaObject *meta = object->metaObject();
+    const QMetaObject &meta = *object->metaObject();
+    auto &methods = classes[&meta];
+    const auto entry = methods.find(std::string_view(signature));
+    if (entry != methods.end())
+        method = methodOf(meta, entry->second);
+    if (method.isValid()) {
+        parameterType = entry->second.parameterType;
+        return;
+    }
     const QByteArray normalized = QMetaObject::normalizedSignature(signature);
-    const int index = meta->indexOfMethod(normalized.constData());
-    if (index < 0) {
-        ksLog::error("Method not found: %s::%s", meta->className(), normalized.constData());
+    method = meta.method(meta.indexOfMethod(normalized.constData()));
+    if (!method.isValid()) {
+        ksLog::error("Method not found: %s::%s", meta.className(), normalized.constData());
         this->object = nullptr;
         return;
     }
-    method = meta->method(index);
     if (method.parameterCount() == 1)
-        parameterType = method.parameterTypes().constFirst().toStdString();
+        parameterType = method.parameterTypes().constFirst();
+    methods.insert_or_assign(signature, Known{method.methodIndex(), method.name(), parameterType});
 }
 
 void ksInvokedMethod::call() const
@@ -37,7 +72,8 @@ void ksInvokedMethod::call(bool argument) const
 {
     // An integer parameter reads more than a bool.
     alignas(std::max_align_t) const std::array<bool, sizeof(std::max_align_t)> room{argument};
-    invoke(parameterType.empty() ? QGenericArgument() : QGenericArgument(parameterType.c_str(), room.data()));
+    invoke(parameterType.isEmpty() ? QGenericArgument()
+                                   : QGenericArgument(parameterType.constData(), room.data()));
 }
 
 void ksInvokedMethod::invoke(QGenericArgument argument) const

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QMetaMethod>
-
-#include <string>
 
 class QObject;
 
@@ -32,7 +31,7 @@ private:
 
     QObject *object;
     QMetaMethod method;
-    std::string parameterType;
+    QByteArray parameterType;
 };
 
 } // namespace ksDetail
