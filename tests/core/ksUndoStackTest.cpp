@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoStack.h>
 
 #include <QAction>
@@ -263,6 +264,15 @@ TEST_F(ksUndoStackTest, SendsAMessageOnRequest)
     stack.sendMessage("application", 0, true);
     EXPECT_THAT(recorder.take(), ElementsAre(ksStep::message("application", false, numberKeys, 1, "B"),
                                              ksStep::message("application", true, {}, 0, "A")));
+}
+
+TEST_F(ksUndoStackTest, LetsACompositeSpeakByItsFirstChild)
+{
+    int number = 0;
+    auto *composite = new ksMultiCommand(QStringLiteral("both"));
+    new ksSetNumberCommand(QString(), number, 1, composite);
+    stack.add(composite);
+    EXPECT_EQ(recorder.take(), ksStep::added("both", 0, numberKeys));
 }
 
 TEST_F(ksUndoStackTest, SendsNoMessageAboutNoCommand)
