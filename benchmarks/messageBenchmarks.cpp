@@ -34,6 +34,27 @@ void deliverToNobody(Meter &meter)
     meter.measure(stepCount, [&edits](int) { edits.sendMessage(); });
 }
 
+/// A step that the callback hears of, by a command that says nothing about itself.
+template <class Edits>
+void toldStep(Meter &meter)
+{
+    Edits edits;
+    edits.setMessageCallback(receive);
+    edits.push(new QUndoCommand(QStringLiteral("Move 'Table'")));
+    received = 0;
+    meter.measure(stepCount, [&edits](int i) { i % 2 == 0 ? edits.undo() : edits.redo(); });
+    meter.require(received == stepCount, "a message is missing");
+}
+
+/// The same that nobody hears of.
+template <class Edits>
+void untoldStep(Meter &meter)
+{
+    Edits edits;
+    edits.push(new QUndoCommand(QStringLiteral("Move 'Table'")));
+    meter.measure(stepCount, [&edits](int i) { i % 2 == 0 ? edits.undo() : edits.redo(); });
+}
+
 /// The events of one drag: the first one adds a command, the others merge into it.
 template <class Edits>
 void drag(Meter &meter)
@@ -60,5 +81,7 @@ void addMessageBenchmarks()
 {
     addCase("message/to a callback", deliver<ByLibrary>, deliver<ByHand>);
     addCase("message/to nobody", deliverToNobody<ByLibrary>, deliverToNobody<ByHand>);
+    addCase("message/step", toldStep<ByLibrary>, toldStep<ByHand>);
+    addCase("message/step without", untoldStep<ByLibrary>, untoldStep<ByHand>);
     addCase("message/drag event", drag<ByLibrary>, drag<ByHand>);
 }

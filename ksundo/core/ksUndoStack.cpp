@@ -11,7 +11,9 @@
 #include <QUndoView>
 #include <QVector>
 
+#include <algorithm>
 #include <array>
+#include <string>
 #include <utility>
 
 namespace {
@@ -39,6 +41,17 @@ void closeWithApplication(QUndoView *window)
     if (windows.isEmpty())
         qAddPostRoutine(closeHistoryWindows);
     windows.append(window);
+}
+
+/// \a text in UTF-8. Most texts are ASCII and need no array in between.
+std::string utf8Of(const QString &text)
+{
+    const auto isAscii = [](QChar letter) { return letter.unicode() < 0x80; };
+    if (!std::all_of(text.begin(), text.end(), isAscii))
+        return text.toStdString();
+    std::string result(static_cast<std::size_t>(text.size()), '\0');
+    std::transform(text.begin(), text.end(), result.begin(), [](QChar letter) { return letter.toLatin1(); });
+    return result;
 }
 
 } // namespace
@@ -93,7 +106,7 @@ void ksUndoStack::sendMessage(const char *name, int index, bool added) const
     ksMessage message;
     message.set("index", index, true);
     message.set("added", added, true);
-    message.set("text", command->text().toStdString(), true);
+    message.set("text", utf8Of(command->text()), true);
     const ksDetail::ksCommandKind kind = ksDetail::ksKindOf(*command);
     if (kind == ksDetail::ksCommandKind::multi)
         static_cast<const ksMultiCommand *>(command)->makeMessage(message);

@@ -18,6 +18,9 @@ public:
     /// replaces the old one (true) or is dropped (false).
     void set(const std::string &key, const boost::any &value, bool overwrite);
 
+    /// The same for a key and a value that the caller has no more use for.
+    void set(std::string &&key, boost::any &&value, bool overwrite);
+
     /// True when a value is stored under \a key.
     bool has(const std::string &key) const;
 
