@@ -93,9 +93,11 @@ TEST_F(ksScriptMaterialTest, DragsAsOneStep)
 
 TEST_F(ksScriptMaterialTest, EditsAllComponentsAtOnce)
 {
-    runOnMaterials("cloth.setAllComponents('enabled', false);");
-    EXPECT_EQ(stack.count(), 1);
+    runOnMaterials("cloth.setAllComponents('enabled', false); cloth.setAllComponents('color', [1, 0, 0.5]);");
+    EXPECT_EQ(stack.count(), 2);
     EXPECT_FALSE(first->getEnabled() || second->getEnabled());
+    EXPECT_EQ(first->getColor(), osg::Vec3f(1, 0, 0.5F));
+    EXPECT_EQ(second->getColor(), osg::Vec3f(1, 0, 0.5F));
 }
 
 TEST_F(ksScriptMaterialTest, SwapsImages)
