@@ -12,6 +12,8 @@
 #include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 
+#include <QScopeGuard>
+
 #include <cmath>
 
 namespace {
@@ -120,8 +122,13 @@ void ksScriptHost::endMacro()
 {
     if (openMacros.empty())
         throw ksEditorError("there is no open macro");
+    // It may end and throw, or not end.
+    const int depth = editHistory.macroDepth();
+    const auto forget = qScopeGuard([this, depth] {
+        if (editHistory.macroDepth() < depth)
+            openMacros.pop_back();
+    });
     editHistory.endMacro();
-    openMacros.pop_back();
 }
 
 QJSValue ksScriptHost::endMacrosLeft()

@@ -5,6 +5,8 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGPointLight.h>
 
+#include <stdexcept>
+
 namespace {
 
 using testing::EndsWith;
@@ -253,6 +255,17 @@ TEST_F(ksScriptEngineTest, EndsMacrosThatAScriptLeavesOpen)
     EXPECT_EQ(rootSettings()->getLayer(), 0);
     run("history.beginMacro('Both'); history.endMacro();");
     EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksScriptEngineTest, KnowsThatAMacroHasEndedWhoseEndThrows)
+{
+    stack.setMessageCallback([](const char *, ksMessage &, int) -> bool { throw std::runtime_error("no"); });
+    EXPECT_EQ(errorOf("\nhistory.macro('m', function () {"
+                      "    scene.root.attachment('ksNodeSettings').set('layer', 1); });"),
+              ":2: Error: no");
+    stack.setMessageCallback(nullptr);
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(errorOf("history.endMacro();"), ":1: Error: there is no open macro");
 }
 
 TEST_F(ksScriptEngineTest, EndsMacrosOfAScriptThatFails)
