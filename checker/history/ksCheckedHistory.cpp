@@ -4,6 +4,8 @@
 #include <checker/history/ksTranscript.h>
 #include <editor/scene/ksContainers.h>
 
+#include <ksundo/core/ksUndoCommand.h>
+
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <ksMessage.h>
 
@@ -66,6 +68,14 @@ bool areNear(const std::vector<float> &left, const std::vector<float> &right, do
                       [tolerance](double a, double b) { return std::abs(a - b) <= tolerance; });
 }
 
+/// Whether \a older is sure to take in \a newer.
+bool willMerge(const QUndoCommand *older, const QUndoCommand *newer)
+{
+    const auto *before = dynamic_cast<const ksUndoCommand *>(older);
+    return before != nullptr && dynamic_cast<const ksUndoCommand *>(newer) != nullptr &&
+           before->canMergeWith(newer);
+}
+
 } // namespace
 
 ksCheckedHistory *ksCheckedHistory::receiver = nullptr;
@@ -94,6 +104,8 @@ ksCheckedHistory::~ksCheckedHistory()
 
 void ksCheckedHistory::add(QUndoCommand *command)
 {
+    if (isSnapshotDue && !willMerge(stack()->currentCommand(), command))
+        keepSnapshot(ksSceneSnapshot(root(), current));
     const std::function<void()> expectInexact = ksInexactUndo::watch(*command, *this);
     ksEditHistory::add(command);
     expectInexact();

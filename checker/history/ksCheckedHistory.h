@@ -69,7 +69,7 @@ public:
     /// Also expects what ksInexactUndo knows of the command.
     void add(QUndoCommand *command) override;
 
-    /// The scene is looked at when the drag begins and when it has ended only.
+    /// The scene is looked at when the drag begins, where a command does not merge, and at the end only.
     void drag(int events, const std::function<QUndoCommand *(int event)> &make) override;
 
     /// For an action that adds, undoes and redoes on stack().
