@@ -43,8 +43,10 @@ void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
         const auto set = osg::LightLinkSetPtr::dcast(container());
         const std::vector<osg::NodePtr> given = nodesFrom(nodes);
         for (const osg::NodePtr &node : given) {
+            const bool isReplaced =
+                lights && (node->getExternalFlags() & osg::NodeExternalFlags::Instance) != 0;
             const bool isListed = lights ? set->containsLight(node) : set->containsSceneNode(node);
-            if (removing && !isListed)
+            if (removing && !isReplaced && !isListed)
                 throw ksEditorError(ksContainers::label(node) + QStringLiteral(" is not linked"));
         }
         const unsigned int list = lights ? LightList : SceneNodeList;
