@@ -210,6 +210,7 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     EXPECT_EQ(errorOf(own + "own.drag('layer', 3);"), ":2: Error: the values of a drag are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', 1], ['own', 'layer', 1]]);"),
               ":2: Error: an edit of a batch is an array of a container, a field and a value");
+    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"), ":2: Error: the edits of a batch are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
               ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
     EXPECT_EQ(stack.count(), 0);
