@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
+#include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptTags.h>
-#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/tag/ksTagUndoCommands.h>
-
-using namespace ksScriptValues;
 
 namespace {
 
