@@ -2,7 +2,6 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
-#include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
 
@@ -57,7 +56,7 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     if (known != objects.end())
         return known->second;
 
-    ksScriptContainer *made = ksScriptRegistry::makeObject(*this, container);
+    QObject *made = ksScriptRegistry::makeObject(*this, container);
     const QJSValue object = scriptEngine.newQObject(made);
     ksScriptRegistry::makeParts(*this, container, *made, [this, &object](const char *name, QObject *part) {
         defineMember.call({object, QLatin1String(name), scriptEngine.newQObject(part)});
