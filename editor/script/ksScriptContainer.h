@@ -13,9 +13,6 @@
 
 #include <functional>
 
-// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
-// notification. clazy:excludeall=qproperty-without-notify
-
 /// A container of the scene in a script.
 ///
 /// It knows its container by id. Using it after the container has gone is an error in the script. Properties
