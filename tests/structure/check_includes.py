@@ -44,7 +44,7 @@ ROOMS = {
     "editor/scene": LIBRARY + ["editor"],
     "editor/edits": SCENE,
     "editor/history": SCENE,
-    "editor/import": SCENE,
+    "editor/import": EDITS,
     "editor/script": EDITS,
     "editor/session": EDITOR,
     "checker": ["checker/session"],
