@@ -89,6 +89,12 @@ protected:
         return result;
     }
 
+    /// What a script gives as the text of a step; empty when it gives none.
+    static QString titleFrom(const QJSValue &text)
+    {
+        return text.isUndefined() ? QString() : text.toString();
+    }
+
     /// Adds the commands that \a make gives for each of \a values, an array, as a drag. Throws ksEditorError
     /// when it is no array.
     void addDrag(const QJSValue &values,

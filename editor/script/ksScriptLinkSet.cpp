@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksLightEdits.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptLinkSet.h>
 #include <editor/script/ksScriptRegistry.h>
@@ -11,9 +12,6 @@ using namespace ksScriptValues;
 namespace {
 
 const ksScriptRegistry::Wrapper<osg::LightLinkSetPtr, ksScriptLinkSet> wrapper;
-
-constexpr unsigned int LightList = 3;
-constexpr unsigned int SceneNodeList = 0;
 
 } // namespace
 
@@ -49,7 +47,7 @@ void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
             if (removing && !isReplaced && !isListed)
                 throw ksEditorError(ksContainers::label(node) + QStringLiteral(" is not linked"));
         }
-        const unsigned int list = lights ? LightList : SceneNodeList;
+        const unsigned int list = lights ? ksLightEdits::LightList : ksLightEdits::SceneNodeList;
         host.history().add(nodes.isArray()
                                ? new ksAddNodeToLightLinkSetUndoCommand(set, given, list, removing)
                                : new ksAddNodeToLightLinkSetUndoCommand(set, given.front(), list, removing));

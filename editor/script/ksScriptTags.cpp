@@ -14,8 +14,8 @@ namespace {
 
 const ksScriptRegistry::Part<osg::NodePtr, ksScriptTags> part("tags");
 
-constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
-constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+using ksTagEdits::LayerTags;
+using ksTagEdits::UserTags;
 
 } // namespace
 
