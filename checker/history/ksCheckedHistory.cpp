@@ -4,6 +4,8 @@
 #include <checker/history/ksTranscript.h>
 #include <editor/scene/ksContainers.h>
 
+#include <ksundo/core/ksUndoCommand.h>
+
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <ksMessage.h>
 
@@ -66,6 +68,14 @@ bool areNear(const std::vector<float> &left, const std::vector<float> &right, do
                       [tolerance](double a, double b) { return std::abs(a - b) <= tolerance; });
 }
 
+/// Whether \a older is sure to take in \a newer.
+bool willMerge(const QUndoCommand *older, const QUndoCommand *newer)
+{
+    const auto *before = dynamic_cast<const ksUndoCommand *>(older);
+    return before != nullptr && dynamic_cast<const ksUndoCommand *>(newer) != nullptr &&
+           before->canMergeWith(newer);
+}
+
 } // namespace
 
 ksCheckedHistory *ksCheckedHistory::receiver = nullptr;
@@ -94,9 +104,15 @@ ksCheckedHistory::~ksCheckedHistory()
 
 void ksCheckedHistory::add(QUndoCommand *command)
 {
-    const std::function<void()> expectInexact = ksInexactUndo::watch(*command, *this);
+    if (isSnapshotDue && !willMerge(stack()->currentCommand(), command))
+        keepSnapshot(ksSceneSnapshot(root(), current));
+    const std::function<ksExpectations()> inexact = ksInexactUndo::watch(*command, root());
     ksEditHistory::add(command);
-    expectInexact();
+    const ksExpectations expected = inexact();
+    for (const ksExpectedDifference &difference : expected.differences)
+        expect(difference);
+    for (const ksExpectedRounding &rounding : expected.roundings)
+        expect(rounding);
 }
 
 void ksCheckedHistory::drag(int events, const std::function<QUndoCommand *(int event)> &make)
@@ -124,12 +140,12 @@ bool ksCheckedHistory::verify(bool holds, const QString &text)
 
 void ksCheckedHistory::expect(const ksExpectedDifference &difference)
 {
-    expectations.push_back(difference);
+    expectations.differences.push_back(difference);
 }
 
 void ksCheckedHistory::expect(const ksExpectedRounding &rounding)
 {
-    roundings.push_back(rounding);
+    expectations.roundings.push_back(rounding);
 }
 
 int ksCheckedHistory::containerCount() const
@@ -260,12 +276,14 @@ int ksCheckedHistory::compareWithMirror()
 
 bool ksCheckedHistory::accept(const ksDifference &difference)
 {
-    const auto expected = std::find_if(
-        expectations.begin(), expectations.end(), [&difference](const ksExpectedDifference &expectation) {
-            return expectation.container == difference.container && expectation.field == difference.field &&
-                   expectation.expected == difference.expected && expectation.actual == difference.actual;
-        });
-    if (expected == expectations.end())
+    const auto expected = std::find_if(expectations.differences.begin(), expectations.differences.end(),
+                                       [&difference](const ksExpectedDifference &expectation) {
+                                           return expectation.container == difference.container &&
+                                                  expectation.field == difference.field &&
+                                                  expectation.expected == difference.expected &&
+                                                  expectation.actual == difference.actual;
+                                       });
+    if (expected == expectations.differences.end())
         return false;
     takeOver(difference, expected->reason, [&difference](const ksSceneSnapshot &snapshot) {
         return snapshot.text(difference.container, difference.field) == difference.expected;
@@ -279,12 +297,12 @@ bool ksCheckedHistory::acceptRounding(const ksDifference &difference)
         return snapshot.content(difference.container, difference.field);
     };
     const std::string expected = contentOf(snapshots.at(static_cast<std::size_t>(stack()->index())));
-    const auto rounding =
-        std::find_if(roundings.begin(), roundings.end(), [&](const ksExpectedRounding &known) {
+    const auto rounding = std::find_if(
+        expectations.roundings.begin(), expectations.roundings.end(), [&](const ksExpectedRounding &known) {
             return known.container == difference.container && known.field == difference.field &&
                    areNear(numbersIn(expected), numbersIn(contentOf(current)), known.tolerance);
         });
-    if (rounding == roundings.end())
+    if (rounding == expectations.roundings.end())
         return false;
     takeOver(difference, rounding->reason,
              [&](const ksSceneSnapshot &snapshot) { return contentOf(snapshot) == expected; });

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <checker/history/ksExpectations.h>
 #include <checker/history/ksMirror.h>
 #include <checker/history/ksSceneSnapshot.h>
 #include <editor/history/ksEditHistory.h>
@@ -10,38 +11,10 @@
 
 #include <functional>
 #include <set>
-#include <string>
 #include <vector>
 
 class ksMessage;
 class ksTranscript;
-
-/// A difference that is right: going back, the field \a field of the container \a container holds \a actual
-/// where it once held \a expected, both as ksFieldReader::text() gives them.
-struct ksExpectedDifference
-{
-    osg::UInt32 container;
-    osg::UInt32 field;
-    std::string expected;
-    std::string actual;
-
-    /// Why that is right, for the transcript.
-    QString reason;
-};
-
-/// A difference that is right: the numbers in single precision that the field \a field of the container \a
-/// container holds are calculated by each step, and come back only as far as that carries.
-struct ksExpectedRounding
-{
-    osg::UInt32 container;
-    osg::UInt32 field;
-
-    /// How far each number may be from what it was.
-    double tolerance;
-
-    /// Where the numbers come from, for the transcript.
-    QString reason;
-};
 
 /// A history that is checked after every step.
 ///
@@ -69,7 +42,7 @@ public:
     /// Also expects what ksInexactUndo knows of the command.
     void add(QUndoCommand *command) override;
 
-    /// The scene is looked at when the drag begins and when it has ended only.
+    /// The scene is looked at when the drag begins, where a command does not merge, and at the end only.
     void drag(int events, const std::function<QUndoCommand *(int event)> &make) override;
 
     /// For an action that adds, undoes and redoes on stack().
@@ -132,8 +105,7 @@ private:
     ksSceneSnapshot current;
     ksSceneSnapshot mirrored;
     std::set<int> addedIds;
-    std::vector<ksExpectedDifference> expectations;
-    std::vector<ksExpectedRounding> roundings;
+    ksExpectations expectations;
 
     /// The message that came last, and how often it came in a row, as long as that is not written.
     QString message;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksFieldReader.h>
 #include <checker/history/ksInexactUndo.h>
 #include <checker/history/ksWorldRounding.h>
@@ -46,39 +45,43 @@ osg::MFConstraintObjectPtr restoredSources(const osg::MFConstraintObjectPtr &bef
     return restored;
 }
 
-std::function<void()> watchRemoval(ksCheckedHistory &history)
+std::function<ksExpectations()> watchRemoval(const osg::NodePtr &root)
 {
     const auto before = readCores<osg::AbstractConstraintPtr>(
-        history.root(), [](const auto &constraint) { return constraint->getSources(); });
-    return [&history, before] {
+        root, [](const auto &constraint) { return constraint->getSources(); });
+    return [before] {
+        ksExpectations inexact;
         for (const auto &[constraint, sources] : before)
             if (constraint->getSources() != sources)
-                history.expect(ksExpectedDifference{
-                    constraint.getFieldContainerId(), osg::AbstractConstraint::SourcesFieldId,
-                    ksFieldReader::text(sources),
-                    ksFieldReader::text(restoredSources(sources, constraint->getSources())),
-                    QStringLiteral("a constraint adds sources at the end")});
+                inexact.differences.push_back(
+                    {constraint.getFieldContainerId(), osg::AbstractConstraint::SourcesFieldId,
+                     ksFieldReader::text(sources),
+                     ksFieldReader::text(restoredSources(sources, constraint->getSources())),
+                     QStringLiteral("a constraint adds sources at the end")});
+        return inexact;
     };
 }
 
-std::function<void()> watchTurn(ksCheckedHistory &history)
+std::function<ksExpectations()> watchTurn(const osg::NodePtr &root)
 {
     struct Turn
     {
         std::string angles;
         std::string anglesAnew;
     };
-    const auto before = readCores<osg::Transform3DPtr>(history.root(), [](const auto &transform) {
+    const auto before = readCores<osg::Transform3DPtr>(root, [](const auto &transform) {
         const osg::SFVec3f anew(transform->convertQuatToEuler(transform->getRotation(), true));
         return Turn{ksFieldReader::text(*transform->getSFEulerRotation()), ksFieldReader::text(anew)};
     });
-    return [&history, before] {
+    return [before] {
+        ksExpectations inexact;
         for (const auto &[transform, turn] : before)
             if (ksFieldReader::text(*transform->getSFEulerRotation()) != turn.angles)
-                history.expect(ksExpectedDifference{
-                    transform.getFieldContainerId(), osg::Transform3D::EulerRotationFieldId, turn.angles,
-                    turn.anglesAnew,
-                    QStringLiteral("undoing a turn by a quaternion calculates the angles anew")});
+                inexact.differences.push_back(
+                    {transform.getFieldContainerId(), osg::Transform3D::EulerRotationFieldId, turn.angles,
+                     turn.anglesAnew,
+                     QStringLiteral("undoing a turn by a quaternion calculates the angles anew")});
+        return inexact;
     };
 }
 
@@ -90,7 +93,7 @@ bool edits(const ksUndoCommand &command, const ksTransformProperty &property, co
     return command.canMergeWith(edit.get());
 }
 
-std::function<void()> watchWorldEdit(const ksUndoCommand &command, ksCheckedHistory &history)
+std::function<ksExpectations()> watchWorldEdit(const ksUndoCommand &command)
 {
     ksMessage message;
     command.makeMessage(message);
@@ -101,21 +104,21 @@ std::function<void()> watchWorldEdit(const ksUndoCommand &command, ksCheckedHist
         for (int index = -1; node != osg::NullFC && property.hasSpace && index < variants; ++index) {
             const ksTransformTarget target{node, index, true};
             if (edits(command, property, target))
-                return [&history, &property, target, before = property.read(target)] {
-                    ksWorldRounding(property, target, before).expectIn(history);
+                return [&property, target, before = property.read(target)] {
+                    return ksExpectations{{}, ksWorldRounding(property, target, before).expected()};
                 };
         }
-    return [] {};
+    return [] { return ksExpectations(); };
 }
 
 } // namespace
 
-std::function<void()> ksInexactUndo::watch(const QUndoCommand &command, ksCheckedHistory &history)
+std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command, const osg::NodePtr &root)
 {
     if (dynamic_cast<const ksDeleteConstraintReferenceUndoCommand *>(&command) != nullptr)
-        return watchRemoval(history);
+        return watchRemoval(root);
     if (dynamic_cast<const ksRotationAsQuaternionUndoCommand *>(&command) != nullptr)
-        return watchTurn(history);
+        return watchTurn(root);
     const auto *edit = dynamic_cast<const ksUndoCommand *>(&command);
-    return edit != nullptr ? watchWorldEdit(*edit, history) : [] {};
+    return edit != nullptr ? watchWorldEdit(*edit) : [] { return ksExpectations(); };
 }

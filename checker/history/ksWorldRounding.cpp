@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksWorldRounding.h>
 
 #include <OSGPrecision.h>
@@ -73,13 +72,13 @@ double ksWorldRounding::inParent() const
     return Precision * (parent + stretchOf(toParent) * world);
 }
 
-void ksWorldRounding::expectIn(ksCheckedHistory &history) const
+std::vector<ksExpectedRounding> ksWorldRounding::expected() const
 {
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(target.node, target.index);
     const osg::UInt32 id = transform.getFieldContainerId();
     const double tolerance = inParent();
     const QString reason = QStringLiteral("a value in world space");
-    history.expect(ksExpectedRounding{id, property.field, tolerance, reason});
-    history.expect(ksExpectedRounding{id, osg::Transform3D::MatrixFieldId,
-                                      tolerance * (1 + stretchOf(transform->getMatrix())), reason});
+    return {
+        {id, property.field, tolerance, reason},
+        {id, osg::Transform3D::MatrixFieldId, tolerance * (1 + stretchOf(transform->getMatrix())), reason}};
 }

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <checker/history/ksExpectations.h>
 #include <editor/edits/ksTransformEdits.h>
 
-class ksCheckedHistory;
+#include <vector>
 
 /// How exactly a position comes back that has been edited in world space, since every step converts it: to
 /// 1e-5 of the lengths involved.
@@ -24,8 +25,8 @@ public:
     /// How far a component in world space may be from what it was.
     double inWorld() const;
 
-    /// Tells \a history that the value and the matrix of the transform come back no more exactly than that.
-    void expectIn(ksCheckedHistory &history) const;
+    /// How exactly the value and the matrix of the transform come back.
+    std::vector<ksExpectedRounding> expected() const;
 
 private:
     double inParent() const;

@@ -18,9 +18,9 @@ namespace {
 
 using Nodes = std::vector<osg::NodePtr>;
 using LinkCommand = ksAddNodeToLightLinkSetUndoCommand;
+using ksLightEdits::LightList;
+using ksLightEdits::SceneNodeList;
 
-constexpr unsigned int LightList = 3;
-constexpr unsigned int SceneNodeList = 0;
 constexpr int AttenuationModes = 3;
 
 /// Sends the log's errors to a call log for as long as it lives.

@@ -34,6 +34,10 @@ struct ksLightProperty
 /// The edits of lights that the editor offers.
 namespace ksLightEdits {
 
+/// The two lists of a light link set, as ksAddNodeToLightLinkSetUndoCommand knows them.
+constexpr unsigned int SceneNodeList = 0;
+constexpr unsigned int LightList = 3;
+
 /// The six values. The attenuation is the number of an osg::UberLight::LightAttenuation.
 const std::vector<ksLightProperty> &properties();
 

@@ -7,7 +7,7 @@
 
 const osg::MFString &ksTagEdits::listOf(const osg::TagAttachmentPtr &tags, osg::UInt32 field)
 {
-    return field == osg::TagAttachment::UserTagsFieldId ? tags->getUserTags() : tags->getLayerTags();
+    return field == UserTags ? tags->getUserTags() : tags->getLayerTags();
 }
 
 bool ksTagEdits::hasTag(const osg::TagAttachmentPtr &tags, osg::UInt32 field, const std::string &tag)

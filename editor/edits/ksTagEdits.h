@@ -11,7 +11,11 @@ class ksTagUndoCommand;
 /// The edits of tags that the editor offers.
 namespace ksTagEdits {
 
-/// The tags that the field \a field of \a tags holds, which is that of the user's or the layers' tags.
+/// The two lists of tags that a node has: fields of its attachment.
+constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
+constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+
+/// The tags that the field \a field of \a tags holds, one of these two.
 const osg::MFString &listOf(const osg::TagAttachmentPtr &tags, osg::UInt32 field);
 
 /// Whether they hold \a tag.

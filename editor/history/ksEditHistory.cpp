@@ -44,8 +44,13 @@ void ksEditHistory::step(const QString &what, const std::function<void()> &actio
         action();
         return;
     }
-    const QScopedValueRollback<bool> guard(stepping, true);
     beginStep(what);
+    finish(action);
+}
+
+void ksEditHistory::finish(const std::function<void()> &action)
+{
+    const QScopedValueRollback<bool> guard(stepping, true);
     try {
         action();
     } catch (...) {
@@ -78,7 +83,7 @@ void ksEditHistory::drag(int events, const std::function<QUndoCommand *(int even
 
 void ksEditHistory::undo()
 {
-    refuseWithinStep();
+    refuseWithinStepOrMacro();
     if (!undoStack->canUndo())
         throw ksEditorError("there is nothing to undo");
     step(named("undo", undoStack->undoText()), [this] { undoStack->undo(); });
@@ -86,7 +91,7 @@ void ksEditHistory::undo()
 
 void ksEditHistory::redo()
 {
-    refuseWithinStep();
+    refuseWithinStepOrMacro();
     if (!undoStack->canRedo())
         throw ksEditorError("there is nothing to redo");
     step(named("redo", undoStack->redoText()), [this] { undoStack->redo(); });
@@ -99,20 +104,19 @@ void ksEditHistory::mark()
 
 void ksEditHistory::reset()
 {
-    refuseWithinStep();
+    refuseWithinStepOrMacro();
     step(QStringLiteral("reset from index %1").arg(undoStack->index()), [this] { undoStack->reset(); });
 }
 
 void ksEditHistory::clear()
 {
-    refuseWithinStep();
+    refuseWithinStepOrMacro();
     step(QStringLiteral("clear"), [this] { undoStack->clear(); });
 }
 
 void ksEditHistory::beginMacro(const QString &text)
 {
-    if (stepping)
-        throw ksEditorError("not possible within another step");
+    refuseWithinStep();
     beginStep(named("macro", text));
     undoStack->beginMacro(text);
     ++openMacros;
@@ -120,19 +124,23 @@ void ksEditHistory::beginMacro(const QString &text)
 
 void ksEditHistory::endMacro()
 {
-    if (stepping)
-        throw ksEditorError("not possible within another step");
+    refuseWithinStep();
     if (openMacros == 0)
         throw ksEditorError("there is no open macro");
-    undoStack->endMacro();
+    // It counts as ended already when those who are told of it throw.
     --openMacros;
-    finishStep();
+    finish([this] { undoStack->endMacro(); });
 }
 
 void ksEditHistory::refuseWithinStep() const
 {
     if (stepping)
         throw ksEditorError("not possible within another step");
+}
+
+void ksEditHistory::refuseWithinStepOrMacro() const
+{
+    refuseWithinStep();
     if (openMacros > 0)
         throw ksEditorError("not possible within a macro");
 }

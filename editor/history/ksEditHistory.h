@@ -48,11 +48,16 @@ public:
     void clear();
 
     /// Opens a macro called \a text: what is added until the matching endMacro() is one command. Macros nest.
-    /// Not possible within a step; nor is endMacro() without an open macro.
+    /// Not possible within a step; nor is endMacro() without an open macro. When somebody who is told of the
+    /// end throws, the macro has ended all the same.
     void beginMacro(const QString &text);
     void endMacro();
 
     bool isInMacro() const { return openMacros > 0; }
+
+    /// The number of open macros.
+    int macroDepth() const { return openMacros; }
+
     ksUndoStack *stack() const { return undoStack; }
     osg::NodePtr root() const { return sceneRoot.get(); }
 
@@ -79,8 +84,12 @@ private:
     virtual void beginStep(const QString &what) = 0;
     virtual void finishStep() = 0;
 
-    /// Throws when a macro is open or a step is being run.
+    /// Runs \a action, the rest of a step, and finishes the step, also when that throws.
+    void finish(const std::function<void()> &action);
+
+    /// Throw when a step is being run, and when a macro is open, too.
     void refuseWithinStep() const;
+    void refuseWithinStepOrMacro() const;
 
     osg::NodeRefPtr sceneRoot;
     ksUndoStack *undoStack;

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr float DegreesPerRadian = 57.29577951F;
 constexpr float NarrowestCone = 0.1F;
 constexpr float HalfTurn = 180;
 
@@ -85,7 +84,7 @@ void takeCone(ksLightValues &values, const aiLight &light, ksModelFormat format)
         values.coneAngle = HalfTurn;
     if (light.mType != aiLightSource_SPOT)
         return;
-    const float toOpening = (format == ksModelFormat::Gltf ? 2.0F : 1.0F) * DegreesPerRadian;
+    const float toOpening = (format == ksModelFormat::Gltf ? 2.0F : 1.0F) * ksDegreesPerRadian;
     const float inner = std::clamp(finite(light.mAngleInnerCone) * toOpening, NarrowestCone, HalfTurn);
     // COLLADA gives one angle and an exponent, from which its reader guesses a second angle that is too wide.
     const float outer = format == ksModelFormat::Collada

@@ -15,8 +15,6 @@
 
 namespace {
 
-constexpr float DegreesPerRadian = 57.29577951F;
-
 /// A texture's path, empty when there is none, and the kind that the model has it as.
 struct Texture
 {
@@ -134,7 +132,7 @@ osg::ColorComponentSettingsPtr createSettings(const aiMaterial &source)
     settings->setMappingScale(osg::Vec2f(mapping.mScaling.x, mapping.mScaling.y));
     settings->setMappingOffset(osg::Vec2f(mapping.mTranslation.x + mapping.mScaling.x * way[0],
                                           mapping.mTranslation.y + mapping.mScaling.y * way[1]));
-    settings->setMappingRotation(mapping.mRotation * DegreesPerRadian);
+    settings->setMappingRotation(mapping.mRotation * ksDegreesPerRadian);
     return settings;
 }
 

@@ -15,6 +15,9 @@ enum class ksModelFormat
     Other
 };
 
+/// Model files give angles in radians, scenes in degrees.
+constexpr float ksDegreesPerRadian = 57.29577951F;
+
 /// A model file, read and checked.
 class ksModelFile
 {

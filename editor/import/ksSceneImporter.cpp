@@ -58,7 +58,9 @@ public:
     {
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
             const aiLight *light = file.scene().mLights[i];
-            lights.emplace(light->mName.C_Str(), light);
+            if (!lights.emplace(light->mName.C_Str(), light).second)
+                warn(QStringLiteral("light '") + QString::fromUtf8(light->mName.C_Str()) +
+                     QStringLiteral("' has the name of another one"));
         }
     }
 

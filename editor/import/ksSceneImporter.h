@@ -18,7 +18,7 @@ class ksSceneImporter
 {
 public:
     /// What is left out of a scene is reported to \a reportTo: textures that cannot be read, lights without a
-    /// place, settings with unfit values, matrices that no transform gives.
+    /// place or with the name of another one, settings with unfit values, matrices that no transform gives.
     explicit ksSceneImporter(ksWarn reportTo);
 
     /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read.

@@ -173,7 +173,7 @@ void ksScriptContainer::set(const QString &field, const QJSValue &value, const Q
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
     host.guard([&] {
-        const QString title = text.isUndefined() ? QString() : text.toString();
+        const QString title = titleFrom(text);
         addDrag(values,
                 [&](const QJSValue &value, ksMerging merging) { return make(field, value, title, merging); });
     });

@@ -13,9 +13,6 @@
 
 #include <functional>
 
-// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
-// notification. clazy:excludeall=qproperty-without-notify
-
 /// A container of the scene in a script.
 ///
 /// It knows its container by id. Using it after the container has gone is an error in the script. Properties
@@ -90,6 +87,12 @@ protected:
         decltype(read(container())) result{};
         host.guard([this, &read, &result] { result = read(container()); });
         return result;
+    }
+
+    /// What a script gives as the text of a step; empty when it gives none.
+    static QString titleFrom(const QJSValue &text)
+    {
+        return text.isUndefined() ? QString() : text.toString();
     }
 
     /// Adds the commands that \a make gives for each of \a values, an array, as a drag. Throws ksEditorError

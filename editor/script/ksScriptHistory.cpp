@@ -59,6 +59,8 @@ void ksScriptHistory::clear()
 void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool merging)
 {
     host.guard([&] {
+        if (!edits.isArray())
+            throw ksEditorError("the edits of a batch are an array");
         const quint32 count = edits.property(QStringLiteral("length")).toUInt();
         auto batch = std::make_unique<ksMultiCommand>(text);
         for (quint32 i = 0; i < count; ++i) {

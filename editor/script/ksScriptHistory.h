@@ -7,9 +7,6 @@
 
 class ksScriptHost;
 
-// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
-// notification. clazy:excludeall=qproperty-without-notify
-
 /// The undo history in a script: the global object "history". What is not possible at the moment, see
 /// ksEditHistory, is an error in the script.
 ///

@@ -2,7 +2,6 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
-#include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
 
@@ -11,6 +10,8 @@
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
+
+#include <QScopeGuard>
 
 #include <cmath>
 
@@ -55,7 +56,7 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     if (known != objects.end())
         return known->second;
 
-    ksScriptContainer *made = ksScriptRegistry::makeObject(*this, container);
+    QObject *made = ksScriptRegistry::makeObject(*this, container);
     const QJSValue object = scriptEngine.newQObject(made);
     ksScriptRegistry::makeParts(*this, container, *made, [this, &object](const char *name, QObject *part) {
         defineMember.call({object, QLatin1String(name), scriptEngine.newQObject(part)});
@@ -120,8 +121,13 @@ void ksScriptHost::endMacro()
 {
     if (openMacros.empty())
         throw ksEditorError("there is no open macro");
+    // It may end and throw, or not end.
+    const int depth = editHistory.macroDepth();
+    const auto forget = qScopeGuard([this, depth] {
+        if (editHistory.macroDepth() < depth)
+            openMacros.pop_back();
+    });
     editHistory.endMacro();
-    openMacros.pop_back();
 }
 
 QJSValue ksScriptHost::endMacrosLeft()

@@ -51,7 +51,7 @@ void ksScriptLight::drag(const QString &property, const QJSValue &values, const 
         return;
     }
     host.guard([&] {
-        const QString title = text.isUndefined() ? QString() : text.toString();
+        const QString title = titleFrom(text);
         addDrag(values, [&](const QJSValue &value, ksMerging merging) {
             return make(*wanted, value, title, merging);
         });

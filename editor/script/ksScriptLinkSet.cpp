@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksLightEdits.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptLinkSet.h>
 #include <editor/script/ksScriptRegistry.h>
@@ -11,9 +12,6 @@ using namespace ksScriptValues;
 namespace {
 
 const ksScriptRegistry::Wrapper<osg::LightLinkSetPtr, ksScriptLinkSet> wrapper;
-
-constexpr unsigned int LightList = 3;
-constexpr unsigned int SceneNodeList = 0;
 
 } // namespace
 
@@ -43,11 +41,13 @@ void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
         const auto set = osg::LightLinkSetPtr::dcast(container());
         const std::vector<osg::NodePtr> given = nodesFrom(nodes);
         for (const osg::NodePtr &node : given) {
+            const bool isReplaced =
+                lights && (node->getExternalFlags() & osg::NodeExternalFlags::Instance) != 0;
             const bool isListed = lights ? set->containsLight(node) : set->containsSceneNode(node);
-            if (removing && !isListed)
+            if (removing && !isReplaced && !isListed)
                 throw ksEditorError(ksContainers::label(node) + QStringLiteral(" is not linked"));
         }
-        const unsigned int list = lights ? LightList : SceneNodeList;
+        const unsigned int list = lights ? ksLightEdits::LightList : ksLightEdits::SceneNodeList;
         host.history().add(nodes.isArray()
                                ? new ksAddNodeToLightLinkSetUndoCommand(set, given, list, removing)
                                : new ksAddNodeToLightLinkSetUndoCommand(set, given.front(), list, removing));

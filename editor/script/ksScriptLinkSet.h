@@ -16,7 +16,7 @@ public:
     Q_INVOKABLE void add(const QJSValue &nodes);
     Q_INVOKABLE void addLights(const QJSValue &nodes);
 
-    /// Nodes that are not listed are an error in the script.
+    /// Nodes that are not listed are an error in the script, except instances of lights.
     Q_INVOKABLE void remove(const QJSValue &nodes);
     Q_INVOKABLE void removeLights(const QJSValue &nodes);
 

@@ -25,13 +25,14 @@ const ksScriptRegistry::Wrapper<osg::UBRDFMaterialPtr, ksScriptSurface> surfaceW
 
 /// The command that sets the field called \a field of a part of a material.
 ksFieldBaseUndoCommand *makeInner(const osg::FieldContainerPtr &part, const QString &field,
-                                  const QJSValue &value, ksMerging merging)
+                                  const QJSValue &value, ksMerging merging, QUndoCommand *parent = nullptr)
 {
     const std::string name = field.toStdString();
     const osg::Field *target = part->getField(name.c_str());
     if (target == nullptr || target->getType() != osg::SFVec3f::getClassType())
-        return ksFieldEdits::make(QString(), part, field, value.toVariant(), merging);
-    auto *command = new ksFieldUndoCommand<osg::Vec3f>(QString(), part, name, vectorFrom(value, field));
+        return ksFieldEdits::make(QString(), part, field, value.toVariant(), merging, parent);
+    auto *command =
+        new ksFieldUndoCommand<osg::Vec3f>(QString(), part, name, vectorFrom(value, field), parent);
     ksMergingAs(merging, command);
     return command;
 }
@@ -76,7 +77,7 @@ void ksScriptMaterial::setAllComponents(const QString &field, const QJSValue &va
         auto batch = std::make_unique<ksMaterialMultiUndoCommand>(ksFieldEdits::defaultText(material, field),
                                                                   material, material->getComponentSettings());
         for (const osg::ColorComponentPtr &each : material->getColorComponentData())
-            ksFieldEdits::make(QString(), each, field, value.toVariant(), ksMerging::Never, batch.get());
+            makeInner(each, field, value, ksMerging::Never, batch.get());
         host.history().add(batch.release());
     });
 }

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptRegistry.h>
 
 #include <OpenSG/OSGFieldContainerType.h>
@@ -22,7 +21,7 @@ std::vector<ksScriptRegistry::GlobalEntry> &ksScriptRegistry::globals()
     return all;
 }
 
-ksScriptContainer *ksScriptRegistry::makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container)
+QObject *ksScriptRegistry::makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container)
 {
     for (const osg::FieldContainerType *type = &container->getType(); type != nullptr;
          type = type->getParent())
@@ -32,8 +31,7 @@ ksScriptContainer *ksScriptRegistry::makeObject(ksScriptHost &host, const osg::F
     return nullptr;
 }
 
-void ksScriptRegistry::makeParts(ksScriptHost &host, const osg::FieldContainerPtr &container,
-                                 ksScriptContainer &owner,
+void ksScriptRegistry::makeParts(ksScriptHost &host, const osg::FieldContainerPtr &container, QObject &owner,
                                  const std::function<void(const char *name, QObject *part)> &take)
 {
     for (const PartEntry &part : parts())

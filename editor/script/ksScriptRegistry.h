@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <functional>
+#include <type_traits>
 #include <vector>
 
 class ksScriptContainer;
@@ -28,26 +29,26 @@ public:
     template <class PtrT, class Object>
     struct Wrapper
     {
+        static_assert(std::is_base_of_v<ksScriptContainer, Object>);
+
         Wrapper()
         {
-            wrappers().push_back(
-                {&typeOf<PtrT>, [](ksScriptHost &host, osg::UInt32 id) -> ksScriptContainer * {
-                     return new Object(host, id);
-                 }});
+            wrappers().push_back({&typeOf<PtrT>, [](ksScriptHost &host, osg::UInt32 id) -> QObject * {
+                                      return new Object(host, id);
+                                  }});
         }
     };
 
     /// Containers of the class of \a PtrT have a member called \a name, an object of the class \a Object,
-    /// which is made with the container's object as its parent.
-    template <class PtrT, class Object>
+    /// which is made with the container's object, an \a Owner, as its parent.
+    template <class PtrT, class Object, class Owner = ksScriptContainer>
     struct Part
     {
         explicit Part(const char *name)
         {
-            parts().push_back(
-                {name, &typeOf<PtrT>, [](ksScriptHost &host, ksScriptContainer &owner) -> QObject * {
-                     return new Object(host, owner);
-                 }});
+            parts().push_back({name, &typeOf<PtrT>, [](ksScriptHost &host, QObject &owner) -> QObject * {
+                                   return new Object(host, static_cast<Owner &>(owner));
+                               }});
         }
     };
 
@@ -62,12 +63,11 @@ public:
     };
 
     /// A new object for \a container, without its parts.
-    static ksScriptContainer *makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container);
+    static QObject *makeObject(ksScriptHost &host, const osg::FieldContainerPtr &container);
 
     /// Calls \a take with the name of every part that \a owner, the object of \a container, is to have, and a
     /// new object for it.
-    static void makeParts(ksScriptHost &host, const osg::FieldContainerPtr &container,
-                          ksScriptContainer &owner,
+    static void makeParts(ksScriptHost &host, const osg::FieldContainerPtr &container, QObject &owner,
                           const std::function<void(const char *name, QObject *part)> &take);
 
     /// The same for the global objects.
@@ -81,14 +81,14 @@ private:
     struct WrapperEntry
     {
         Type type;
-        ksScriptContainer *(*make)(ksScriptHost &host, osg::UInt32 id);
+        QObject *(*make)(ksScriptHost &host, osg::UInt32 id);
     };
 
     struct PartEntry
     {
         const char *name;
         Type type;
-        QObject *(*make)(ksScriptHost &host, ksScriptContainer &owner);
+        QObject *(*make)(ksScriptHost &host, QObject &owner);
     };
 
     struct GlobalEntry

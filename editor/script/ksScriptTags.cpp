@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
+#include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptTags.h>
-#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/tag/ksTagUndoCommands.h>
-
-using namespace ksScriptValues;
 
 namespace {
 
 const ksScriptRegistry::Part<osg::NodePtr, ksScriptTags> part("tags");
 
-constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
-constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+using ksTagEdits::LayerTags;
+using ksTagEdits::UserTags;
 
 } // namespace
 

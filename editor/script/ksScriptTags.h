@@ -10,9 +10,6 @@
 class ksScriptContainer;
 class ksScriptHost;
 
-// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
-// notification. clazy:excludeall=qproperty-without-notify
-
 /// The member "tags" of a node in a script: those of the user, and the layers that the node is on.
 class ksScriptTags : public QObject
 {

@@ -12,9 +12,6 @@
 class ksScriptContainer;
 class ksScriptHost;
 
-// Scripts read properties when they need them and bind nothing to them, so that nobody waits for a
-// notification. clazy:excludeall=qproperty-without-notify
-
 /// The member "variants" of a node in a script: its transform variants, in order and counted from 0. Indexes
 /// that are not of the list are errors in the script.
 class ksScriptVariants : public QObject

@@ -76,8 +76,7 @@ TEST(ksModelCollectionTour, EveryFileIsTouredOrRefused)
         files += sampleOf(filesOfFolder);
     }
     if (files.isEmpty())
-        GTEST_SKIP() << "there are no models in " KS_MODEL_COLLECTION
-                        ": the package assimp-testmodels is missing";
+        GTEST_SKIP() << ksModelCollection::Missing;
 
     std::cout << files.size() << " of " << count << " models\n";
     const auto runs = QtConcurrent::blockingMapped<std::vector<ksProgram>>(files, &tourOf);

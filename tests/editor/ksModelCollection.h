@@ -14,6 +14,10 @@
 class ksModelCollection : public testing::TestWithParam<std::string>
 {
 public:
+    /// Why a test is skipped when it is not installed.
+    static constexpr const char *Missing =
+        "there are no models in " KS_MODEL_COLLECTION ": the package assimp-testmodels is missing";
+
     /// The folders of the collection, or one empty name when it is not installed.
     static std::vector<std::string> formatFolders()
     {
@@ -41,8 +45,7 @@ protected:
     void SetUp() override
     {
         if (GetParam().empty())
-            GTEST_SKIP() << "there are no models in " KS_MODEL_COLLECTION
-                            ": the package assimp-testmodels is missing";
+            GTEST_SKIP() << Missing;
     }
 
     static QStringList files() { return filesOf(GetParam()); }

@@ -24,7 +24,9 @@ PLATFORM = EXTENSION + ["platform/application"]
 CORE = PLATFORM + ["ksundo/core"]
 LIBRARY_FOLDERS = ["constraint", "core", "field", "light", "material", "tag", "transform"]
 LIBRARY = PLATFORM + ["ksundo"] + [f"ksundo/{folder}" for folder in LIBRARY_FOLDERS]
-EDITOR = LIBRARY + ["editor"]
+SCENE = LIBRARY + ["editor", "editor/scene"]
+EDITS = SCENE + ["editor/edits", "editor/history"]
+EDITOR = EDITS + ["editor/import", "editor/script", "editor/session"]
 
 ROOMS = {
     "platform/opensg": [],
@@ -38,8 +40,17 @@ ROOMS = {
     "ksundo/material": CORE + ["ksundo/field"],
     "ksundo/light": CORE + ["ksundo/transform"],
     "ksundo": LIBRARY,
-    "editor": LIBRARY,
-    "checker": EDITOR,
+    "editor": ["editor/session"],
+    "editor/scene": LIBRARY + ["editor"],
+    "editor/edits": SCENE,
+    "editor/history": SCENE,
+    "editor/import": EDITS,
+    "editor/script": EDITS,
+    "editor/session": EDITOR,
+    "checker": ["checker/session"],
+    "checker/history": EDITOR,
+    "checker/tour": EDITOR + ["checker/history"],
+    "checker/session": EDITOR + ["checker/history", "checker/tour"],
 }
 # Nobody's include lines lead into these; their headers need names of their own all the same.
 OUTSIDE = ["tests", "benchmarks"]
@@ -52,7 +63,7 @@ COMMAND_ROW = re.compile(r"^\| `[^`]+` \| `([^`]+)` \|", re.MULTILINE)
 def room_of(path):
     """The innermost room around a file; None when it lies in a folder that the plan does not know."""
     folders = path.parts[:-1]
-    room = "/".join(folders[: 1 if folders[0] not in ("platform", "ksundo") else 2])
+    room = "/".join(folders[:2])
     return room if room in ROOMS else None
 
 

@@ -336,6 +336,22 @@ TEST_F(ksCheckedHistoryTest, KnowsEveryIndexOfADragThatDoesNotMerge)
     EXPECT_EQ(history.differenceCount(), 0) << out.str();
 }
 
+TEST_F(ksCheckedHistoryTest, KnowsEveryIndexOfADragThatMergesInPart)
+{
+    history.drag(5, [this](int event) {
+        LayerCommand *command = setLayerMerging(static_cast<osg::UInt8>(event + 1));
+        command->setMergeEnabled(event != 2);
+        return command;
+    });
+    EXPECT_EQ(stack.count(), 2);
+    history.undo();
+    EXPECT_EQ(childSettings()->getLayer(), 2);
+    history.undo();
+    history.redo();
+    history.redo();
+    EXPECT_EQ(history.differenceCount(), 0) << out.str();
+}
+
 TEST_F(ksCheckedHistoryTest, KnowsWhatADragWithinAnotherStepHasDone)
 {
     history.step(QStringLiteral("all"), [this] {

@@ -4,7 +4,7 @@
 #include <checker/session/ksCheckedScript.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/session/ksOpenScene.h>
-#include <tests/editor/ksEditorFixture.h>
+#include <tests/editor/script/ksScriptFixture.h>
 
 #include <ostream>
 #include <sstream>
@@ -28,12 +28,7 @@ void PrintTo(const ScriptCase &scriptCase, std::ostream *out)
 class ksCheckedScriptTest : public testing::TestWithParam<ScriptCase>
 {
 protected:
-    std::string errorOf(const std::string &script)
-    {
-        const QString path = folder.write("script.js", script);
-        const std::string error = ksErrorOf([&] { engine.run(path); });
-        return error.substr(std::min(error.size(), path.toStdString().size()));
-    }
+    std::string errorOf(const std::string &script) { return ksScriptErrorOf(engine, folder, script); }
 
     ksTestFolder folder;
     std::ostringstream out;

@@ -9,8 +9,8 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr osg::UInt32 UserTags = osg::TagAttachment::UserTagsFieldId;
-constexpr osg::UInt32 LayerTags = osg::TagAttachment::LayerTagsFieldId;
+using ksTagEdits::LayerTags;
+using ksTagEdits::UserTags;
 
 class ksTagEditsTest : public ksEditorFixture
 {

@@ -153,6 +153,20 @@ TEST_F(ksEditHistoryTest, MacrosNest)
     EXPECT_EQ(childSettings()->getLayer(), 0);
 }
 
+TEST_F(ksEditHistoryTest, FinishesAMacroWhoseEndThrows)
+{
+    history.beginMacro(QStringLiteral("Macro"));
+    history.add(setLayer(1));
+    stack.setMessageCallback([](const char *, ksMessage &, int) -> bool { throw std::runtime_error("no"); });
+    EXPECT_THROW(history.endMacro(), std::runtime_error);
+    stack.setMessageCallback(nullptr);
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_THAT(history.notes,
+                ElementsAre("macro \"Macro\"", "within add \"Layer\"", "within finished", "finished"));
+    history.undo();
+    EXPECT_EQ(childSettings()->getLayer(), 0);
+}
+
 TEST_F(ksEditHistoryTest, RefusesToEndAMacroThatIsNotOpen)
 {
     EXPECT_EQ(ksErrorOf([this] { history.endMacro(); }), "there is no open macro");

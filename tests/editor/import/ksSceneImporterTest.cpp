@@ -270,6 +270,24 @@ TEST_F(ksSceneImporterTest, WarnsOfMissingTextures)
     EXPECT_EQ(material->getColorComponentData(0)->getImage(), osg::NullFC);
 }
 
+TEST_F(ksSceneImporterTest, WarnsOfLightsWithTheSameName)
+{
+    const ksTestFolder folder;
+    const osg::NodeRefPtr root = load(folder.write("lamps.gltf", R"({
+"asset": { "version": "2.0" },
+"extensionsUsed": ["KHR_lights_punctual"],
+"extensions": { "KHR_lights_punctual": { "lights": [{ "type": "point" }, { "type": "point" }] } },
+"nodes": [
+    { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 0 } } },
+    { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 1 } } }],
+"scenes": [{ "nodes": [0, 1] }],
+"scene": 0
+})"));
+    EXPECT_THAT(warnings, ElementsAre("light 'Lamp' has the name of another one"));
+    EXPECT_THAT(childNames(root->getChild(0)), ElementsAre("Lamp light"));
+    EXPECT_THAT(childNames(root->getChild(1)), IsEmpty());
+}
+
 /// Lights of this format shine down the y axis of their nodes.
 TEST_F(ksSceneImporterTest, TurnsLightsThatShineElsewhere)
 {

@@ -5,6 +5,8 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGPointLight.h>
 
+#include <stdexcept>
+
 namespace {
 
 using testing::EndsWith;
@@ -208,6 +210,7 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     EXPECT_EQ(errorOf(own + "own.drag('layer', 3);"), ":2: Error: the values of a drag are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', 1], ['own', 'layer', 1]]);"),
               ":2: Error: an edit of a batch is an array of a container, a field and a value");
+    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"), ":2: Error: the edits of a batch are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
               ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
     EXPECT_EQ(stack.count(), 0);
@@ -253,6 +256,17 @@ TEST_F(ksScriptEngineTest, EndsMacrosThatAScriptLeavesOpen)
     EXPECT_EQ(rootSettings()->getLayer(), 0);
     run("history.beginMacro('Both'); history.endMacro();");
     EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksScriptEngineTest, KnowsThatAMacroHasEndedWhoseEndThrows)
+{
+    stack.setMessageCallback([](const char *, ksMessage &, int) -> bool { throw std::runtime_error("no"); });
+    EXPECT_EQ(errorOf("\nhistory.macro('m', function () {"
+                      "    scene.root.attachment('ksNodeSettings').set('layer', 1); });"),
+              ":2: Error: no");
+    stack.setMessageCallback(nullptr);
+    EXPECT_FALSE(history.isInMacro());
+    EXPECT_EQ(errorOf("history.endMacro();"), ":1: Error: there is no open macro");
 }
 
 TEST_F(ksScriptEngineTest, EndsMacrosOfAScriptThatFails)

@@ -7,6 +7,16 @@
 
 #include <sstream>
 
+/// The error that \a script ends by when \a engine runs it, without its path; empty when it succeeds. Its
+/// file is in \a folder.
+inline std::string ksScriptErrorOf(ksScriptEngine &engine, const ksTestFolder &folder,
+                                   const std::string &script)
+{
+    const QString path = folder.write("script.js", script);
+    const std::string error = ksErrorOf([&] { engine.run(path); });
+    return error.substr(std::min(error.size(), path.toStdString().size()));
+}
+
 /// The scene of the fixture \a Scene, which scripts run on.
 template <class Scene>
 class ksScriptFixture : public Scene
@@ -31,12 +41,14 @@ protected:
         return kept;
     }
 
-    /// The error that \a script ends by, without its path; empty when it succeeds.
-    std::string errorOf(const std::string &script)
+    std::string errorOf(const std::string &script) { return ksScriptErrorOf(engine, folder, script); }
+
+    /// Expects that \a script, which follows the line \a prelude, ends by \a error and does nothing.
+    void expectErrorAfter(const std::string &prelude, const std::string &script, const std::string &error)
     {
-        const QString path = folder.write("script.js", script);
-        const std::string error = ksErrorOf([&] { engine.run(path); });
-        return error.substr(std::min(error.size(), path.toStdString().size()));
+        const int count = stack.count();
+        EXPECT_EQ(errorOf(prelude + '\n' + script), ":2: Error: " + error) << script;
+        EXPECT_EQ(stack.count(), count) << script;
     }
 
     ksTestFolder folder;

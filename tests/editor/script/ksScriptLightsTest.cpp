@@ -29,11 +29,7 @@ class ksScriptLightsTest : public ksScriptFixture<ksLampScene>
 protected:
     void expectError(const std::string &script, const std::string &error)
     {
-        const int count = stack.count();
-        EXPECT_EQ(errorOf("var lamp = scene.find('Lamp'), light = lamp.light;\n" + script),
-                  ":2: Error: " + error)
-            << script;
-        EXPECT_EQ(stack.count(), count) << script;
+        expectErrorAfter("var lamp = scene.find('Lamp'), light = lamp.light;", script, error);
     }
 
     const ksOpenScene scene{root};
@@ -99,6 +95,23 @@ TEST_F(ksScriptLightsTest, Links)
         "2 true\ntrue 0\ntrue\n");
     EXPECT_NE(ksFindNode(root, "Links"), osg::NullFC);
     EXPECT_EQ(stack.count(), 5);
+}
+
+TEST_F(ksScriptLightsTest, LinksTheLightForItsInstance)
+{
+    const osg::NodePtr instance = makeNode("Instance");
+    {
+        CPEdit(root.get(), osg::Node::ChildrenFieldMask);
+        CPEdit(instance, osg::Node::CoreFieldMask | osg::Node::ExternalFlagsFieldMask);
+        instance->setCore(light);
+        instance->setExternalFlags(osg::NodeExternalFlags::Instance);
+        root->addChild(instance);
+    }
+    EXPECT_EQ(printed("var links = scene.addLinkSet('Links'), instance = scene.find('Instance');"
+                      "links.addLights(instance); print(links.get('lights')[0].name);"
+                      "links.removeLights(instance); print(links.get('lights').length);"
+                      "history.undo(); print(links.get('lights').length);"),
+              "Lamp\n0\n1\n");
 }
 
 TEST_F(ksScriptLightsTest, SayWhatIsWrong)

@@ -43,24 +43,17 @@ protected:
     const osg::UBRDFMaterialPtr metal = osg::UBRDFMaterial::create();
 };
 
+constexpr const char *Prelude =
+    "var cloth = scene.find('Cloth').material, metal = scene.find('Metal').material;";
+
 class ksScriptMaterialTest : public ksScriptFixture<ksMaterialScene>
 {
 protected:
-    std::string runOnMaterials(const std::string &script)
-    {
-        return printed("var cloth = scene.find('Cloth').material, metal = scene.find('Metal').material;\n" +
-                       script);
-    }
+    std::string runOnMaterials(const std::string &script) { return printed(Prelude + script); }
 
     void expectError(const std::string &script, const std::string &error)
     {
-        const int count = stack.count();
-        EXPECT_EQ(
-            errorOf("var cloth = scene.find('Cloth').material, metal = scene.find('Metal').material;\n" +
-                    script),
-            ":2: Error: " + error)
-            << script;
-        EXPECT_EQ(stack.count(), count) << script;
+        expectErrorAfter(Prelude, script, error);
     }
 };
 
@@ -93,9 +86,11 @@ TEST_F(ksScriptMaterialTest, DragsAsOneStep)
 
 TEST_F(ksScriptMaterialTest, EditsAllComponentsAtOnce)
 {
-    runOnMaterials("cloth.setAllComponents('enabled', false);");
-    EXPECT_EQ(stack.count(), 1);
+    runOnMaterials("cloth.setAllComponents('enabled', false); cloth.setAllComponents('color', [1, 0, 0.5]);");
+    EXPECT_EQ(stack.count(), 2);
     EXPECT_FALSE(first->getEnabled() || second->getEnabled());
+    EXPECT_EQ(first->getColor(), osg::Vec3f(1, 0, 0.5F));
+    EXPECT_EQ(second->getColor(), osg::Vec3f(1, 0, 0.5F));
 }
 
 TEST_F(ksScriptMaterialTest, SwapsImages)

@@ -11,9 +11,7 @@ class ksScriptNodeTest : public ksScriptFixture<ksTransformScene>
 protected:
     void expectError(const std::string &script, const std::string &error)
     {
-        const int count = stack.count();
-        EXPECT_EQ(errorOf("\n" + script), ":2: Error: " + error) << script;
-        EXPECT_EQ(stack.count(), count) << script;
+        expectErrorAfter("", script, error);
     }
 
     const std::string label = ksContainers::label(child).toStdString();
