@@ -60,5 +60,6 @@ void addCase(const std::string &name, std::function<void(Meter &)> byLibrary,
              std::function<void(Meter &)> byHand)
 {
     addBenchmark(name + "/ksundo", std::move(byLibrary));
-    addBenchmark(name + "/hand", std::move(byHand));
+    if (byHand)
+        addBenchmark(name + "/hand", std::move(byHand));
 }

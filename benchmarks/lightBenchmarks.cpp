@@ -6,6 +6,10 @@
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
 
 #include <OSGLightLinkSet.h>
+#include <OSGUberLight.h>
+#include <OpenSG/OSGNode.h>
+#include <ksOpenSGUtils.h>
+#include <ksSceneDataManager.h>
 
 #include <utility>
 
@@ -19,7 +23,8 @@ class HandWrittenRemoval : public QUndoCommand
 {
 public:
     HandWrittenRemoval(const osg::LightLinkSetPtr &set, const std::vector<osg::NodePtr> &nodes)
-        : setId(set.getFieldContainerId())
+        : QUndoCommand(QStringLiteral("Remove Nodes"))
+        , setId(set.getFieldContainerId())
     {
         const osg::MFNodePtr &list = *set->getMFSceneNodes();
         for (const osg::NodePtr &node : nodes)
@@ -61,6 +66,43 @@ QUndoCommand *makeRemoval(const ByHand &, const osg::LightLinkSetPtr &set,
     return new HandWrittenRemoval(set, nodes);
 }
 
+/// Adds one node to a link set that does not hold it, by hand.
+class HandWrittenAddition : public QUndoCommand
+{
+public:
+    HandWrittenAddition(const osg::LightLinkSetPtr &set, const osg::NodePtr &node)
+        : QUndoCommand(QStringLiteral("Add Node"))
+        , setId(set.getFieldContainerId())
+        , nodeId(node == ksOpenSGUtils::getRoot() || set->containsSceneNode(node)
+                     ? 0
+                     : node.getFieldContainerId())
+    {}
+
+    void undo() override
+    {
+        const auto node = find<osg::NodePtr>(nodeId);
+        if (node != osg::NullFC)
+            find<osg::LightLinkSetPtr>(setId)->subSceneNode(node);
+    }
+
+    void redo() override
+    {
+        const auto node = find<osg::NodePtr>(nodeId);
+        if (node != osg::NullFC)
+            find<osg::LightLinkSetPtr>(setId)->addSceneNode(node);
+    }
+
+private:
+    template <class PtrT>
+    static PtrT find(osg::UInt32 id)
+    {
+        return PtrT::dcast(osg::FieldContainerFactory::the()->getContainer(id));
+    }
+
+    osg::UInt32 setId;
+    osg::UInt32 nodeId;
+};
+
 /// A link set with scene nodes, and a history of their removals.
 template <class Edits>
 class LinkedScene
@@ -91,6 +133,86 @@ private:
     Edits edits;
 };
 
+/// A link set with many scene nodes, of which one is added or removed.
+class FewLinks
+{
+public:
+    explicit FewLinks(int number)
+    {
+        for (int i = 0; i < number; ++i) {
+            nodes.emplace_back(osg::Node::create());
+            set.get()->addSceneNode(nodes.back());
+        }
+    }
+
+    /// The command that adds a further node, or removes the one in the middle.
+    QUndoCommand *make(const ByLibrary &, bool remove) const
+    {
+        return new ksAddNodeToLightLinkSetUndoCommand(set, remove ? middle() : further.get(), 0, remove);
+    }
+    QUndoCommand *make(const ByHand &, bool remove) const
+    {
+        if (remove)
+            return new HandWrittenRemoval(set, {middle()});
+        return new HandWrittenAddition(set, further);
+    }
+
+private:
+    osg::NodePtr middle() const { return nodes[nodes.size() / 2]; }
+
+    std::vector<osg::NodeRefPtr> nodes;
+    osg::NodeRefPtr further{osg::Node::create()};
+    osg::LightLinkSetRefPtr set{osg::LightLinkSet::create()};
+};
+
+/// A push, an undo and a redo each of a command on one of many linked nodes.
+template <class Edits>
+void changeOneLink(Meter &meter, int number, bool remove)
+{
+    const FewLinks links(number);
+    Edits edits;
+    int heard = 0;
+    edits.listen(heard);
+    edits.push(links.make(edits, remove));
+    edits.undo();
+    meter.measure(
+        1,
+        [&](int) {
+            edits.push(links.make(edits, remove));
+            edits.undo();
+            edits.redo();
+        },
+        3);
+    meter.require(edits.count() == 1, "a step is missing");
+}
+
+/// Adds the instances of one light to a link set.
+void linkInstances(Meter &meter, int number)
+{
+    const osg::NodeRefPtr root(osg::Node::create());
+    ksOpenSGUtils::setRoot(root);
+    ksSceneDataManager::setSceneRoot(0, root);
+    const osg::UberLightRefPtr core(osg::UberLight::create());
+    std::vector<osg::NodePtr> instances;
+    for (int i = 0; i <= number; ++i) {
+        const osg::NodePtr node = osg::Node::create();
+        node->setCore(core);
+        root.get()->addChild(node);
+        if (i == 0)
+            continue; // the light that stands for its instances
+        node->setExternalFlags(osg::NodeExternalFlags::Instance);
+        instances.push_back(node);
+    }
+    const osg::LightLinkSetRefPtr set(osg::LightLinkSet::create());
+    ByLibrary edits;
+    meter.measure(
+        1, [&](int) { edits.push(new ksAddNodeToLightLinkSetUndoCommand(set, instances, 3, false)); },
+        number);
+    meter.require(int(set.get()->getMFLights()->size()) == number, "the light is not linked");
+    ksOpenSGUtils::setRoot(osg::NullFC);
+    ksSceneDataManager::setSceneRoot(0, osg::NullFC);
+}
+
 template <class Edits>
 void removeLinks(Meter &meter, int number)
 {
@@ -114,6 +236,17 @@ void restoreLinks(Meter &meter, int number)
 
 void addLightBenchmarks()
 {
+    for (const int number : {10, 100, 1'000, 10'000, 100'000}) {
+        const std::string prefix = "links/" + std::to_string(number);
+        for (const bool remove : {false, true})
+            addCase(
+                prefix + (remove ? "/remove one" : "/add one"),
+                [=](Meter &meter) { changeOneLink<ByLibrary>(meter, number, remove); },
+                [=](Meter &meter) { changeOneLink<ByHand>(meter, number, remove); });
+    }
+    for (const int number : {100, 1'000, 10'000})
+        addCase("links/" + std::to_string(number) + "/instances",
+                [=](Meter &meter) { linkInstances(meter, number); });
     for (const int number : {1'000, 3'000, 10'000}) {
         const std::string prefix = "links/" + std::to_string(number);
         addCase(

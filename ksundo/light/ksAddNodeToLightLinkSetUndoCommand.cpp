@@ -10,6 +10,7 @@
 #include <ksSceneDataManager.h>
 
 #include <cstddef>
+#include <unordered_map>
 #include <utility>
 
 namespace {
@@ -26,10 +27,10 @@ bool isInstance(const osg::NodePtr &node)
     return (node->getExternalFlags() & instanceFlag) != 0;
 }
 
-/// The node that stands in the lists of lights for \a instance; null when there is not exactly one.
-osg::NodePtr substituteOf(const osg::NodePtr &instance)
+/// The node that stands for the instances of \a core in the lists of lights; null when there is not exactly
+/// one.
+osg::NodePtr substituteOf(const osg::NodeCorePtr &core)
 {
-    const osg::NodeCorePtr core = instance->getCore();
     if (core == osg::NullFC)
         return osg::NullFC;
     const osg::NodePtr sceneRoot = ksSceneDataManager::getSceneRoot(0);
@@ -45,38 +46,35 @@ osg::NodePtr substituteOf(const osg::NodePtr &instance)
     return substitute;
 }
 
-/// What the list of lights, or of scene nodes, takes for \a node; null for nothing.
-osg::NodePtr listedFor(const osg::NodePtr &node, const osg::NodePtr &root, bool sceneNodes)
+/// Makes \a nodes those that the list of scene nodes, or of lights, takes for them.
+void select(std::vector<osg::NodePtr> &nodes, bool sceneNodes)
 {
-    if (node == osg::NullFC)
-        return node;
-    if (node == root) {
-        ksLog::error("Cannot add Root to Light Link Set.");
-        return osg::NullFC;
+    const osg::NodePtr root = ksOpenSGUtils::getRoot();
+    std::unordered_map<osg::UInt32, osg::NodePtr> substitutes; // by the id of the core
+    auto end = nodes.begin();
+    for (osg::NodePtr node : nodes) {
+        if (node != osg::NullFC && node == root) {
+            ksLog::error("Cannot add Root to Light Link Set.");
+            continue;
+        }
+        if (node != osg::NullFC && !sceneNodes && isInstance(node)) {
+            const osg::NodeCorePtr core = node->getCore();
+            const auto [entry, isNew] = substitutes.try_emplace(core.getFieldContainerId());
+            if (isNew)
+                entry->second = substituteOf(core);
+            node = entry->second;
+        }
+        if (node != osg::NullFC)
+            *end++ = node;
     }
-    return !sceneNodes && isInstance(node) ? substituteOf(node) : node;
+    nodes.erase(end, nodes.end());
 }
 
 } // namespace
 
-ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set,
-                                                                       const std::vector<osg::NodePtr> &nodes,
-                                                                       unsigned int list, bool remove,
-                                                                       QUndoCommand *parent)
-    : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), set, nodes, list,
-                                         remove, parent)
-{}
-
-ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set,
-                                                                       osg::NodePtr node, unsigned int list,
-                                                                       bool remove, QUndoCommand *parent)
-    : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Node to Light Link Set"), set, {node}, list,
-                                         remove, parent)
-{}
-
 ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(const QString &text,
                                                                        const osg::LightLinkSetPtr &set,
-                                                                       const std::vector<osg::NodePtr> &nodes,
+                                                                       std::vector<osg::NodePtr> nodes,
                                                                        unsigned int list, bool remove,
                                                                        QUndoCommand *parent)
     : ksContainerUndoCommand(text, set, !remove, remove, parent)
@@ -84,21 +82,15 @@ ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(const QSt
 {
     if (set == osg::NullFC)
         return;
-    const osg::NodePtr root = ksOpenSGUtils::getRoot();
-    for (const osg::NodePtr &node : nodes)
-        if (const osg::NodePtr listed = listedFor(node, root, sceneNodes); listed != osg::NullFC)
-            nodeIds.push_back(listed.getFieldContainerId());
-
-    const List::Positions positions = List(set, sceneNodes).positionsOf(nodeIds);
-    if (remove) {
-        insertPositions = positions;
-        return;
+    select(nodes, sceneNodes);
+    const auto positionOf = List(set, sceneNodes).positionsOf(nodes);
+    for (const osg::NodePtr &node : nodes) {
+        const osg::Int32 position = positionOf(node);
+        if (remove)
+            insertPositions.push_back(position);
+        if (remove || position == -1)
+            nodeIds.push_back(node.getFieldContainerId());
     }
-    List::Ids added;
-    for (std::size_t i = 0; i < nodeIds.size(); ++i)
-        if (positions[i] == -1)
-            added.push_back(nodeIds[i]);
-    nodeIds = std::move(added);
 }
 
 void ksAddNodeToLightLinkSetUndoCommand::makeMessage(ksMessage &message) const

@@ -31,11 +31,17 @@ public:
     /// \param list 3 for the lights; any other number for the scene nodes
     /// \param remove false: redo adds the nodes; true: redo removes them
     ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, const std::vector<osg::NodePtr> &nodes,
-                                       unsigned int list, bool remove, QUndoCommand *parent = nullptr);
+                                       unsigned int list, bool remove, QUndoCommand *parent = nullptr)
+        : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), set, nodes, list,
+                                             remove, parent)
+    {}
 
     /// The same for one node: "Add Node to Light Link Set".
     ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, osg::NodePtr node, unsigned int list,
-                                       bool remove, QUndoCommand *parent = nullptr);
+                                       bool remove, QUndoCommand *parent = nullptr)
+        : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Node to Light Link Set"), set, {node}, list,
+                                             remove, parent)
+    {}
 
     /// Adds "id", then "lightlinkset", the link set's id as unsigned int, 0 for none.
     void makeMessage(ksMessage &message) const override;
@@ -44,7 +50,7 @@ private:
     friend ksContainerUndoCommand;
 
     ksAddNodeToLightLinkSetUndoCommand(const QString &text, const osg::LightLinkSetPtr &set,
-                                       const std::vector<osg::NodePtr> &nodes, unsigned int list, bool remove,
+                                       std::vector<osg::NodePtr> nodes, unsigned int list, bool remove,
                                        QUndoCommand *parent);
 
     void apply(const osg::LightLinkSetPtr &set, bool, bool removing) const;

@@ -514,8 +514,11 @@ void addLinkKinds(Kinds &kinds)
                                                           parent);
         },
         "remove");
-    unlink.records = exchanges(&Scene::linkSet, osg::LightLinkSet::SceneNodesFieldMask, {},
-                               {&Scene::mark, &Scene::listed});
+    unlink.records = [](const Scene &scene, bool undoing) { // one edit for each node
+        constexpr osg::BitVector mask = osg::LightLinkSet::SceneNodesFieldMask;
+        return exchanges(&Scene::linkSet, mask, {}, {&Scene::mark, &Scene::listed})(scene, undoing)
+            .change(scene.recorder.idOf(scene.linkSet()), mask);
+    };
     unlink.further = {
         {"node", &Scene::mark, &Scene::group,
          [](const Scene &scene) {

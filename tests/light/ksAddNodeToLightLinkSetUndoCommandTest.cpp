@@ -332,7 +332,7 @@ TEST_P(ksAddNodeToLightLinkSetUndoCommandTest, RemovesAsWellWhenUndoComesFirst)
     EXPECT_EQ(listed(), "ABBC");
 }
 
-TEST_P(ksAddNodeToLightLinkSetUndoCommandTest, RecordsEachAdditionAndOneRemoval)
+TEST_P(ksAddNodeToLightLinkSetUndoCommandTest, RecordsEachOfAHandfulOfNodes)
 {
     fill("A");
     Command command = add("BC");
@@ -343,7 +343,30 @@ TEST_P(ksAddNodeToLightLinkSetUndoCommandTest, RecordsEachAdditionAndOneRemoval)
             recorder.take(),
             ksRecords().addRef(idOf('B')).change(setId(), mask()).addRef(idOf('C')).change(setId(), mask()));
         command.undo();
-        EXPECT_EQ(recorder.take(), ksRecords().change(setId(), mask()).subRef(idOf('B')).subRef(idOf('C')));
+        EXPECT_EQ(
+            recorder.take(),
+            ksRecords().change(setId(), mask()).subRef(idOf('B')).change(setId(), mask()).subRef(idOf('C')));
+    }
+}
+
+TEST_P(ksAddNodeToLightLinkSetUndoCommandTest, RemovesAndPutsBackManyNodesInOneEdit)
+{
+    fill("ABCDEFGHIJKL");
+    const std::string many = "KBDFHJIGC";
+    Command command = remove(many);
+    recorder.take();
+    for (int i = 0; i < 2; ++i) {
+        ksRecords released;
+        ksRecords taken;
+        for (const char letter : many) {
+            released.subRef(idOf(letter));
+            taken.addRef(idOf(letter));
+        }
+        command.redo();
+        EXPECT_EQ(recorder.take(), released.change(setId(), mask()));
+        EXPECT_EQ(listed(), "AEL");
+        command.undo();
+        EXPECT_EQ(recorder.take(), taken.change(setId(), mask()));
     }
 }
 

@@ -11,15 +11,15 @@
 #include <support/ksWatched.h>
 #include <vector>
 
-/// A link set whose change handler can be watched, and a scene with nodes A to H, which the test holds.
+/// A link set whose change handler can be watched, and a scene with nodes A to L, which the test holds.
 ///
 ///     root             of the whole scene graph
 ///       sceneRoot      of scene 0
-///         A ... H
+///         A ... L
 class ksLightLinkSetFixture : public ksSceneFixture
 {
 protected:
-    static constexpr int nodeCount = 8;
+    static constexpr int nodeCount = 12;
 
     ksLightLinkSetFixture()
     {

@@ -5,6 +5,7 @@
 
 #include <OpenSG/OSGNode.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <type_traits>
 #include <unordered_map>
@@ -28,9 +29,9 @@ inline constexpr bool ksTakesManyNodes<
 
 /// One of the two lists of a light link set, its scene nodes or its lights, as commands change it.
 ///
-/// Nodes are given by their ids; those that have gone when it is their turn are passed over. Several nodes
-/// are removed or put back in one pass over the list when the set can do that, and one after the other when
-/// it cannot, which gives the same list.
+/// Nodes that have gone when it is their turn are passed over. A handful of nodes is changed one after the
+/// other; more are removed or put back in one pass over the list when the set can do that, which gives the
+/// same list.
 ///
 /// \tparam SetPtr the handle of the link set
 template <class SetPtr>
@@ -40,6 +41,9 @@ public:
     using Ids = std::vector<osg::UInt32>;
     using Positions = std::vector<osg::Int32>;
 
+    /// Up to how many nodes it is cheaper to look through the list for each of them.
+    static constexpr std::size_t handful = 8;
+
     /// \a set must not be null.
     ksLinkSetList(const SetPtr &set, bool sceneNodes)
         : set(set)
@@ -48,24 +52,30 @@ public:
 
     const osg::MFNodePtr &nodes() const { return sceneNodes ? *set->getMFSceneNodes() : *set->getMFLights(); }
 
-    /// For each node the position of its first entry, -1 when it is not in the list.
-    Positions positionsOf(const Ids &ids) const
+    /// A function that answers with the position of the first entry of one of \a wanted, -1 when it is not in
+    /// the list. It is valid until the list changes.
+    auto positionsOf(const std::vector<osg::NodePtr> &wanted) const
     {
-        std::unordered_map<osg::UInt32, osg::Int32> found(ids.size());
-        for (const osg::UInt32 id : ids)
-            found.emplace(id, -1);
-        osg::Int32 position = 0;
-        for (const osg::NodePtr &node : nodes()) {
-            const auto entry = found.find(node.getFieldContainerId());
-            if (entry != found.end() && entry->second == -1)
-                entry->second = position;
-            ++position;
+        const osg::MFNodePtr &list = nodes();
+        const bool isHandful = wanted.size() <= handful;
+        std::unordered_map<osg::UInt32, osg::Int32> found;
+        if (!isHandful) {
+            for (const osg::NodePtr &node : wanted)
+                found.emplace(node.getFieldContainerId(), -1);
+            osg::Int32 position = 0;
+            for (const osg::NodePtr &node : list) {
+                const auto entry = found.find(node.getFieldContainerId());
+                if (entry != found.end() && entry->second == -1)
+                    entry->second = position;
+                ++position;
+            }
         }
-        Positions positions;
-        positions.reserve(ids.size());
-        for (const osg::UInt32 id : ids)
-            positions.push_back(found[id]);
-        return positions;
+        return [&list, isHandful, found = std::move(found)](const osg::NodePtr &node) {
+            if (!isHandful)
+                return found.at(node.getFieldContainerId());
+            const auto entry = std::find(list.begin(), list.end(), node);
+            return entry == list.end() ? -1 : static_cast<osg::Int32>(entry - list.begin());
+        };
     }
 
     /// Appends nodes.
@@ -79,36 +89,42 @@ public:
     /// Inserts nodes one after the other, each at its position.
     void insert(const Ids &ids, const Positions &positions) const
     {
-        if constexpr (ksTakesManyNodes<typename SetPtr::ObjectType>) {
-            std::vector<std::pair<osg::NodePtr, osg::Int32>> nodes;
-            nodes.reserve(ids.size());
-            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
-                nodes.emplace_back(node, positions[i]);
-            });
-            sceneNodes ? set->insertSceneNodes(nodes) : set->insertLights(nodes);
-        } else {
-            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
-                sceneNodes ? set->insertSceneNode(node, positions[i]) : set->insertLight(node, positions[i]);
-            });
+        if constexpr (ksTakesManyNodes<Set>) {
+            if (ids.size() > handful) {
+                std::vector<std::pair<osg::NodePtr, osg::Int32>> nodes;
+                nodes.reserve(ids.size());
+                forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
+                    nodes.emplace_back(node, positions[i]);
+                });
+                sceneNodes ? set->insertSceneNodes(nodes) : set->insertLights(nodes);
+                return;
+            }
         }
+        forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
+            sceneNodes ? set->insertSceneNode(node, positions[i]) : set->insertLight(node, positions[i]);
+        });
     }
 
     /// Removes nodes.
     void subtract(const Ids &ids) const
     {
-        if constexpr (ksTakesManyNodes<typename SetPtr::ObjectType>) {
-            std::vector<osg::NodePtr> nodes;
-            nodes.reserve(ids.size());
-            forEachNode(ids, [&](const osg::NodePtr &node, std::size_t) { nodes.push_back(node); });
-            sceneNodes ? set->subSceneNodes(nodes) : set->subLights(nodes);
-        } else {
-            forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
-                sceneNodes ? set->subSceneNode(node) : set->subLight(node);
-            });
+        if constexpr (ksTakesManyNodes<Set>) {
+            if (ids.size() > handful) {
+                std::vector<osg::NodePtr> nodes;
+                nodes.reserve(ids.size());
+                forEachNode(ids, [&](const osg::NodePtr &node, std::size_t) { nodes.push_back(node); });
+                sceneNodes ? set->subSceneNodes(nodes) : set->subLights(nodes);
+                return;
+            }
         }
+        forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
+            sceneNodes ? set->subSceneNode(node) : set->subLight(node);
+        });
     }
 
 private:
+    using Set = std::remove_reference_t<decltype(*std::declval<const SetPtr &>())>;
+
     /// Calls \a operation with each node and its place among \a ids.
     template <class Operation>
     static void forEachNode(const Ids &ids, Operation operation)
