@@ -48,6 +48,7 @@ void Meter::stop(int operations)
     state.counters["operations"] = operations;
     state.counters["allocations"] = static_cast<double>(spent.number) / operations;
     state.counters["bytes"] = static_cast<double>(spent.bytes) / operations;
+    state.counters["kept"] = static_cast<double>(spent.kept) / operations;
 }
 
 void Meter::require(bool holds, const char *what)

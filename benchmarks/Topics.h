@@ -27,5 +27,8 @@ void addTransformBenchmarks();
 /// Removing nodes from light link sets and bringing them back.
 void addLightBenchmarks();
 
+/// Adding a tag to a container that has many.
+void addTagBenchmarks();
+
 /// One step while the history window shows a long history.
 void addHistoryWindowBenchmarks();

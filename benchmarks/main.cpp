@@ -24,6 +24,7 @@ int main(int argc, char **argv)
     addFieldBenchmarks();
     addTransformBenchmarks();
     addLightBenchmarks();
+    addTagBenchmarks();
     addMultiCommandBenchmarks();
     addGrowthBenchmarks();
     addHistoryWindowBenchmarks();

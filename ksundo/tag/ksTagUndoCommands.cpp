@@ -12,20 +12,18 @@ ksAttachedTagUndoCommand::ksAttachedTagUndoCommand(const QString &text, osg::Att
                                                    osg::MField<std::string> *newStrings,
                                                    osg::MField<osg::UInt64> oldValues,
                                                    osg::MField<osg::UInt64> newValues)
-    : ksBeforeAfterUndoCommand(ksDetail::ksTags(), ksDetail::ksTags(), text)
+    : ksTagUndoCommand(text)
+    , values(oldValues, newValues)
     , fieldId(fieldId)
     , fieldMask(fieldMask)
     , container(container)
 {
-    before.values = std::move(oldValues);
-    after.values = std::move(newValues);
     osg::Field *field = ksDetail::ksFindField(findAttachment(), fieldId);
     if (field == nullptr)
         return;
-    if (const auto *strings = ksDetail::ksFieldCast<osg::MField<std::string>>(field)) {
+    if (const auto *oldStrings = ksDetail::ksFieldCast<osg::MField<std::string>>(field)) {
         Q_ASSERT(newStrings != nullptr);
-        before.strings = *strings;
-        after.strings = *newStrings;
+        tags = {*oldStrings, *newStrings};
     }
     this->tagString = std::move(tagString);
     tagType = fieldId == 4 ? USER_TAG : LAYER_TAG;
@@ -41,16 +39,16 @@ osg::TagAttachmentPtr ksAttachedTagUndoCommand::findAttachment() const
     return osg::TagAttachmentPtr::dcast(tagged->findAttachment(osg::TagAttachment::getClassGroupId()));
 }
 
-void ksAttachedTagUndoCommand::apply(const ksDetail::ksTags &, const ksDetail::ksTags &tags) const
+void ksAttachedTagUndoCommand::apply(bool isAfter) const
 {
     const osg::TagAttachmentPtr attachment = findAttachment();
     auto *strings =
         ksDetail::ksFieldCast<osg::MField<std::string>>(ksDetail::ksFindField(attachment, fieldId));
     if (strings == nullptr)
         return;
-    *strings = tags.strings;
+    tags.copyTo(*strings, isAfter);
     ksEndEdit(attachment, fieldMask);
-    *attachment->getMFTagValues() = tags.values;
+    values.copyTo(*attachment->getMFTagValues(), isAfter);
     ksEndEdit(attachment, fieldMask);
 }
 

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <ksundo/core/ksBeforeAfterUndoCommand.h>
 #include <ksundo/core/ksHeldReference.h>
-#include <ksundo/tag/detail/ksTags.h>
+#include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/tag/detail/ksListVersions.h>
 
 #include <OSGTagAttachment.h>
 #include <OpenSG/OSGAttachmentContainer.h>
+#include <OpenSG/OSGMFBaseTypes.h>
+#include <OpenSG/OSGMFSysTypes.h>
 
 #include <string>
 
@@ -50,8 +52,7 @@ protected:
 /// Redo writes the new tags and values, undo the old ones: both lists of the container's tag attachment are
 /// replaced whole, whatever happened to them in between. The command keeps the container alive. Without a tag
 /// attachment or its field, and with a field that is no list of strings, nothing happens.
-class KSUNDO_EXPORT ksAttachedTagUndoCommand
-    : public ksBeforeAfterUndoCommand<ksAttachedTagUndoCommand, ksDetail::ksTags, ksTagUndoCommand>
+class KSUNDO_EXPORT ksAttachedTagUndoCommand : public ksTagUndoCommand
 {
 public:
     /// The old tags are those of the moment. Without the attachment or the field the command has neither tags
@@ -69,12 +70,15 @@ public:
                              osg::MField<std::string> *newStrings, osg::MField<osg::UInt64> oldValues,
                              osg::MField<osg::UInt64> newValues);
 
+    void undo() override { apply(false); } ///< writes the old tags and values
+    void redo() override { apply(true); }  ///< writes the new tags and values
+
 private:
-    friend ksBeforeAfterUndoCommand;
-
     osg::TagAttachmentPtr findAttachment() const;
-    void apply(const ksDetail::ksTags &, const ksDetail::ksTags &tags) const;
+    void apply(bool isAfter) const;
 
+    ksDetail::ksListVersions<ksDetail::ksPackedStrings> tags;
+    ksDetail::ksListVersions<std::vector<osg::UInt64>> values;
     osg::UInt32 fieldId;
     osg::BitVector fieldMask;
     ksHeldReference<osg::AttachmentContainerPtr> container;
