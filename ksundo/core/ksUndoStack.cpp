@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksCommandKind.h>
+#include <ksundo/core/detail/ksHistoryWindow.h>
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoStack.h>
 
 #include <ksMessage.h>
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QScopedValueRollback>
-#include <QUndoView>
-#include <QVector>
 
 #include <algorithm>
 #include <array>
@@ -17,31 +15,6 @@
 #include <utility>
 
 namespace {
-
-/// The history windows of all stacks. Never destroyed, since the application object may outlive static
-/// objects.
-QVector<QPointer<QUndoView>> &historyWindows()
-{
-    static auto &windows = *new QVector<QPointer<QUndoView>>;
-    return windows;
-}
-
-void closeHistoryWindows()
-{
-    for (const QPointer<QUndoView> &window : qAsConst(historyWindows()))
-        delete window;
-    historyWindows().clear();
-}
-
-/// The stacks outlive the application object, which widgets must not.
-void closeWithApplication(QUndoView *window)
-{
-    QVector<QPointer<QUndoView>> &windows = historyWindows();
-    windows.removeAll(nullptr);
-    if (windows.isEmpty())
-        qAddPostRoutine(closeHistoryWindows);
-    windows.append(window);
-}
 
 /// \a text in UTF-8. Most texts are ASCII and need no array in between.
 std::string utf8Of(const QString &text)
@@ -166,12 +139,9 @@ void ksUndoStack::reset()
 void ksUndoStack::showHistory()
 {
     if (historyView == nullptr) {
-        historyView = new QUndoView(undoStack);
+        historyView = new ksDetail::ksHistoryWindow(undoStack);
         historyView->setWindowTitle(tr("Undo/Redo History"));
         historyView->resize(300, 100);
-        // Without it, every step asks every row of the history for its size.
-        historyView->setUniformItemSizes(true);
-        closeWithApplication(historyView);
     }
     historyView->show();
     historyView->raise();
@@ -189,4 +159,6 @@ void ksUndoStack::indexChanged(int i)
         Q_EMIT redoPerformed(undoStack->command(i - 1), isAddition);
         sendMessage("ksURManager::redo", i - 1, isAddition);
     }
+    if (historyView != nullptr)
+        historyView->follow(isAddition);
 }

@@ -9,8 +9,11 @@
 #include <QUndoStack>
 
 class QAction;
-class QUndoView;
 class ksMessage;
+
+namespace ksDetail {
+class ksHistoryWindow;
+}
 
 /// The application's entry point to undo and redo.
 ///
@@ -175,6 +178,6 @@ private:
     bool added = false;
     int markIndex = 0;
     int busyDepth = 0;
-    QPointer<QUndoView> historyView;
+    QPointer<ksDetail::ksHistoryWindow> historyView;
     MessageCallback messageCallback = nullptr;
 };

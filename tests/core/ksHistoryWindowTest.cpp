@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/ksUndoMacro.h>
 #include <ksundo/core/ksUndoStack.h>
 
 #include <QApplication>
+#include <QSignalSpy>
 #include <QStyledItemDelegate>
 #include <QUndoStack>
 #include <QUndoView>
@@ -219,6 +221,57 @@ TEST_F(ksHistoryWindow, ReportsAStepByClick)
 
     historyWindow()->setCurrentIndex(historyWindow()->model()->index(3, 0));
     EXPECT_EQ(recorder.take(), ksStep::redone("C", 2));
+}
+
+TEST_F(ksHistoryWindow, ReadsTheHistoryAnewOnlyWhenRowsComeOrGo)
+{
+    stack.setUndoLimit(3);
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    QSignalSpy readings(window->model(), &QAbstractItemModel::modelReset);
+    const auto isReadBy = [&](const std::function<void()> &event) {
+        readings.clear();
+        event();
+        EXPECT_EQ(window->currentIndex().row(), stack.index());
+        EXPECT_EQ(window->model()->rowCount(), stack.count() + 1);
+        return !readings.isEmpty();
+    };
+    int number = 0;
+    const auto set = [&](int value) { stack.add(new ksSetNumberCommand(QString(), number, value)); };
+
+    EXPECT_TRUE(isReadBy([&] { add("A"); }));
+    EXPECT_TRUE(isReadBy([&] { set(1); }));
+    EXPECT_FALSE(isReadBy([&] { set(2); })) << "merged";
+    EXPECT_FALSE(isReadBy([&] { stack.undo(); }));
+    EXPECT_FALSE(isReadBy([&] { stack.redo(); }));
+    EXPECT_FALSE(isReadBy([&] { stack.mark(); }));
+    EXPECT_FALSE(isReadBy([&] { stack.undo(); }));
+    EXPECT_TRUE(isReadBy([&] { add("B"); })) << "in place of another";
+    EXPECT_TRUE(isReadBy([&] { const ksUndoMacro macro(QStringLiteral("C"), &stack); }));
+    EXPECT_TRUE(isReadBy([&] { add("D"); })) << "at the limit";
+    EXPECT_TRUE(isReadBy([&] {
+        const_cast<QUndoCommand *>(stack.currentCommand())->setObsolete(true);
+        stack.undo();
+    }));
+    EXPECT_TRUE(isReadBy([&] { stack.clear(); }));
+}
+
+TEST_F(ksHistoryWindow, CatchesUpWhenItIsShownAgain)
+{
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    window->close();
+    QSignalSpy readings(window->model(), &QAbstractItemModel::modelReset);
+    add("A");
+    add("B");
+    stack.undo();
+    EXPECT_TRUE(readings.isEmpty());
+    stack.showHistory();
+    EXPECT_FALSE(readings.isEmpty());
+    EXPECT_EQ(window->currentIndex().row(), 1);
+    EXPECT_EQ(window->model()->index(2, 0).data(), QStringLiteral("B"));
 }
 
 TEST_F(ksHistoryWindow, AsksFewRowsForTheirSizeHoweverLongTheHistory)
