@@ -81,10 +81,10 @@ protected:
     static constexpr osg::UInt32 instance = 0x2;
     static constexpr osg::UInt32 excluded = 0x1000;
 
-    /// A node with the core of A.
-    osg::NodePtr twin(osg::UInt32 externalFlags = 0, osg::UInt32 internalFlags = 0)
+    /// A node with the core of A, or another one.
+    osg::NodePtr twin(osg::UInt32 externalFlags = 0, osg::UInt32 internalFlags = 0, char letter = 'A')
     {
-        const osg::NodePtr result = nodeWith(node('A')->getCore());
+        const osg::NodePtr result = nodeWith(node(letter)->getCore());
         result->setExternalFlags(externalFlags);
         result->setInternalFlags(internalFlags);
         twins.emplace_back(result);
@@ -419,6 +419,17 @@ TEST_F(ksLightInstances, AreReplacedByTheOneNodeThatQualifies)
     node('A')->setExternalFlags(instance);
     const osg::NodePtr original = twinBelow(node('B'));
     EXPECT_THAT(addedFor(node('A')), testing::ElementsAre(original));
+}
+
+TEST_F(ksLightInstances, AreReplacedCoreByCore)
+{
+    const osg::NodePtr first = twinBelow(node('B'));
+    const osg::NodePtr second = twin(0, 0, 'C');
+    append(node('B'), second);
+    node('A')->setExternalFlags(instance);
+    node('C')->setExternalFlags(instance);
+    Command(set, nodes("ACDA"), 3, false).redo();
+    EXPECT_THAT(set->getLights().getValues(), testing::ElementsAre(first, second, node('D'), first));
 }
 
 TEST_F(ksLightInstances, AreReplacedWhateverOtherFlagsTheyAndTheOthersHave)

@@ -9,11 +9,22 @@
 
 namespace {
 
-/// Lists of few different values, so that two of them begin and end alike now and then.
+/// A list of few different values.
 template <class T>
-auto someList(const std::vector<T> &values)
+std::vector<T> someList(const std::vector<T> &values)
 {
-    return rc::gen::container<std::vector<T>>(rc::gen::elementOf(values));
+    return *rc::gen::resize(6, rc::gen::container<std::vector<T>>(rc::gen::elementOf(values)));
+}
+
+/// \a list with some other values in place of some of its own.
+template <class T>
+std::vector<T> edited(std::vector<T> list, const std::vector<T> &values)
+{
+    const auto begin = list.begin() + *rc::gen::inRange<long>(0, long(list.size()) + 1);
+    const auto end = begin + *rc::gen::inRange<long>(0, list.end() - begin + 1);
+    const std::vector<T> others = someList(values);
+    list.insert(list.erase(begin, end), others.begin(), others.end());
+    return list;
 }
 
 template <class Kept, class T>
@@ -21,9 +32,9 @@ bool givesBackWhatItIsMadeOf(const std::vector<T> &values)
 {
     return rc::check([&values] {
         using List = osg::MField<T>;
-        const List before(*someList(values));
-        const List after(*someList(values));
-        List field(*someList(values));
+        const List before(someList(values));
+        const List after(edited(before.getValues(), values));
+        List field(someList(values));
         const ksDetail::ksListVersions<Kept> versions(before, after);
         for (const bool isAfter : {true, false, true}) {
             versions.copyTo(field, isAfter);
