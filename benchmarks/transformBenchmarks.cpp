@@ -115,6 +115,98 @@ void drag(Meter &meter)
     meter.require(edits.count() == 1 && received == 6 * stepCount, "the drag is not one step");
 }
 
+/// A node below some others, each of which is moved and turned.
+class Branch
+{
+public:
+    explicit Branch(int depth)
+    {
+        for (int i = 0; i < depth; ++i) {
+            const osg::NodePtr child = makeNode();
+            ksNodeUtils::setTransformNodeTranslation(child, 1, 2, 3, false, -1);
+            ksNodeUtils::setTransformNodeRotation(child, 10, 20, 30, -1);
+            if (!nodes.empty())
+                nodes.back().get()->addChild(child);
+            nodes.emplace_back(child);
+        }
+    }
+
+    osg::NodePtr end() const { return nodes.back(); }
+
+private:
+    std::vector<osg::NodeRefPtr> nodes;
+};
+
+/// The translation of a node in world space by hand: what leads from its parent to the world is put together
+/// once a step.
+class HandWrittenWorldTranslation : public QUndoCommand
+{
+public:
+    HandWrittenWorldTranslation(const osg::NodePtr &node, const osg::Vec3f &value)
+        : QUndoCommand(textFor(node))
+        , nodeId(node.getFieldContainerId())
+        , value(value)
+    {}
+
+    void undo() override { exchange(); }
+    void redo() override { exchange(); }
+
+private:
+    void exchange()
+    {
+        const auto node = osg::NodePtr::dcast(osg::FieldContainerFactory::the()->getContainer(nodeId));
+        if (node == osg::NullFC)
+            return;
+        osg::Matrix4d toWorld;
+        for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+            if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
+                toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
+        const osg::Vec3f previous =
+            transformed(toWorld, ksNodeUtils::getTransformNodeTranslation(node, false, -1));
+        if (toWorld.invert()) {
+            const osg::Vec3f local = transformed(toWorld, value);
+            ksNodeUtils::setTransformNodeTranslation(node, local[0], local[1], local[2], false, -1);
+        }
+        value = previous;
+    }
+
+    static osg::Vec3f transformed(const osg::Matrix4d &matrix, const osg::Vec3f &position)
+    {
+        osg::Point<osg::Real64, 3> result(osg::inPrecisionOf<osg::Vec3d>(position));
+        matrix.multMatrixPnt(result, result);
+        return osg::inPrecisionOf<osg::Vec3f>(result);
+    }
+
+    osg::UInt32 nodeId;
+    osg::Vec3f value;
+};
+
+QUndoCommand *makeWorldTranslation(const ByLibrary &, const osg::NodePtr &node, const osg::Vec3f &value)
+{
+    return new ksTranslationUndoCommand(node, value, true, false);
+}
+
+QUndoCommand *makeWorldTranslation(const ByHand &, const osg::NodePtr &node, const osg::Vec3f &value)
+{
+    return new HandWrittenWorldTranslation(node, value);
+}
+
+/// An undo of a translation in world space of a node so deep in its tree.
+template <class Edits>
+void undoInWorld(Meter &meter, int depth)
+{
+    const Branch branch(depth);
+    Edits edits;
+    int heard = 0;
+    edits.listen(heard);
+    for (int i = 0; i < stepCount; ++i)
+        edits.push(makeWorldTranslation(edits, branch.end(), osg::Vec3f(static_cast<float>(i), 0, 0)));
+    edits.undo();
+    edits.redo();
+    meter.measure(stepCount, [&edits](int) { edits.undo(); });
+    meter.require(edits.index() == 0, "a step was not undone");
+}
+
 /// Moves variants of a node by the application's own operations, by hand.
 class HandWrittenMove : public QUndoCommand
 {
@@ -228,6 +320,11 @@ void addMoves(const std::string &name, Move (*moveOf)(int))
 void addTransformBenchmarks()
 {
     addCase("transform/drag event", drag<ByLibrary>, drag<ByHand>);
+    for (const int depth : {1, 4, 16})
+        addCase(
+            "transform/world undo at depth " + std::to_string(depth),
+            [=](Meter &meter) { undoInWorld<ByLibrary>(meter, depth); },
+            [=](Meter &meter) { undoInWorld<ByHand>(meter, depth); });
     addMoves("reverse", reversal);
     addMoves("gather", gathering);
 }

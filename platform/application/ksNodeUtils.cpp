@@ -47,27 +47,34 @@ osg::TransformVariantPtr variantAt(const osg::NodePtr &node, int index)
     return ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(index));
 }
 
-osg::Matrix4d parentToWorld(const osg::NodePtr &node)
+/// Calls \a operation with the matrix of each ancestor of \a node that has one, from the parent on.
+template <class Operation>
+void forEachMatrixAbove(const osg::NodePtr &node, Operation operation)
 {
-    osg::Matrix4d result;
-    for (osg::NodePtr parent = node->getParent(); parent; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            result.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    return result;
+    for (osg::NodePtr parent = node->getParent(); parent; parent = parent->getParent()) {
+        const osg::NodeCorePtr core = parent->getCore();
+        // A question of types is far cheaper than a cast of objects.
+        if (core && core->getType().isDerivedFrom(osg::Transform::getClassType()))
+            operation(
+                osg::inPrecisionOf<osg::Matrix4d>(static_cast<const osg::Transform &>(*core).getMatrix()));
+    }
 }
 
-osg::Vec3f transformed(const osg::Matrix4d &matrix, const osg::Vec3f &position)
+using Position = osg::Point<osg::Real64, 3>;
+
+Position positionOf(const osg::Vec3f &value)
 {
-    osg::Point<osg::Real64, 3> result(osg::inPrecisionOf<osg::Vec3d>(position));
-    matrix.multMatrixPnt(result, result);
-    return osg::inPrecisionOf<osg::Vec3f>(result);
+    return Position(osg::inPrecisionOf<osg::Vec3d>(value));
 }
 
 osg::Vec3f readPosition(const osg::NodePtr &node, bool world, int index, const Component &component)
 {
     const osg::Vec3f value = read(node, index, component);
-    return world && ksNodeUtils::getTransform3D(node, index) ? transformed(parentToWorld(node), value)
-                                                             : value;
+    if (!world || !ksNodeUtils::getTransform3D(node, index))
+        return value;
+    Position position = positionOf(value);
+    forEachMatrixAbove(node, [&](const osg::Matrix4d &matrix) { matrix.multMatrixPnt(position, position); });
+    return osg::inPrecisionOf<osg::Vec3f>(position);
 }
 
 void writePosition(const osg::NodePtr &node, bool world, int index, const Component &component,
@@ -77,9 +84,13 @@ void writePosition(const osg::NodePtr &node, bool world, int index, const Compon
         write(node, index, component, value);
         return;
     }
-    osg::Matrix4d worldToParent = parentToWorld(node);
-    if (worldToParent.invert())
-        write(node, index, component, transformed(worldToParent, value));
+    osg::Matrix4d worldToParent;
+    forEachMatrixAbove(node, [&](const osg::Matrix4d &matrix) { worldToParent.multLeft(matrix); });
+    if (!worldToParent.invert())
+        return;
+    Position position = positionOf(value);
+    worldToParent.multMatrixPnt(position, position);
+    write(node, index, component, osg::inPrecisionOf<osg::Vec3f>(position));
 }
 
 } // namespace
