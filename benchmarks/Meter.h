@@ -44,6 +44,6 @@ private:
     std::chrono::steady_clock::time_point time;
 };
 
-/// Registers the case \a name, as it is done by the library and, if that says something, by hand.
+/// Registers the case \a name, as it is done by the library and by hand; one of them may be empty.
 void addCase(const std::string &name, std::function<void(Meter &)> byLibrary,
              std::function<void(Meter &)> byHand = {});

@@ -5,6 +5,7 @@
 
 #include <ksundo/field/ksUndoUtil.h>
 
+#include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGSwitch.h>
 
 namespace {
@@ -63,10 +64,22 @@ auto handWrittenCase(const std::string &name)
     };
 }
 
+/// The names of the first three of many nodes.
+void listNames(Meter &meter, int number)
+{
+    const osg::NodeRefPtr node(osg::Node::create());
+    const std::vector<osg::NodePtr> nodes(static_cast<std::size_t>(number), node);
+    QString names;
+    meter.measure(stepCount, [&](int) { names = ksUndoUtil::makeNameList(nodes, 3); });
+    meter.require(names == QStringLiteral("'', '', '', ..."), "the names are not those of three nodes");
+}
+
 } // namespace
 
 void addFieldBenchmarks()
 {
+    for (const int number : {10, 100'000})
+        addCase("names/" + std::to_string(number), [=](Meter &meter) { listNames(meter, number); });
     addCase("field/find by name", findByLibrary, findByHand);
     addCase("field/make int command",
             factoryCase<osg::SwitchPtr>([](const osg::SwitchPtr &container, int value) {

@@ -70,6 +70,6 @@ void addHistoryWindowBenchmarks()
     }
     add("none/push", 1'000, Window::none, Event::push);
     add("closed/push", 1'000, Window::closed, Event::push);
-    addCase("history window/10000/stock undo",
+    addCase("history window/10000/stock view, undo", {},
             [](Meter &meter) { stepUnder<ByHand>(meter, 10'000, Window::shown, Event::undo); });
 }

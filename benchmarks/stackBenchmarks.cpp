@@ -4,6 +4,7 @@
 #include "Topics.h"
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -119,12 +120,50 @@ void mergedPush(Meter &meter)
     meter.require(edits.count() == 1, "the commands did not merge");
 }
 
+/// The least that Qt allows: a number behind a pointer, which is nobody's field, and nobody who hears of it.
+class BareCommand : public QUndoCommand
+{
+public:
+    BareCommand(float &number, float value, bool merges)
+        : number(number)
+        , value(value)
+        , merges(merges)
+    {}
+
+    void undo() override { std::swap(number, value); }
+    void redo() override { std::swap(number, value); }
+    int id() const override { return merges ? 1 : -1; }
+    bool mergeWith(const QUndoCommand *) override { return merges; }
+
+private:
+    float &number;
+    float value;
+    bool merges;
+};
+
+void bareSteps(Meter &meter, bool undoes, bool merges)
+{
+    float number = 0;
+    QUndoStack stack;
+    const auto push = [&](int i) { stack.push(new BareCommand(number, static_cast<float>(i), merges)); };
+    for (int i = 0; i < stepCount; ++i)
+        push(i);
+    if (undoes)
+        meter.measure(stepCount, [&](int) { stack.undo(); });
+    else
+        meter.measure(stepCount, push);
+    meter.require(stack.index() == (merges ? 1 : undoes ? 0 : 2 * stepCount), "a step is missing");
+}
+
 } // namespace
 
 void addStackBenchmarks()
 {
     addSteps("", 2, stepCount);
     addCase("merged push", mergedPush<ByLibrary>, mergedPush<ByHand>);
+    addCase("bare QUndoStack/push", {}, [](Meter &meter) { bareSteps(meter, false, false); });
+    addCase("bare QUndoStack/undo", {}, [](Meter &meter) { bareSteps(meter, true, false); });
+    addCase("bare QUndoStack/merged push", {}, [](Meter &meter) { bareSteps(meter, false, true); });
 }
 
 void addGrowthBenchmarks()

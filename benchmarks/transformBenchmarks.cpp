@@ -37,8 +37,8 @@ QString textFor(const osg::NodePtr &node)
 class HandWrittenTranslation : public HandWrittenBase
 {
 public:
-    HandWrittenTranslation(const osg::NodePtr &node, const osg::Vec3f &value)
-        : HandWrittenBase(textFor(node))
+    HandWrittenTranslation(const osg::NodePtr &node, const osg::Vec3f &value, QUndoCommand *parent = nullptr)
+        : HandWrittenBase(textFor(node), parent)
         , nodeId(node.getFieldContainerId())
         , value(value)
         , time(std::chrono::steady_clock::now())
@@ -48,11 +48,16 @@ public:
     void redo() override { exchange(); }
     int id() const override { return 2; }
 
+    bool canMergeWith(const HandWrittenTranslation &newer) const
+    {
+        const std::chrono::duration<double> delay = newer.time - time;
+        return newer.nodeId == nodeId && delay.count() < longMergeWindow;
+    }
+
     bool mergeWith(const QUndoCommand *other) override
     {
         const auto *newer = static_cast<const HandWrittenTranslation *>(other);
-        const std::chrono::duration<double> delay = newer->time - time;
-        if (newer->nodeId != nodeId || delay.count() >= longMergeWindow)
+        if (!canMergeWith(*newer))
             return false;
         time = newer->time;
         return true;
@@ -81,14 +86,53 @@ private:
     std::chrono::steady_clock::time_point time;
 };
 
-QUndoCommand *makeTranslation(const ByLibrary &, const osg::NodePtr &node, const osg::Vec3f &value)
+/// Several of them as one step, which merges when all of them do.
+class HandWrittenTranslations : public QUndoCommand
 {
-    return new ksTranslationUndoCommand(node, value, false, longMergeWindow);
+public:
+    using QUndoCommand::QUndoCommand;
+
+    int id() const override { return 4; }
+
+    bool mergeWith(const QUndoCommand *other) override
+    {
+        if (other->childCount() != childCount())
+            return false;
+        for (int i = 0; i < childCount(); ++i)
+            if (!mine(i).canMergeWith(static_cast<const HandWrittenTranslation &>(*other->child(i))))
+                return false;
+        for (int i = 0; i < childCount(); ++i)
+            mine(i).mergeWith(other->child(i));
+        return true;
+    }
+
+private:
+    HandWrittenTranslation &mine(int i)
+    {
+        return static_cast<HandWrittenTranslation &>(const_cast<QUndoCommand &>(*child(i)));
+    }
+};
+
+QUndoCommand *makeTranslation(const ByLibrary &, const osg::NodePtr &node, const osg::Vec3f &value,
+                              QUndoCommand *parent = nullptr)
+{
+    return new ksTranslationUndoCommand(node, value, false, longMergeWindow, parent);
 }
 
-QUndoCommand *makeTranslation(const ByHand &, const osg::NodePtr &node, const osg::Vec3f &value)
+QUndoCommand *makeTranslation(const ByHand &, const osg::NodePtr &node, const osg::Vec3f &value,
+                              QUndoCommand *parent = nullptr)
 {
-    return new HandWrittenTranslation(node, value);
+    return new HandWrittenTranslation(node, value, parent);
+}
+
+QUndoCommand *makeComposite(const ByLibrary &)
+{
+    return new ksMultiCommand(editText());
+}
+
+QUndoCommand *makeComposite(const ByHand &)
+{
+    return new HandWrittenTranslations(editText());
 }
 
 int received = 0;
@@ -113,6 +157,29 @@ void drag(Meter &meter)
     received = 0;
     meter.measure(stepCount, event);
     meter.require(edits.count() == 1 && received == 6 * stepCount, "the drag is not one step");
+}
+
+/// The events of a drag of some nodes at once, each a composite that merges into the first.
+template <class Edits>
+void dragTogether(Meter &meter, int number)
+{
+    std::vector<osg::NodeRefPtr> nodes;
+    for (int i = 0; i < number; ++i)
+        nodes.emplace_back(makeNode());
+    Edits edits;
+    int heard = 0;
+    edits.listen(heard);
+    const auto event = [&](int step) {
+        QUndoCommand *composite = makeComposite(edits);
+        for (const osg::NodeRefPtr &node : nodes)
+            makeTranslation(edits, node, osg::Vec3f(static_cast<float>(step), 0, 0), composite);
+        edits.push(composite);
+    };
+    event(0);
+    event(1);
+    constexpr int events = 100;
+    meter.measure(events, event, number);
+    meter.require(edits.count() == 1 && heard == events + 2, "the drag is not one step");
 }
 
 /// A node below some others, each of which is moved and turned.
@@ -320,6 +387,11 @@ void addMoves(const std::string &name, Move (*moveOf)(int))
 void addTransformBenchmarks()
 {
     addCase("transform/drag event", drag<ByLibrary>, drag<ByHand>);
+    for (const int number : {1, 20, 1'000})
+        addCase(
+            "transform/drag of " + std::to_string(number),
+            [=](Meter &meter) { dragTogether<ByLibrary>(meter, number); },
+            [=](Meter &meter) { dragTogether<ByHand>(meter, number); });
     for (const int depth : {1, 4, 16})
         addCase(
             "transform/world undo at depth " + std::to_string(depth),

@@ -6,15 +6,16 @@
 #include <OpenSG/OSGNode.h>
 
 #include <cctype>
+#include <cstring>
 
 namespace {
 
-/// Field names that commands must not find: both are the scene graph's own business.
+/// Whether commands must not find the field: some are the scene graph's own business.
 bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &description)
 {
     const bool isNodeVolume =
-        type == osg::Node::getClassType() && description.getFieldMask() == osg::Node::VolumeFieldMask;
-    return isNodeVolume || std::string_view(description.getCName()) == "parents";
+        description.getFieldMask() == osg::Node::VolumeFieldMask && type == osg::Node::getClassType();
+    return isNodeVolume || std::strcmp(description.getCName(), "parents") == 0;
 }
 
 const osg::FieldDescription *findByName(const osg::FieldContainerType &type, std::string_view name)

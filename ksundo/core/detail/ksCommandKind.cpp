@@ -7,16 +7,32 @@
 
 namespace ksDetail {
 
+namespace {
+
+ksCommandKind kindOf(const QUndoCommand &command)
+{
+    if (dynamic_cast<const ksUndoCommand *>(&command) != nullptr)
+        return ksCommandKind::single;
+    const bool isMulti = dynamic_cast<const ksMultiCommand *>(&command) != nullptr;
+    return isMulti ? ksCommandKind::multi : ksCommandKind::plain;
+}
+
+} // namespace
+
 ksCommandKind ksKindOf(const QUndoCommand &command)
 {
     static std::unordered_map<const std::type_info *, ksCommandKind> kinds;
+    // Commands of one class often come in a row, as the children of a composite.
+    static const std::type_info *latestType = nullptr;
+    static ksCommandKind latestKind;
 
-    const auto [entry, isNew] = kinds.try_emplace(&typeid(command), ksCommandKind::plain);
-    if (isNew && dynamic_cast<const ksUndoCommand *>(&command) != nullptr)
-        entry->second = ksCommandKind::single;
-    else if (isNew && dynamic_cast<const ksMultiCommand *>(&command) != nullptr)
-        entry->second = ksCommandKind::multi;
-    return entry->second;
+    const std::type_info *type = &typeid(command);
+    if (latestType != type) {
+        const auto entry = kinds.find(type);
+        latestKind = entry != kinds.end() ? entry->second : kinds[type] = kindOf(command);
+        latestType = type;
+    }
+    return latestKind;
 }
 
 } // namespace ksDetail

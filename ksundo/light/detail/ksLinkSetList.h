@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <type_traits>
 #include <unordered_map>
 #include <utility>
@@ -57,22 +58,22 @@ public:
     auto positionsOf(const std::vector<osg::NodePtr> &wanted) const
     {
         const osg::MFNodePtr &list = nodes();
-        const bool isHandful = wanted.size() <= handful;
-        std::unordered_map<osg::UInt32, osg::Int32> found;
-        if (!isHandful) {
+        std::optional<std::unordered_map<osg::UInt32, osg::Int32>> found;
+        if (wanted.size() > handful) {
+            found.emplace();
             for (const osg::NodePtr &node : wanted)
-                found.emplace(node.getFieldContainerId(), -1);
+                found->emplace(node.getFieldContainerId(), -1);
             osg::Int32 position = 0;
             for (const osg::NodePtr &node : list) {
-                const auto entry = found.find(node.getFieldContainerId());
-                if (entry != found.end() && entry->second == -1)
+                const auto entry = found->find(node.getFieldContainerId());
+                if (entry != found->end() && entry->second == -1)
                     entry->second = position;
                 ++position;
             }
         }
-        return [&list, isHandful, found = std::move(found)](const osg::NodePtr &node) {
-            if (!isHandful)
-                return found.at(node.getFieldContainerId());
+        return [&list, found = std::move(found)](const osg::NodePtr &node) {
+            if (found)
+                return found->at(node.getFieldContainerId());
             const auto entry = std::find(list.begin(), list.end(), node);
             return entry == list.end() ? -1 : static_cast<osg::Int32>(entry - list.begin());
         };
