@@ -133,7 +133,15 @@ private:
     Edits edits;
 };
 
-/// A link set with many scene nodes, of which one is added or removed.
+/// What is done to a link set.
+enum class Change
+{
+    addOne,
+    removeOne,
+    removeEight
+};
+
+/// A link set with many scene nodes, of which few are added or removed.
 class FewLinks
 {
 public:
@@ -145,40 +153,48 @@ public:
         }
     }
 
-    /// The command that adds a further node, or removes the one in the middle.
-    QUndoCommand *make(const ByLibrary &, bool remove) const
+    /// The command that adds a further node, or removes one or some in the middle.
+    QUndoCommand *make(const ByLibrary &, Change change) const
     {
-        return new ksAddNodeToLightLinkSetUndoCommand(set, remove ? middle() : further.get(), 0, remove);
+        if (change == Change::removeEight)
+            return new ksAddNodeToLightLinkSetUndoCommand(set, inTheMiddle(8), 0, true);
+        const bool remove = change == Change::removeOne;
+        return new ksAddNodeToLightLinkSetUndoCommand(set, remove ? inTheMiddle(1).front() : further.get(), 0,
+                                                      remove);
     }
-    QUndoCommand *make(const ByHand &, bool remove) const
+    QUndoCommand *make(const ByHand &, Change change) const
     {
-        if (remove)
-            return new HandWrittenRemoval(set, {middle()});
-        return new HandWrittenAddition(set, further);
+        if (change == Change::addOne)
+            return new HandWrittenAddition(set, further);
+        return new HandWrittenRemoval(set, inTheMiddle(change == Change::removeOne ? 1 : 8));
     }
 
 private:
-    osg::NodePtr middle() const { return nodes[nodes.size() / 2]; }
+    std::vector<osg::NodePtr> inTheMiddle(int number) const
+    {
+        const auto begin = nodes.begin() + static_cast<std::ptrdiff_t>(nodes.size() / 2);
+        return {begin, begin + number};
+    }
 
     std::vector<osg::NodeRefPtr> nodes;
     osg::NodeRefPtr further{osg::Node::create()};
     osg::LightLinkSetRefPtr set{osg::LightLinkSet::create()};
 };
 
-/// A push, an undo and a redo each of a command on one of many linked nodes.
+/// A push, an undo and a redo each of a command on few of many linked nodes.
 template <class Edits>
-void changeOneLink(Meter &meter, int number, bool remove)
+void changeFewLinks(Meter &meter, int number, Change change)
 {
     const FewLinks links(number);
     Edits edits;
     int heard = 0;
     edits.listen(heard);
-    edits.push(links.make(edits, remove));
+    edits.push(links.make(edits, change));
     edits.undo();
     meter.measure(
         1,
         [&](int) {
-            edits.push(links.make(edits, remove));
+            edits.push(links.make(edits, change));
             edits.undo();
             edits.redo();
         },
@@ -236,13 +252,15 @@ void restoreLinks(Meter &meter, int number)
 
 void addLightBenchmarks()
 {
-    for (const int number : {10, 100, 1'000, 10'000, 100'000}) {
+    for (const int number : {20, 100, 1'000, 10'000, 100'000}) {
         const std::string prefix = "links/" + std::to_string(number);
-        for (const bool remove : {false, true})
+        for (const auto &[name, change] :
+             {std::pair("/add one", Change::addOne), std::pair("/remove one", Change::removeOne),
+              std::pair("/remove eight", Change::removeEight)})
             addCase(
-                prefix + (remove ? "/remove one" : "/add one"),
-                [=](Meter &meter) { changeOneLink<ByLibrary>(meter, number, remove); },
-                [=](Meter &meter) { changeOneLink<ByHand>(meter, number, remove); });
+                prefix + name,
+                [=, change = change](Meter &meter) { changeFewLinks<ByLibrary>(meter, number, change); },
+                [=, change = change](Meter &meter) { changeFewLinks<ByHand>(meter, number, change); });
     }
     for (const int number : {100, 1'000, 10'000})
         addCase("links/" + std::to_string(number) + "/instances",

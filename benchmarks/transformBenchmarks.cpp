@@ -164,6 +164,7 @@ template <class Edits>
 void dragTogether(Meter &meter, int number)
 {
     std::vector<osg::NodeRefPtr> nodes;
+    nodes.reserve(static_cast<std::size_t>(number));
     for (int i = 0; i < number; ++i)
         nodes.emplace_back(makeNode());
     Edits edits;

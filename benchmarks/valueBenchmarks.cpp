@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Fixtures.h"
 #include "Meter.h"
+#include "Receiver.h"
 #include "Topics.h"
 
 #include <ksundo/core/NodeUtils.h>
@@ -17,7 +18,6 @@
 #include <ksTransformVariantUtils.h>
 
 #include <QCoreApplication>
-#include <QObject>
 
 #include <array>
 #include <memory>
@@ -131,18 +131,6 @@ QString textFor(const char *context, const char *verb, const osg::NodePtr &node)
     return QCoreApplication::translate(context, verb) + QStringLiteral(" '") +
            QString::fromUtf8(NodeUtils::getName(node)) + QLatin1Char('\'');
 }
-
-/// Receives the calls of commands.
-class Receiver : public QObject
-{
-    Q_OBJECT
-
-public:
-    Q_INVOKABLE void setShown(bool value) { shown += value ? 1 : 2; }
-    Q_INVOKABLE void update() { ++shown; }
-
-    int shown = 0;
-};
 
 /// Two of each kind of container, which successive steps edit in turn.
 struct Targets
@@ -411,8 +399,8 @@ void addInvokers()
         },
         [](Targets &t, int i) {
             const auto *field = t.components.at(i % 2)->getType().findFieldDescription("enabled");
-            static const QMetaMethod method =
-                t.receiver.metaObject()->method(t.receiver.metaObject()->indexOfMethod("setShown(bool)"));
+            const QMetaObject *meta = t.receiver.metaObject();
+            const QMetaMethod method = meta->method(meta->indexOfMethod("setShown(bool)"));
             return handWritten(translatedText(), t.components.at(i % 2), i % 4 > 1,
                                [set = byField<osg::SFBool>(field->getFieldId(), field->getFieldMask()),
                                 receiver = &t.receiver, method = method](osg::UInt32 id, bool &value) {
@@ -433,5 +421,3 @@ void addValueBenchmarks()
     addLights();
     addInvokers();
 }
-
-#include "valueBenchmarks.moc"

@@ -22,9 +22,7 @@ std::string utf8Of(const QString &text)
     const auto isAscii = [](QChar letter) { return letter.unicode() < 0x80; };
     if (!std::all_of(text.begin(), text.end(), isAscii))
         return text.toStdString();
-    std::string result(static_cast<std::size_t>(text.size()), '\0');
-    std::transform(text.begin(), text.end(), result.begin(), [](QChar letter) { return letter.toLatin1(); });
-    return result;
+    return std::string(text.utf16(), text.utf16() + text.size());
 }
 
 } // namespace
@@ -160,5 +158,5 @@ void ksUndoStack::indexChanged(int i)
         sendMessage("ksURManager::redo", i - 1, isAddition);
     }
     if (historyView != nullptr)
-        historyView->follow(isAddition);
+        historyView->follow();
 }

@@ -34,6 +34,8 @@ class ksHistoryWindow;
 /// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn, the stack is
 /// not clean, and the macro is not among its commands yet.
 ///
+/// A library that brings command classes must stay loaded once one of its commands was added.
+///
 /// Commands are run by the stack, so redo() and undo() of a command must not call add(), undo(), redo(),
 /// reset() or clear() of the stack that runs it.
 class KSUNDO_EXPORT ksUndoStack : public QObject

@@ -5,6 +5,9 @@
 
 #include <OpenSG/OSGSFBaseTypes.h>
 
+#include <string>
+#include <utility>
+
 /// Sets a text field, an osg::SField<std::string>, of one container. Successive edits of a text merge, and
 /// what is missing is passed over, as ksTextFieldUndoCommand says.
 class KSUNDO_EXPORT ksStringFieldUndoCommand

@@ -9,9 +9,7 @@
 #include <ksOpenSGUtils.h>
 #include <ksSceneDataManager.h>
 
-#include <cstddef>
 #include <unordered_map>
-#include <utility>
 
 namespace {
 

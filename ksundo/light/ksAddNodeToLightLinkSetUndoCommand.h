@@ -21,6 +21,9 @@
 ///    with several, it is left out;
 ///  - when adding, so is a node that the list already holds.
 ///
+/// Up to eight nodes are changed one after the other, each change an edit; more are removed or put back in
+/// one edit when the link set can do that.
+///
 /// A link set that has gone, or was null, makes a step a silent no-op; a node that has gone is passed over.
 class KSUNDO_EXPORT ksAddNodeToLightLinkSetUndoCommand
     : public ksContainerUndoCommand<ksAddNodeToLightLinkSetUndoCommand, osg::LightLinkSetPtr, bool>

@@ -5,6 +5,7 @@
 #include <ksundo/transform/ksTransformUndoCommand.h>
 
 #include <string>
+#include <utility>
 
 /// Sets the order in which a transform node applies its three Euler rotations, in the application's notation,
 /// such as XYZ: the text is passed on to the application's setter as it is. The history shows it as a

@@ -7,6 +7,7 @@
 #include <OpenSG/OSGNode.h>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 /// Moves transform variants of a node to another position of its list: Move transform variant 'Box'.

@@ -245,11 +245,15 @@ TEST_F(ksHistoryWindow, ReadsTheHistoryAnewOnlyWhenRowsComeOrGo)
     EXPECT_FALSE(isReadBy([&] { set(2); })) << "merged";
     EXPECT_FALSE(isReadBy([&] { stack.undo(); }));
     EXPECT_FALSE(isReadBy([&] { stack.redo(); }));
-    EXPECT_FALSE(isReadBy([&] { stack.mark(); }));
+    EXPECT_TRUE(isReadBy([&] { add("B"); }));
     EXPECT_FALSE(isReadBy([&] { stack.undo(); }));
-    EXPECT_TRUE(isReadBy([&] { add("B"); })) << "in place of another";
-    EXPECT_TRUE(isReadBy([&] { const ksUndoMacro macro(QStringLiteral("C"), &stack); }));
-    EXPECT_TRUE(isReadBy([&] { add("D"); })) << "at the limit";
+    EXPECT_TRUE(isReadBy([&] { set(3); })) << "merged in place of what was undone";
+    EXPECT_FALSE(isReadBy([&] { stack.undo(); }));
+    EXPECT_FALSE(isReadBy([&] { add("C"); })) << "in place of another";
+    EXPECT_EQ(window->model()->index(2, 0).data(), QStringLiteral("C"));
+    EXPECT_TRUE(isReadBy([&] { const ksUndoMacro macro(QStringLiteral("D"), &stack); }));
+    EXPECT_FALSE(isReadBy([&] { add("E"); })) << "at the limit";
+    EXPECT_EQ(window->model()->index(3, 0).data(), QStringLiteral("E"));
     EXPECT_TRUE(isReadBy([&] {
         const_cast<QUndoCommand *>(stack.currentCommand())->setObsolete(true);
         stack.undo();

@@ -60,34 +60,6 @@ public:
     }
 };
 
-/// A class that is made at run time: it is whatever is copied into it.
-QMetaObject madeAtRunTime;
-
-template <class Class>
-class ksOfMadeClass : public Class
-{
-public:
-    const QMetaObject *metaObject() const override { return &madeAtRunTime; }
-};
-
-/// Has its methods at other places than ksMethodReceiver.
-class ksReorderedReceiver : public QObject
-{
-    Q_OBJECT
-
-public:
-    Q_INVOKABLE void takeNothing() { ++calls; }
-    Q_INVOKABLE void second() {}
-    Q_INVOKABLE void third() {}
-    Q_INVOKABLE void fourth() {}
-    Q_INVOKABLE void fifth() {}
-    Q_INVOKABLE void sixth() {}
-    Q_INVOKABLE void seventh() {}
-    Q_INVOKABLE void eighth() {} // where ksMethodReceiver has takeNothing()
-
-    int calls = 0;
-};
-
 const ksProbeLog childrenOnly{"redo A", "redo B", "undo B", "undo A"};
 
 } // namespace
@@ -127,29 +99,6 @@ TEST_F(ksInvokeMultiCommandTest, LogsEveryCallThatQtRefusesAfterItsChildrenRan)
     EXPECT_THAT(receiver.takeCalls(), IsEmpty());
 }
 
-TEST_F(ksInvokeMultiCommandTest, LooksAgainWhereAnotherClassHasTakenThePlaceOfAFormerOne)
-{
-    const auto run = [](QObject &object, const char *method) {
-        ksInvokeMultiCommand(QString(), &object, method).redo();
-    };
-    ksOfMadeClass<ksMethodReceiver> first;
-    madeAtRunTime = ksMethodReceiver::staticMetaObject;
-    run(first, "takeNothing()");
-    run(first, "takeNothing()");
-    EXPECT_EQ(first.takeCalls().size(), 2u);
-    ksOfMadeClass<ksReorderedReceiver> second;
-    ASSERT_EQ(ksMethodReceiver::staticMetaObject.indexOfMethod("takeNothing()"),
-              ksReorderedReceiver::staticMetaObject.indexOfMethod("eighth()"));
-    madeAtRunTime = ksReorderedReceiver::staticMetaObject;
-    run(second, "takeNothing()");
-    run(second, "take(bool)");
-    EXPECT_EQ(second.calls, 1);
-    EXPECT_THAT(errors.take(), ElementsAre("Method not found: ksReorderedReceiver::take(bool)"));
-    madeAtRunTime = ksMethodReceiver::staticMetaObject;
-    run(first, "takeNothing()");
-    EXPECT_EQ(first.takeCalls().size(), 1u);
-}
-
 TEST_F(ksInvokeMultiCommandTest, MergesAsABatchDoesAndCallsTheMethodOfTheSurvivor)
 {
     ksMethodReceiver other;
@@ -170,5 +119,3 @@ TEST_F(ksInvokeMultiCommandTest, MergesAsABatchDoesAndCallsTheMethodOfTheSurvivo
     EXPECT_EQ(receiver.takeCalls().size(), 2u);
     EXPECT_THAT(other.takeCalls(), IsEmpty());
 }
-
-#include "ksInvokeMultiCommandTest.moc"

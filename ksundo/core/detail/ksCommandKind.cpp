@@ -21,7 +21,8 @@ ksCommandKind kindOf(const QUndoCommand &command)
 
 ksCommandKind ksKindOf(const QUndoCommand &command)
 {
-    static std::unordered_map<const std::type_info *, ksCommandKind> kinds;
+    // Never destroyed, since the stacks may outlive static objects.
+    static auto &kinds = *new std::unordered_map<const std::type_info *, ksCommandKind>;
     // Commands of one class often come in a row, as the children of a composite.
     static const std::type_info *latestType = nullptr;
     static ksCommandKind latestKind;

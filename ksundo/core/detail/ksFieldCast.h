@@ -3,8 +3,6 @@
 
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainer.h>
-#include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGFieldDescription.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFSysTypes.h>
 

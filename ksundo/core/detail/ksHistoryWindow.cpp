@@ -6,8 +6,6 @@
 #include <QUndoStack>
 #include <QVector>
 
-#include <utility>
-
 namespace ksDetail {
 
 namespace {
@@ -28,13 +26,11 @@ void closeHistoryWindows()
 
 } // namespace
 
-ksHistoryWindow::ksHistoryWindow(QUndoStack *stack)
-    : QUndoView(stack)
+ksHistoryWindow::ksHistoryWindow(QUndoStack *history)
+    : history(history)
 {
     // Without it, every reading asks every row for its size.
     setUniformItemSizes(true);
-    stack->disconnect(model());
-    connect(stack, &QUndoStack::cleanChanged, viewport(), QOverload<>::of(&QWidget::update));
 
     auto &windows = historyWindows();
     windows.removeAll(nullptr);
@@ -43,19 +39,15 @@ ksHistoryWindow::ksHistoryWindow(QUndoStack *stack)
     windows.append(this);
 }
 
-void ksHistoryWindow::follow(bool isAddition)
+void ksHistoryWindow::follow()
 {
     if (!isVisible())
         return;
-    const QModelIndex row = model()->index(stack()->index(), 0);
-    const QUndoCommand *previous = std::exchange(current, stack()->command(stack()->index() - 1));
-    const bool isMerge = isAddition && current == previous && count == stack()->count();
-    if (isMerge)
-        update(row);
-    else if (isAddition || count != stack()->count())
+    if (count != history->count())
         readHistory();
     else
-        setCurrentIndex(row);
+        setCurrentIndex(model()->index(history->index(), 0));
+    viewport()->update(); // the text of a row may be another one
 }
 
 void ksHistoryWindow::showEvent(QShowEvent *event)
@@ -64,15 +56,13 @@ void ksHistoryWindow::showEvent(QShowEvent *event)
     QUndoView::showEvent(event);
 }
 
-/// The view reads a stack when it is given one, and then listens to it.
+/// A view reads a stack when it is given one, and would then listen to it.
 void ksHistoryWindow::readHistory()
 {
-    QUndoStack *const shown = stack();
     setStack(nullptr);
-    setStack(shown);
-    shown->disconnect(model());
-    count = shown->count();
-    current = shown->command(shown->index() - 1);
+    setStack(history);
+    history->disconnect(model());
+    count = history->count();
 }
 
 } // namespace ksDetail

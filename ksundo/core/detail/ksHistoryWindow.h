@@ -13,11 +13,11 @@ namespace ksDetail {
 class ksHistoryWindow : public QUndoView
 {
 public:
-    /// A window that is not shown yet. \a stack must not be null and must outlive it.
-    explicit ksHistoryWindow(QUndoStack *stack);
+    /// A window that is not shown yet. \a history must not be null and must outlive it.
+    explicit ksHistoryWindow(QUndoStack *history);
 
-    /// To be called after every step: \a isAddition tells whether a command was added, or merged.
-    void follow(bool isAddition);
+    /// To be called after every step.
+    void follow();
 
 protected:
     /// Catches up with what has happened while the window was closed.
@@ -26,8 +26,8 @@ protected:
 private:
     void readHistory();
 
-    int count = 0;
-    const QUndoCommand *current = nullptr; ///< for comparison only
+    QUndoStack *history;
+    int count = 0; ///< of the commands when the history was read
 };
 
 } // namespace ksDetail

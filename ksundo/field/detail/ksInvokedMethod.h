@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QByteArray>
 #include <QMetaMethod>
+
+#include <string>
 
 class QObject;
 
@@ -31,7 +32,7 @@ private:
 
     QObject *object;
     QMetaMethod method;
-    QByteArray parameterType;
+    std::string parameterType;
 };
 
 } // namespace ksDetail
