@@ -4,6 +4,8 @@
 #include <ksundo/core/ksBeforeAfterUndoCommand.h>
 #include <ksundo/core/ksFindContainer.h>
 
+#include <ksPlatform.h>
+
 /// Mechanics of the commands that know the state of one container before and after the edit. The container is
 /// known by its id: one that has gone, or was null, makes a step a silent no-op. The commands never merge,
 /// and their message has "id" only, unless the class adds more.
@@ -24,7 +26,7 @@ protected:
     ksContainerUndoCommand(const QString &text, const PtrT &container, State before, State after,
                            QUndoCommand *parent)
         : Base(std::move(before), std::move(after), text, parent)
-        , containerId(container.getFieldContainerId())
+        , containerId(ksPlatform::idOf(container))
     {}
 
     osg::UInt32 containerId; ///< 0 for none

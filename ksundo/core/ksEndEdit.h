@@ -5,6 +5,7 @@
 #include <OpenSG/OSGFieldContainerBase.h>
 #include <OpenSG/OSGFieldContainerPtr.h>
 #include <OpenSG/OSGThread.h>
+#include <ksPlatform.h>
 
 /// Ends an edit of the fields \a mask of \a container, which have been written directly: records the change
 /// in the thread's change list, if it has one, then calls the container's change handler, unless changes are
@@ -15,6 +16,6 @@ inline void ksEndEdit(const osg::FieldContainerPtr &container, osg::BitVector ma
         return;
     if (osg::ChangeList *changes = osg::PThreadBase::getCurrentChangeList())
         changes->addChanged(container, mask);
-    if (!osg::FieldContainerPtr::_ignore_change)
+    if (!ksPlatform::ignoresChanges())
         container->changed(mask, osg::ChangedOrigin::External);
 }

@@ -4,6 +4,7 @@
 #include <ksundo/core/ksFindContainer.h>
 
 #include <OpenSG/OSGFieldContainerPtr.h>
+#include <ksPlatform.h>
 
 #include <utility>
 
@@ -24,7 +25,7 @@ public:
 
     /// Takes a reference on \a container, which may be NullFC.
     explicit ksHeldReference(const PtrT &container)
-        : id(container.getFieldContainerId())
+        : id(ksPlatform::idOf(container))
     {
         osg::addRefCP(container);
     }

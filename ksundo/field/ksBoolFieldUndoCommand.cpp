@@ -43,7 +43,7 @@ void ksBoolFieldUndoCommand::apply()
         return;
     const std::optional<bool> previous =
         exchangeAnyOf<osg::SField<bool, 2>, osg::SField<int>, osg::SField<unsigned int>,
-                      osg::SField<long long>, osg::SField<unsigned long long>, osg::SField<short>,
+                      osg::SField<osg::Int64>, osg::SField<osg::UInt64>, osg::SField<short>,
                       osg::SField<unsigned short>, osg::SField<signed char>, osg::SField<unsigned char>>(
             *field, value);
     if (!previous)

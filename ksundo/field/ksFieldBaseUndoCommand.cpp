@@ -2,13 +2,14 @@
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
 #include <ksMessage.h>
+#include <ksPlatform.h>
 
 ksFieldBaseUndoCommand::ksFieldBaseUndoCommand(const QString &text, osg::FieldContainerPtr container,
                                                ksFieldKey field, QUndoCommand *parent)
     : ksUndoCommand(text, parent)
 {
     if (const osg::FieldDescription *description = field.findIn(container)) {
-        fcId = container.getFieldContainerId();
+        fcId = ksPlatform::idOf(container);
         fieldId = description->getFieldId();
         fieldMask = description->getFieldMask();
     }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/field/ksFieldUndoCommand.h>
 
-template class ksFieldUndoCommand<long long>;
-template class ksFieldUndoCommand<unsigned long long>;
+template class ksFieldUndoCommand<osg::Int64>;
+template class ksFieldUndoCommand<osg::UInt64>;
 template class ksFieldUndoCommand<int>;
 template class ksFieldUndoCommand<unsigned int>;
 template class ksFieldUndoCommand<short>;

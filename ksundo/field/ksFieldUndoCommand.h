@@ -60,8 +60,8 @@ private:
     T value;
 };
 
-extern template class KSUNDO_EXPORT ksFieldUndoCommand<long long>;
-extern template class KSUNDO_EXPORT ksFieldUndoCommand<unsigned long long>;
+extern template class KSUNDO_EXPORT ksFieldUndoCommand<osg::Int64>;
+extern template class KSUNDO_EXPORT ksFieldUndoCommand<osg::UInt64>;
 extern template class KSUNDO_EXPORT ksFieldUndoCommand<int>;
 extern template class KSUNDO_EXPORT ksFieldUndoCommand<unsigned int>;
 extern template class KSUNDO_EXPORT ksFieldUndoCommand<short>;

@@ -21,7 +21,7 @@ struct Target
     {
         if (const auto *description = ksFieldBaseUndoCommand::findField(container, fieldName)) {
             fieldId = static_cast<int>(description->getFieldId());
-            field = description->getField(container);
+            field = ksDetail::ksFindField(container, description->getFieldId());
         }
     }
 
@@ -91,9 +91,8 @@ void ksUndoUtil::makeIntTypeCommand(const QString &text, osg::FieldContainerPtr 
                                     const std::string &fieldName, long long value, QUndoCommand *parent)
 {
     const Target target(container, fieldName);
-    QUndoCommand *command =
-        makeNumber<long long, unsigned long long, int, unsigned int, short, unsigned short, signed char,
-                   unsigned char>(target, text, value, parent);
+    QUndoCommand *command = makeNumber<osg::Int64, osg::UInt64, int, unsigned int, short, unsigned short,
+                                       signed char, unsigned char>(target, text, value, parent);
     if (ksDetail::ksFieldCast<osg::SField<bool, 2>>(target.field) != nullptr)
         command = new ksBoolFieldUndoCommand(text, container, target.fieldId, value != 0, parent);
     deliver(command, parent);

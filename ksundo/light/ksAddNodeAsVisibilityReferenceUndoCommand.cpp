@@ -3,6 +3,7 @@
 #include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 
 #include <ksMessage.h>
+#include <ksPlatform.h>
 
 namespace {
 
@@ -17,7 +18,7 @@ ksAddNodeAsVisibilityReferenceUndoCommand::ksAddNodeAsVisibilityReferenceUndoCom
                                                                                      QUndoCommand *parent)
     : ksContainerUndoCommand(QStringLiteral("Add Node as Visibility Reference"), light, !remove, remove,
                              parent)
-    , nodeId(node.getFieldContainerId())
+    , nodeId(ksPlatform::idOf(node))
 {}
 
 void ksAddNodeAsVisibilityReferenceUndoCommand::makeMessage(ksMessage &message) const
@@ -33,16 +34,16 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(const osg::UberLightPtr &l
     if (node == osg::NullFC)
         return;
     osg::NodePtr &reference = light->getSFVisibilityReference()->getValue();
-    const osg::UInt32 flags = node->getExternalFlags();
+    const osg::UInt32 flags = ksPlatform::externalFlags(node);
     if (removing) {
-        node->setExternalFlags(flags & ~visibilityReferenceFlag);
+        ksPlatform::setExternalFlags(node, flags & ~visibilityReferenceFlag);
         osg::setRefdCP(reference, osg::NodePtr());
     } else {
         osg::setRefdCP(reference, node);
-        node->setExternalFlags(flags | visibilityReferenceFlag);
-        ksEndEdit(node, osg::Node::ExternalFlagsFieldMask);
+        ksPlatform::setExternalFlags(node, flags | visibilityReferenceFlag);
+        ksEndEdit(node, ksPlatform::externalFlagsMask);
     }
     ksEndEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
     // Gone by now if only the light held it.
-    ksEndEdit(ksFindContainer<osg::NodePtr>(nodeId), osg::Node::ExternalFlagsFieldMask);
+    ksEndEdit(ksFindContainer<osg::NodePtr>(nodeId), ksPlatform::externalFlagsMask);
 }

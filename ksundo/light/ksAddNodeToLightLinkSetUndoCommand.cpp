@@ -2,11 +2,11 @@
 #include <ksundo/light/detail/ksLinkSetList.h>
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
 
-#include <ksLights.h>
 #include <ksLog.h>
 #include <ksMessage.h>
 #include <ksNodeUtils.h>
 #include <ksOpenSGUtils.h>
+#include <ksPlatform.h>
 #include <ksSceneDataManager.h>
 
 #include <unordered_map>
@@ -22,7 +22,7 @@ constexpr osg::UInt32 instanceFlag = 0x2;
 
 bool isInstance(const osg::NodePtr &node)
 {
-    return (node->getExternalFlags() & instanceFlag) != 0;
+    return (ksPlatform::externalFlags(node) & instanceFlag) != 0;
 }
 
 /// The node that stands for the instances of \a core in the lists of lights; null when there is not exactly
@@ -34,7 +34,7 @@ osg::NodePtr substituteOf(const osg::NodeCorePtr &core)
     const osg::NodePtr sceneRoot = ksSceneDataManager::getSceneRoot(0);
     osg::NodePtr substitute;
     for (const osg::NodePtr &candidate : core->getParents()) {
-        if (candidate == osg::NullFC || ksLights::isExcludedFromInstanceSubstitution(candidate) ||
+        if (candidate == osg::NullFC || ksPlatform::isExcludedFromInstanceSubstitution(candidate) ||
             isInstance(candidate) || !ksNodeUtils::hasParent(candidate, sceneRoot))
             continue;
         if (substitute != osg::NullFC)
@@ -57,7 +57,7 @@ void select(std::vector<osg::NodePtr> &nodes, bool sceneNodes)
         }
         if (node != osg::NullFC && !sceneNodes && isInstance(node)) {
             const osg::NodeCorePtr core = node->getCore();
-            const auto [entry, isNew] = substitutes.try_emplace(core.getFieldContainerId());
+            const auto [entry, isNew] = substitutes.try_emplace(ksPlatform::idOf(core));
             if (isNew)
                 entry->second = substituteOf(core);
             node = entry->second;
@@ -87,7 +87,7 @@ ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(const QSt
         if (remove)
             insertPositions.push_back(position);
         if (remove || position == -1)
-            nodeIds.push_back(node.getFieldContainerId());
+            nodeIds.push_back(ksPlatform::idOf(node));
     }
 }
 

@@ -4,14 +4,15 @@
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
 
 #include <ksMessage.h>
+#include <ksPlatform.h>
 
 #include <QCoreApplication>
 
 ksSetEnvironmentUndoCommand::ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material,
                                                          osg::MaterialPtr environment, QUndoCommand *parent)
     : ksContainerUndoCommand(QCoreApplication::translate("ksSetEnvironmentUndoCommand", "Change Environment"),
-                             material, ksDetail::ksNotNull(material)->getEnvironment().getFieldContainerId(),
-                             ksDetail::ksNotNull(environment).getFieldContainerId(), parent)
+                             material, ksPlatform::idOf(ksDetail::ksNotNull(material)->getEnvironment()),
+                             ksPlatform::idOf(ksDetail::ksNotNull(environment)), parent)
 {}
 
 void ksSetEnvironmentUndoCommand::makeMessage(ksMessage &message) const

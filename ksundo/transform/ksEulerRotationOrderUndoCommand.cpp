@@ -2,6 +2,7 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 
 #include <ksNodeUtils.h>
+#include <ksPlatform.h>
 
 #include <QCoreApplication>
 
@@ -24,7 +25,7 @@ void ksEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
     ksNodeUtils::setTransformNodeEulerRotationOrder(node, order, index);
     if (changeCallback)
-        changeCallback(node.getFieldContainerId(), order, index);
+        changeCallback(ksPlatform::idOf(node), order, index);
     if (s_sync && index == -1)
         s_sync(node, order);
 }

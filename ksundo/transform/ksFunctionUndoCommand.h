@@ -6,6 +6,7 @@
 
 #include <OpenSG/OSGNode.h>
 #include <ksMessage.h>
+#include <ksPlatform.h>
 
 #include <type_traits>
 #include <utility>
@@ -27,7 +28,7 @@ public:
     /// Sets the property of \a node, which may be null, to \a value when it is run, and not before.
     ksFunctionUndoCommand(const QString &text, osg::NodePtr node, T value, QUndoCommand *parent = nullptr)
         : ksUndoCommand(text, parent)
-        , nodeId(node.getFieldContainerId())
+        , nodeId(ksPlatform::idOf(node))
         , value(std::move(value))
     {}
 

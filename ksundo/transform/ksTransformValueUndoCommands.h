@@ -5,6 +5,7 @@
 #include <ksundo/transform/ksTransformUndoCommand.h>
 
 #include <OpenSG/OSGVector.h>
+#include <ksPlatform.h>
 
 #include <functional>
 
@@ -95,7 +96,7 @@ public:
     {
         this->write(node, value);
         if (changeCallback)
-            changeCallback(node.getFieldContainerId(), value, this->index);
+            changeCallback(ksPlatform::idOf(node), value, this->index);
         this->syncAfter(node, value);
     }
 

@@ -4,6 +4,7 @@
 #include <ksundo/transform/ksTransformVariantMoveCommand.h>
 
 #include <ksNodeUtils.h>
+#include <ksPlatform.h>
 
 #include <QMap>
 
@@ -29,8 +30,8 @@ ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node,
             ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(index));
         if (variant == osg::NullFC)
             continue;
-        before.ids[index] = variant.getFieldContainerId();
-        after.ids[position] = variant.getFieldContainerId();
+        before.ids[index] = ksPlatform::idOf(variant);
+        after.ids[position] = ksPlatform::idOf(variant);
         moves[index] = position++;
     }
     before.indexes = moves.keys();

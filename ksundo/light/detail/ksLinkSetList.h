@@ -4,6 +4,7 @@
 #include <ksundo/core/ksFindContainer.h>
 
 #include <OpenSG/OSGNode.h>
+#include <ksPlatform.h>
 
 #include <algorithm>
 #include <cstddef>
@@ -62,10 +63,10 @@ public:
         if (wanted.size() > handful) {
             found.emplace();
             for (const osg::NodePtr &node : wanted)
-                found->emplace(node.getFieldContainerId(), -1);
+                found->emplace(ksPlatform::idOf(node), -1);
             osg::Int32 position = 0;
             for (const osg::NodePtr &node : list) {
-                const auto entry = found->find(node.getFieldContainerId());
+                const auto entry = found->find(ksPlatform::idOf(node));
                 if (entry != found->end() && entry->second == -1)
                     entry->second = position;
                 ++position;
@@ -73,7 +74,7 @@ public:
         }
         return [&list, found = std::move(found)](const osg::NodePtr &node) {
             if (found)
-                return found->at(node.getFieldContainerId());
+                return found->at(ksPlatform::idOf(node));
             const auto entry = std::find(list.begin(), list.end(), node);
             return entry == list.end() ? -1 : static_cast<osg::Int32>(entry - list.begin());
         };

@@ -9,7 +9,7 @@
 
 namespace ksDetail {
 
-void ksContainerContext::touch(unsigned int containerId, unsigned long long mask) const
+void ksContainerContext::touch(unsigned int containerId, osg::BitVector mask) const
 {
     ksEndEdit(ksFindContainer<osg::FieldContainerPtr>(containerId), mask);
 }

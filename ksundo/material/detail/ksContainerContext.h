@@ -4,6 +4,7 @@
 #include <ksundo/ksExport.h>
 
 #include <OpenSG/OSGFieldContainerPtr.h>
+#include <ksPlatform.h>
 
 class ksMessage;
 
@@ -17,12 +18,12 @@ public:
     /// Tells the scene graph that the fields \a mask of the container with the id \a containerId have
     /// changed, as the end of an edit does; no value is changed. Does nothing when there is no such
     /// container.
-    void touch(unsigned int containerId, unsigned long long mask) const;
+    void touch(unsigned int containerId, osg::BitVector mask) const;
 
 protected:
     ksContainerContext(const osg::FieldContainerPtr &first, const osg::FieldContainerPtr &second)
-        : firstId(first.getFieldContainerId())
-        , secondId(second.getFieldContainerId())
+        : firstId(ksPlatform::idOf(first))
+        , secondId(ksPlatform::idOf(second))
     {}
 
     bool isSameContext(const ksContainerContext &other) const

@@ -3,6 +3,7 @@
 #include <ksundo/transform/detail/ksTransformVariantListUndoCommand.h>
 
 #include <ksNodeUtils.h>
+#include <ksPlatform.h>
 
 #include <utility>
 
@@ -14,7 +15,7 @@ ksTransformVariantListUndoCommand::ksTransformVariantListUndoCommand(const QStri
                                                                      QUndoCommand *parent,
                                                                      Notification notification)
     : ksNonMergingUndoCommand(text.arg(NodeUtils::displayName(node)), parent)
-    , nodeId(node.getFieldContainerId())
+    , nodeId(ksPlatform::idOf(node))
     , index(index)
     , notification(std::move(notification))
 {}
