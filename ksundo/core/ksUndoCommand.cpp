@@ -37,21 +37,3 @@ void ksUndoCommand::makeMessage(ksMessage &message) const
 {
     message.set("id", id(), true);
 }
-
-bool ksUndoCommand::canMergeWith(const QUndoCommand *other) const
-{
-    const auto *newer = static_cast<const ksUndoCommand *>(other);
-    if (!newer->mergeEnabled || newer->id() != id())
-        return false;
-    const double window = newer->mergeResponseDelta;
-    const bool isLimited = window >= 0.0; // not a number is without limit, too
-    return !isLimited || creationTime > newer->creationTime - window;
-}
-
-bool ksUndoCommand::absorb(const QUndoCommand *other)
-{
-    if (!canMergeWith(other))
-        return false;
-    creationTime = static_cast<const ksUndoCommand *>(other)->creationTime;
-    return true;
-}

@@ -55,12 +55,26 @@ public:
     ///  - both have the same id();
     ///  - \a other was created within its own merge window after this command's latest edit, or its window is
     ///    without limit.
-    virtual bool canMergeWith(const QUndoCommand *other) const;
+    virtual bool canMergeWith(const QUndoCommand *other) const
+    {
+        const auto *newer = static_cast<const ksUndoCommand *>(other);
+        if (!newer->mergeEnabled || newer->id() != id())
+            return false;
+        const double window = newer->mergeResponseDelta;
+        const bool isLimited = window >= 0.0; // not a number is without limit, too
+        return !isLimited || creationTime > newer->creationTime - window;
+    }
 
 protected:
     /// The step that all merging commands share: when canMergeWith(\a other) holds, takes over the creation
     /// time of \a other, so that the merge window slides along with a continuous edit, and returns true.
-    bool absorb(const QUndoCommand *other);
+    bool absorb(const QUndoCommand *other)
+    {
+        if (!canMergeWith(other))
+            return false;
+        creationTime = static_cast<const ksUndoCommand *>(other)->creationTime;
+        return true;
+    }
 
     /// When this command, or the latest one that it absorbed, was built: seconds since the Unix epoch, to the
     /// microsecond.

@@ -66,10 +66,8 @@ void ksUndoStack::endMacro()
     undoStack->endMacro();
 }
 
-void ksUndoStack::sendMessage(const char *name, int index, bool added) const
+void ksUndoStack::deliverMessage(const char *name, int index, bool added) const
 {
-    if (messageCallback == nullptr)
-        return;
     const QUndoCommand *command = undoStack->command(index);
     if (command == nullptr)
         return;

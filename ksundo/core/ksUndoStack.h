@@ -98,7 +98,11 @@ public:
 
     /// Sends the message \a name, which must not be null, about the command at \a index, counted from 0. Does
     /// nothing when no callback is installed or there is no such command.
-    void sendMessage(const char *name, int index, bool added) const;
+    void sendMessage(const char *name, int index, bool added) const
+    {
+        if (messageCallback != nullptr)
+            deliverMessage(name, index, added);
+    }
 
     /// How many operations of this stack are in progress: greater than 0 when the caller has been called,
     /// directly or not, by a command of this stack, a receiver of its signals, or the message callback. Steps
@@ -175,6 +179,8 @@ private Q_SLOTS:
     void indexChanged(int i);
 
 private:
+    void deliverMessage(const char *name, int index, bool added) const;
+
     QUndoStack *undoStack;
     int lastIndex = 0;
     bool added = false;

@@ -5,7 +5,6 @@
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGNode.h>
 
-#include <cctype>
 #include <cstring>
 
 namespace {
@@ -20,9 +19,8 @@ bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &
 
 const osg::FieldDescription *findByName(const osg::FieldContainerType &type, std::string_view name)
 {
-    const auto firstLetter = static_cast<unsigned char>(name.front());
-    const auto lower = static_cast<char>(std::tolower(firstLetter));
-    const auto upper = static_cast<char>(std::toupper(firstLetter));
+    const char first = name.front();
+    const char otherCase = (first | 0x20) >= 'a' && (first | 0x20) <= 'z' ? first ^ 0x20 : first;
     const std::string_view rest = name.substr(1);
     const osg::UInt32 count = type.getNumFieldDescs();
     for (osg::UInt32 id = 1; id <= count; ++id) {
@@ -30,8 +28,8 @@ const osg::FieldDescription *findByName(const osg::FieldContainerType &type, std
         if (description == nullptr)
             continue;
         const char *fieldName = description->getCName();
-        const bool startsAlike = *fieldName != '\0' && (*fieldName == lower || *fieldName == upper);
-        if (startsAlike && rest == fieldName + 1 && !isHidden(type, *description))
+        const bool startsAlike = *fieldName == first || *fieldName == otherCase;
+        if (startsAlike && first != '\0' && rest == fieldName + 1 && !isHidden(type, *description))
             return description;
     }
     return nullptr;

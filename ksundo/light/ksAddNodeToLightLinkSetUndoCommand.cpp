@@ -9,7 +9,7 @@
 #include <ksPlatform.h>
 #include <ksSceneDataManager.h>
 
-#include <unordered_map>
+#include <map>
 
 namespace {
 
@@ -48,7 +48,7 @@ osg::NodePtr substituteOf(const osg::NodeCorePtr &core)
 void select(std::vector<osg::NodePtr> &nodes, bool sceneNodes)
 {
     const osg::NodePtr root = ksOpenSGUtils::getRoot();
-    std::unordered_map<osg::UInt32, osg::NodePtr> substitutes; // by the id of the core
+    std::map<osg::UInt32, osg::NodePtr> substitutes; // by the id of the core
     auto end = nodes.begin();
     for (osg::NodePtr node : nodes) {
         if (node != osg::NullFC && node == root) {
@@ -81,6 +81,7 @@ ksAddNodeToLightLinkSetUndoCommand::ksAddNodeToLightLinkSetUndoCommand(const QSt
     if (set == osg::NullFC)
         return;
     select(nodes, sceneNodes);
+    nodeIds.reserve(nodes.size());
     const auto positionOf = List(set, sceneNodes).positionsOf(nodes);
     for (const osg::NodePtr &node : nodes) {
         const osg::Int32 position = positionOf(node);
