@@ -20,7 +20,8 @@ bool isHidden(const osg::FieldContainerType &type, const osg::FieldDescription &
 const osg::FieldDescription *findByName(const osg::FieldContainerType &type, std::string_view name)
 {
     const char first = name.front();
-    const char otherCase = (first | 0x20) >= 'a' && (first | 0x20) <= 'z' ? first ^ 0x20 : first;
+    const char otherCase =
+        (first | 0x20) >= 'a' && (first | 0x20) <= 'z' ? static_cast<char>(first ^ 0x20) : first;
     const std::string_view rest = name.substr(1);
     const osg::UInt32 count = type.getNumFieldDescs();
     for (osg::UInt32 id = 1; id <= count; ++id) {
