@@ -1,6 +1,9 @@
-# ks_test(name SOURCES files... LIBRARIES targets...): one program of GoogleTest cases, which is one test of CTest. It
-# links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication.
+# ks_test(name SOURCES files... LIBRARIES targets... [APART]): one program of GoogleTest cases, which is one test of CTest. It
+# links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication. APART: names in the files meet,
+# so that they are always compiled one by one.
 # ks_compile_test(target): compile settings of test code.
+
+option(KSUNDO_JOIN_TESTS "Compile the files of a test program as one: quicker, but names in them must not meet" OFF)
 
 find_package(GTest REQUIRED)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
@@ -12,11 +15,16 @@ function(ks_compile_test target)
 endfunction()
 
 function(ks_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "APART" "" "SOURCES;LIBRARIES")
     add_executable(${name} ${arg_SOURCES})
     ks_compile_test(${name})
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM ks-test-support)
+    if(KSUNDO_JOIN_TESTS AND NOT arg_APART)
+        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+        # Fixtures in unnamed namespaces seem to be in a header then.
+        target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
+    endif()
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 900)
 endfunction()
