@@ -5,11 +5,10 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QLibraryInfo>
-#include <QTranslator>
 #include <QUndoView>
 
 #include <algorithm>
+#include <installTranslations.h> // the example of docs/translating.md
 #include <iterator>
 #include <memory>
 
@@ -88,14 +87,7 @@ class ksTranslations : public testing::TestWithParam<Language>
 protected:
     ksTranslations()
     {
-        install(library, QStringLiteral("ksundo_"), QStringLiteral(KS_TRANSLATIONS));
-        install(qt, QStringLiteral("qtbase_"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    }
-
-    ~ksTranslations() override
-    {
-        QCoreApplication::removeTranslator(&qt);
-        QCoreApplication::removeTranslator(&library);
+        installTranslations(&owner, QLocale(QLatin1String(language().code)), QStringLiteral(KS_TRANSLATIONS));
     }
 
     static Language language() { return GetParam(); }
@@ -125,14 +117,7 @@ protected:
     }
 
 private:
-    static void install(QTranslator &translator, const QString &prefix, const QString &folder)
-    {
-        ASSERT_TRUE(translator.load(prefix + QLatin1String(language().code), folder)) << folder.toStdString();
-        QCoreApplication::installTranslator(&translator);
-    }
-
-    QTranslator library;
-    QTranslator qt;
+    QObject owner;
 };
 
 } // namespace
