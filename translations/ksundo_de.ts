@@ -1,0 +1,116 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>ksEulerRotationOrderUndoCommand</name>
+    <message>
+        <source>Translate</source>
+        <translation>Verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>ksImageFieldUndoCommand</name>
+    <message>
+        <source>Set Texture</source>
+        <translation>Textur zuweisen</translation>
+    </message>
+</context>
+<context>
+    <name>ksRotationPivotDirectionUndoCommand</name>
+    <message>
+        <source>Change Rotation Pivot</source>
+        <translation>Drehpunkt ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksRotationPivotOrientationUndoCommand</name>
+    <message>
+        <source>Change Rotation Pivot</source>
+        <translation>Drehpunkt ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksRotationPivotTranslationUndoCommand</name>
+    <message>
+        <source>Change Rotation Pivot Translation</source>
+        <translation>Verschiebung des Drehpunkts ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksRotationPivotUndoCommand</name>
+    <message>
+        <source>Change Rotation Pivot</source>
+        <translation>Drehpunkt ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksRotationUndoCommand</name>
+    <message>
+        <source>Rotate</source>
+        <translation>Drehen</translation>
+    </message>
+</context>
+<context>
+    <name>ksScalePivotTranslationUndoCommand</name>
+    <message>
+        <source>Change Scale Pivot Translation</source>
+        <translation>Verschiebung des Skalierungspunkts ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksScalePivotUndoCommand</name>
+    <message>
+        <source>Change Scale Pivot</source>
+        <translation>Skalierungspunkt ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksScaleUndoCommand</name>
+    <message>
+        <source>Scale</source>
+        <translation>Skalieren</translation>
+    </message>
+</context>
+<context>
+    <name>ksSetEnvironmentUndoCommand</name>
+    <message>
+        <source>Change Environment</source>
+        <translation>Umgebung ändern</translation>
+    </message>
+</context>
+<context>
+    <name>ksShearUndoCommand</name>
+    <message>
+        <source>Shear</source>
+        <translation>Scheren</translation>
+    </message>
+</context>
+<context>
+    <name>ksTransformVariantNameUndoCommand</name>
+    <message>
+        <source>Transform Variant Name</source>
+        <translation>Name der Transformationsvariante</translation>
+    </message>
+</context>
+<context>
+    <name>ksTransformVariantOptionsUndoCommand</name>
+    <message>
+        <source>Transform Variant Options</source>
+        <translation>Optionen der Transformationsvariante</translation>
+    </message>
+</context>
+<context>
+    <name>ksTranslationUndoCommand</name>
+    <message>
+        <source>Translate</source>
+        <translation>Verschieben</translation>
+    </message>
+</context>
+<context>
+    <name>ksUndoStack</name>
+    <message>
+        <source>Undo/Redo History</source>
+        <translation>Bearbeitungsverlauf</translation>
+    </message>
+</context>
+</TS>
