@@ -28,7 +28,10 @@ std::ptrdiff_t livingSince(std::size_t first)
 } // namespace
 
 ksCheckedSession::ksCheckedSession(std::ostream &record, std::ostream &errorStream)
-    : ksHeadlessSession("ks-checker", record, errorStream)
+    : ksHeadlessSession("ks-checker",
+                        "Edits a 3D model as a script says, or in every way there is, and checks the scene "
+                        "after every step.",
+                        record, errorStream)
 {}
 
 int ksCheckedSession::run(const ksEditorOptions &options)

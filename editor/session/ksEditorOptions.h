@@ -7,6 +7,16 @@
 /// The command line of a program without a window.
 struct ksEditorOptions
 {
+    /// What the program is asked to do.
+    enum Task
+    {
+        EditModel,
+        ShowHelp,
+        ShowVersion
+    };
+
+    Task task = EditModel;
+
     /// The model to load.
     QString model;
 
@@ -16,7 +26,10 @@ struct ksEditorOptions
     /// How the arguments are to be written.
     static QString usage();
 
+    /// What each argument means, a line each.
+    static QString help();
+
     /// Reads the arguments that follow the program's name. Throws ksEditorError, with the reason, when they
-    /// are not as usage() says.
+    /// are not as usage() says. Of those that follow --help or --version, none is read.
     static ksEditorOptions parse(const QStringList &arguments);
 };

@@ -7,7 +7,8 @@
 #include <ostream>
 
 ksEditorSession::ksEditorSession(std::ostream &record, std::ostream &errorStream)
-    : ksHeadlessSession("ks-editor", record, errorStream)
+    : ksHeadlessSession("ks-editor", "Edits a 3D model as a script says, and writes a line a step.", record,
+                        errorStream)
 {}
 
 int ksEditorSession::edit(osg::NodeRefPtr root, const QString &script)

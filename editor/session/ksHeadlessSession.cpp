@@ -42,9 +42,11 @@ int countNodes(const osg::NodePtr &root)
 
 } // namespace
 
-ksHeadlessSession::ksHeadlessSession(const char *program, std::ostream &record, std::ostream &errorStream)
+ksHeadlessSession::ksHeadlessSession(const char *program, const char *summary, std::ostream &record,
+                                     std::ostream &errorStream)
     : out(record)
     , name(program)
+    , purpose(summary)
     , errors(errorStream)
 {}
 
@@ -54,9 +56,16 @@ int ksHeadlessSession::start(int argc, char **argv)
     try {
         options = ksEditorOptions::parse(argumentsOf(argc, argv));
     } catch (const ksEditorError &error) {
-        errors << name << ": " << error.what() << '\n'
-               << "usage: " << name << ' ' << ksEditorOptions::usage().toStdString() << '\n';
+        errors << name << ": " << error.what() << "\nusage: " << usage() << '\n';
         return UsageError;
+    }
+    if (options.task == ksEditorOptions::ShowHelp) {
+        out << "Usage: " << usage() << "\n\n" << purpose << "\n\n" << ksEditorOptions::help().toStdString();
+        return Done;
+    }
+    if (options.task == ksEditorOptions::ShowVersion) {
+        out << name << ' ' << KSUNDO_VERSION << '\n';
+        return Done;
     }
 
     QCoreApplication::setApplicationName(QString::fromLatin1(name));
@@ -68,6 +77,11 @@ int ksHeadlessSession::start(int argc, char **argv)
     const int exitCode = run(options);
     osg::osgExit();
     return exitCode;
+}
+
+std::string ksHeadlessSession::usage() const
+{
+    return std::string(name) + ' ' + ksEditorOptions::usage().toStdString();
 }
 
 int ksHeadlessSession::run(const ksEditorOptions &options)

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <iosfwd>
+#include <string>
 
 struct ksEditorOptions;
 
@@ -23,15 +24,17 @@ public:
         ScriptError = 3
     };
 
-    /// \a program is what the program is called in all that it says. The record goes to \a record, warnings
-    /// and errors to \a errorStream. All three must outlive the session.
-    ksHeadlessSession(const char *program, std::ostream &record, std::ostream &errorStream);
+    /// \a program is what the program is called in all that it says, \a summary what it does, in a sentence.
+    /// The record goes to \a record, warnings and errors to \a errorStream. All four must outlive the
+    /// session.
+    ksHeadlessSession(const char *program, const char *summary, std::ostream &record,
+                      std::ostream &errorStream);
     virtual ~ksHeadlessSession() = default;
     ksHeadlessSession(const ksHeadlessSession &) = delete;
     ksHeadlessSession &operator=(const ksHeadlessSession &) = delete;
 
     /// What main() does: starts the scene graph and Qt, runs the session that the command line asks for, and
-    /// returns the exit code.
+    /// returns the exit code. Or shows the help or the version.
     int start(int argc, char **argv);
 
     /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
@@ -48,6 +51,9 @@ protected:
 private:
     osg::NodeRefPtr load(const QString &model) const;
 
+    std::string usage() const;
+
     const char *const name;
+    const char *const purpose;
     std::ostream &errors;
 };

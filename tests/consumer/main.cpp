@@ -7,7 +7,6 @@
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
-
 #include <ksMessage.h>
 
 #include <QApplication>
@@ -42,7 +41,8 @@ int main(int argc, char **argv)
     stack.add(new ksFieldUndoCommand<osg::UInt32>(QStringLiteral("Hide"), node.get(), "travMask", 0));
     const bool hidden = node->getTravMask() == 0;
     stack.undo();
-    const bool passed = hidden && node->getTravMask() == shown && heard == "ksURManager::redo ksURManager::undo ";
+    const bool passed =
+        hidden && node->getTravMask() == shown && heard == "ksURManager::redo ksURManager::undo ";
     std::cout << (passed ? "passed" : "failed") << ": " << heard << '\n';
     return passed ? 0 : 1;
 }

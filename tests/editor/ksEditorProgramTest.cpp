@@ -7,9 +7,10 @@
 namespace {
 
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string Usage = "usage: ks-editor --headless MODEL [--script FILE]\n";
+const std::string Usage = "ks-editor --headless MODEL [--script FILE]\n";
 
 ksProgram runEditor(const QStringList &arguments)
 {
@@ -48,9 +49,22 @@ TEST(ksEditorProgram, ShowsTheUsageForAWrongCommandLine)
     for (const auto &[arguments, reason] : cases) {
         const ksProgram run = runEditor(arguments);
         EXPECT_EQ(run.exitCode, 2);
-        EXPECT_EQ(run.errors, "ks-editor: " + reason + '\n' + Usage);
+        EXPECT_EQ(run.errors, "ks-editor: " + reason + "\nusage: " + Usage);
         EXPECT_EQ(run.output, "");
     }
+}
+
+TEST(ksEditorProgram, SaysWhatItIs)
+{
+    const ksProgram help = runEditor({QStringLiteral("--help")});
+    EXPECT_EQ(help.exitCode, 0);
+    EXPECT_EQ(help.errors, "");
+    EXPECT_THAT(help.output, StartsWith("Usage: " + Usage + "\nEdits a 3D model as a script says"));
+    EXPECT_THAT(help.output, HasSubstr("\n  --script FILE  "));
+    const ksProgram version = runEditor({QStringLiteral("--version")});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_EQ(version.errors, "");
+    EXPECT_EQ(version.output, "ks-editor " KSUNDO_VERSION "\n");
 }
 
 TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)

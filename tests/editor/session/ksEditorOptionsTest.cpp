@@ -27,6 +27,13 @@ TEST(ksEditorOptions, TakesAModelAndAScript)
     }
 }
 
+TEST(ksEditorOptions, TakesAQuestionAboutTheProgram)
+{
+    EXPECT_EQ(parse("--headless room.gltf").task, ksEditorOptions::EditModel);
+    EXPECT_EQ(parse("--help").task, ksEditorOptions::ShowHelp);
+    EXPECT_EQ(parse("--version --what").task, ksEditorOptions::ShowVersion);
+}
+
 TEST(ksEditorOptions, RefusesAnythingElse)
 {
     EXPECT_EQ(refusal(""), "--headless is missing");

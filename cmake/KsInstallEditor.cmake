@@ -1,0 +1,38 @@
+# The component editor: the program, its manual page, and what a desktop reads of it.
+file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+set_target_properties(ks-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_bin}")
+install(TARGETS ks-editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT editor)
+
+# ks_install_editor_file(file folder): a file of the component.
+function(ks_install_editor_file file folder)
+    install(
+        FILES ${file}
+        DESTINATION ${folder}
+        COMPONENT editor)
+endfunction()
+
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md heading REGEX "^## ${PROJECT_VERSION} ")
+if(NOT heading MATCHES "\\(([0-9]+-[0-9]+-[0-9]+)\\)$")
+    message(FATAL_ERROR "CHANGELOG.md lacks the section '## ${PROJECT_VERSION} (date)'")
+endif()
+set(KS_RELEASE_DATE ${CMAKE_MATCH_1})
+
+set(desktop ${PROJECT_SOURCE_DIR}/editor/desktop)
+configure_file(${desktop}/org.ksundo.editor.metainfo.xml.in ${PROJECT_BINARY_DIR}/package/org.ksundo.editor.metainfo.xml @ONLY)
+ks_install_editor_file(${PROJECT_BINARY_DIR}/package/org.ksundo.editor.metainfo.xml ${CMAKE_INSTALL_DATADIR}/metainfo)
+ks_install_editor_file(${desktop}/ks-editor.desktop ${CMAKE_INSTALL_DATADIR}/applications)
+ks_install_editor_file(${desktop}/ks-editor.svg ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
+ks_install_editor_file(${desktop}/ks-editor.xml ${CMAKE_INSTALL_DATADIR}/mime/packages)
+
+find_program(HELP2MAN help2man)
+if(HELP2MAN)
+    set(page ${PROJECT_BINARY_DIR}/package/ks-editor.1)
+    add_custom_command(
+        OUTPUT ${page}.gz
+        COMMAND ${HELP2MAN} --no-info --name "edit 3D models by scripts" --output ${page} $<TARGET_FILE:ks-editor>
+        COMMAND gzip -9 --no-name --force ${page}
+        DEPENDS ks-editor
+        VERBATIM)
+    add_custom_target(ks-editor-manual ALL DEPENDS ${page}.gz)
+    ks_install_editor_file(${page}.gz ${CMAKE_INSTALL_MANDIR}/man1)
+endif()
