@@ -62,15 +62,28 @@ install(
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
     COMPONENT development)
 
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md heading REGEX "^## ${PROJECT_VERSION} ")
+if(NOT heading MATCHES "\\(([0-9]+-[0-9]+-[0-9]+)\\)$")
+    message(FATAL_ERROR "CHANGELOG.md lacks the section '## ${PROJECT_VERSION} (date)'")
+endif()
+set(KS_RELEASE_DATE ${CMAKE_MATCH_1})
+
 if(TARGET ks-editor)
     include(KsInstallEditor)
 endif()
 
 file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
 install(
-    FILES ${PROJECT_SOURCE_DIR}/README.md ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENSE
+    FILES ${PROJECT_SOURCE_DIR}/README.md
     DESTINATION ${CMAKE_INSTALL_DOCDIR}
     COMPONENT docs)
+if(NOT KSUNDO_PACKAGE)
+    # A package has its own forms of these.
+    install(
+        FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENSE
+        DESTINATION ${CMAKE_INSTALL_DOCDIR}
+        COMPONENT docs)
+endif()
 install(
     FILES ${pages}
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs

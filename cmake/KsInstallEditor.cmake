@@ -11,12 +11,6 @@ function(ks_install_editor_file file folder)
         COMPONENT editor)
 endfunction()
 
-file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md heading REGEX "^## ${PROJECT_VERSION} ")
-if(NOT heading MATCHES "\\(([0-9]+-[0-9]+-[0-9]+)\\)$")
-    message(FATAL_ERROR "CHANGELOG.md lacks the section '## ${PROJECT_VERSION} (date)'")
-endif()
-set(KS_RELEASE_DATE ${CMAKE_MATCH_1})
-
 set(desktop ${PROJECT_SOURCE_DIR}/editor/desktop)
 configure_file(${desktop}/org.ksundo.editor.metainfo.xml.in ${PROJECT_BINARY_DIR}/package/org.ksundo.editor.metainfo.xml @ONLY)
 ks_install_editor_file(${PROJECT_BINARY_DIR}/package/org.ksundo.editor.metainfo.xml ${CMAKE_INSTALL_DATADIR}/metainfo)
