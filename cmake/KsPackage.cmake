@@ -1,7 +1,7 @@
 # Debian packages: libksundo1 (the library and the bundled platform), libksundo-dev and ks-editor.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ksundo)
-set(CPACK_PACKAGE_CONTACT "The ksundo authors <maintainers@ksundo.org>")
+set(CPACK_PACKAGE_CONTACT "The ksundo authors <maintainers@ksundo.example>")
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
