@@ -26,7 +26,7 @@ function(ks_test name)
     if(KSUNDO_JOIN_TESTS AND NOT arg_APART)
         set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
         # Fixtures in unnamed namespaces seem to be in a header then.
-        target_compile_options(${name} PRIVATE -Wno-subobject-linkage)
+        target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 900)
