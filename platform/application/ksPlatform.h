@@ -3,6 +3,7 @@
 
 #include <OpenSG/OSGNode.h>
 #include <ksLights.h>
+#include <ksNodeUtils.h>
 
 /// What the library needs of the scene graph and the application beyond OpenSG 1.8, each under one name. An
 /// application that brings its own scene graph says here how it is done there.
@@ -41,6 +42,18 @@ inline void setExternalFlags(const osg::NodePtr &node, osg::UInt32 flags)
 inline bool isExcludedFromInstanceSubstitution(const osg::NodePtr &node)
 {
     return ksLights::isExcludedFromInstanceSubstitution(node);
+}
+
+/// Writes all components of the transform \a index of \a node. \a values has each of them as a member of its
+/// name, so that their order is known here alone.
+template <class Values>
+void setTransformation(const osg::NodePtr &node, const Values &values, int index)
+{
+    ksNodeUtils::setTransformNodeValues(node, values.translation, values.rotation, values.scale, values.shear,
+                                        values.scalePivot, values.rotatePivot, values.scalePivotTranslation,
+                                        values.rotatePivotTranslation, values.inheritType,
+                                        values.eulerRotationOrder, values.rotationDirectionOn,
+                                        values.rotationDirection, values.rotationDirectionMode, index);
 }
 
 } // namespace ksPlatform
