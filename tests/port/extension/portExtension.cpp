@@ -43,39 +43,44 @@ ConstraintObjectPtr find(const MField<ConstraintObjectPtr> &list, const Attachme
 
 } // namespace
 
-PORT_TYPE(Transform3D, Transform, {"eulerRotationOrder", &Self::accessEulerRotationOrder},
-          {"eulerRotation", &Self::accessEulerRotation}, {"rotation", &Self::accessRotation},
-          {"translation", &Self::accessTranslation}, {"scale", &Self::accessScale},
-          {"shear", &Self::accessShear}, {"rotatePivot", &Self::accessRotatePivot},
-          {"scalePivot", &Self::accessScalePivot},
-          {"rotatePivotTranslation", &Self::accessRotatePivotTranslation},
-          {"scalePivotTranslation", &Self::accessScalePivotTranslation},
-          {"rotationOrientation", &Self::accessRotationOrientation},
-          {"rotationDirection", &Self::accessRotationDirection},
-          {"rotationDirectionMode", &Self::accessRotationDirectionMode},
-          {"rotationDirectionOn", &Self::accessRotationDirectionOn},
-          {"inheritType", &Self::accessInheritType})
-PORT_TYPE(TransformVariant, FieldContainer, {"name", &Self::accessName},
-          {"applyFlags", &Self::accessApplyFlags})
-PORT_TYPE(TransformVariantsAttachment, Attachment, {"variants", &Self::accessVariants})
-PORT_TYPE(UberLight, Group, {"visibilityReference", &Self::accessVisibilityReference},
-          {"diffuse", &Self::accessDiffuse}, {"glossy", &Self::accessGlossy},
-          {"intensity", &Self::accessIntensity}, {"penumbraAngle", &Self::accessPenumbraAngle},
-          {"coneAngle", &Self::accessConeAngle}, {"attenuation", &Self::accessAttenuation})
-PORT_TYPE(LightLinkSet, NodeCore, {"sceneNodes", &Self::accessSceneNodes}, {"lights", &Self::accessLights})
-PORT_TYPE(TagAttachment, Attachment, {"tagValues", &Self::accessTagValues},
-          {"userTags", &Self::accessUserTags}, {"layerTags", &Self::accessLayerTags})
-PORT_TYPE(ConstraintObject, AttachmentContainer, {"referred", &Self::accessReferred})
+PORT_CREATED_TYPE(Transform3D, Transform, {"eulerRotationOrder", &Self::accessEulerRotationOrder},
+                  {"eulerRotation", &Self::accessEulerRotation}, {"rotation", &Self::accessRotation},
+                  {"translation", &Self::accessTranslation}, {"scale", &Self::accessScale},
+                  {"shear", &Self::accessShear}, {"rotatePivot", &Self::accessRotatePivot},
+                  {"scalePivot", &Self::accessScalePivot},
+                  {"rotatePivotTranslation", &Self::accessRotatePivotTranslation},
+                  {"scalePivotTranslation", &Self::accessScalePivotTranslation},
+                  {"rotationOrientation", &Self::accessRotationOrientation},
+                  {"rotationDirection", &Self::accessRotationDirection},
+                  {"rotationDirectionMode", &Self::accessRotationDirectionMode},
+                  {"rotationDirectionOn", &Self::accessRotationDirectionOn},
+                  {"inheritType", &Self::accessInheritType})
+PORT_CREATED_TYPE(TransformVariant, FieldContainer, {"name", &Self::accessName},
+                  {"applyFlags", &Self::accessApplyFlags})
+PORT_CREATED_TYPE(TransformVariantsAttachment, Attachment, {"variants", &Self::accessVariants})
+PORT_CREATED_TYPE(UberLight, Group, {"visibilityReference", &Self::accessVisibilityReference},
+                  {"diffuse", &Self::accessDiffuse}, {"glossy", &Self::accessGlossy},
+                  {"intensity", &Self::accessIntensity}, {"penumbraAngle", &Self::accessPenumbraAngle},
+                  {"coneAngle", &Self::accessConeAngle}, {"attenuation", &Self::accessAttenuation})
+PORT_CREATED_TYPE(LightLinkSet, NodeCore, {"sceneNodes", &Self::accessSceneNodes},
+                  {"lights", &Self::accessLights})
+PORT_CREATED_TYPE(TagAttachment, Attachment, {"tagValues", &Self::accessTagValues},
+                  {"userTags", &Self::accessUserTags}, {"layerTags", &Self::accessLayerTags})
+PORT_CREATED_TYPE(ConstraintObject, AttachmentContainer, {"referred", &Self::accessReferred})
 PORT_TYPE(AbstractConstraint, NodeCore, {"target", &Self::accessTarget}, {"sources", &Self::accessSources})
-PORT_TYPE(AimConstraint, AbstractConstraint, {"upVectorSources", &Self::accessUpVectorSources})
-PORT_TYPE(UBRDFMaterial, Material, {"environment", &Self::accessEnvironment})
-PORT_TYPE(UberMaterial, Material, {"colorComponentData", &Self::accessColorComponentData})
-PORT_TYPE(ColorComponentSettings, AttachmentContainer, {"planarProjection", &Self::accessPlanarProjection})
-PORT_TYPE(Probe, FieldContainer, {"int64", &Self::accessInt64}, {"uint64", &Self::accessUInt64},
-          {"int32", &Self::accessInt32}, {"uint32", &Self::accessUInt32}, {"int16", &Self::accessInt16},
-          {"uint16", &Self::accessUInt16}, {"int8", &Self::accessInt8}, {"uint8", &Self::accessUInt8},
-          {"real32", &Self::accessReal32}, {"real64", &Self::accessReal64}, {"flag", &Self::accessFlag},
-          {"text", &Self::accessText}, {"words", &Self::accessWords}, {"image", &Self::accessImage})
+PORT_CREATED_TYPE(AimConstraint, AbstractConstraint, {"upVectorSources", &Self::accessUpVectorSources})
+PORT_CREATED_TYPE(UBRDFMaterial, Material, {"environment", &Self::accessEnvironment})
+PORT_CREATED_TYPE(UberMaterial, Material, {"colorComponentData", &Self::accessColorComponentData})
+PORT_CREATED_TYPE(ColorComponentSettings, AttachmentContainer,
+                  {"planarProjection", &Self::accessPlanarProjection})
+PORT_CREATED_TYPE(Probe, FieldContainer, {"int64", &Self::accessInt64}, {"uint64", &Self::accessUInt64},
+                  {"int32", &Self::accessInt32}, {"uint32", &Self::accessUInt32},
+                  {"int16", &Self::accessInt16}, {"uint16", &Self::accessUInt16}, {"int8", &Self::accessInt8},
+                  {"uint8", &Self::accessUInt8}, {"real32", &Self::accessReal32},
+                  {"real64", &Self::accessReal64}, {"flag", &Self::accessFlag}, {"text", &Self::accessText},
+                  {"words", &Self::accessWords}, {"image", &Self::accessImage})
+
+int Probe::calls = 0;
 
 Vec3f Transform3D::convertQuatToEuler(const QuaternionBase<Real32> &q, bool degrees) const
 {

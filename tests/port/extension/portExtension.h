@@ -56,7 +56,7 @@ class Transform3DBase : public Transform
 
 class Transform3D : public Transform3DBase
 {
-    PORT_CREATE(Transform3D)
+    PORT_CREATED_CLASS(Transform3D)
 
 public:
     void setRotationAsQuaternion(const QuaternionBase<Real32> &rotation);
@@ -66,14 +66,14 @@ public:
 
 class TransformVariant : public FieldContainer
 {
-    PORT_CREATE(TransformVariant)
+    PORT_CREATED_CLASS(TransformVariant)
     PORT_SF(SFString, Name, 1)
     PORT_SF(SField<UInt64>, ApplyFlags, 2)
 };
 
 class TransformVariantsAttachment : public Attachment
 {
-    PORT_CREATE(TransformVariantsAttachment)
+    PORT_CREATED_CLASS(TransformVariantsAttachment)
     PORT_MF(MField<TransformVariantPtr>, Variants, 3)
 
 protected:
@@ -94,7 +94,7 @@ class UberLightBase : public Group
 
 class UberLight : public UberLightBase
 {
-    PORT_CREATE(UberLight)
+    PORT_CREATED_CLASS(UberLight)
 
 public:
     enum LightAttenuation
@@ -109,7 +109,7 @@ protected:
 
 class LightLinkSet : public NodeCore
 {
-    PORT_CREATE(LightLinkSet)
+    PORT_CREATED_CLASS(LightLinkSet)
     PORT_MF(MFNodePtr, SceneNodes, 3)
     PORT_MF(MFNodePtr, Lights, 4)
 
@@ -134,7 +134,7 @@ private:
 
 class TagAttachment : public Attachment
 {
-    PORT_CREATE(TagAttachment)
+    PORT_CREATED_CLASS(TagAttachment)
     PORT_MF(MField<UInt64>, TagValues, 3)
     PORT_MF(MFString, UserTags, 4)
     PORT_MF(MFString, LayerTags, 5)
@@ -142,7 +142,7 @@ class TagAttachment : public Attachment
 
 class ConstraintObject : public AttachmentContainer
 {
-    PORT_CREATE(ConstraintObject)
+    PORT_CREATED_CLASS(ConstraintObject)
     PORT_SF(SFUInt32, Referred, AttachmentContainer::NextFieldId)
 };
 
@@ -175,7 +175,7 @@ class AimConstraintBase : public AbstractConstraint
 
 class AimConstraint : public AimConstraintBase
 {
-    PORT_CREATE(AimConstraint)
+    PORT_CREATED_CLASS(AimConstraint)
 
 public:
     ConstraintObjectPtr findUpVectorConstraintObject(const AttachmentContainerPtr &node) const;
@@ -194,7 +194,7 @@ class UBRDFMaterialBase : public Material
 
 class UBRDFMaterial : public UBRDFMaterialBase
 {
-    PORT_CREATE(UBRDFMaterial)
+    PORT_CREATED_CLASS(UBRDFMaterial)
 
 protected:
     ~UBRDFMaterial() override { subRefCP(getEnvironment()); }
@@ -208,7 +208,7 @@ class UberMaterialBase : public Material
 
 class UberMaterial : public UberMaterialBase
 {
-    PORT_CREATE(UberMaterial)
+    PORT_CREATED_CLASS(UberMaterial)
 };
 
 class ColorComponentSettingsBase : public AttachmentContainer
@@ -219,13 +219,13 @@ class ColorComponentSettingsBase : public AttachmentContainer
 
 class ColorComponentSettings : public ColorComponentSettingsBase
 {
-    PORT_CREATE(ColorComponentSettings)
+    PORT_CREATED_CLASS(ColorComponentSettings)
 };
 
 /// A container with a field of every class that commands are for.
 class Probe : public FieldContainer
 {
-    PORT_CREATE(Probe)
+    PORT_CREATED_CLASS(Probe)
     PORT_SF(SField<Int64>, Int64, 1)
     PORT_SF(SField<UInt64>, UInt64, 2)
     PORT_SF(SFInt32, Int32, 3)
@@ -240,6 +240,11 @@ class Probe : public FieldContainer
     PORT_SF(SFString, Text, 12)
     PORT_MF(MFString, Words, 13)
     PORT_SF(SFImagePtr, Image, 14)
+
+public:
+    void changed(BitVector, osg::UInt32) override { ++calls; }
+
+    static int calls;
 
 protected:
     ~Probe() override { subRefCP(getImage()); }

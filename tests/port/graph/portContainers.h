@@ -255,20 +255,25 @@ public:                                                     \
         return type;                                                                               \
     }
 
-/// Makes containers of a class that is not abstract.
-#define PORT_CREATE(Class)                                                  \
-    PORT_CLASS(Class)                                                       \
-    typedef osg::Class##Ptr Ptr;                                            \
-    static Ptr create()                                                     \
+/// What a class has that is not abstract.
+#define PORT_CREATED_CLASS(Class)            \
+    PORT_CLASS(Class)                        \
+    typedef osg::Class##Ptr Ptr;             \
+    static Ptr create();                     \
+                                             \
+protected:                                   \
+    friend class osg::FieldContainerFactory; \
+    Class() = default;
+
+/// Defines the type of such a class. Its containers are made here, where the types of their fields are.
+#define PORT_CREATED_TYPE(Class, Parent, ...)                               \
+    PORT_TYPE(Class, Parent, __VA_ARGS__)                                   \
+    Class::Ptr Class::create()                                              \
     {                                                                       \
         auto *object = new Class;                                           \
         osg::FieldContainerFactory::the()->registerFieldContainer(*object); \
         return Ptr(*object);                                                \
-    }                                                                       \
-                                                                            \
-protected:                                                                  \
-    friend class osg::FieldContainerFactory;                                \
-    Class() = default;
+    }
 
 class FieldContainerFactory
 {

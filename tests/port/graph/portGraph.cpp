@@ -152,14 +152,15 @@ const FieldContainerType &FieldContainer::getClassType()
 
 PORT_TYPE(AttachmentContainer, FieldContainer, {"attachments", &Self::accessAttachments})
 PORT_TYPE(Attachment, FieldContainer, {"parents", &Self::accessParents}, {"internal", &Self::accessInternal})
-PORT_TYPE(Name, Attachment, {"name", &Self::accessName})
+PORT_CREATED_TYPE(Name, Attachment, {"name", &Self::accessName})
 PORT_TYPE(NodeCore, AttachmentContainer, {"parents", &Self::accessParents})
-PORT_TYPE(Node, AttachmentContainer, {"volume", &Self::accessVolume}, {"travMask", &Self::accessTravMask},
-          {"parent", &Self::accessParent}, {"children", &Self::accessChildren}, {"core", &Self::accessCore},
-          {"marks", &Self::accessMarks})
-PORT_TYPE(Group, NodeCore, )
-PORT_TYPE(Transform, Group, )
-PORT_TYPE(Image, AttachmentContainer, {"name", &Self::accessName})
+PORT_CREATED_TYPE(Node, AttachmentContainer, {"volume", &Self::accessVolume},
+                  {"travMask", &Self::accessTravMask}, {"parent", &Self::accessParent},
+                  {"children", &Self::accessChildren}, {"core", &Self::accessCore},
+                  {"marks", &Self::accessMarks})
+PORT_CREATED_TYPE(Group, NodeCore, )
+PORT_CREATED_TYPE(Transform, Group, )
+PORT_CREATED_TYPE(Image, AttachmentContainer, {"name", &Self::accessName})
 PORT_TYPE(Material, AttachmentContainer, )
 
 AttachmentContainer::~AttachmentContainer()

@@ -67,7 +67,7 @@ public:
 
 class Name : public Attachment
 {
-    PORT_CREATE(Name)
+    PORT_CREATED_CLASS(Name)
     PORT_SF(SFString, Name, 3)
 };
 
@@ -89,7 +89,7 @@ public:
 
 class Node : public AttachmentContainer
 {
-    PORT_CREATE(Node)
+    PORT_CREATED_CLASS(Node)
     PORT_SF(SFInt32, Volume, 2)
     PORT_SF_BEING(SFUInt32, TravMask, 3, ~UInt32(0))
     PORT_SF(SFNodePtr, Parent, 4)
@@ -111,17 +111,17 @@ private:
 
 class Group : public NodeCore
 {
-    PORT_CREATE(Group)
+    PORT_CREATED_CLASS(Group)
 };
 
 class Transform : public Group
 {
-    PORT_CREATE(Transform)
+    PORT_CREATED_CLASS(Transform)
 };
 
 class Image : public AttachmentContainer
 {
-    PORT_CREATE(Image)
+    PORT_CREATED_CLASS(Image)
     PORT_SF(SFString, Name, AttachmentContainer::NextFieldId)
 };
 
