@@ -10,8 +10,9 @@
 
 // The application's services. None of them knows the world from the parent's space.
 
-struct ksMessage
+class ksMessage
 {
+public:
     void set(const std::string &key, const boost::any &value, bool) { entries.emplace_back(key, value); }
 
     std::vector<std::pair<std::string, boost::any>> entries;
