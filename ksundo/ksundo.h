@@ -14,6 +14,7 @@
 #include <ksundo/core/ksContainerUndoCommand.h>
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksHandles.h>
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 #include <ksundo/core/ksSyncHook.h>

@@ -62,14 +62,20 @@ void ksDeleteConstraintReferenceUndoCommand::apply(const osg::AbstractConstraint
 {
     if (!sources.empty()) {
         forEach(sources, [&](const osg::ConstraintObjectPtr &object) {
-            removing ? constraint->removeSourceObject(object) : constraint->addSourceObject(object);
+            if (removing)
+                constraint->removeSourceObject(object);
+            else
+                constraint->addSourceObject(object);
         });
         ksEndEdit(constraint, osg::AbstractConstraintBase::SourcesFieldMask);
     }
     const auto aim = osg::AimConstraintPtr::dcast(constraint);
     if (!upVectorObjects.empty() && aim != osg::NullFC) {
         forEach(upVectorObjects, [&](const osg::ConstraintObjectPtr &object) {
-            removing ? aim->removeUpVectorObject(object) : aim->addUpVectorObject(object);
+            if (removing)
+                aim->removeUpVectorObject(object);
+            else
+                aim->addUpVectorObject(object);
         });
         ksEndEdit(constraint, osg::AimConstraintBase::UpVectorSourcesFieldMask);
     }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ksundo/core/ksContainerUndoCommand.h>
+#include <ksundo/core/ksHandles.h>
 #include <ksundo/core/ksHeldReference.h>
 
 #include <OSGAimConstraint.h>

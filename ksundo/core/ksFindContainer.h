@@ -14,7 +14,7 @@
 ///
 /// \tparam PtrT osg::FieldContainerPtr, or the handle of a class derived from osg::FieldContainer
 template <class PtrT>
-PtrT ksFindContainer(osg::UInt32 id)
+inline PtrT ksFindContainer(osg::UInt32 id)
 {
     static_assert(std::is_base_of_v<osg::FieldContainerPtr, PtrT>, "PtrT must be a container's handle");
     const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);

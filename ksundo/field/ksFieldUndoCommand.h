@@ -35,16 +35,7 @@ public:
     void undo() override { redo(); } ///< the same exchange as redo()
 
     /// Exchanges the field's value and the stored one.
-    void redo() override
-    {
-        const auto [container, field] = getField();
-        if (field == nullptr)
-            return;
-        T previous = field->getValue();
-        field->setValue(value);
-        ksEndEdit(container, fieldMask);
-        value = std::move(previous);
-    }
+    void redo() override;
 
     /// Takes over the time of \a other; this command already has the value from before both.
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }
@@ -59,6 +50,20 @@ private:
     /// What the next redo or undo writes.
     T value;
 };
+
+// What asks for a field's class stands outside, so that the instances below have it from the library, and not
+// from an application to which the scene graph's templates may be hidden.
+template <class T>
+void ksFieldUndoCommand<T>::redo()
+{
+    const auto [container, field] = getField();
+    if (field == nullptr)
+        return;
+    T previous = field->getValue();
+    field->setValue(value);
+    ksEndEdit(container, fieldMask);
+    value = std::move(previous);
+}
 
 extern template class KSUNDO_EXPORT ksFieldUndoCommand<osg::Int64>;
 extern template class KSUNDO_EXPORT ksFieldUndoCommand<osg::UInt64>;

@@ -34,3 +34,5 @@ private:
     static void read(const osg::SField<std::string> *field, std::string &value) { value = field->getValue(); }
     static void write(const std::string &value, osg::SField<std::string> *field) { field->setValue(value); }
 };
+
+extern template class ksTextFieldUndoCommand<ksStringFieldUndoCommand, osg::SField<std::string>, std::string>;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/field/ksStringsFieldUndoCommand.h>
 
+template class ksTextFieldUndoCommand<ksStringsFieldUndoCommand, osg::MField<std::string>,
+                                      std::vector<std::string>>;
+
 void ksStringsFieldUndoCommand::setStdStrings(const std::vector<std::string> &strings,
                                               osg::MField<std::string> *field)
 {

@@ -45,3 +45,6 @@ private:
     static constexpr auto read = &getStdStrings;
     static constexpr auto write = &setStdStrings;
 };
+
+extern template class ksTextFieldUndoCommand<ksStringsFieldUndoCommand, osg::MField<std::string>,
+                                             std::vector<std::string>>;

@@ -19,7 +19,7 @@
 /// \tparam FieldT the class of the field
 /// \tparam Content what the command keeps of it
 template <class Command, class FieldT, class Content>
-class ksTextFieldUndoCommand
+class KSUNDO_EXPORT ksTextFieldUndoCommand
     : public ksBeforeAfterUndoCommand<ksTextFieldUndoCommand<Command, FieldT, Content>, Content,
                                       ksFieldBaseUndoCommand>
 {
@@ -54,22 +54,34 @@ public:
 protected:
     /// Sets the field \a field of \a container to \a newContent when it is run, not before.
     ksTextFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
-                           Content newContent, QUndoCommand *parent)
-        : Base(Content(), std::move(newContent), text, container, field, parent)
-    {
-        if (const FieldT *target = getField().second)
-            Command::read(target, this->before);
-    }
+                           Content newContent, QUndoCommand *parent);
 
 private:
     friend Base;
 
-    void apply(const Content &, const Content &content) const
-    {
-        const auto [container, field] = getField();
-        if (field == nullptr)
-            return;
-        Command::write(content, field);
-        ksEndEdit(container, this->fieldMask);
-    }
+    void apply(const Content &, const Content &content) const;
 };
+
+// What asks for a field's class stands outside, so that the library's own commands have it from the library,
+// and not from an application to which the scene graph's templates may be hidden.
+
+template <class Command, class FieldT, class Content>
+ksTextFieldUndoCommand<Command, FieldT, Content>::ksTextFieldUndoCommand(const QString &text,
+                                                                         osg::FieldContainerPtr container,
+                                                                         ksFieldKey field, Content newContent,
+                                                                         QUndoCommand *parent)
+    : Base(Content(), std::move(newContent), text, container, field, parent)
+{
+    if (const FieldT *target = getField().second)
+        Command::read(target, this->before);
+}
+
+template <class Command, class FieldT, class Content>
+void ksTextFieldUndoCommand<Command, FieldT, Content>::apply(const Content &, const Content &content) const
+{
+    const auto [container, field] = getField();
+    if (field == nullptr)
+        return;
+    Command::write(content, field);
+    ksEndEdit(container, this->fieldMask);
+}

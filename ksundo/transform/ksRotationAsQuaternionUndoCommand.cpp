@@ -22,7 +22,7 @@ void ksRotationAsQuaternionUndoCommand::makeMessage(ksMessage &message) const
 osg::QuaternionBase<float> ksRotationAsQuaternionUndoCommand::get(osg::NodePtr node)
 {
     const osg::Transform3DPtr transform = transformOf(node);
-    return transform == osg::NullFC ? osg::QuaternionBase<float>(0, 0, 0, 1) : transform->getRotation();
+    return transform == osg::NullFC ? osg::QuaternionBase<float>() : transform->getRotation();
 }
 
 void ksRotationAsQuaternionUndoCommand::set(osg::NodePtr node, osg::QuaternionBase<float> rotation)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/NodeUtils.h>
+#include <ksundo/core/ksHandles.h>
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/transform/ksTransformVariantMoveCommand.h>
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <ksundo/core/ksContainerUndoCommand.h>
+#include <ksundo/core/ksHandles.h>
 
 #include <OSGTransformVariant.h>
 

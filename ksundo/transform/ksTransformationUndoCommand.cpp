@@ -3,6 +3,7 @@
 #include <ksundo/transform/ksTransformationUndoCommand.h>
 
 #include <ksNodeUtils.h>
+#include <ksPlatform.h>
 
 ksTransformationUndoCommand::SyncFunction ksTransformationUndoCommand::s_sync;
 
@@ -21,11 +22,7 @@ ksTransformationUndoCommand::ksTransformationUndoCommand(osg::NodePtr node, ksTr
 void ksTransformationUndoCommand::apply(const osg::NodePtr &node, const ksTransformation &,
                                         const ksTransformation &values) const
 {
-    ksNodeUtils::setTransformNodeValues(node, values.translation, values.rotation, values.scale, values.shear,
-                                        values.scalePivot, values.rotatePivot, values.scalePivotTranslation,
-                                        values.rotatePivotTranslation, values.inheritType,
-                                        values.eulerRotationOrder, values.rotationDirectionOn,
-                                        values.rotationDirection, values.rotationDirectionMode, index);
+    ksPlatform::setTransformation(node, values, index);
     if (notification)
         notification(index);
     if (s_sync && syncs && index == -1)

@@ -84,7 +84,10 @@ public:
     void add(const Ids &ids) const
     {
         forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
-            sceneNodes ? set->addSceneNode(node) : set->addLight(node);
+            if (sceneNodes)
+                set->addSceneNode(node);
+            else
+                set->addLight(node);
         });
     }
 
@@ -98,12 +101,18 @@ public:
                 forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
                     nodes.emplace_back(node, positions[i]);
                 });
-                sceneNodes ? set->insertSceneNodes(nodes) : set->insertLights(nodes);
+                if (sceneNodes)
+                    set->insertSceneNodes(nodes);
+                else
+                    set->insertLights(nodes);
                 return;
             }
         }
         forEachNode(ids, [&](const osg::NodePtr &node, std::size_t i) {
-            sceneNodes ? set->insertSceneNode(node, positions[i]) : set->insertLight(node, positions[i]);
+            if (sceneNodes)
+                set->insertSceneNode(node, positions[i]);
+            else
+                set->insertLight(node, positions[i]);
         });
     }
 
@@ -115,12 +124,18 @@ public:
                 std::vector<osg::NodePtr> nodes;
                 nodes.reserve(ids.size());
                 forEachNode(ids, [&](const osg::NodePtr &node, std::size_t) { nodes.push_back(node); });
-                sceneNodes ? set->subSceneNodes(nodes) : set->subLights(nodes);
+                if (sceneNodes)
+                    set->subSceneNodes(nodes);
+                else
+                    set->subLights(nodes);
                 return;
             }
         }
         forEachNode(ids, [this](const osg::NodePtr &node, std::size_t) {
-            sceneNodes ? set->subSceneNode(node) : set->subLight(node);
+            if (sceneNodes)
+                set->subSceneNode(node);
+            else
+                set->subLight(node);
         });
     }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/ksHandles.h>
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 

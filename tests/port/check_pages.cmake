@@ -1,0 +1,13 @@
+# Whether the guide has a paragraph or a row for every class that the check of an application's services refers to.
+file(READ ${ROOT}/docs/integrating.md guide)
+file(STRINGS ${ROOT}/ksundo/core/detail/ksPortCheck.h needs REGEX "^KS_NEEDS(_FUNCTION)?\\(")
+if(NOT needs)
+    message(FATAL_ERROR "The check asks for nothing")
+endif()
+foreach(need IN LISTS needs)
+    string(REGEX MATCH "^[A-Z_]+\\((const )?([A-Za-z0-9:]+)," need "${need}")
+    string(FIND "${guide}" "`${CMAKE_MATCH_2}`" place)
+    if(place EQUAL -1)
+        message(SEND_ERROR "docs/integrating.md does not speak of ${CMAKE_MATCH_2}")
+    endif()
+endforeach()
