@@ -278,6 +278,11 @@ void Node::changed(BitVector whichField, UInt32 origin)
 
 namespace {
 
+NodePtr copyOf(const NodePtr &node)
+{
+    return NodePtr(static_cast<Node *>(node->shallowCopy().getCPtr()));
+}
+
 void addCopiesOfChildren(const NodePtr &source, const NodePtr &copy, NodePtr (*copyTree)(const NodePtr &))
 {
     if (source->getNChildren() > 0) {
@@ -306,7 +311,7 @@ NodePtr cloneTree(const NodePtr &root)
     if (root == NullFC) {
         return NullFC;
     }
-    const NodePtr copy = NodePtr::dcast(root->shallowCopy());
+    const NodePtr copy = copyOf(root);
     addCopiesOfChildren(root, copy, &cloneTree);
     return copy;
 }
@@ -316,7 +321,7 @@ NodePtr deepCloneTree(const NodePtr &root)
     if (root == NullFC) {
         return NullFC;
     }
-    const NodePtr copy = NodePtr::dcast(root->shallowCopy());
+    const NodePtr copy = copyOf(root);
     replaceAttachmentsByCopies(copy);
     if (copy->getCore() != NullFC) {
         const CPEditor edit(copy, Node::CoreFieldMask);
