@@ -40,7 +40,7 @@ public:
     {
         containers.reserve(static_cast<std::size_t>(size));
         for (int i = 0; i < size; ++i) {
-            containers.push_back(PtrT::ObjectType::create());
+            containers.push_back(PtrT::StoredObjectType::create());
             osg::addRefCP(containers.back());
         }
     }

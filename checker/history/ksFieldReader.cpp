@@ -76,10 +76,17 @@ std::optional<std::string_view> plainBytes(const osg::Field &field)
     return found->second != nullptr ? std::optional(found->second(field)) : std::nullopt;
 }
 
+/// The text of the field, and of a volume what its text leaves out.
 std::string plainText(const osg::Field &field)
 {
     std::string text;
-    return field.getValueByStr(text);
+    field.getValueByStr(text);
+    if (const auto *volume = dynamic_cast<const osg::SFDynamicVolume *>(&field)) {
+        text += volume->getValue().isEmpty() ? " empty" : "";
+        text += volume->getValue().isValid() ? " valid" : "";
+        text += volume->getValue().isStatic() ? " static" : "";
+    }
+    return text;
 }
 
 std::string containerText(const osg::FieldContainerPtr &container)
@@ -89,8 +96,6 @@ std::string containerText(const osg::FieldContainerPtr &container)
 
 std::string readableText(const osg::Field &field)
 {
-    if (field.getType() == osg::SFString::getClassType())
-        return '"' + plainText(field) + '"';
     if (!ksFieldReferences::arePossibleIn(field))
         return plainText(field);
     std::string text;

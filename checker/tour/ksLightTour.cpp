@@ -78,7 +78,7 @@ void ksLightTour::dragValue(const ksLightProperty &property, const osg::NodePtr 
     const ksLightValue after = dragged(property, before, DragEvents - 1);
     const bool keepsIntensity = property.name != std::string("intensity");
     const auto verify = [&](const ksLightValue &value) {
-        history.verify(property.read(light) == value, QStringLiteral("the light has the value"));
+        history.verify(property.read(light).isSame(value), QStringLiteral("the light has the value"));
         if (keepsIntensity)
             history.verify(ksLights::getLightValue(light) == intensity,
                            QStringLiteral("the intensity stays"));

@@ -77,11 +77,11 @@ void ksMaterialTour::editComponents(const osg::UberMaterialPtr &material)
                                                      material, settings));
     });
     const osg::Vec3f blendedAnew = material->getBlendedColor();
-    history.verify(component->getColor() == colorAt(DragEvents - 1),
+    history.verify(component->getColor().isSame(colorAt(DragEvents - 1)),
                    QStringLiteral("the last colour is set"));
-    history.verify(blendedAnew != blended, QStringLiteral("the material has noticed"));
+    history.verify(!blendedAnew.isSame(blended), QStringLiteral("the material has noticed"));
     history.undo();
-    history.verify(component->getColor() == color && material->getBlendedColor() == blended,
+    history.verify(component->getColor().isSame(color) && material->getBlendedColor().isSame(blended),
                    QStringLiteral("the colour is back, and the material has noticed"));
     history.redo();
 
@@ -99,7 +99,7 @@ void ksMaterialTour::editComponents(const osg::UberMaterialPtr &material)
             text(material, "color"), new ksFieldUndoCommand<osg::Vec3f>(QString(), component, "color", color),
             component, material),
         1);
-    history.verify(component->getColor() == color && material->getBlendedColor() == blendedAnew,
+    history.verify(component->getColor().isSame(color) && material->getBlendedColor().isSame(blendedAnew),
                    QStringLiteral("the colour is set, and the material has not noticed"));
 }
 
@@ -153,7 +153,7 @@ void ksMaterialTour::editTogether(const osg::UberMaterialPtr &material)
         for (const osg::ColorComponentPtr &each : material->getColorComponentData())
             new ksBoolFieldUndoCommand(each, "enabled", enabled, all);
         add(all, 1);
-        history.verify(material->getBlendedColor() == (enabled ? blended : osg::Vec3f(1, 1, 1)),
+        history.verify(material->getBlendedColor().isSame(enabled ? blended : osg::Vec3f(1, 1, 1)),
                        QStringLiteral("without components the material is white"));
     }
 }

@@ -122,7 +122,7 @@ void ksTransformTour::apply(const osg::NodePtr &node, int index, bool syncs)
     if (syncs && index == -1)
         calls.push_back(ksCallLog::line("sync transformation", node));
     const auto verifyApplied = [&] {
-        history.verify(transform->getScale() == values.scale && transform->getRotationDirectionOn() &&
+        history.verify(transform->getScale().isSame(values.scale) && transform->getRotationDirectionOn() &&
                            transform->getEulerRotationOrder() == "YZX" && transform->getInheritType() == 2,
                        QStringLiteral("the whole transformation is applied"));
         verifyCalls(log, calls);
@@ -214,7 +214,7 @@ void ksTransformTour::dragQuaternion(const osg::NodePtr &node)
     });
     const osg::Quaternion last = slantedTurn(DragEvents);
     history.verify(transform->getRotation() == last &&
-                       transform->getEulerRotation() == transform->convertQuatToEuler(last, true),
+                       transform->getEulerRotation().isSame(transform->convertQuatToEuler(last, true)),
                    QStringLiteral("the last turn is set, and its angles"));
     history.undo();
     history.redo();

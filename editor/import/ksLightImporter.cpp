@@ -72,10 +72,10 @@ void takePlace(ksLightValues &values, const aiLight &light)
 {
     values.position =
         osg::Vec3f(finite(light.mPosition.x), finite(light.mPosition.y), finite(light.mPosition.z));
-    osg::Vec3f direction(finite(light.mDirection.x), finite(light.mDirection.y), finite(light.mDirection.z));
-    direction.normalize();
-    if (direction.squareLength() > 0)
-        values.direction = direction;
+    const osg::Vec3f direction(finite(light.mDirection.x), finite(light.mDirection.y),
+                               finite(light.mDirection.z));
+    if (const float length = direction.length(); length > 0)
+        values.direction = direction / length;
 }
 
 void takeCone(ksLightValues &values, const aiLight &light, ksModelFormat format)

@@ -103,7 +103,7 @@ osg::NodeRefPtr ksHeadlessSession::load(const QString &model) const
 {
     const ksSceneImporter importer(
         [this](const QString &warning) { errors << name << ": warning: " << warning.toStdString() << '\n'; });
-    osg::NodeRefPtr root = importer.load(model);
+    osg::NodeRefPtr root(importer.load(model));
     out << "model " << QFileInfo(model).fileName().toStdString() << ": " << countNodes(root.get())
         << " nodes\n";
     return root;

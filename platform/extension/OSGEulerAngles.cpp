@@ -51,10 +51,8 @@ Vec3d eulerFromQuat(const Quaterniond &rotation, const std::string &order)
 {
     constexpr Real64 gimbalLock = 1e-6;
 
-    Quaterniond unit(rotation);
-    unit.normalize();
     Matrix4d matrix;
-    matrix.setRotate(unit);
+    matrix.setRotate(unitOf(rotation));
 
     // Seen in axes named by the order, every rotation is one of order XYZ. Axes that do not follow the cycle
     // are left-handed, where all turns go the other way.

@@ -12,13 +12,6 @@ namespace {
 
 constexpr Real64 Degree = 3.14159265358979323846 / 180;
 
-Quaterniond unitOf(const Quaternion &rotation)
-{
-    Quaterniond result = inPrecisionOf<Quaterniond>(rotation);
-    result.normalize();
-    return result;
-}
-
 Vec3d unitAxis(Int32 axis)
 {
     Vec3d result;
@@ -35,7 +28,7 @@ bool isAxis(Int32 axis)
 Quaterniond turnOnto(Int32 axis, Vec3d direction)
 {
     const Vec3d start = unitAxis(axis);
-    direction.normalize();
+    direction /= direction.length();
     const Vec3d across = start.cross(direction);
     const Real64 cosine = start.dot(direction);
     if (cosine < 0 && across.squareLength() == 0) {
@@ -127,7 +120,7 @@ Quaterniond Transform3D::orientation(void) const
 Matrix4d Transform3D::composeAtOrigin(void) const
 {
     Matrix4d turn;
-    turn.setRotate(unitOf(getRotation()) * orientation());
+    turn.setRotate(unitOf(inPrecisionOf<Quaterniond>(getRotation())) * orientation());
 
     const Vec3d shear = inPrecisionOf<Vec3d>(getShear());
     const Vec3d scale = inPrecisionOf<Vec3d>(getScale());

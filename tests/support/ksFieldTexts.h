@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGThreadContext.h>
 
 #include <map>
@@ -16,7 +17,12 @@ inline ksFieldTexts ksFieldTextsOf(const osg::FieldContainerPtr &container, osg:
     const osg::AspectScope scope(aspect);
     ksFieldTexts texts;
     osg::FieldContainerType &type = container->getType();
-    for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id)
-        container->getField(id)->getValueByStr(texts[type.getFieldDescription(id)->getCName()]);
+    for (osg::UInt32 id = 1; id <= type.getNumFieldDescs(); ++id) {
+        const osg::Field &field = *container->getField(id);
+        std::string &text = texts[type.getFieldDescription(id)->getCName()];
+        field.getValueByStr(text);
+        if (const auto *volume = dynamic_cast<const osg::SFDynamicVolume *>(&field))
+            text += volume->getValue().isValid() ? " valid" : " invalid";
+    }
     return texts;
 }

@@ -4,6 +4,7 @@
 #include <OSGTagAttachment.h>
 #include <OpenSG/OSGGroup.h>
 
+#include <algorithm>
 #include <memory>
 #include <support/ksSceneFixture.h>
 #include <support/ksWatched.h>
@@ -104,8 +105,11 @@ protected:
     static std::string stateOf(const osg::TagAttachmentPtr &attachment)
     {
         const ksFieldTexts texts = ksFieldTextsOf(attachment);
-        return texts.at("systemTags") + " | " + texts.at("userTags") + " | " + texts.at("layerTags") + " | " +
-               texts.at("tagValues");
+        std::string state = texts.at("systemTags") + " | " + texts.at("userTags") + " | " +
+                            texts.at("layerTags") + " | " + texts.at("tagValues");
+        // Tags are quoted there, which does not make the states here easier to read.
+        state.erase(std::remove(state.begin(), state.end(), '"'), state.end());
+        return state;
     }
 
     long long idOf(const osg::FieldContainerPtr &container) const { return recorder.idOf(container); }

@@ -62,7 +62,7 @@ protected:
         for (auto &[field, text] : values)
             text = ksTextOf(Vec3f());
         values["inheritType"] = values["rotationDirectionMode"] = "0";
-        values["eulerRotationOrder"] = "";
+        values["eulerRotationOrder"] = "\"\"";
         values["rotationDirectionOn"] = "FALSE";
         return values;
     }

@@ -5,6 +5,12 @@ OSG_BEGIN_NAMESPACE
 
 OSG_DEFINE_ABSTRACT_CONTAINER(Attachment, FieldContainer, "", OSG_ATTACHMENT_FIELDS)
 
+Attachment::Attachment(const Attachment &source)
+    : Inherited(source)
+{
+    _mfParents.clear();
+}
+
 void Attachment::addParent(const FieldContainerPtr &parent)
 {
     _mfParents.push_back(parent);

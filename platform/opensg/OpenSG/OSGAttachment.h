@@ -17,7 +17,7 @@ OSG_ABSTRACT_CONTAINER_BASE(Attachment, FieldContainer, OSG_ATTACHMENT_FIELDS)
 /// Data that can be attached to nodes, cores and other attachment containers, to several of them at once.
 class Attachment : public AttachmentBase
 {
-    OSG_CONTAINER(Attachment)
+    OSG_CONTAINER_MEMBERS(Attachment)
 
 public:
     /// True: made by the application for its own use, not part of the scene's content.
@@ -29,6 +29,13 @@ public:
     void addParent(const FieldContainerPtr &parent);
     void subParent(const FieldContainerPtr &parent);
     Int32 findParent(const FieldContainerPtr &parent) const;
+
+protected:
+    Attachment(void) = default;
+
+    /// The copy is attached to nothing.
+    Attachment(const Attachment &source);
+    ~Attachment(void) override = default;
 };
 
 OSG_END_NAMESPACE

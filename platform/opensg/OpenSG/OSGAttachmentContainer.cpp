@@ -39,6 +39,30 @@ AttachmentContainer::~AttachmentContainer(void)
     }
 }
 
+void AttachmentContainer::onCreate(const FieldContainer *source)
+{
+    Inherited::onCreate(source);
+    if (source != nullptr) {
+        for (const auto &[key, attachment] :
+             static_cast<const AttachmentContainer *>(source)->_sfAttachments.getValue()) {
+            addAttachment(attachment, static_cast<UInt16>(key));
+        }
+    }
+}
+
+void AttachmentContainer::onCreateAspect(const FieldContainer *created, const FieldContainer *source)
+{
+    Inherited::onCreateAspect(created, source);
+    if (created == this || source == nullptr) {
+        return;
+    }
+    _sfAttachments.setValue(static_cast<const AttachmentContainer *>(created)->_sfAttachments);
+    for (const auto &[key, attachment] : _sfAttachments.getValue()) {
+        addRefOfCopy(attachment);
+        attachment->addParent(FieldContainerPtr(*this));
+    }
+}
+
 void AttachmentContainer::addAttachment(const AttachmentPtr &attachment, UInt16 binding)
 {
     if (attachment == NullFC) {
@@ -62,7 +86,7 @@ void AttachmentContainer::subAttachment(const AttachmentPtr &attachment, UInt16 
     }
     AttachmentMap &attachments = _sfAttachments.getValue();
     const auto found = attachments.find(keyOf(attachment->getGroupId(), binding));
-    if (found == attachments.end() || found->second != attachment) {
+    if (found == attachments.end()) {
         return;
     }
     const AttachmentPtr previous = found->second;

@@ -20,13 +20,18 @@ public:
     /// does nothing.
     void addAttachment(const AttachmentPtr &attachment, UInt16 binding = 0);
 
-    /// Detaches @p attachment and releases the reference, which may destroy it; edits as in addAttachment().
-    /// Does nothing if it is not attached with that binding.
+    /// Detaches what is attached in the group of @p attachment with that binding, which need not be the same,
+    /// and releases the reference, which may destroy it; edits as in addAttachment(). Does nothing if there
+    /// is none.
     void subAttachment(const AttachmentPtr &attachment, UInt16 binding = 0);
 
     /// Null if there is none.
     AttachmentPtr findAttachment(UInt32 groupId, UInt16 binding = 0) const;
     AttachmentPtr findAttachment(const FieldContainerType &type, UInt16 binding = 0) const;
+
+    /// A copy has the same attachments.
+    void onCreate(const FieldContainer *source = nullptr) override;
+    void onCreateAspect(const FieldContainer *created, const FieldContainer *source = nullptr) override;
 
 protected:
     AttachmentContainer(void) = default;

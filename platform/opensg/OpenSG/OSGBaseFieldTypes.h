@@ -11,7 +11,7 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Eight words: the corners, then the flags empty, valid and static.
+/// Six numbers, the corners.
 template <>
 struct ValueText<DynamicVolume>
 {
@@ -19,10 +19,10 @@ struct ValueText<DynamicVolume>
     static void putToString(const DynamicVolume &value, std::string &text);
 };
 
-OSG_FIELD_VALUE(FieldDataTraits2, 2, bool, Bool)
-OSG_FIELD_VALUE(FieldDataTraits, 0, std::string, String)
+OSG_FIELD_VALUE_OF(FieldDataTraits2, 2, bool, Bool, "bool", ValueText<bool>)
+OSG_FIELD_VALUE_OF(FieldDataTraits, 0, std::string, String, "string", ValueText<std::string>)
 OSG_FIELD_VALUE(FieldDataTraits1, 1, Time, Time)
-OSG_FIELD_VALUE(FieldDataTraits1, 1, BitVector, BitVector)
+OSG_FIELD_VALUE_OF(FieldDataTraits1, 1, BitVector, BitVector, "BitVector", NoValueText<BitVector>)
 OSG_FIELD_VALUE(FieldDataTraits1, 1, UInt32, GLenum)
 OSG_FIELD_VALUE(FieldDataTraits, 0, Color3f, Color3f)
 OSG_FIELD_VALUE(FieldDataTraits, 0, Color4f, Color4f)

@@ -4,6 +4,7 @@
 #include <OpenSG/OSGLog.h>
 
 #include <string>
+#include <unordered_map>
 
 OSG_BEGIN_NAMESPACE
 
@@ -14,6 +15,24 @@ void append(std::vector<T> &entries, const std::vector<T> &more)
 {
     entries.reserve(entries.size() + more.size());
     entries.insert(entries.end(), more.begin(), more.end());
+}
+
+/// Calls @p work with the containers of @p ids, without as many of each as there are in @p settled.
+template <class Work>
+void forUnsettled(const std::vector<UInt32> &ids, const std::vector<UInt32> &settled, Work work)
+{
+    std::unordered_map<UInt32, UInt32> left;
+    for (const UInt32 id : settled) {
+        ++left[id];
+    }
+    for (const UInt32 id : ids) {
+        const auto found = left.find(id);
+        if (found != left.end() && found->second > 0) {
+            --found->second;
+        } else {
+            work(FieldContainerFactory::the()->getContainer(id));
+        }
+    }
 }
 
 void dumpIds(const Char8 *title, const std::vector<UInt32> &ids)
@@ -110,6 +129,8 @@ void ChangeList::clearAll(void)
     _subRefd.clear();
     _created.clear();
     _destroyed.clear();
+    _settledAdds.clear();
+    _settledSubs.clear();
 }
 
 void ChangeList::swap(ChangeList &other)
@@ -119,6 +140,8 @@ void ChangeList::swap(ChangeList &other)
     _subRefd.swap(other._subRefd);
     _created.swap(other._created);
     _destroyed.swap(other._destroyed);
+    _settledAdds.swap(other._settledAdds);
+    _settledSubs.swap(other._settledSubs);
 }
 
 bool ChangeList::merge(const ChangeList &other)
@@ -128,6 +151,8 @@ bool ChangeList::merge(const ChangeList &other)
     append(_subRefd, other._subRefd);
     append(_created, other._created);
     append(_destroyed, other._destroyed);
+    append(_settledAdds, other._settledAdds);
+    append(_settledSubs, other._settledSubs);
     return true;
 }
 
@@ -139,46 +164,46 @@ void ChangeList::setAspect(UInt32 aspect)
 
 void ChangeList::applyTo(UInt32 aspect)
 {
+    if (aspect == _aspect) {
+        return;
+    }
     replay(aspect);
     clearAll();
-}
-
-void ChangeList::applyToCurrent(void)
-{
-    replay(Thread::getAspect());
+    setReadOnly(false);
 }
 
 void ChangeList::applyAndClear(void)
 {
-    applyTo(Thread::getAspect());
+    applyToCurrent();
+    clearAll();
+}
+
+void ChangeList::settle(IdStore &settled, const FieldContainerPtr &fc, UInt32 count)
+{
+    if (!_readOnly) {
+        settled.insert(settled.end(), count, fc.getFieldContainerId());
+    }
 }
 
 void ChangeList::replay(UInt32 aspect) const
 {
     const ReadOnlyScope readOnly(Thread::getCurrentChangeList());
-    if (aspect != _aspect) {
-        const AspectScope scope(aspect);
-        const FieldContainerFactory &factory = *FieldContainerFactory::the();
-        for (const ChangedEntry &entry : _changed) {
-            const FieldContainerPtr fc = factory.getContainer(entry.first);
-            if (fc != NullFC) {
-                fc.executeSync(_aspect, aspect, entry.second);
-                fc->changed(entry.second, ChangedOrigin::Sync);
-            }
-        }
-        for (const UInt32 id : _addRefd) {
-            addRefCP(factory.getContainer(id));
-        }
-        for (const UInt32 id : _subRefd) {
-            subRefCP(factory.getContainer(id));
+    const AspectScope scope(aspect);
+    for (const ChangeEntry &entry : _changed) {
+        const FieldContainerPtr fc = FieldContainerFactory::the()->getContainer(entry.first);
+        if (fc != NullFC) {
+            fc.executeSync(_aspect, aspect, entry.second);
+            fc->changed(entry.second, ChangedOrigin::Sync);
         }
     }
+    forUnsettled(_addRefd, _settledAdds, [](const FieldContainerPtr &fc) { addRefCP(fc); });
+    forUnsettled(_subRefd, _settledSubs, [](const FieldContainerPtr &fc) { subRefCP(fc); });
 }
 
 void ChangeList::dump(void) const
 {
     std::string line("changed:");
-    for (const ChangedEntry &entry : _changed) {
+    for (const ChangeEntry &entry : _changed) {
         line += ' ' + std::to_string(entry.first) + '/' + std::to_string(entry.second);
     }
     logNotice(line);

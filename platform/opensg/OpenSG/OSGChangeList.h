@@ -15,14 +15,21 @@ OSG_BEGIN_NAMESPACE
 class ChangeList : public MemoryObject
 {
 public:
-    typedef std::pair<UInt32, BitVector> ChangedEntry;
-    typedef std::vector<ChangedEntry> ChangedStore;
-    typedef std::vector<UInt32> IdStore;
+    typedef std::pair<UInt32, BitVector> ChangeEntry;
+    typedef UInt32 IdRefEntry;
+    typedef std::vector<ChangeEntry> ChangedStore;
+    typedef std::vector<IdRefEntry> IdStore;
+    typedef UInt32 changed_size_type;
+    typedef UInt32 refd_size_type;
+    typedef UInt32 idrefd_size_type;
     typedef ChangedStore::const_iterator changed_const_iterator;
     typedef IdStore::const_iterator refd_const_iterator;
     typedef IdStore::const_iterator idrefd_const_iterator;
 
     ChangeList(void);
+
+    /// A list that nobody counts a reference of is deleted by its maker.
+    ~ChangeList(void) override = default;
 
     /// Whether lists made from now on record. To be called before osgInit().
     static void setReadWriteDefault(bool readWrite = true);
@@ -38,11 +45,11 @@ public:
     idrefd_const_iterator beginDestroyed(void) const { return _destroyed.begin(); }
     idrefd_const_iterator endDestroyed(void) const { return _destroyed.end(); }
 
-    UInt32 sizeChanged(void) const { return static_cast<UInt32>(_changed.size()); }
-    UInt32 sizeAddRefd(void) const { return static_cast<UInt32>(_addRefd.size()); }
-    UInt32 sizeSubRefd(void) const { return static_cast<UInt32>(_subRefd.size()); }
-    UInt32 sizeCreated(void) const { return static_cast<UInt32>(_created.size()); }
-    UInt32 sizeDestroyed(void) const { return static_cast<UInt32>(_destroyed.size()); }
+    changed_size_type sizeChanged(void) const { return static_cast<UInt32>(_changed.size()); }
+    refd_size_type sizeAddRefd(void) const { return static_cast<UInt32>(_addRefd.size()); }
+    refd_size_type sizeSubRefd(void) const { return static_cast<UInt32>(_subRefd.size()); }
+    idrefd_size_type sizeCreated(void) const { return static_cast<UInt32>(_created.size()); }
+    idrefd_size_type sizeDestroyed(void) const { return static_cast<UInt32>(_destroyed.size()); }
 
     void addChanged(const FieldContainerPtr &fc, BitVector whichField);
     void addAddRefd(const FieldContainerPtr &fc);
@@ -68,29 +75,28 @@ public:
 
     /// Brings @p aspect up to date: copies the changed fields and calls the change handlers (origin Sync),
     /// then takes and releases the references. Containers that have gone are skipped. The calling thread's
-    /// own list records nothing meanwhile and is read-write afterwards. An aspect's own list changes nothing
-    /// in it.
-    ///
-    /// This one clears the list at the end.
+    /// own list records nothing meanwhile; it and this list are read-write afterwards, and this list is
+    /// empty. Nothing at all happens if @p aspect is the list's own.
     void applyTo(UInt32 aspect);
 
-    /// The same for the calling thread's aspect; the list stays.
-    void applyToCurrent(void);
+    /// The same for the calling thread's aspect.
+    void applyToCurrent(void) { applyTo(ThreadContext::aspect()); }
     void apply(void) { applyToCurrent(); }
 
-    /// The same for the calling thread's aspect; clears the list at the end.
+    /// The same for the calling thread's aspect; the list is empty afterwards in any case.
     void applyAndClear(void);
 
     /// Writes the entries to the log.
     void dump(void) const;
 
-protected:
-    ~ChangeList(void) override = default;
-
 private:
+    friend class FieldContainerPtrBase;
     friend class PThreadBase;
 
     void replay(UInt32 aspect) const;
+
+    /// Notes that as many entries of @p fc are not to be replayed, as the other aspect has had them at once.
+    void settle(IdStore &settled, const FieldContainerPtr &fc, UInt32 count);
 
     static bool _readWriteDefault;
 
@@ -99,6 +105,8 @@ private:
     IdStore _subRefd;
     IdStore _created;
     IdStore _destroyed;
+    IdStore _settledAdds;
+    IdStore _settledSubs;
     UInt32 _aspect = 0;
     bool _readOnly;
 };

@@ -5,38 +5,62 @@ OSG_BEGIN_NAMESPACE
 
 OSG_DEFINE_CONTAINER(ChunkMaterial, Material, "", OSG_CHUNK_MATERIAL_FIELDS)
 
-ChunkMaterial::ChunkMaterial(const ChunkMaterial &source)
-    : Inherited(source)
-{
-    _mfChunks.clear();
-    _mfSlots.clear();
-}
-
 ChunkMaterial::~ChunkMaterial(void)
 {
     clearChunks();
 }
 
-void ChunkMaterial::addChunk(const StateChunkPtr &chunk, Int32 slot)
+void ChunkMaterial::onCreate(const FieldContainer *source)
 {
-    if (chunk != NullFC) {
+    Inherited::onCreate(source);
+    for (const StateChunkPtr &chunk : _mfChunks) {
         addRefCP(chunk);
-        _mfChunks.push_back(chunk);
-        _mfSlots.push_back(slot);
     }
+}
+
+void ChunkMaterial::onCreateAspect(const FieldContainer *created, const FieldContainer *source)
+{
+    Inherited::onCreateAspect(created, source);
+    if (created != this) {
+        for (const StateChunkPtr &chunk : _mfChunks) {
+            addRefOfCopy(chunk);
+        }
+    }
+}
+
+bool ChunkMaterial::addChunk(const StateChunkPtr &chunk, Int32 slot)
+{
+    if (chunk == NullFC) {
+        return false;
+    }
+    addRefCP(chunk);
+    _mfChunks.push_back(chunk);
+    if (slot != AutoSlot) {
+        _mfSlots.resize(_mfChunks.size(), AutoSlot);
+        _mfSlots.back() = slot;
+    }
+    return true;
 }
 
 bool ChunkMaterial::subChunk(const StateChunkPtr &chunk)
 {
-    const auto found = _mfChunks.find(chunk);
-    if (found == _mfChunks.end()) {
-        return false;
+    const Int32 index = find(chunk);
+    if (index < 0) {
+        return true;
     }
-    StateChunkPtr leaving = *found;
-    _mfSlots.erase(_mfSlots.begin() + (found - _mfChunks.begin()));
-    _mfChunks.erase(found);
+    StateChunkPtr leaving = _mfChunks[static_cast<UInt32>(index)];
+    if (static_cast<UInt32>(index) < _mfSlots.size()) {
+        _mfSlots.erase(_mfSlots.begin() + index);
+    }
+    _mfChunks.erase(_mfChunks.begin() + index);
     subRefCP(leaving);
-    return true;
+    return false;
+}
+
+Int32 ChunkMaterial::find(const StateChunkPtr &chunk) const
+{
+    const auto found = _mfChunks.find(chunk);
+    return found != _mfChunks.end() ? static_cast<Int32>(found - _mfChunks.begin()) : -1;
 }
 
 void ChunkMaterial::clearChunks(void)

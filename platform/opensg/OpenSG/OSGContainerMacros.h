@@ -6,6 +6,8 @@
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSField.h>
 
+#include <cstring>
+
 /// @file
 /// Declares container types. A type X has a field list, a handle XPtr, a generated class XBase and a class X:
 ///
@@ -69,7 +71,7 @@ struct ValueText<PtrT, std::enable_if_t<std::is_base_of_v<FieldContainerPtrBase,
 {
     static bool getFromString(PtrT &value, const Char8 *text)
     {
-        return readContainerHandle(value, text, FieldDataTraits<PtrT>::getTypeName());
+        return readContainerHandle(value, text, FieldDataTraits<PtrT>::getSName() + std::strlen("SF"));
     }
 
     static void putToString(const PtrT &value, std::string &text)
@@ -201,6 +203,7 @@ protected:                                                                      
     ~X##Base(void) override = default;                                             \
                                                                                    \
     void executeSync(FieldContainer &other, const BitVector &whichField) override; \
+    void executeSyncImpl(Self *other, const BitVector &whichField);                \
     static void initMethod(void)                                                   \
     {}                                                                             \
                                                                                    \
@@ -253,24 +256,33 @@ protected:                       \
 private:
 
 /// The definitions of class XBase, abstract or not.
-#define OSG_DEFINE_CONTAINER_MEMBERS(X, Parent, group, FIELDS, prototypeCreate)                   \
-    FieldDescription *X##Base::_desc[] = {                                                        \
-        FIELDS(OSG_FIELD_DESCRIPTION_SF, OSG_FIELD_DESCRIPTION_MF) nullptr};                      \
-                                                                                                  \
-    FieldContainerType X##Base::_type(#X, #Parent, group, prototypeCreate, &X::initMethod, _desc, \
-                                      sizeof(_desc) - sizeof(*_desc));                            \
-                                                                                                  \
-    UInt32 X##Base::getContainerSize(void) const                                                  \
-    {                                                                                             \
-        return sizeof(X);                                                                         \
-    }                                                                                             \
-                                                                                                  \
-    void X##Base::executeSync(FieldContainer &other, const BitVector &whichField)                 \
-    {                                                                                             \
-        Inherited::executeSync(other, whichField);                                                \
-        [[maybe_unused]] const Self &source = static_cast<const Self &>(other);                   \
-        FIELDS(OSG_FIELD_SYNC_SF, OSG_FIELD_SYNC_MF)                                              \
-    }
+#define OSG_DEFINE_CONTAINER_MEMBERS(X, Parent, group, FIELDS, prototypeCreate)                       \
+    FieldDescription *X##Base::_desc[] = {                                                            \
+        FIELDS(OSG_FIELD_DESCRIPTION_SF, OSG_FIELD_DESCRIPTION_MF) nullptr};                          \
+                                                                                                      \
+    FieldContainerType X##Base::_type(#X, #Parent, group, prototypeCreate, &X::initMethod, _desc,     \
+                                      sizeof(_desc) - sizeof(*_desc));                                \
+                                                                                                      \
+    UInt32 X##Base::getContainerSize(void) const                                                      \
+    {                                                                                                 \
+        return sizeof(X);                                                                             \
+    }                                                                                                 \
+                                                                                                      \
+    void X##Base::executeSync(FieldContainer &other, const BitVector &whichField)                     \
+    {                                                                                                 \
+        static_cast<X *>(this)->executeSyncImpl(static_cast<X *>(&other), whichField);                \
+    }                                                                                                 \
+                                                                                                      \
+    void X##Base::executeSyncImpl(Self *other, const BitVector &whichField)                           \
+    {                                                                                                 \
+        Inherited::executeSyncImpl(other, whichField);                                                \
+        [[maybe_unused]] const Self &source = *other;                                                 \
+        FIELDS(OSG_FIELD_SYNC_SF, OSG_FIELD_SYNC_MF)                                                  \
+    }                                                                                                 \
+                                                                                                      \
+    /* So that fields of the handles can be made by name at once. */                                  \
+    [[maybe_unused]] static const FieldType *const X##PtrFieldTypes[] = {&SF##X##Ptr::getClassType(), \
+                                                                         &MF##X##Ptr::getClassType()};
 
 /// Defines what OSG_CONTAINER_BASE declared. @p group is the group's name; empty: the type's own.
 #define OSG_DEFINE_CONTAINER(X, Parent, group, FIELDS)                                    \

@@ -15,6 +15,10 @@ OSG_CONTAINER_BASE(DirectionalLight, Light, OSG_DIRECTIONAL_LIGHT_FIELDS)
 class DirectionalLight : public DirectionalLightBase
 {
     OSG_CONTAINER(DirectionalLight)
+
+public:
+    using Inherited::setDirection;
+    void setDirection(Real32 x, Real32 y, Real32 z) { setDirection(Vec3f(x, y, z)); }
 };
 
 OSG_END_NAMESPACE

@@ -73,6 +73,16 @@ bool DynamicVolume::intersect(const Pnt3f &point) const
     return !_empty;
 }
 
+bool DynamicVolume::intersect(const DynamicVolume &volume) const
+{
+    for (UInt32 i = 0; i < 3; ++i) {
+        if (!(_min[i] < volume._max[i] && volume._min[i] < _max[i])) {
+            return false;
+        }
+    }
+    return !_empty && !volume._empty;
+}
+
 bool DynamicVolume::operator==(const DynamicVolume &other) const
 {
     return _min == other._min && _max == other._max && _empty == other._empty && _valid == other._valid &&

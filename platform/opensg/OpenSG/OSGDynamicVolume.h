@@ -5,7 +5,7 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// A box along the axes around something in the scene. Empty, not valid and not static at first.
+/// A box along the axes around something in the scene. Empty, valid and not static at first.
 class DynamicVolume
 {
 public:
@@ -29,6 +29,7 @@ public:
     void getBounds(Pnt3f &min, Pnt3f &max) const;
 
     Pnt3f getCenter(void) const;
+    void getCenter(Pnt3f &center) const { center = getCenter(); }
 
     /// Makes the box just large enough to hold @p point, or all of @p volume, as well.
     void extendBy(const Pnt3f &point);
@@ -40,6 +41,14 @@ public:
     /// True if @p point lies in the box or on its sides.
     bool intersect(const Pnt3f &point) const;
 
+    /// True if both have space in common; to touch is not enough.
+    bool intersect(const DynamicVolume &volume) const;
+
+    /// The box, which is this object, and the announcement that it was changed, which has no effect.
+    DynamicVolume &getInstance(void) { return *this; }
+    const DynamicVolume &getInstance(void) const { return *this; }
+    void instanceChanged(void) {}
+
     bool operator==(const DynamicVolume &other) const;
     bool operator!=(const DynamicVolume &other) const { return !(*this == other); }
 
@@ -47,7 +56,7 @@ private:
     Pnt3f _min;
     Pnt3f _max;
     bool _empty = true;
-    bool _valid = false;
+    bool _valid = true;
     bool _static = false;
 };
 

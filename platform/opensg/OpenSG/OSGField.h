@@ -21,11 +21,11 @@ public:
     virtual bool isEmpty(void) const = 0;
     virtual UInt32 getSize(void) const = 0;
 
-    /// Sets the value of a single field, appends one to a list. Text that is no value of the type changes
-    /// nothing.
+    /// Sets the value of a single field; text that says nothing of one changes nothing. Appends a value to a
+    /// list, zero if the text says nothing of one. Numbers are read as far as they go, see ValueText.
     virtual void pushValueByStr(const Char8 *text) = 0;
 
-    /// Writes the value to @p text and returns it; the values of a list are separated by ", ".
+    /// Writes the value to @p text and returns it. Those of a list are appended, separated by ", ".
     virtual std::string &getValueByStr(std::string &text) const = 0;
 
     /// Copies @p source if it is of exactly the same type, else does nothing. No container's reference count

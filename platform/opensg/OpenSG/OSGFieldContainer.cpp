@@ -33,16 +33,19 @@ Field *FieldContainer::getField(const Char8 *fieldName)
 void FieldContainer::changed(BitVector, UInt32)
 {}
 
-void FieldContainer::dump(void) const
+void FieldContainer::dump(UInt32 indent, const BitVector whichField) const
 {
     const FieldContainerPtr self(*this);
-    logNotice(std::string(getTypeName()) + ' ' + std::to_string(self.getFieldContainerId()));
+    const std::string start(indent, ' ');
+    logNotice(start + getTypeName() + ' ' + std::to_string(self.getFieldContainerId()));
     for (UInt32 id = 1; id <= getType().getNumFieldDescs(); ++id) {
         const FieldDescription &description = *getType().getFieldDescription(id);
-        const Field *field = description.getField(self);
+        const bool isWanted =
+            whichField == FieldBits::NoField || (whichField & description.getFieldMask()) != 0;
+        const Field *field = isWanted ? description.getField(self) : nullptr;
         if (field != nullptr) {
             std::string value;
-            logNotice(std::string("  ") + description.getCName() + ": " + field->getValueByStr(value));
+            logNotice(start + "  " + description.getCName() + ": " + field->getValueByStr(value));
         }
     }
 }
@@ -71,13 +74,13 @@ void FieldContainer::announce(FieldContainerPtrBase &fc, UInt16 containerSize)
 void FieldContainer::finish(const FieldContainerPtrBase &fc, const FieldContainer *source)
 {
     FieldContainer *const first = fc.copyOf(0);
+    {
+        const AspectScope scope(0);
+        first->onCreate(source);
+    }
     for (UInt32 aspect = 0; aspect < OSG_NUM_ASPECTS; ++aspect) {
         const AspectScope scope(aspect);
-        if (aspect == 0) {
-            first->onCreate(source);
-        } else {
-            fc.copyOf(aspect)->onCreateAspect(first, source);
-        }
+        fc.copyOf(aspect)->onCreateAspect(first, source);
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <OpenSG/OSGField.h>
+#include <OpenSG/OSGFieldContainerClassMacros.h>
 #include <OpenSG/OSGFieldContainerFactoryDecl.h>
 #include <OpenSG/OSGFieldContainerPtrDecl.h>
 #include <OpenSG/OSGFieldContainerPtrFunctions.h>
@@ -55,22 +56,23 @@ public:
     Field *getField(UInt32 fieldId);
     Field *getField(const Char8 *fieldName);
 
-    /// A new container with the same field values in all aspects, as this copy has them. What the container
-    /// owns (a node's children, core and attachments, what has it as parent) is not copied. Count 0.
+    /// A new container with the same field values in all aspects, as this copy has them. It refers to the
+    /// same attachments, a node to the same core, a material to the same chunks, and holds references on
+    /// them. A node's children, and what has the container as parent, are not copied. Count 0.
     virtual FieldContainerPtr shallowCopy(void) const = 0;
 
     /// Called after fields have changed: react, and call the parent class's handler. @p origin is a
     /// ChangedOrigin.
     virtual void changed(BitVector whichField, UInt32 origin);
 
-    /// Writes type, id and fields to the log.
-    virtual void dump(void) const;
+    /// Writes type, id and fields to the log, those of @p whichField or all, @p indent columns from the left.
+    virtual void dump(UInt32 indent = 0, const BitVector whichField = FieldBits::NoField) const;
 
     /// Called once for a new container, after all its copies are made; @p source is what it was copied from,
     /// or null.
     virtual void onCreate(const FieldContainer *source = nullptr);
 
-    /// Called for every further aspect's copy, after onCreate(); @p created is the first copy.
+    /// Called for every aspect's copy, after onCreate(); @p created is the first copy.
     virtual void onCreateAspect(const FieldContainer *created, const FieldContainer *source = nullptr);
 
     /// Called once before the container is destroyed, on the first aspect's copy.
@@ -86,10 +88,21 @@ protected:
 
     /// Takes over the fields of @p whichField from another aspect's copy.
     virtual void executeSync(FieldContainer &other, const BitVector &whichField);
+    void executeSyncImpl(FieldContainer *, const BitVector &) {}
 
     /// A new container: default-constructed, or with @p source every copy constructed from that one.
     template <class ContainerT>
     static typename ContainerT::Ptr newContainer(const ContainerT *source = nullptr);
+
+    /// Gives @p result a new container, likewise.
+    template <class PtrT>
+    static void newPtr(PtrT &result, const typename PtrT::StoredObjectType *source = nullptr)
+    {
+        result = newContainer(source);
+    }
+
+    /// Takes a reference for a handle that the copy of another aspect has been given without a record.
+    static void addRefOfCopy(const FieldContainerPtrBase &fc) { fc.addRefOfCopy(); }
 
     /// A description's access method made from the method that gives a container's own type of field.
     template <auto Method>

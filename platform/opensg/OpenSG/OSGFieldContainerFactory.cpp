@@ -86,11 +86,14 @@ const Char8 *FieldContainerFactory::findGroupName(UInt16 groupId) const
     return groupId != 0 && groupId <= _groups.size() ? _groups[groupId - 1].c_str() : nullptr;
 }
 
-void FieldContainerFactory::initializePendingTypes(void)
+bool FieldContainerFactory::initializePendingTypes(void)
 {
+    bool isComplete = true;
     for (const auto &[id, type] : _typesById) {
         initializeType(*type);
+        isComplete = isComplete && type->isInitialized();
     }
+    return isComplete;
 }
 
 void FieldContainerFactory::initializeType(FieldContainerType &type)

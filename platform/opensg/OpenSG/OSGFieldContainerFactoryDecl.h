@@ -61,6 +61,8 @@ public:
     TypeMapIterator beginTypes(void) { return _typesById.begin(); }
     TypeMapIterator endTypes(void) { return _typesById.end(); }
 
+    UInt32 getNumGroups(void) const { return static_cast<UInt32>(_groups.size()); }
+
     /// 0 if there is no such group.
     UInt16 findGroupId(const Char8 *groupName) const;
 
@@ -68,8 +70,8 @@ public:
     const Char8 *findGroupName(UInt16 groupId) const;
 
     /// Gives parent and prototype to the types that were registered since osgInit(), for libraries loaded
-    /// later.
-    void initializePendingTypes(void);
+    /// later. False if a type has a parent that is not known.
+    bool initializePendingTypes(void);
 
     /// Empties the container's slot; false if that worked, true for a null handle or a container not
     /// registered. The container itself lives on.

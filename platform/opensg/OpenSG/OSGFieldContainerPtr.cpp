@@ -41,30 +41,26 @@ private:
     void *const _store;
 };
 
-enum class RefChange
-{
-    Added,
-    Released
-};
+} // namespace
 
-/// A copy that is made or destroyed for another aspect takes and releases that aspect's references itself;
-/// the list is going to do the same to that aspect once more. So the opposite is recorded, which makes both
-/// cancel out.
-void recordRefChange(const FieldContainerPtr &fc, RefChange change)
+/// A copy that is made or destroyed for another aspect takes and releases that aspect's references itself. So
+/// the list must do neither this to that aspect, nor what the list's own aspect has done alike.
+void FieldContainerPtrBase::recordRefChange(RefChange change) const
 {
     ChangeList *const changes = Thread::getCurrentChangeList();
     if (changes == nullptr) {
         return;
     }
-    const bool otherAspect = changes->getAspect() != Thread::getAspect();
-    if ((change == RefChange::Added) != otherAspect) {
+    const FieldContainerPtr fc(*this);
+    if (change == RefChange::Added) {
         changes->addAddRefd(fc);
     } else {
         changes->addSubRefd(fc);
     }
+    if (changes->getAspect() != Thread::getAspect()) {
+        changes->settle(change == RefChange::Added ? changes->_settledAdds : changes->_settledSubs, fc, 2);
+    }
 }
-
-} // namespace
 
 FieldContainerPtrBase FieldContainerPtrBase::allocate(UInt16 containerSize)
 {
@@ -83,7 +79,21 @@ void FieldContainerPtrBase::addRef(void) const
         const RefCountGuard guard(_pRefCountLock, _storeP);
         ++header().refCount;
     }
-    recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Added);
+    recordRefChange(RefChange::Added);
+}
+
+void FieldContainerPtrBase::addRefOfCopy(void) const
+{
+    if (_storeP == nullptr) {
+        return;
+    }
+    {
+        const RefCountGuard guard(_pRefCountLock, _storeP);
+        ++header().refCount;
+    }
+    if (ChangeList *changes = Thread::getCurrentChangeList()) {
+        changes->settle(changes->_settledAdds, FieldContainerPtr(*this), 1);
+    }
 }
 
 void FieldContainerPtrBase::subRef(void) const
@@ -95,7 +105,7 @@ void FieldContainerPtrBase::subRef(void) const
         // Recorded under the lock: once it is free, another thread may destroy the container.
         const RefCountGuard guard(_pRefCountLock, _storeP);
         if (--header().refCount > 0) {
-            recordRefChange(static_cast<const FieldContainerPtr &>(*this), RefChange::Released);
+            recordRefChange(RefChange::Released);
             return;
         }
     }
@@ -132,6 +142,13 @@ FieldContainerPtr::FieldContainerPtr(const FieldContainer &source)
     UInt8 *const copy = reinterpret_cast<UInt8 *>(const_cast<FieldContainer *>(&source));
     _containerSize = place.containerSize;
     _storeP = copy - std::size_t(place.aspect) * place.containerSize;
+}
+
+FieldContainerPtr::FieldContainerPtr(const FieldContainer *source)
+{
+    if (source != nullptr) {
+        *this = FieldContainerPtr(*source);
+    }
 }
 
 void FieldContainerPtr::executeSync(UInt32 fromAspect, UInt32 toAspect, BitVector whichField) const

@@ -5,6 +5,7 @@
 #include <OpenSG/OSGThreadContext.h>
 
 #include <cstddef>
+#include <ostream>
 
 /// @file
 /// Handles of containers. Include OSGFieldContainerPtr.h to work with them.
@@ -55,6 +56,12 @@ public:
     /// The order of addresses, which is not the order of ids. Nothing is less than null.
     bool operator<(const FieldContainerPtrBase &other) const { return _storeP < other._storeP; }
 
+    /// The container's id.
+    friend std::ostream &operator<<(std::ostream &stream, const FieldContainerPtrBase &fc)
+    {
+        return stream << fc.getFieldContainerId();
+    }
+
     /// Destroys the container whatever its count: takes it out of the factory, calls onDestroy(), destroys
     /// the copies of all aspects and frees the memory. Records nothing; the caller does so before. Does
     /// nothing for a null handle. Every handle of the container dangles afterwards.
@@ -91,11 +98,22 @@ protected:
     void addRef(void) const;
     void subRef(void) const;
 
+    /// Takes a reference for a copy that the calling thread's aspect has got without a list that brought it.
+    void addRefOfCopy(void) const;
+
     UInt16 _containerSize = 0;
     UInt16 _uiParentEPos = InvalidParentEPos;
     UInt8 *_storeP = nullptr;
 
 private:
+    enum class RefChange
+    {
+        Added,
+        Released
+    };
+
+    void recordRefChange(RefChange change) const;
+
     static constexpr std::size_t HeaderSpace = alignof(std::max_align_t);
     static_assert(sizeof(Header) <= HeaderSpace);
 
@@ -108,7 +126,7 @@ class FieldContainerPtr : public FieldContainerPtrBase
 {
 public:
     typedef FieldContainer StoredObjectType;
-    typedef FieldContainer ObjectType;
+    typedef FieldContainerPtr ObjectType;
     typedef FieldContainerPtrBase Inherited;
 
     /// While true, the end of an edit calls no change handler; it is recorded as always.
@@ -119,6 +137,7 @@ public:
 
     /// The handle of a container from one of its copies.
     explicit FieldContainerPtr(const FieldContainer &source);
+    explicit FieldContainerPtr(const FieldContainer *source);
 
     /// The copy for the calling thread's aspect. Not checked: the handle must not be null.
     FieldContainer *operator->(void) const { return currentCopy(); }
@@ -157,13 +176,32 @@ extern const NullFieldContainerPtr NullFC;
 inline FieldContainerPtr::FieldContainerPtr(const NullFieldContainerPtr &)
 {}
 
+/// Handle of a container that is only read.
+class ConstFieldContainerPtr : public FieldContainerPtrBase
+{
+public:
+    typedef const FieldContainer StoredObjectType;
+    typedef ConstFieldContainerPtr ObjectType;
+    typedef FieldContainerPtrBase Inherited;
+
+    constexpr ConstFieldContainerPtr(void) = default;
+    ConstFieldContainerPtr(const FieldContainerPtr &source)
+        : FieldContainerPtrBase(source)
+    {}
+
+    /// The copy for the calling thread's aspect. Not checked: the handle must not be null.
+    const FieldContainer *operator->(void) const { return currentCopy(); }
+    const FieldContainer &operator*(void) const { return *currentCopy(); }
+    const FieldContainer *getCPtr(void) const { return currentCopy(); }
+};
+
 /// Handle of containers of class @a FieldContainerTypeT; @a BasePtrTypeT is the handle of its parent class.
 template <class BasePtrTypeT, class FieldContainerTypeT>
 class FCPtr : public BasePtrTypeT
 {
 public:
     typedef FieldContainerTypeT StoredObjectType;
-    typedef FieldContainerTypeT ObjectType;
+    typedef FCPtr ObjectType;
     typedef BasePtrTypeT Inherited;
 
     constexpr FCPtr(void) = default;
@@ -171,6 +209,9 @@ public:
 
     /// The handle of a container from one of its copies.
     explicit FCPtr(const FieldContainerTypeT &source)
+        : BasePtrTypeT(source)
+    {}
+    explicit FCPtr(const FieldContainerTypeT *source)
         : BasePtrTypeT(source)
     {}
 
@@ -205,6 +246,7 @@ protected:
 #define OSG_HANDLE_CLASS(Name, ...)      \
 public:                                  \
     typedef __VA_ARGS__ Inherited;       \
+    typedef Name ObjectType;             \
                                          \
     using Inherited::Inherited;          \
     constexpr Name(void) = default;      \

@@ -68,10 +68,11 @@ OutPtrT dynamic_fcptr_cast(const InPtrT &fc)
     return OutPtrT::dcast(fc);
 }
 
-/// An edit that ends with the scope.
+/// An edit that ends with the scope. Default-constructed it edits nothing.
 class CPEditor
 {
 public:
+    CPEditor(void) = default;
     explicit CPEditor(const FieldContainerPtr &fc, BitVector whichField = FieldBits::AllFields)
         : _fc(fc)
         , _whichField(whichField)
@@ -85,7 +86,7 @@ public:
 
 private:
     const FieldContainerPtr _fc;
-    const BitVector _whichField;
+    const BitVector _whichField = FieldBits::NoField;
 };
 
 OSG_END_NAMESPACE

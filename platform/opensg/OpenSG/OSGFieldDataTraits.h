@@ -51,6 +51,11 @@ struct FieldDataTraitsBase
     }
 };
 
+/// Base of the traits of a handle that are written out by hand, with a data type of their own.
+template <class PtrT, bool HasParent = false>
+struct FieldTraitsRecurseMapper : public ValueText<PtrT>
+{};
+
 template <class T, Int32 FieldNameSpace>
 class SField;
 
@@ -62,13 +67,17 @@ OSG_END_NAMESPACE
 /// Announces @p Type as a value of fields and names the field types SF<Name> and MF<Name>. @p Traits is the
 /// family (FieldDataTraits, FieldDataTraits1, FieldDataTraits2), @p FieldNameSpace its number; ValueText must
 /// know the type. To be used in namespace osg, before the first field of that type.
-#define OSG_FIELD_VALUE(Traits, FieldNameSpace, Type, Name)                         \
-    template <>                                                                     \
-    struct Traits<Type> : public FieldDataTraitsBase<Traits<Type>>, ValueText<Type> \
-    {                                                                               \
-        static const Char8 *getTypeName(void) { return #Name; }                     \
-        static const Char8 *getSName(void) { return "SF" #Name; }                   \
-        static const Char8 *getMName(void) { return "MF" #Name; }                   \
-    };                                                                              \
-    typedef SField<Type, FieldNameSpace> SF##Name;                                  \
+#define OSG_FIELD_VALUE(Traits, FieldNameSpace, Type, Name) \
+    OSG_FIELD_VALUE_OF(Traits, FieldNameSpace, Type, Name, #Name, ValueText<Type>)
+
+/// The same with another name for the type of the value, and with text functions of its own.
+#define OSG_FIELD_VALUE_OF(Traits, FieldNameSpace, Type, Name, typeName, Text) \
+    template <>                                                                \
+    struct Traits<Type> : public FieldDataTraitsBase<Traits<Type>>, Text       \
+    {                                                                          \
+        static const Char8 *getTypeName(void) { return typeName; }             \
+        static const Char8 *getSName(void) { return "SF" #Name; }              \
+        static const Char8 *getMName(void) { return "MF" #Name; }              \
+    };                                                                         \
+    typedef SField<Type, FieldNameSpace> SF##Name;                             \
     typedef MField<Type, FieldNameSpace> MF##Name;

@@ -6,7 +6,7 @@ OSG_BEGIN_NAMESPACE
 namespace {
 
 template <class Map, class Key>
-const FieldType *lookUp(const Map &types, const Key &key)
+FieldType *lookUp(const Map &types, const Key &key)
 {
     const auto found = types.find(key);
     return found != types.end() ? found->second : nullptr;
@@ -35,25 +35,25 @@ Field *FieldFactory::createField(const Char8 *typeName) const
     return createOf(getFieldType(typeName));
 }
 
-const FieldType *FieldFactory::getFieldType(UInt32 typeId) const
+FieldType *FieldFactory::getFieldType(UInt32 typeId)
 {
-    const std::lock_guard<std::mutex> guard(_mutex);
-    return lookUp(_typesById, typeId);
+    const std::lock_guard<std::mutex> guard(the()._mutex);
+    return lookUp(the()._typesById, typeId);
 }
 
-const FieldType *FieldFactory::getFieldType(const Char8 *typeName) const
+FieldType *FieldFactory::getFieldType(const Char8 *typeName)
 {
-    const std::lock_guard<std::mutex> guard(_mutex);
-    return typeName != nullptr ? lookUp(_typesByName, typeName) : nullptr;
+    const std::lock_guard<std::mutex> guard(the()._mutex);
+    return typeName != nullptr ? lookUp(the()._typesByName, typeName) : nullptr;
 }
 
-UInt32 FieldFactory::getNumFieldTypes(void) const
+UInt32 FieldFactory::getNFieldTypes(void)
 {
-    const std::lock_guard<std::mutex> guard(_mutex);
-    return static_cast<UInt32>(_typesById.size());
+    const std::lock_guard<std::mutex> guard(the()._mutex);
+    return static_cast<UInt32>(the()._typesById.size());
 }
 
-void FieldFactory::registerType(const FieldType &type)
+void FieldFactory::registerType(FieldType &type)
 {
     const std::lock_guard<std::mutex> guard(_mutex);
     _typesById.emplace(type.getId(), &type);

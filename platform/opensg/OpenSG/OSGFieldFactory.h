@@ -21,20 +21,20 @@ public:
     Field *createField(const Char8 *typeName) const;
 
     /// Null if there is no such type.
-    const FieldType *getFieldType(UInt32 typeId) const;
-    const FieldType *getFieldType(const Char8 *typeName) const;
+    static FieldType *getFieldType(UInt32 typeId);
+    static FieldType *getFieldType(const Char8 *typeName);
 
-    UInt32 getNumFieldTypes(void) const;
+    static UInt32 getNFieldTypes(void);
 
 private:
     friend class FieldType;
 
     FieldFactory(void) = default;
-    void registerType(const FieldType &type);
+    void registerType(FieldType &type);
 
-    mutable std::mutex _mutex;
-    std::map<UInt32, const FieldType *> _typesById;
-    std::map<std::string, const FieldType *> _typesByName;
+    std::mutex _mutex;
+    std::map<UInt32, FieldType *> _typesById;
+    std::map<std::string, FieldType *> _typesByName;
 };
 
 OSG_END_NAMESPACE

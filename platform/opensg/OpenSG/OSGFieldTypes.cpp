@@ -10,47 +10,45 @@
 
 OSG_BEGIN_NAMESPACE
 
+bool ValueText<Matrix>::getFromString(Matrix &value, const Char8 *text)
+{
+    for (UInt32 row = 0; row < 4; ++row) {
+        for (UInt32 column = 0; column < 4; ++column) {
+            value[column][row] = readNumber<Real32>(text);
+        }
+    }
+    return true;
+}
+
+void ValueText<Matrix>::putToString(const Matrix &value, std::string &text)
+{
+    const Char8 *separator = "";
+    Matrix rows;
+    value.transposed(rows);
+    for (UInt32 row = 0; row < 4; ++row) {
+        text += separator;
+        ValueText<Vec4f>::putToString(rows[row], text);
+        separator = " ";
+    }
+}
+
 bool ValueText<DynamicVolume>::getFromString(DynamicVolume &value, const Char8 *text)
 {
-    std::istringstream words{std::string(text)};
-    std::string word;
     Pnt3f corners[2];
-    bool flags[3];
     for (Pnt3f &corner : corners) {
         for (UInt32 i = 0; i < 3; ++i) {
-            if (!(words >> word) || !ValueText<Real32>::getFromString(corner[i], word.c_str())) {
-                return false;
-            }
+            corner[i] = readNumber<Real32>(text);
         }
     }
-    for (bool &flag : flags) {
-        if (!(words >> word) || !ValueText<bool>::getFromString(flag, word.c_str())) {
-            return false;
-        }
-    }
-    if (words >> word) {
-        return false;
-    }
-    value = DynamicVolume();
-    if (!flags[0]) {
-        value.setBounds(corners[0], corners[1]);
-    }
-    value.setValid(flags[1]);
-    value.setStatic(flags[2]);
+    value.setBounds(corners[0], corners[1]);
     return true;
 }
 
 void ValueText<DynamicVolume>::putToString(const DynamicVolume &value, std::string &text)
 {
-    for (const Pnt3f *corner : {&value.getMin(), &value.getMax()}) {
-        ValueText<Pnt3f>::putToString(*corner, text);
-        text += ' ';
-    }
-    ValueText<bool>::putToString(value.isEmpty(), text);
+    ValueText<Pnt3f>::putToString(value.getMin(), text);
     text += ' ';
-    ValueText<bool>::putToString(value.isValid(), text);
-    text += ' ';
-    ValueText<bool>::putToString(value.isStatic(), text);
+    ValueText<Pnt3f>::putToString(value.getMax(), text);
 }
 
 bool ValueText<AttachmentMap>::getFromString(AttachmentMap &value, const Char8 *text)
@@ -60,13 +58,12 @@ bool ValueText<AttachmentMap>::getFromString(AttachmentMap &value, const Char8 *
     std::string id;
     AttachmentMap attachments;
     while (words >> key) {
-        UInt32 number;
+        const Char8 *number = key.c_str();
         AttachmentPtr attachment;
-        if (!(words >> id) || !ValueText<UInt32>::getFromString(number, key.c_str()) ||
-            !ValueText<AttachmentPtr>::getFromString(attachment, id.c_str())) {
+        if (!(words >> id) || !ValueText<AttachmentPtr>::getFromString(attachment, id.c_str())) {
             return false;
         }
-        attachments[number] = attachment;
+        attachments[readNumber<UInt32>(number)] = attachment;
     }
     value = attachments;
     return true;
@@ -86,8 +83,9 @@ void ValueText<AttachmentMap>::putToString(const AttachmentMap &value, std::stri
 
 bool readContainerHandle(FieldContainerPtrBase &value, const Char8 *text, const Char8 *handleTypeName)
 {
-    UInt32 id;
-    if (!ValueText<UInt32>::getFromString(id, text)) {
+    const Char8 *end = text;
+    const UInt32 id = readNumber<UInt32>(end);
+    if (end == text) {
         return false;
     }
     if (id == 0) {

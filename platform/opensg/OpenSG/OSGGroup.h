@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <OpenSG/OSGCoredNodePtr.h>
 #include <OpenSG/OSGNodeCore.h>
 
 OSG_BEGIN_NAMESPACE

@@ -3,6 +3,7 @@
 
 #include <OpenSG/OSGBaseTypes.h>
 
+#include <ostream>
 #include <string>
 
 OSG_BEGIN_NAMESPACE
@@ -26,6 +27,8 @@ public:
     bool operator==(const IDString &other) const { return _text == other._text; }
     bool operator!=(const IDString &other) const { return _text != other._text; }
     bool operator<(const IDString &other) const { return _text < other._text; }
+
+    friend std::ostream &operator<<(std::ostream &stream, const IDString &id) { return stream << id._text; }
 
 private:
     std::string _text;

@@ -79,24 +79,19 @@ bool Image::set(UInt32 pixelFormat, Int32 width, Int32 height, Int32 depth, Int3
                 Int32 frameCount, Time frameDelay, const UInt8 *data, Int32 type, bool allocate,
                 Int32 sideCount)
 {
-    const Int32 componentSize = sizeOfType(type);
-    const Int32 bpp = componentsOf(pixelFormat) * componentSize;
-    if (bpp == 0 || std::min({width, height, depth, mipMapCount, frameCount, sideCount}) < 1) {
+    for (Int32 *size : {&width, &height, &depth, &mipMapCount, &frameCount, &sideCount}) {
+        *size = std::max(*size, 1);
+    }
+    const Int32 bpp = componentsOf(pixelFormat) * sizeOfType(type);
+    if (pixelsOfLevels(width, height, depth, mipMapCount) * bpp * sideCount * frameCount >
+        std::numeric_limits<Int32>::max()) {
         return false;
     }
-    const Real64 wantedSideSize = pixelsOfLevels(width, height, depth, mipMapCount) * bpp;
-    if (wantedSideSize * sideCount * frameCount > std::numeric_limits<Int32>::max()) {
-        return false;
-    }
-    const Int32 sideSize = static_cast<Int32>(wantedSideSize);
     {
-        const CPEditor edit(ImagePtr(*this), DimensionFieldMask | WidthFieldMask | HeightFieldMask |
-                                                 DepthFieldMask | BppFieldMask | MipMapCountFieldMask |
-                                                 FrameCountFieldMask | FrameDelayFieldMask |
-                                                 PixelFormatFieldMask | FrameSizeFieldMask |
-                                                 DataTypeFieldMask | ComponentSizeFieldMask |
-                                                 SideCountFieldMask | SideSizeFieldMask);
-        setDimension(depth > 1 ? 3 : height > 1 ? 2 : 1);
+        const CPEditor edit(ImagePtr(*this), WidthFieldMask | HeightFieldMask | DepthFieldMask |
+                                                 MipMapCountFieldMask | FrameCountFieldMask |
+                                                 FrameDelayFieldMask | PixelFormatFieldMask |
+                                                 DataTypeFieldMask);
         setWidth(width);
         setHeight(height);
         setDepth(depth);
@@ -106,20 +101,78 @@ bool Image::set(UInt32 pixelFormat, Int32 width, Int32 height, Int32 depth, Int3
         setFrameDelay(frameDelay);
         setPixelFormat(pixelFormat);
         setDataType(type);
-        setComponentSize(componentSize);
         setSideCount(sideCount);
-        setSideSize(sideSize);
-        setFrameSize(sideSize * sideCount);
     }
-    const CPEditor edit(ImagePtr(*this), PixelFieldMask);
-    const UInt32 bytes = allocate ? static_cast<UInt32>(getFrameSize() * frameCount) : 0;
-    _mfPixel.clear();
+    return setPixels(data, allocate);
+}
+
+bool Image::setPixels(const UInt8 *data, bool allocate)
+{
+    const CPEditor edit(ImagePtr(*this), DimensionFieldMask | BppFieldMask | PixelFieldMask |
+                                             FrameSizeFieldMask | ComponentSizeFieldMask);
+    setDimension(getDepth() > 1 ? 3 : getHeight() > 1 ? 2 : 1);
+    setBpp(componentsOf(getPixelFormat()) * sizeOfType(getDataType()));
+    updateSizes();
+    const UInt32 bytes = allocate ? getSize() : 0;
     if (data != nullptr) {
         _mfPixel.getValues().assign(data, data + bytes);
-    } else {
+    } else if (_mfPixel.size() != bytes) {
+        _mfPixel.clear();
         _mfPixel.resize(bytes);
     }
-    return true;
+    return bytes > 0;
+}
+
+void Image::updateSizes(void)
+{
+    setComponentSize(sizeOfType(getDataType()));
+    setSideSize(static_cast<Int32>(getSize(true, false, false)));
+    setFrameSize(static_cast<Int32>(getSize(true, false, true)));
+}
+
+bool Image::setData(const UInt8 *data)
+{
+    return setPixels(data, true);
+}
+
+void Image::clearData(void)
+{
+    setPixels(nullptr, false);
+}
+
+UInt32 Image::getSize(bool withMipMaps, bool withFrames, bool withSides) const
+{
+    const Real64 pixels =
+        pixelsOfLevels(getWidth(), getHeight(), getDepth(), withMipMaps ? getMipMapCount() : 1);
+    const Real64 bytes =
+        pixels * getBpp() * (withSides ? getSideCount() : 1) * (withFrames ? getFrameCount() : 1);
+    return static_cast<UInt32>(std::clamp(bytes, 0.0, Real64(TypeTraits<Int32>::Max)));
+}
+
+bool Image::hasAlphaChannel(void) const
+{
+    switch (getPixelFormat()) {
+    case OSG_A_PF:
+    case OSG_LA_PF:
+    case OSG_RGBA_PF:
+    case OSG_BGRA_PF:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void Image::executeSync(FieldContainer &other, const BitVector &whichField)
+{
+    executeSyncImpl(static_cast<Image *>(&other), whichField);
+}
+
+void Image::executeSyncImpl(Image *other, const BitVector &whichField)
+{
+    // The edit of new pixels names the sides neither by number nor by size.
+    const bool hasNewPixels = (whichField & PixelFieldMask) != 0;
+    Inherited::executeSyncImpl(other, hasNewPixels ? whichField | SideCountFieldMask | SideSizeFieldMask
+                                                   : whichField);
 }
 
 UInt8 *Image::getData(void)
@@ -145,6 +198,9 @@ void Image::subParent(const FieldContainerPtr &parent, UInt32 fieldId)
 
 void Image::changed(BitVector whichField, UInt32 origin)
 {
+    if (whichField & LayoutFieldMask) {
+        updateSizes();
+    }
     // Handlers may edit the list.
     const std::vector<FieldContainerPtr> parents(_mfParents.begin(), _mfParents.end());
     for (const FieldContainerPtr &parent : parents) {

@@ -10,9 +10,9 @@ OSG_BEGIN_NAMESPACE
     MF(MFFieldContainerPtr, parents, Parents)                   \
     SF(SFInt32, dimension, Dimension, 0)                        \
     SF(SFInt32, width, Width, 0)                                \
-    SF(SFInt32, height, Height, 0)                              \
-    SF(SFInt32, depth, Depth, 0)                                \
-    SF(SFInt32, bpp, Bpp, 0)                                    \
+    SF(SFInt32, height, Height, 1)                              \
+    SF(SFInt32, depth, Depth, 1)                                \
+    SF(SFInt32, bpp, Bpp, 1)                                    \
     SF(SFInt32, mipMapCount, MipMapCount, 1)                    \
     SF(SFInt32, frameCount, FrameCount, 1)                      \
     SF(SFTime, frameDelay, FrameDelay, 0)                       \
@@ -65,17 +65,35 @@ public:
         OSG_FLOAT16_IMAGEDATA = 0x140B
     };
 
-    /// Sets layout and pixels, and edits both: first the fields of the layout, then the pixels.
+    /// What the sizes of a component, a side and a frame follow from.
+    static constexpr BitVector LayoutFieldMask =
+        WidthFieldMask | HeightFieldMask | DepthFieldMask | BppFieldMask | MipMapCountFieldMask |
+        FrameCountFieldMask | PixelFormatFieldMask | DataTypeFieldMask | SideCountFieldMask;
+
+    /// Sets layout and pixels, and ends an edit of each. Sizes and counts below 1 become 1. An unknown format
+    /// or type is set, and gives no pixels.
     ///
     /// @param delay     seconds between frames
-    /// @param data      all pixels, copied; null leaves them zero
+    /// @param data      all pixels, copied; null leaves the pixels if their number is right, else zeros
     /// @param type      a Type
     /// @param allocate  false: no pixels are kept
-    /// @return false, and no change, for an unknown format or type, a size or count below 1, and an image of
-    ///         more bytes than an Int32 counts
+    /// @return whether the image has pixels now; also false, and no change, for an image of more bytes than
+    /// an
+    ///         Int32 counts
     bool set(UInt32 pixelFormat, Int32 width, Int32 height = 1, Int32 depth = 1, Int32 mipMapCount = 1,
              Int32 frameCount = 1, Time frameDelay = 0, const UInt8 *data = nullptr,
              Int32 type = OSG_UINT8_IMAGEDATA, bool allocate = true, Int32 sideCount = 1);
+
+    /// Sets the pixels alone, as set() does, or takes them away.
+    bool setData(const UInt8 *data);
+    void clearData(void);
+
+    /// Whether there are pixels, and whether they have an alpha component.
+    bool isValid(void) const { return !_mfPixel.empty(); }
+    bool hasAlphaChannel(void) const;
+
+    /// Bytes of the pixels that the layout asks for: of all levels, frames and sides, or of one each.
+    UInt32 getSize(bool withMipMaps = true, bool withFrames = true, bool withSides = true) const;
 
     /// Null for an image without pixels.
     UInt8 *getData(void);
@@ -85,13 +103,21 @@ public:
     void addParent(const FieldContainerPtr &parent, UInt32 fieldId);
     void subParent(const FieldContainerPtr &parent, UInt32 fieldId);
 
-    /// Calls the parents' change handlers, with the field that holds the image and origin Child.
+    /// A new layout makes new sizes. Calls the parents' change handlers, with the field that holds the image
+    /// and origin Child.
     void changed(BitVector whichField, UInt32 origin) override;
 
 protected:
     Image(void) = default;
     Image(const Image &source);
     ~Image(void) override = default;
+
+    void executeSync(FieldContainer &other, const BitVector &whichField) override;
+    void executeSyncImpl(Image *other, const BitVector &whichField);
+
+private:
+    bool setPixels(const UInt8 *data, bool allocate);
+    void updateSizes(void);
 };
 
 OSG_END_NAMESPACE

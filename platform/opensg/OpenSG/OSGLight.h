@@ -16,7 +16,7 @@ OSG_BEGIN_NAMESPACE
     SF(SFReal32, constantAttenuation, ConstantAttenuation, 1)   \
     SF(SFReal32, linearAttenuation, LinearAttenuation, 0)       \
     SF(SFReal32, quadraticAttenuation, QuadraticAttenuation, 0) \
-    SF(SFReal32, shadowIntensity, ShadowIntensity, 1)           \
+    SF(SFReal32, shadowIntensity, ShadowIntensity, 0)           \
     SF(SFUInt32, shadowMode, ShadowMode, 0)
 
 OSG_CONTAINER_POINTER(Light, GroupPtr)
@@ -27,6 +27,14 @@ OSG_ABSTRACT_CONTAINER_BASE(Light, Group, OSG_LIGHT_FIELDS)
 class Light : public LightBase
 {
     OSG_CONTAINER(Light)
+
+public:
+    using Inherited::setAmbient;
+    using Inherited::setDiffuse;
+    using Inherited::setSpecular;
+    void setAmbient(Real32 r, Real32 g, Real32 b, Real32 a) { setAmbient(Color4f(r, g, b, a)); }
+    void setDiffuse(Real32 r, Real32 g, Real32 b, Real32 a) { setDiffuse(Color4f(r, g, b, a)); }
+    void setSpecular(Real32 r, Real32 g, Real32 b, Real32 a) { setSpecular(Color4f(r, g, b, a)); }
 };
 
 OSG_END_NAMESPACE

@@ -30,6 +30,9 @@ public:
     typedef typename StorageType::const_reference const_reference;
 
     MField(void) = default;
+    explicit MField(UInt32 size)
+        : _values(size)
+    {}
     explicit MField(const StorageType &values)
         : _values(values)
     {}
@@ -93,14 +96,12 @@ public:
     void pushValueByStr(const Char8 *text) override
     {
         T value{};
-        if (Traits::getFromString(value, text)) {
-            _values.push_back(value);
-        }
+        Traits::getFromString(value, text);
+        _values.push_back(value);
     }
 
     std::string &getValueByStr(std::string &text) const override
     {
-        text.clear();
         for (UInt32 i = 0; i < getSize(); ++i) {
             if (i > 0) {
                 text += ", ";
@@ -146,3 +147,8 @@ void eraseFirst(FieldT &field, typename FieldT::ArgumentType value)
 }
 
 OSG_END_NAMESPACE
+
+/// Makes the fields of one class of values once, for libraries that are linked to the one that says so. @p
+/// library is of no importance.
+#define OSG_DLLEXPORT_SFIELD_DEF1(Type, library) template class SField<Type>
+#define OSG_DLLEXPORT_MFIELD_DEF1(Type, library) template class MField<Type>

@@ -10,6 +10,14 @@
 
 OSG_BEGIN_NAMESPACE
 
+/// The 16 numbers, row by row.
+template <>
+struct ValueText<Matrix>
+{
+    static bool getFromString(Matrix &value, const Char8 *text);
+    static void putToString(const Matrix &value, std::string &text);
+};
+
 OSG_FIELD_VALUE(FieldDataTraits, 0, Matrix, Matrix)
 OSG_FIELD_VALUE(FieldDataTraits, 0, Quaternion, Quaternion)
 

@@ -34,4 +34,21 @@ private:
     std::atomic<Int32> _refCount{0};
 };
 
+/// Counts a user of an object, or one less, which may delete it. Null does nothing.
+template <class ObjectT>
+void addRefP(ObjectT *object)
+{
+    if (object != nullptr) {
+        object->addRef();
+    }
+}
+
+template <class ObjectT>
+void subRefP(ObjectT *object)
+{
+    if (object != nullptr) {
+        object->subRef();
+    }
+}
+
 OSG_END_NAMESPACE

@@ -59,7 +59,7 @@ public:
     Int32 findChild(const NodePtr &child) const;
 
     /// Adds @p child at the end, or before the child at @p index (at the end if there is none), taking it
-    /// away from the parent it has, whose children it edits. Null does nothing.
+    /// away from the parent it has, whose children it edits. Null is not added.
     void addChild(const NodePtr &child);
     void insertChild(UInt32 index, const NodePtr &child);
 
@@ -68,9 +68,23 @@ public:
     bool replaceChild(UInt32 index, const NodePtr &child);
     bool replaceChildBy(const NodePtr &oldChild, const NodePtr &child);
 
-    /// Takes a child away, which may destroy it. Nothing happens if there is no such child.
+    /// Takes a child away, which may destroy it. If there is no such child, just the volume becomes invalid,
+    /// as it does in any case.
     void subChild(const NodePtr &child);
     void subChild(UInt32 index);
+
+    /// Whether the traversal mask has any bit; sets all or none.
+    bool getActive(void) const { return getTravMask() != 0; }
+    void setActive(bool active);
+
+    using Inherited::getVolume;
+
+    /// The volume, brought up to date before if @p update is set.
+    const DynamicVolume &getVolume(bool update);
+
+    /// The matrix from the coordinates of the core, and of the children, to those of the world.
+    void getToWorld(Matrix &result) const;
+    Matrix getToWorld(void) const;
 
     /// Computes the volume from core and children, and theirs, unless it is valid or the traversal mask is 0.
     /// Edits the volume of every node that it computes.
@@ -80,8 +94,16 @@ public:
     /// each.
     void invalidateVolume(void);
 
-    /// A new core or new children make the volume invalid, a new traversal mask that of the parent.
+    /// A new core or new children make the volume invalid, a new traversal mask that of the parent (without
+    /// one, its own).
     void changed(BitVector whichField, UInt32 origin) override;
+
+    /// The node, its core and all below it.
+    void dump(UInt32 indent = 0, const BitVector whichField = FieldBits::NoField) const override;
+
+    /// A copy has the same core and, as that is set, an invalid volume.
+    void onCreate(const FieldContainer *source = nullptr) override;
+    void onCreateAspect(const FieldContainer *created, const FieldContainer *source = nullptr) override;
 
 protected:
     Node(void) = default;
@@ -97,7 +119,37 @@ private:
     /// Gives an adopted child its place.
     void place(UInt32 index, const NodePtr &child);
 
+    /// Takes the child at @p index away.
+    void remove(UInt32 index);
+
+    /// This node's handle, marked with the field that holds the core.
+    NodePtr asParentOfCore(void) const;
+
     void setParentOf(const NodePtr &child, const NodePtr &parent) const;
 };
+
+/// A copy of the node and all below it, with the same cores and attachments. Ends the edits that it takes.
+NodePtr cloneTree(const NodePtr &root);
+
+/// A copy of the node and all below it that shares neither cores nor attachments with it, just what those
+/// refer to.
+NodePtr deepCloneTree(const NodePtr &root);
+
+/// The same for a node, for another container a copy that shares no attachments.
+FieldContainerPtr deepClone(const FieldContainerPtr &source);
+
+/// A new node with that core.
+NodePtr makeCoredNode(const NodeCorePtr &core);
+
+/// A new node with a new core of class @a CoreT, which is written to @p core unless that is null.
+template <class CoreT>
+NodePtr makeCoredNode(typename CoreT::Ptr *core = nullptr)
+{
+    const typename CoreT::Ptr created = CoreT::create();
+    if (core != nullptr) {
+        *core = created;
+    }
+    return makeCoredNode(created);
+}
 
 OSG_END_NAMESPACE

@@ -15,6 +15,9 @@ NodeCore::NodeCore(const NodeCore &source)
 void NodeCore::adjustVolume(DynamicVolume &)
 {}
 
+void NodeCore::accumulateMatrix(Matrix &)
+{}
+
 void NodeCore::invalidateVolume(void)
 {
     for (const NodePtr &parent : _mfParents) {

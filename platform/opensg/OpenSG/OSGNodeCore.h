@@ -23,6 +23,10 @@ public:
     /// Makes the volumes of all nodes with this core invalid.
     void invalidateVolume(void);
 
+    /// Multiplies @p matrix, which leads to the node's coordinates, by what leads to those of the children.
+    /// This class changes nothing.
+    virtual void accumulateMatrix(Matrix &matrix);
+
 protected:
     NodeCore(void) = default;
     NodeCore(const NodeCore &source);

@@ -15,6 +15,17 @@ OSG_CONTAINER_BASE(PointLight, Light, OSG_POINT_LIGHT_FIELDS)
 class PointLight : public PointLightBase
 {
     OSG_CONTAINER(PointLight)
+
+public:
+    using Inherited::setPosition;
+    void setPosition(Real32 x, Real32 y, Real32 z) { setPosition(Pnt3f(x, y, z)); }
+
+    void setAttenuation(Real32 constant, Real32 linear, Real32 quadratic)
+    {
+        setConstantAttenuation(constant);
+        setLinearAttenuation(linear);
+        setQuadraticAttenuation(quadratic);
+    }
 };
 
 OSG_END_NAMESPACE

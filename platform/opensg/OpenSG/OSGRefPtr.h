@@ -13,11 +13,12 @@ class RefPtr
 {
 public:
     typedef PtrT Ptr;
-    typedef typename PtrT::StoredObjectType ObjectType;
+    typedef typename PtrT::ObjectType ObjectType;
+    typedef typename PtrT::StoredObjectType StoredObjectType;
 
     RefPtr(void) = default;
     RefPtr(const NullFieldContainerPtr &) {}
-    RefPtr(const PtrT &fc)
+    explicit RefPtr(const PtrT &fc)
         : _fc(fc)
     {
         addRefCP(_fc);
@@ -30,18 +31,31 @@ public:
     {}
     ~RefPtr(void) { subRefCP(_fc); }
 
-    /// Takes the new reference first, so that a container held only through the old one survives.
-    RefPtr &operator=(RefPtr other)
+    /// Does nothing if it is the same container. Takes the new reference first, so that a container held only
+    /// through the old one survives.
+    RefPtr &operator=(const PtrT &fc)
+    {
+        if (_fc != fc) {
+            const RefPtr previous(std::move(*this));
+            _fc = fc;
+            addRefCP(_fc);
+        }
+        return *this;
+    }
+    RefPtr &operator=(const RefPtr &other) { return *this = other._fc; }
+    RefPtr &operator=(RefPtr &&other) noexcept
     {
         std::swap(_fc, other._fc);
         return *this;
     }
+    RefPtr &operator=(const NullFieldContainerPtr &) { return *this = PtrT(); }
 
     const PtrT &get(void) const { return _fc; }
     operator const PtrT &(void) const { return _fc; }
 
-    ObjectType *operator->(void) const { return _fc.operator->(); }
-    ObjectType &operator*(void) const { return *_fc; }
+    StoredObjectType *operator->(void) const { return _fc.operator->(); }
+    StoredObjectType &operator*(void) const { return *_fc; }
+    StoredObjectType *getCPtr(void) const { return _fc.getCPtr(); }
 
     bool operator!(void) const { return !_fc; }
     bool operator==(const FieldContainerPtrBase &fc) const { return _fc == fc; }

@@ -7,6 +7,10 @@ template class SimpleAttachment<NameAttachmentDesc>;
 
 namespace {
 
+// So that fields of the handle can be made by name at once.
+[[maybe_unused]] const FieldType *const namePtrFieldTypes[] = {&SFNamePtr::getClassType(),
+                                                               &MFNamePtr::getClassType()};
+
 NamePtr nameOf(const AttachmentContainerPtr &container)
 {
     if (container == NullFC) {
@@ -34,7 +38,7 @@ void setName(AttachmentContainerPtr container, const std::string &text)
         const CPEditor edit(container, AttachmentContainer::AttachmentsFieldMask);
         container->addAttachment(name);
     }
-    const CPEditor edit(name, Name::SimpleFieldMask);
+    const CPEditor edit(name);
     name->getFieldPtr()->setValue(text);
 }
 

@@ -10,9 +10,16 @@ __thread UInt32 ThreadContext::_aspect = 0;
 __thread ChangeList *ThreadContext::_changeList = nullptr;
 __thread PThreadBase *ThreadContext::_thread = nullptr;
 
+void BaseThread::join(BaseThread *thread)
+{
+    if (thread != nullptr && thread->_thread.joinable()) {
+        thread->_thread.join();
+    }
+}
+
 ThreadCommonBase::ThreadCommonBase(const Char8 *name)
-    : _changeList(new ChangeList)
-    , _name(name)
+    : BaseThread(name)
+    , _changeList(new ChangeList)
 {
     _changeList->addRef();
 }
@@ -74,11 +81,9 @@ void Thread::runFunction(std::function<void(void)> work, UInt32 aspect)
     });
 }
 
-void Thread::join(Thread *thread)
+void Thread::runFunction(ThreadFuncF work, UInt32 aspect, void *argument)
 {
-    if (thread != nullptr && thread->_thread.joinable()) {
-        thread->_thread.join();
-    }
+    runFunction([work, argument] { work(argument); }, aspect);
 }
 
 void Thread::workProc(void)

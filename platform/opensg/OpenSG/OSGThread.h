@@ -10,15 +10,35 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// A thread that works on the scene: it has a name, an aspect and a change list.
-class ThreadCommonBase
+/// A thread with a name.
+class BaseThread
 {
 public:
-    ThreadCommonBase(const ThreadCommonBase &) = delete;
-    ThreadCommonBase &operator=(const ThreadCommonBase &) = delete;
-    virtual ~ThreadCommonBase(void);
+    BaseThread(const BaseThread &) = delete;
+    BaseThread &operator=(const BaseThread &) = delete;
+    virtual ~BaseThread(void) = default;
 
     const Char8 *getCName(void) const { return _name.str(); }
+
+    /// Waits for the end of the thread's run.
+    static void join(BaseThread *thread);
+
+protected:
+    explicit BaseThread(const Char8 *name)
+        : _name(name)
+    {}
+
+    std::thread _thread;
+
+private:
+    const IDString _name;
+};
+
+/// A thread that works on the scene: it has an aspect and a change list.
+class ThreadCommonBase : public BaseThread
+{
+public:
+    ~ThreadCommonBase(void) override;
 
     /// Owned by the thread.
     ChangeList *getChangeList(void) { return _changeList; }
@@ -27,9 +47,6 @@ protected:
     explicit ThreadCommonBase(const Char8 *name);
 
     ChangeList *const _changeList;
-
-private:
-    const IDString _name;
 };
 
 class PThreadBase : public ThreadCommonBase
@@ -63,6 +80,9 @@ private:
 
 typedef PThreadBase ThreadBase;
 
+/// The work of a thread, with an argument.
+typedef void (*ThreadFuncF)(void *);
+
 /// A thread that the scene graph runs.
 class Thread : public PThreadBase
 {
@@ -81,9 +101,7 @@ public:
 
     /// Runs @p work instead of workProc().
     void runFunction(std::function<void(void)> work, UInt32 aspect);
-
-    /// Waits for the end of the thread's run.
-    static void join(Thread *thread);
+    void runFunction(ThreadFuncF work, UInt32 aspect, void *argument);
 
 protected:
     friend class ThreadManager;
@@ -92,9 +110,6 @@ protected:
 
     /// The work of run(); nothing in this class.
     virtual void workProc(void);
-
-private:
-    std::thread _thread;
 };
 
 /// A thread that somebody else runs: it registers itself to work on the scene.

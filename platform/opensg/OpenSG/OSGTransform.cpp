@@ -10,6 +10,11 @@ void Transform::adjustVolume(DynamicVolume &volume)
     volume.transform(getMatrix());
 }
 
+void Transform::accumulateMatrix(::osg::Matrix &matrix)
+{
+    matrix.mult(getMatrix());
+}
+
 void Transform::changed(BitVector whichField, UInt32 origin)
 {
     if (whichField & MatrixFieldMask) {

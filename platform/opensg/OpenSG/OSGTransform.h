@@ -18,6 +18,7 @@ class Transform : public TransformBase
 
 public:
     void adjustVolume(DynamicVolume &volume) override;
+    void accumulateMatrix(::osg::Matrix &matrix) override;
 
     /// A new matrix makes the volumes of the nodes invalid.
     void changed(BitVector whichField, UInt32 origin) override;

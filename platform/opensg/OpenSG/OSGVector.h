@@ -3,8 +3,10 @@
 
 #include <OpenSG/OSGBaseTypes.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <ostream>
 
 OSG_BEGIN_NAMESPACE
 
@@ -25,6 +27,13 @@ public:
         : _values{static_cast<T>(values)...}
     {}
 
+    /// All components the same.
+    template <class Value, class = std::enable_if_t<(N > 1) && std::is_arithmetic_v<Value>>>
+    explicit Tuple(Value value)
+    {
+        _values.fill(static_cast<T>(value));
+    }
+
     T &operator[](UInt32 index) { return _values[index]; }
     const T &operator[](UInt32 index) const { return _values[index]; }
 
@@ -39,9 +48,24 @@ public:
         _values = {static_cast<T>(values)...};
     }
 
+    /// Sets the components to the @a N numbers from @p values on.
+    void setValue(const T *values) { std::copy_n(values, N, _values.begin()); }
+
+    void setNull(void) { _values.fill(T(0)); }
+
+    /// Equal up to Eps in every component, integers exactly.
+    bool operator==(const Tuple &other) const
+    {
+        if constexpr (std::is_floating_point_v<T>) {
+            return isSame(other) || equals(other, T(Eps));
+        } else {
+            return isSame(other);
+        }
+    }
+    bool operator!=(const Tuple &other) const { return !(*this == other); }
+
     /// Exact comparison of the components.
-    bool operator==(const Tuple &other) const { return _values == other._values; }
-    bool operator!=(const Tuple &other) const { return _values != other._values; }
+    bool isSame(const Tuple &other) const { return _values == other._values; }
 
     /// True if no component differs by more than @p tolerance.
     bool equals(const Tuple &other, T tolerance) const
@@ -54,9 +78,23 @@ public:
         return true;
     }
 
+    /// The components, separated by spaces.
+    friend std::ostream &operator<<(std::ostream &stream, const Tuple &tuple)
+    {
+        const Char8 *separator = "";
+        for (const T value : tuple._values) {
+            stream << separator << value;
+            separator = " ";
+        }
+        return stream;
+    }
+
 protected:
     std::array<T, N> _values{};
 };
+
+template <class T, UInt32 N>
+class Point;
 
 /// A direction or an extent; any other numbers that belong together.
 template <class T, UInt32 N>
@@ -98,10 +136,25 @@ public:
         return *this;
     }
 
+    Vector &operator/=(T divisor)
+    {
+        for (T &value : this->_values) {
+            value /= divisor;
+        }
+        return *this;
+    }
+
     Vector operator+(const Vector &other) const { return Vector(*this) += other; }
     Vector operator-(const Vector &other) const { return Vector(*this) -= other; }
     Vector operator*(T factor) const { return Vector(*this) *= factor; }
+    friend Vector operator*(T factor, const Vector &vector) { return vector * factor; }
+    Vector operator/(T divisor) const { return Vector(*this) /= divisor; }
     Vector operator-(void) const { return *this * T(-1); }
+    void negate(void) { *this *= T(-1); }
+
+    /// The dot product and the cross product.
+    T operator*(const Vector &other) const { return dot(other); }
+    Vector operator%(const Vector &other) const { return cross(other); }
 
     T dot(const Vector &other) const
     {
@@ -123,14 +176,20 @@ public:
     T squareLength(void) const { return dot(*this); }
     T length(void) const { return std::sqrt(squareLength()); }
 
-    /// Scales to length 1; a vector of length 0 stays.
+    /// Scales to length 1; a vector that is not longer than Eps stays.
     void normalize(void)
     {
         const T size = length();
-        if (size > T(0)) {
+        if (size > T(Eps)) {
             *this *= T(1) / size;
         }
     }
+
+    /// The largest component.
+    T maxValue(void) const { return *std::max_element(this->_values.begin(), this->_values.end()); }
+
+    /// The point at this offset from the origin.
+    Point<T, N> addToZero(void) const { return Point<T, N>(*this); }
 
 private:
     template <UInt32 Index>
@@ -190,10 +249,16 @@ public:
         return result;
     }
 
+    Point &operator+=(const Vector<T, N> &offset) { return *this = *this + offset; }
+    Point &operator-=(const Vector<T, N> &offset) { return *this = *this - offset; }
     Point operator+(const Vector<T, N> &offset) const { return Point(subZero() + offset); }
     Point operator-(const Vector<T, N> &offset) const { return Point(subZero() - offset); }
     Vector<T, N> operator-(const Point &other) const { return subZero() - other.subZero(); }
 };
+
+typedef Vector<Int16, 2> Vec2s;
+
+typedef Vector<Real64, 3> Vec3d;
 
 typedef Vector<Real32, 2> Vec2f;
 typedef Vector<Real32, 3> Vec3f;

@@ -32,7 +32,7 @@ protected:
 
     ksTestFolder folder;
     std::ostringstream out;
-    osg::NodeRefPtr room = ksSceneImporter([](const QString &) {}).load(ksRoomFile());
+    osg::NodeRefPtr room{ksSceneImporter([](const QString &) {}).load(ksRoomFile())};
     const ksOpenScene scene{room.get()};
     ksTranscript transcript{out};
     ksUndoStack stack;

@@ -35,7 +35,7 @@ TEST_F(ksTourExtrasTest, HaveWhatThisSceneLacks)
 
 TEST_F(ksTourExtrasTest, LeaveOutWhatTheModelHas)
 {
-    const osg::NodeRefPtr room = ksSceneImporter([](const QString &) {}).load(ksRoomFile());
+    const osg::NodeRefPtr room(ksSceneImporter([](const QString &) {}).load(ksRoomFile()));
     ksTourTargets targets(room);
     const std::vector<osg::NodePtr> transforms = targets.transforms;
     const std::size_t lights = targets.lights.size();

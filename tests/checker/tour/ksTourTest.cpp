@@ -80,7 +80,7 @@ protected:
 
 TEST_F(ksTourTest, EditsEveryKindOfContainerOfTheRoom)
 {
-    const osg::NodeRefPtr room = ksSceneImporter([](const QString &) {}).load(ksRoomFile());
+    const osg::NodeRefPtr room(ksSceneImporter([](const QString &) {}).load(ksRoomFile()));
     tour(room);
     const std::set<std::string> fields = fieldsAfter("changed");
     for (const char *field : {"ksNodeSettings.layer",

@@ -52,7 +52,7 @@ TEST_F(ksNodeSettingsImporterTest, ReadsSettingsOfEveryType)
     say("timeOffset", 1.5F);
     say("locked", true);
     say("comment", aiString("oiled"));
-    const osg::ksNodeSettingsRefPtr settings = read();
+    const osg::ksNodeSettingsRefPtr settings(read());
     EXPECT_EQ(settings->getLayer(), 255);
     EXPECT_EQ(settings->getLodBias(), -128);
     EXPECT_EQ(settings->getRenderOrder(), -200);
@@ -86,7 +86,7 @@ TEST_F(ksNodeSettingsImporterTest, WarnsOfValuesThatDoNotFit)
     say("comment", 2.0);
     say("opacity", aiVector3D(1, 2, 3));
     say("renderOrder", int32_t(5));
-    const osg::ksNodeSettingsRefPtr settings = read();
+    const osg::ksNodeSettingsRefPtr settings(read());
     EXPECT_EQ(settings->getLayer(), 0);
     EXPECT_EQ(settings->getOpacity(), 1);
     EXPECT_EQ(settings->getRenderOrder(), 5);

@@ -81,7 +81,7 @@ protected:
         return matrix;
     }
 
-    osg::NodeRefPtr room = load(ksRoomFile());
+    osg::NodeRefPtr room{load(ksRoomFile())};
 };
 
 } // namespace
@@ -273,7 +273,7 @@ TEST_F(ksSceneImporterTest, WarnsOfMissingTextures)
 TEST_F(ksSceneImporterTest, WarnsOfLightsWithTheSameName)
 {
     const ksTestFolder folder;
-    const osg::NodeRefPtr root = load(folder.write("lamps.gltf", R"({
+    const osg::NodeRefPtr root(load(folder.write("lamps.gltf", R"({
 "asset": { "version": "2.0" },
 "extensionsUsed": ["KHR_lights_punctual"],
 "extensions": { "KHR_lights_punctual": { "lights": [{ "type": "point" }, { "type": "point" }] } },
@@ -282,7 +282,7 @@ TEST_F(ksSceneImporterTest, WarnsOfLightsWithTheSameName)
     { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 1 } } }],
 "scenes": [{ "nodes": [0, 1] }],
 "scene": 0
-})"));
+})")));
     EXPECT_THAT(warnings, ElementsAre("light 'Lamp' has the name of another one"));
     EXPECT_THAT(childNames(root->getChild(0)), ElementsAre("Lamp light"));
     EXPECT_THAT(childNames(root->getChild(1)), IsEmpty());
@@ -292,7 +292,7 @@ TEST_F(ksSceneImporterTest, WarnsOfLightsWithTheSameName)
 TEST_F(ksSceneImporterTest, TurnsLightsThatShineElsewhere)
 {
     const ksTestFolder folder;
-    const osg::NodeRefPtr root = load(folder.write("torch.fbx", R"(; FBX 7.4.0 project file
+    const osg::NodeRefPtr root(load(folder.write("torch.fbx", R"(; FBX 7.4.0 project file
 FBXHeaderExtension: {
     FBXHeaderVersion: 1003
     FBXVersion: 7400
@@ -308,7 +308,7 @@ Connections: {
     C: "OO",20,0
     C: "OO",10,20
 }
-)"));
+)")));
     const osg::NodePtr place = ksFindNode(root, "Torch light place");
     ASSERT_NE(place, osg::NullFC);
     EXPECT_THAT(childNames(place), ElementsAre("Torch light"));

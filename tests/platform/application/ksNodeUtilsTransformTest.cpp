@@ -411,7 +411,7 @@ TEST_F(ksNodeUtilsTransformTest, AllValuesAreSetInOneEdit)
                                        {"scalePivotTranslation", "19 20 21"},
                                        {"rotatePivotTranslation", "22 23 24"},
                                        {"inheritType", "25"},
-                                       {"eulerRotationOrder", "YZX"},
+                                       {"eulerRotationOrder", "\"YZX\""},
                                        {"rotationOrientation", "5 6 7"},
                                        {"rotationDirectionOn", "TRUE"},
                                        {"rotationDirection", "26 27 28"},

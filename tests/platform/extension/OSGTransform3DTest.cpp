@@ -160,7 +160,7 @@ TEST_F(OSGTransform3DTest, StartsAsTheIdentity)
     EXPECT_EQ(transform->getMatrix(), Matrix());
     const ksFieldTexts texts = ksFieldTextsOf(transform);
     EXPECT_EQ(texts.at("rotation"), "0 0 0 1");
-    EXPECT_EQ(texts.at("eulerRotationOrder"), "XYZ");
+    EXPECT_EQ(texts.at("eulerRotationOrder"), "\"XYZ\"");
     EXPECT_EQ(texts.at("scale"), "1 1 1");
     for (const char *zero :
          {"translation", "eulerRotation", "shear", "scalePivot", "scalePivotTranslation", "rotatePivot",

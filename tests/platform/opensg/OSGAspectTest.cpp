@@ -47,7 +47,11 @@ std::vector<std::string> describeContainers(UInt32 firstId)
         for (UInt32 fieldId = 1; fieldId <= type.getNumFieldDescs(); ++fieldId) {
             const FieldDescription &description = *type.getFieldDescription(fieldId);
             std::string value;
-            description.getField(store[id])->getValueByStr(value);
+            const Field &field = *description.getField(store[id]);
+            field.getValueByStr(value);
+            if (const auto *volume = dynamic_cast<const SFDynamicVolume *>(&field)) {
+                value += volume->getValue().isValid() ? " valid" : " invalid";
+            }
             lines.push_back(std::string(type.getCName()) + ' ' + std::to_string(id) + ' ' +
                             description.getCName() + ": " + value);
         }
@@ -314,7 +318,7 @@ protected:
 
     const UInt32 firstId =
         static_cast<UInt32>(FieldContainerFactory::the()->getFieldContainerStore()->size());
-    NodeRefPtr root = Node::create();
+    NodeRefPtr root{Node::create()};
 };
 
 TEST_P(OSGAspectTest, OtherAspectIsEqualAfterApplyingTheList)

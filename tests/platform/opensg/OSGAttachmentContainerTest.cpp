@@ -12,10 +12,10 @@ using namespace osg;
 class OSGAttachmentContainerTest : public testing::Test
 {
 protected:
-    const NodeRefPtr node = Node::create();
-    const NodeRefPtr other = Node::create();
-    const NameRefPtr name = Name::create();
-    const NameRefPtr name2 = Name::create();
+    const NodeRefPtr node{Node::create()};
+    const NodeRefPtr other{Node::create()};
+    const NameRefPtr name{Name::create()};
+    const NameRefPtr name2{Name::create()};
     const UInt16 group = Name::getClassGroupId();
 };
 
@@ -74,10 +74,20 @@ TEST_F(OSGAttachmentContainerTest, AddingAgainChangesNothing)
     EXPECT_EQ(name->getParents().size(), 1u);
 }
 
-TEST_F(OSGAttachmentContainerTest, SubAttachmentOfAnotherChangesNothing)
+TEST_F(OSGAttachmentContainerTest, SubAttachmentGoesByGroup)
 {
     node->addAttachment(name.get());
     node->subAttachment(name2.get());
+
+    EXPECT_TRUE(node->getAttachments().empty());
+    EXPECT_EQ(name.get().getRefCount(), 1);
+    EXPECT_TRUE(name->getParents().empty());
+    EXPECT_EQ(name2.get().getRefCount(), 1);
+}
+
+TEST_F(OSGAttachmentContainerTest, SubAttachmentOfAnotherBindingChangesNothing)
+{
+    node->addAttachment(name.get());
     node->subAttachment(name.get(), 1);
     node->subAttachment(NullFC);
     node->addAttachment(NullFC);
@@ -100,7 +110,7 @@ TEST_F(OSGAttachmentContainerTest, AttachmentHeldByItAloneGoes)
 
 TEST_F(OSGAttachmentContainerTest, CoresHaveAttachmentsToo)
 {
-    const GroupRefPtr core = Group::create();
+    const GroupRefPtr core(Group::create());
     core->addAttachment(name.get());
     EXPECT_TRUE(core->findAttachment(group) == name.get());
     EXPECT_EQ(name->findParent(core.get()), 0);

@@ -103,7 +103,7 @@ TEST(OSGExitDeathTest, HandlesOutliveIt)
 {
     EXPECT_EXIT(
         {
-            NodeRefPtr node = Node::create();
+            NodeRefPtr node(Node::create());
             node->addChild(Node::create());
             node->setCore(Group::create());
             const UInt32 id = node.get().getFieldContainerId();

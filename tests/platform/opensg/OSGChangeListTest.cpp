@@ -77,7 +77,7 @@ protected:
         target.addDestroyed(2);
     }
 
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node{Node::create()};
     ksRecorder recorder;
     ChangeList &list;
 };
@@ -95,10 +95,13 @@ TEST_F(OSGChangeListTest, KeepsOrderAndDuplicates)
     EXPECT_EQ(list.sizeCreated(), 3u);
     EXPECT_EQ(list.sizeAddRefd(), 0u);
     const UInt32 id = node.get().getFieldContainerId();
-    EXPECT_THAT(std::vector<ChangeList::ChangedEntry>(list.beginChanged(), list.endChanged()),
+    EXPECT_THAT(std::vector<ChangeList::ChangeEntry>(list.beginChanged(), list.endChanged()),
                 testing::ElementsAre(std::make_pair(id, BitVector(2)), std::make_pair(id, BitVector(8)),
                                      std::make_pair(id, BitVector(2))));
-    EXPECT_THAT(std::vector<UInt32>(list.beginCreated(), list.endCreated()), testing::ElementsAre(9, 7, 9));
+    const ChangeList::changed_size_type size = list.sizeChanged();
+    EXPECT_EQ(size, 3u);
+    EXPECT_THAT(std::vector<ChangeList::IdRefEntry>(list.beginCreated(), list.endCreated()),
+                testing::ElementsAre(9, 7, 9));
 }
 
 TEST_F(OSGChangeListTest, CountsEveryKind)
@@ -246,45 +249,38 @@ TEST_F(OSGChangeListApplyTest, ApplyToClears)
     EXPECT_TRUE(current.empty());
 }
 
-TEST_F(OSGChangeListApplyTest, ApplyWorksOnTheThreadsAspectAndKeepsTheList)
+TEST_F(OSGChangeListApplyTest, ApplyWorksOnTheThreadsAspectAndClears)
 {
-    edit();
-    {
+    const auto flagsAfter = [this](UInt32 flags, void (ChangeList::*apply)()) {
+        edit();
+        node->setExternalFlags(flags);
         const AspectScope scope(1);
-        current.apply();
-    }
-    EXPECT_EQ(flagsInAspect1(), 5u);
-    EXPECT_EQ(current.sizeChanged(), 1u);
-
-    node->setExternalFlags(6);
-    {
-        const AspectScope scope(1);
-        current.applyToCurrent();
-    }
-    EXPECT_EQ(flagsInAspect1(), 6u);
-    EXPECT_EQ(current.sizeChanged(), 1u);
-
-    node->setExternalFlags(7);
-    {
-        const AspectScope scope(1);
-        current.applyAndClear();
-    }
-    EXPECT_EQ(flagsInAspect1(), 7u);
-    EXPECT_TRUE(current.empty());
+        (current.*apply)();
+        EXPECT_TRUE(current.empty());
+        return node->getExternalFlags();
+    };
+    EXPECT_EQ(flagsAfter(5, &ChangeList::apply), 5u);
+    EXPECT_EQ(flagsAfter(6, &ChangeList::applyToCurrent), 6u);
+    EXPECT_EQ(flagsAfter(7, &ChangeList::applyAndClear), 7u);
 }
 
-TEST_F(OSGChangeListApplyTest, AnAspectsOwnListChangesNothingInIt)
+TEST_F(OSGChangeListApplyTest, NothingHappensInTheListsOwnAspect)
 {
     addRefCP(node.get());
     edit();
     const Int32 count = node.get().getRefCount();
+    current.setReadOnly(true);
 
     current.applyToCurrent();
+    current.applyTo(0);
 
+    EXPECT_TRUE(current.isReadOnly());
     EXPECT_EQ(node.get().getRefCount(), count);
     EXPECT_EQ(current.sizeAddRefd(), 1u);
+    EXPECT_EQ(current.sizeChanged(), 1u);
     current.applyAndClear();
     EXPECT_TRUE(current.empty());
+    current.setReadOnly(false);
     NodePtr release = node;
     subRefCP(release);
 }
@@ -296,11 +292,13 @@ TEST_F(OSGChangeListApplyTest, TheListIsReadWriteAfterwards)
     EXPECT_FALSE(current.isReadOnly());
 }
 
-TEST_F(OSGChangeListApplyTest, TheListIsReadWriteAfterwardsAlsoInItsOwnAspect)
+TEST_F(OSGChangeListApplyTest, AnotherListIsReadWriteAfterwardsAsTheThreadsOwnIs)
 {
     current.setReadOnly(true);
-    current.applyToCurrent();
+    list.setReadOnly(true);
+    list.applyTo(1);
     EXPECT_FALSE(current.isReadOnly());
+    EXPECT_FALSE(list.isReadOnly());
 }
 
 TEST_F(OSGChangeListApplyTest, CopiesOnlyTheMaskedFields)
@@ -336,7 +334,7 @@ TEST_F(OSGChangeListApplyTest, CallsChangeHandlersWithoutRecords)
 
 TEST_F(OSGChangeListApplyTest, TellsHandlersThatItIsASync)
 {
-    const ListenerRefPtr listener = Listener::create();
+    const ListenerRefPtr listener(Listener::create());
     listener->setNumber(7);
     endEditNotChangedCP(listener, Listener::NumberFieldMask);
     Listener::calls().clear();
@@ -375,6 +373,19 @@ TEST_F(OSGChangeListApplyTest, TakesReferencesBeforeItReleases)
 
     EXPECT_EQ(FieldContainerFactory::the()->getContainer(id).getRefCount(), 1);
     subRefCP(fresh);
+}
+
+TEST_F(OSGChangeListTest, IsDeletedByItsMakerOrItsLastUser)
+{
+    delete new ChangeList;
+    ChangeList *counted = new ChangeList;
+    addRefP(counted);
+    addRefP(counted);
+    subRefP(counted);
+    EXPECT_EQ(counted->getRefCount(), 1);
+    subRefP(counted);
+    addRefP(static_cast<ChangeList *>(nullptr));
+    subRefP(static_cast<ChangeList *>(nullptr));
 }
 
 TEST_F(OSGChangeListTest, DumpsItsEntries)

@@ -84,7 +84,7 @@ TEST(OSGContainerMacros, TypeHasNameParentGroupAndFields)
 
 TEST(OSGContainerMacros, FieldsHaveAccessors)
 {
-    const LampRefPtr lamp = Lamp::create();
+    const LampRefPtr lamp(Lamp::create());
     const Lamp &seen = *lamp;
 
     EXPECT_EQ(lamp->getPower(), 40.0f);
@@ -107,12 +107,12 @@ TEST(OSGContainerMacros, FieldsHaveAccessors)
 
 TEST(OSGContainerMacros, CopiesHaveTheValues)
 {
-    const LampRefPtr lamp = Lamp::create();
+    const LampRefPtr lamp(Lamp::create());
     lamp->setPower(60.0f);
     lamp->getLabels().push_back("a");
 
-    const LampRefPtr copy = LampPtr::dcast(lamp->shallowCopy());
-    const LampRefPtr fresh = Lamp::createEmpty();
+    const LampRefPtr copy(LampPtr::dcast(lamp->shallowCopy()));
+    const LampRefPtr fresh(Lamp::createEmpty());
 
     EXPECT_EQ(copy->getPower(), 60.0f);
     EXPECT_EQ(copy->getLabels().size(), 1u);
@@ -122,7 +122,7 @@ TEST(OSGContainerMacros, CopiesHaveTheValues)
 
 TEST(OSGContainerMacros, ChangeHandlerRuns)
 {
-    const LampRefPtr lamp = Lamp::create();
+    const LampRefPtr lamp(Lamp::create());
     lamp->setPower(100.0f);
     EXPECT_EQ(lamp->getHeat(), 0.0f);
     endEditCP(lamp, Lamp::PowerFieldMask);
@@ -131,7 +131,7 @@ TEST(OSGContainerMacros, ChangeHandlerRuns)
 
 TEST(OSGContainerMacros, DerivedContainersAreOfBothClasses)
 {
-    const HeaterRefPtr heater = Heater::create();
+    const HeaterRefPtr heater(Heater::create());
     EXPECT_EQ(heater->getPower(), 40.0f);
     EXPECT_EQ(heater->getStage(), 1u);
     EXPECT_TRUE(LampPtr::dcast(heater.get()) == heater.get());
@@ -144,8 +144,8 @@ TEST(OSGContainerMacros, HandlesAreFieldValues)
     EXPECT_STREQ(MFLampPtr::getClassType().getCName(), "MFLampPtr");
     EXPECT_STREQ(SFLampPtr::getClassType().getContentType().getCName(), "LampPtr");
 
-    const TapeRefPtr tape = Tape::create();
-    const LampRefPtr lamp = Lamp::create();
+    const TapeRefPtr tape(Tape::create());
+    const LampRefPtr lamp(Lamp::create());
     tape->setLamp(lamp);
     tape->getLamps().push_back(lamp);
     EXPECT_EQ(lamp.get().getRefCount(), 1) << "generated setters count nothing";
@@ -154,12 +154,12 @@ TEST(OSGContainerMacros, HandlesAreFieldValues)
 
 TEST(OSGContainerMacros, ContainersHoldReferences)
 {
-    const LampRefPtr lamp = Lamp::create();
+    const LampRefPtr lamp(Lamp::create());
     {
-        const RefPtr<ShelfPtr> shelf = Shelf::create();
+        const RefPtr<ShelfPtr> shelf(Shelf::create());
         shelf->addLamp(lamp);
         EXPECT_EQ(lamp.get().getRefCount(), 2);
-        const RefPtr<ShelfPtr> copy = ShelfPtr::dcast(shelf->shallowCopy());
+        const RefPtr<ShelfPtr> copy(ShelfPtr::dcast(shelf->shallowCopy()));
         EXPECT_TRUE(copy->getLamps().empty());
     }
     EXPECT_EQ(lamp.get().getRefCount(), 1);

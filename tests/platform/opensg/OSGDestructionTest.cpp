@@ -86,19 +86,19 @@ protected:
 
 TEST_F(OSGDestructionTest, EveryCopyIsMadeAndEndedInItsAspect)
 {
-    const LifeRefPtr prototype = Life::createEmpty();
+    const LifeRefPtr prototype(Life::createEmpty());
     Life::events().clear();
 
     LifePtr life = LifePtr::dcast(prototype->shallowCopy());
-    EXPECT_EQ(Life::events(),
-              (std::vector<std::string>{"copy 0", "copy 1", "created 0", "aspect created 1"}));
+    EXPECT_EQ(Life::events(), (std::vector<std::string>{"copy 0", "copy 1", "created 0", "aspect made 0",
+                                                        "aspect created 1"}));
     Life::events().clear();
     subRefCP(life);
     EXPECT_EQ(Life::events(), (std::vector<std::string>{"destroy 0", "end 0", "end 1"}));
 
     Life::events().clear();
     LifePtr made = Life::createEmpty();
-    EXPECT_EQ(Life::events(), (std::vector<std::string>{"made 0", "aspect made 1"}));
+    EXPECT_EQ(Life::events(), (std::vector<std::string>{"made 0", "aspect made 0", "aspect made 1"}));
     subRefCP(made);
     EXPECT_EQ(Thread::getAspect(), 0u);
 }
@@ -106,8 +106,8 @@ TEST_F(OSGDestructionTest, EveryCopyIsMadeAndEndedInItsAspect)
 TEST_F(OSGDestructionTest, CopiesReferencesBalanceOverAspects)
 {
     // Every copy takes a reference for its own aspect, so applying the list must not take another one.
-    const NodeRefPtr node = Node::create();
-    const LifeRefPtr first = Life::createEmpty();
+    const NodeRefPtr node(Node::create());
+    const LifeRefPtr first(Life::createEmpty());
     first->setHeld(node);
     addRefCP(node.get());
     endEditCP(first, Life::HeldFieldMask);
@@ -125,7 +125,7 @@ TEST_F(OSGDestructionTest, CopiesReferencesBalanceOverAspects)
     EXPECT_EQ(node.get().getRefCount(), before);
 }
 
-TEST_F(OSGDestructionTest, NodeReleasesChildrenThenCoreThenAttachments)
+TEST_F(OSGDestructionTest, NodeReleasesCoreThenChildrenThenAttachments)
 {
     NodePtr node = Node::create();      // 1
     NodePtr child = Node::create();     // 2
@@ -140,10 +140,10 @@ TEST_F(OSGDestructionTest, NodeReleasesChildrenThenCoreThenAttachments)
 
     EXPECT_EQ(recorder.take(), ksRecords()
                                    .destroy(1)
-                                   .change(2, Parent)
-                                   .destroy(2)
                                    .change(3, CoreParents)
                                    .destroy(3)
+                                   .change(2, Parent)
+                                   .destroy(2)
                                    .change(4, AttachmentParents)
                                    .destroy(4));
     EXPECT_TRUE(node == NullFC);
@@ -152,9 +152,9 @@ TEST_F(OSGDestructionTest, NodeReleasesChildrenThenCoreThenAttachments)
 TEST_F(OSGDestructionTest, WhatIsHeldElsewhereSurvivesWithoutParents)
 {
     NodePtr node = Node::create();
-    const NodeRefPtr child = Node::create();
-    const GroupRefPtr core = Group::create();
-    const NameRefPtr name = Name::create();
+    const NodeRefPtr child(Node::create());
+    const GroupRefPtr core(Group::create());
+    const NameRefPtr name(Name::create());
     node->addChild(child);
     node->setCore(core);
     node->addAttachment(name.get());
@@ -165,10 +165,10 @@ TEST_F(OSGDestructionTest, WhatIsHeldElsewhereSurvivesWithoutParents)
 
     EXPECT_EQ(recorder.take(), ksRecords()
                                    .destroy(1)
-                                   .change(2, Parent)
-                                   .subRef(2)
                                    .change(3, CoreParents)
                                    .subRef(3)
+                                   .change(2, Parent)
+                                   .subRef(2)
                                    .change(4, AttachmentParents)
                                    .subRef(4));
     EXPECT_EQ(child.get().getRefCount(), 1);
@@ -195,6 +195,29 @@ TEST_F(OSGDestructionTest, SubtreeGoesFromTheTop)
               ksRecords().destroy(1).change(2, Parent).destroy(2).change(3, Parent).destroy(3));
 }
 
+TEST_F(OSGDestructionTest, ChainOfNodesGoesCoreByCore)
+{
+    NodePtr root = Node::create();             // 1
+    const NodePtr child = Node::create();      // 2
+    const NodeCorePtr core = Group::create();  // 3
+    const NodeCorePtr core2 = Group::create(); // 4
+    root->addChild(child);
+    root->setCore(core);
+    child->setCore(core2);
+    recorder.take();
+
+    subRefCP(root);
+
+    EXPECT_EQ(recorder.take(), ksRecords()
+                                   .destroy(1)
+                                   .change(3, CoreParents)
+                                   .destroy(3)
+                                   .change(2, Parent)
+                                   .destroy(2)
+                                   .change(4, CoreParents)
+                                   .destroy(4));
+}
+
 TEST_F(OSGDestructionTest, SharedCoreGoesWithItsLastNode)
 {
     NodePtr a = Node::create();
@@ -217,7 +240,7 @@ TEST_F(OSGDestructionTest, SharedCoreGoesWithItsLastNode)
 TEST_F(OSGDestructionTest, MaterialReleasesItsImage)
 {
     SimpleTexturedMaterialPtr material = SimpleTexturedMaterial::create();
-    const ImageRefPtr image = Image::create();
+    const ImageRefPtr image(Image::create());
     material->setImage(image);
     addRefCP(material);
     recorder.take();
@@ -275,7 +298,21 @@ TEST_F(OSGAppliedDestructionTest, BothAspectsReferencesAreReleased)
 
     EXPECT_TRUE(isGone(childId));
     EXPECT_TRUE(isGone(coreId));
-    EXPECT_EQ(recorder.take().destroyed, (std::vector<long long>{1, 2, 3, 4}));
+    EXPECT_EQ(recorder.take().destroyed, (std::vector<long long>{1, 3, 2, 4}));
+}
+
+TEST_F(OSGAppliedDestructionTest, EveryAspectsReleasesAreRecorded)
+{
+    const NodeRefPtr heldChild(child);
+    const GroupRefPtr heldCore(core);
+    recorder.take();
+
+    subRefCP(node);
+
+    const ksRecords records = recorder.take();
+    EXPECT_EQ(records.subRefd, (std::vector<long long>{3, 2, 4, 3, 2}));
+    EXPECT_TRUE(records.addRefd.empty());
+    EXPECT_EQ(records.destroyed, (std::vector<long long>{1, 4}));
 }
 
 TEST_F(OSGAppliedDestructionTest, SurvivorsLoseTheirParentInBothAspects)
@@ -346,7 +383,7 @@ TEST_F(OSGAppliedDestructionTest, SurvivorsOfADestructionWhileApplyingHaveNoPare
 TEST_F(OSGAppliedDestructionTest, ChildThatMovedOnKeepsItsNewParent)
 {
     // Aspect 1 still has the child under the old node when that is destroyed.
-    const NodeRefPtr next = Node::create();
+    const NodeRefPtr next(Node::create());
     next->addChild(child);
     endEditCP(next, Node::ChildrenFieldMask);
 
@@ -362,7 +399,7 @@ TEST_F(OSGAppliedDestructionTest, ChildThatMovedOnKeepsItsNewParent)
 TEST_F(OSGAppliedDestructionTest, ChildKeepsANewParentThatTheOtherAspectHasAlready)
 {
     // Aspect 1 has got the child's new parent, but not yet the old one's new list of children.
-    const NodeRefPtr next = Node::create();
+    const NodeRefPtr next(Node::create());
     next->addChild(child);
     changes.clearAll();
     endEditCP(child, Parent);
@@ -373,10 +410,10 @@ TEST_F(OSGAppliedDestructionTest, ChildKeepsANewParentThatTheOtherAspectHasAlrea
     EXPECT_TRUE(parentOfChild(1) == next.get());
 }
 
-TEST_F(OSGDestructionTest, ShallowCopyTakesValuesButNothingOwned)
+TEST_F(OSGDestructionTest, ShallowCopySharesCoreAndAttachments)
 {
-    const NodeRefPtr parent = Node::create();
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr parent(Node::create());
+    const NodeRefPtr node(Node::create());
     parent->addChild(node);
     node->addChild(Node::create());
     node->setCore(Group::create());
@@ -384,37 +421,80 @@ TEST_F(OSGDestructionTest, ShallowCopyTakesValuesButNothingOwned)
     node->setExternalFlags(6);
     node->setTravMask(2);
     node->updateVolume();
+    const AttachmentPtr name = node->findAttachment(Name::getClassType());
 
-    const NodeRefPtr copy = NodePtr::dcast(node->shallowCopy());
+    NodeRefPtr copy(NodePtr::dcast(node->shallowCopy()));
 
-    EXPECT_EQ(copy->getExternalFlags(), 6u);
-    EXPECT_EQ(copy->getTravMask(), 2u);
-    EXPECT_FALSE(copy->getVolume().isValid());
-    EXPECT_TRUE(copy->getParent() == NullFC);
-    EXPECT_EQ(copy->getNChildren(), 0u);
-    EXPECT_TRUE(copy->getCore() == NullFC);
-    EXPECT_TRUE(copy->getAttachments().empty());
+    for (UInt32 aspect = 0; aspect < OSG_NUM_ASPECTS; ++aspect) {
+        const AspectScope scope(aspect);
+        EXPECT_EQ(copy->getExternalFlags(), 6u) << "the values of the copied aspect are in all of them";
+        EXPECT_EQ(copy->getTravMask(), 2u);
+        EXPECT_FALSE(copy->getVolume().isValid());
+        EXPECT_TRUE(copy->getParent() == NullFC);
+        EXPECT_EQ(copy->getNChildren(), 0u);
+        EXPECT_GE(copy->getCore()->getMFParents()->find(copy) - copy->getCore()->getMFParents()->begin(), 0);
+        EXPECT_TRUE(copy->findAttachment(Name::getClassType()) == name);
+        EXPECT_GE(name->findParent(copy.get()), 0);
+    }
     EXPECT_EQ(node->getChild(0).getRefCount(), 1);
-    EXPECT_EQ(node->getCore().getRefCount(), 1);
-    EXPECT_EQ(copy.get().getRefCount(), 1);
+    EXPECT_EQ(node->getCore().getRefCount(), 3) << "one for the node, one for each aspect of its copy";
+    EXPECT_EQ(name.getRefCount(), 3);
 
-    const AspectScope scope(1);
-    EXPECT_EQ(copy->getExternalFlags(), 6u) << "the values of the copied aspect are in all of them";
+    changes.applyTo(1);
+    EXPECT_EQ(node->getCore().getRefCount(), 4);
+    EXPECT_EQ(name.getRefCount(), 4);
+    copy = NullFC;
+    changes.applyTo(1);
+    EXPECT_EQ(node->getCore().getRefCount(), 2);
+    EXPECT_EQ(name.getRefCount(), 2);
+    EXPECT_EQ(name->getParents().size(), 1u);
+    EXPECT_EQ(node->getCore()->getParents().size(), 1u);
 }
 
-TEST_F(OSGDestructionTest, ShallowCopiesOfOthersOwnNothingEither)
+TEST_F(OSGDestructionTest, CopyThatGoesBeforeTheOtherAspectHeardOfItLeavesNothing)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
+    const GroupRefPtr core(Group::create());
+    node->setCore(core);
+    endEditCP(node);
+    changes.applyTo(1);
+    const Int32 before = core.get().getRefCount();
+
+    NodePtr copy = NodePtr::dcast(node->shallowCopy());
+    subRefCP(copy);
+    EXPECT_EQ(core.get().getRefCount(), before);
+    changes.applyTo(1);
+
+    EXPECT_EQ(core.get().getRefCount(), before);
+    EXPECT_EQ(core->getParents().size(), 1u);
+    const AspectScope scope(1);
+    EXPECT_EQ(core->getParents().size(), 1u);
+}
+
+TEST_F(OSGDestructionTest, CopyOfAnAttachmentIsAttachedToNothing)
+{
+    const NodeRefPtr node(Node::create());
+    setName(node, "n");
+
+    const NameRefPtr copy(NamePtr::dcast(node->findAttachment(Name::getClassType())->shallowCopy()));
+
+    EXPECT_EQ(copy->getFieldPtr()->getValue(), "n");
+    EXPECT_TRUE(copy->getParents().empty());
+}
+
+TEST_F(OSGDestructionTest, CopiesOfOthersHaveNoParentsEither)
+{
+    const NodeRefPtr node(Node::create());
     node->setCore(Group::create());
-    const NodeCoreRefPtr core = NodeCorePtr::dcast(node->getCore()->shallowCopy());
+    const NodeCoreRefPtr core(NodeCorePtr::dcast(node->getCore()->shallowCopy()));
     EXPECT_TRUE(core->getParents().empty());
 
-    const SimpleTexturedMaterialRefPtr material = SimpleTexturedMaterial::create();
-    const ImageRefPtr image = Image::create();
+    const SimpleTexturedMaterialRefPtr material(SimpleTexturedMaterial::create());
+    const ImageRefPtr image(Image::create());
     material->setImage(image);
-    const SimpleTexturedMaterialRefPtr copy = SimpleTexturedMaterialPtr::dcast(material->shallowCopy());
+    const SimpleTexturedMaterialRefPtr copy(SimpleTexturedMaterialPtr::dcast(material->shallowCopy()));
     EXPECT_TRUE(copy->getImage() == NullFC);
-    const ImageRefPtr imageCopy = ImagePtr::dcast(image->shallowCopy());
+    const ImageRefPtr imageCopy(ImagePtr::dcast(image->shallowCopy()));
     EXPECT_TRUE(imageCopy->getParents().empty());
     EXPECT_EQ(image.get().getRefCount(), 2);
 }

@@ -3,15 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace {
 
 using namespace osg;
 
-TEST(OSGDynamicVolume, NewVolumeIsEmptyAndInvalid)
+TEST(OSGDynamicVolume, NewVolumeIsEmptyAndValid)
 {
     const DynamicVolume volume;
     EXPECT_TRUE(volume.isEmpty());
-    EXPECT_FALSE(volume.isValid());
+    EXPECT_TRUE(volume.isValid());
     EXPECT_FALSE(volume.isStatic());
     EXPECT_FALSE(volume.intersect(Pnt3f(0, 0, 0)));
 }
@@ -49,6 +51,35 @@ TEST(OSGDynamicVolume, HoldsItsCorners)
     EXPECT_FALSE(volume.intersect(Pnt3f(0, 1, -0.5)));
 }
 
+TEST(OSGDynamicVolume, IntersectsWithWhatItHasSpaceInCommonWith)
+{
+    DynamicVolume volume;
+    volume.setBounds(Pnt3f(0, 0, 0), Pnt3f(1, 1, 1));
+    DynamicVolume other;
+    EXPECT_FALSE(volume.intersect(other));
+    EXPECT_FALSE(other.intersect(volume));
+    for (const auto &[start, intersects] :
+         {std::make_pair(0.5f, true), {1.0f, false}, {2.0f, false}, {-0.5f, true}, {-1.0f, false}}) {
+        for (UInt32 axis = 0; axis < 3; ++axis) {
+            Pnt3f min;
+            min[axis] = start;
+            other.setBounds(min, min + Vec3f(1, 1, 1));
+            EXPECT_EQ(volume.intersect(other), intersects) << axis << ": " << start;
+        }
+    }
+}
+
+TEST(OSGDynamicVolume, IsItsOwnInstance)
+{
+    DynamicVolume volume;
+    volume.getInstance().extendBy(Pnt3f(1, 2, 3));
+    volume.getInstance().extendBy(Pnt3f(3, 2, 3));
+    volume.instanceChanged();
+    Pnt3f center;
+    volume.getCenter(center);
+    EXPECT_EQ(center, Pnt3f(2, 2, 3));
+}
+
 TEST(OSGDynamicVolume, TransformsToTheBoxAroundItsCorners)
 {
     DynamicVolume volume;
@@ -71,9 +102,9 @@ TEST(OSGDynamicVolume, TransformsToTheBoxAroundItsCorners)
 TEST(OSGDynamicVolume, ComparesFlagsToo)
 {
     DynamicVolume volume;
-    volume.setValid();
-    EXPECT_TRUE(volume != DynamicVolume());
     volume.setValid(false);
+    EXPECT_TRUE(volume != DynamicVolume());
+    volume.setValid();
     EXPECT_FALSE(volume != DynamicVolume());
     volume.setStatic();
     EXPECT_TRUE(volume != DynamicVolume());

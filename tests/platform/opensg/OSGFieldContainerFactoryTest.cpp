@@ -2,6 +2,7 @@
 #include "support/ksRecords.h"
 
 #include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGLog.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -24,7 +25,7 @@ protected:
 
 TEST_F(OSGFieldContainerFactoryTest, FindsContainersById)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     const UInt32 id = node.get().getFieldContainerId();
 
     EXPECT_TRUE(factory.getContainer(id) == node.get());
@@ -44,7 +45,7 @@ TEST_F(OSGFieldContainerFactoryTest, NeverUsesIdsAgain)
     subRefCP(node);
     EXPECT_TRUE(store[id] == NullFC);
 
-    const NodeRefPtr next = Node::create();
+    const NodeRefPtr next(Node::create());
 
     EXPECT_EQ(next.get().getFieldContainerId(), id + 1);
     EXPECT_TRUE(store[id] == NullFC);
@@ -65,10 +66,10 @@ TEST_F(OSGFieldContainerFactoryTest, PrototypesAreMadeTogether)
 
 TEST_F(OSGFieldContainerFactoryTest, CreatesByTypeName)
 {
-    const FieldContainerRefPtr container = factory.createFieldContainer("Group");
-    const NodeRefPtr node = factory.createNode("Node");
-    const NodeCoreRefPtr core = factory.createNodeCore("Transform");
-    const AttachmentRefPtr attachment = factory.createAttachment("Name");
+    const FieldContainerRefPtr container(factory.createFieldContainer("Group"));
+    const NodeRefPtr node(factory.createNode("Node"));
+    const NodeCoreRefPtr core(factory.createNodeCore("Transform"));
+    const AttachmentRefPtr attachment(factory.createAttachment("Name"));
 
     EXPECT_STREQ(container->getTypeName(), "Group");
     EXPECT_STREQ(node->getTypeName(), "Node");
@@ -109,8 +110,8 @@ TEST_F(OSGFieldContainerFactoryTest, MapsIdsWhileThereIsAMapper)
     {
         UInt32 map(UInt32 id) override { return id + 1; }
     } shift;
-    const NodeRefPtr first = Node::create();
-    const NodeRefPtr second = Node::create();
+    const NodeRefPtr first(Node::create());
+    const NodeRefPtr second(Node::create());
     const UInt32 id = first.get().getFieldContainerId();
 
     EXPECT_TRUE(factory.getMappedContainer(id) == first.get());
@@ -124,9 +125,28 @@ TEST_F(OSGFieldContainerFactoryTest, MapsIdsWhileThereIsAMapper)
 TEST_F(OSGFieldContainerFactoryTest, UnregistersOnlyWhatIsRegistered)
 {
     EXPECT_TRUE(factory.unregisterFieldContainer(NullFC));
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     EXPECT_FALSE(factory.unregisterFieldContainer(node));
     EXPECT_TRUE(factory.unregisterFieldContainer(node));
+}
+
+TEST_F(OSGFieldContainerFactoryTest, KnowsItsGroups)
+{
+    const FieldContainerFactory &factory = *FieldContainerFactory::the();
+    const UInt16 last = static_cast<UInt16>(factory.getNumGroups());
+    EXPECT_NE(factory.findGroupName(last), nullptr);
+    EXPECT_EQ(factory.findGroupName(last + 1), nullptr);
+}
+
+TEST_F(OSGFieldContainerFactoryTest, TellsWhetherAllTypesAreComplete)
+{
+    EXPECT_TRUE(FieldContainerFactory::the()->initializePendingTypes());
+    const LogSink previous = setLogSink([](const std::string &) {});
+    {
+        const FieldContainerType orphan("Orphan", "NoSuchType", nullptr, nullptr, nullptr, nullptr, 0);
+        EXPECT_FALSE(FieldContainerFactory::the()->initializePendingTypes());
+    }
+    setLogSink(previous);
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <type_traits>
@@ -59,7 +60,11 @@ static_assert(std::is_same_v<NodeCorePtr, FCPtr<AttachmentContainerPtr, NodeCore
 static_assert(std::is_same_v<TransformPtr, FCPtr<GroupPtr, Transform>>);
 static_assert(std::is_same_v<GroupPtr::Inherited, NodeCorePtr>);
 static_assert(std::is_same_v<GroupPtr::StoredObjectType, Group>);
-static_assert(std::is_same_v<NodePtr::ObjectType, Node>);
+static_assert(std::is_same_v<GroupPtr::ObjectType, GroupPtr> &&
+              std::is_same_v<CNodePtr::ObjectType, CNodePtr>);
+static_assert(std::is_same_v<NodePtr::ObjectType, NodePtr> &&
+              std::is_same_v<NodePtr::StoredObjectType, Node>);
+static_assert(std::is_same_v<FieldContainerPtr::ObjectType, FieldContainerPtr>);
 static_assert(!std::is_convertible_v<const Node &, NodePtr>, "from a raw object only explicitly");
 static_assert(!std::is_convertible_v<NodeCorePtr, GroupPtr>, "down only by dcast");
 static_assert(std::is_same_v<decltype(NodePtr::dcast(FieldContainerPtr())), NodePtr>);
@@ -96,7 +101,7 @@ TEST(OSGFieldContainerPtr, NullHandleIsHarmless)
 TEST(OSGFieldContainerPtr, KnowsItsContainer)
 {
     ksRecorder recorder;
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     const NodePtr handle = node;
 
     EXPECT_EQ(recorder.idOf(handle), 1);
@@ -112,8 +117,8 @@ TEST(OSGFieldContainerPtr, KnowsItsContainer)
 
 TEST(OSGFieldContainerPtr, ComparesContainersOnly)
 {
-    const NodeRefPtr node = Node::create();
-    const NodeRefPtr other = Node::create();
+    const NodeRefPtr node(Node::create());
+    const NodeRefPtr other(Node::create());
     NodePtr marked = node;
     marked.setParentFieldPos(3);
 
@@ -147,7 +152,7 @@ TEST(OSGFieldContainerPtr, OrderIsThatOfAddresses)
 
 TEST(OSGFieldContainerPtr, DowncastNeedsTheClass)
 {
-    const TransformRefPtr transform = Transform::create();
+    const TransformRefPtr transform(Transform::create());
     NodeCorePtr core = transform;
     core.setParentFieldPos(5);
 
@@ -161,13 +166,13 @@ TEST(OSGFieldContainerPtr, DowncastNeedsTheClass)
     EXPECT_TRUE(dynamic_fcptr_cast<GroupPtr>(core) == core);
     EXPECT_TRUE(dynamic_fcptr_cast<NodePtr>(core) == NullFC);
 
-    const GroupRefPtr group = Group::create();
+    const GroupRefPtr group(Group::create());
     EXPECT_TRUE(TransformPtr::dcast(group.get()) == NullFC);
 }
 
 TEST(OSGFieldContainerPtr, IsMadeFromARawObject)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     const Node &object = *node;
 
     EXPECT_TRUE(NodePtr(object) == node.get());
@@ -201,7 +206,7 @@ TEST(OSGFieldContainerPtr, CountsReferences)
 
 TEST(OSGFieldContainerPtr, CountsRightFromManyThreads)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     std::vector<std::thread> threads;
     for (int i = 0; i < 4; ++i) {
         threads.emplace_back([&] {
@@ -266,7 +271,7 @@ TEST(OSGFieldContainerPtr, SetRefdReleasesFirst)
 
 TEST(OSGFieldContainerPtr, SetRefdTakesTheNewReferenceAfterTheRelease)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     FieldContainerPtr target = Witness::create();
     addRefCP(target);
     Witness::watched = node;
@@ -282,7 +287,7 @@ TEST(OSGFieldContainerPtr, SetRefdTakesTheNewReferenceAfterTheRelease)
 
 TEST(OSGFieldContainerPtr, SetRefdTakesAHandleThatGoesWithTheOldContainer)
 {
-    const NodeRefPtr child = Node::create();
+    const NodeRefPtr child(Node::create());
     NodePtr target = Node::create();
     addRefCP(target);
     target->addChild(child);
@@ -348,6 +353,43 @@ TEST(OSGFieldContainerPtr, CountsAreLockedByTheNamedPool)
     ASSERT_NE(FieldContainerPtrBase::_pRefCountLock, nullptr);
     EXPECT_EQ(FieldContainerPtrBase::_pRefCountLock,
               ThreadManager::the()->getLockPool("DSPTRRefCountLockPool"));
+}
+
+TEST(OSGFieldContainerPtr, ComesFromACopyOfTheContainer)
+{
+    const NodeRefPtr node(Node::create());
+    EXPECT_TRUE(NodePtr(node.getCPtr()) == node);
+    EXPECT_TRUE(FieldContainerPtr(node.getCPtr()) == node);
+    EXPECT_TRUE(NodePtr(static_cast<Node *>(nullptr)) == NullFC);
+    const AspectScope scope(1);
+    EXPECT_TRUE(NodePtr(node.getCPtr()) == node);
+}
+
+TEST(OSGFieldContainerPtr, IsWrittenAsItsId)
+{
+    const NodeRefPtr node(Node::create());
+    std::ostringstream text;
+    text << node.get() << ' ' << NodePtr() << ' ' << node->getType().getName();
+    EXPECT_EQ(text.str(), std::to_string(node.get().getFieldContainerId()) + " 0 Node");
+}
+
+TEST(OSGFieldContainerPtr, OnlyReads)
+{
+    const NodeRefPtr node(Node::create());
+    const ConstFieldContainerPtr read(node.get());
+    static_assert(std::is_same_v<decltype(read.getCPtr()), const FieldContainer *>);
+    EXPECT_TRUE(read == node.get());
+    EXPECT_STREQ(read->getTypeName(), "Node");
+    EXPECT_TRUE(ConstFieldContainerPtr() == NullFC);
+}
+
+TEST(OSGCPEditor, OfNothingEndsNoEdit)
+{
+    ksRecorder recorder;
+    {
+        const CPEditor editor;
+    }
+    EXPECT_EQ(recorder.take(), ksRecords());
 }
 
 } // namespace

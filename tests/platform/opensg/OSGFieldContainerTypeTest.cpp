@@ -148,22 +148,22 @@ TEST(OSGFieldContainerType, ContainersAreCopiesOfThePrototype)
     type.setPrototype(prototype);
     EXPECT_EQ(original.getRefCount(), 1);
     EXPECT_EQ(prototype.getRefCount(), 1);
-    const TransformRefPtr copy = Transform::create();
+    const TransformRefPtr copy(Transform::create());
     type.setPrototype(original);
     FieldContainerPtr release = original;
     subRefCP(release);
 
     EXPECT_EQ(copy->getMatrix()[3], Vec4f(1, 2, 3, 1));
     EXPECT_EQ(type.getPrototype().getRefCount(), 1);
-    const TransformRefPtr plain = Transform::create();
+    const TransformRefPtr plain(Transform::create());
     EXPECT_EQ(plain->getMatrix(), Matrix());
 }
 
 TEST(OSGFieldContainerType, CreatesContainersOfItsKindOnly)
 {
-    const NodeRefPtr node = Node::getClassType().createNode();
-    const NodeCoreRefPtr core = Group::getClassType().createNodeCore();
-    const AttachmentRefPtr attachment = Name::getClassType().createAttachment();
+    const NodeRefPtr node(Node::getClassType().createNode());
+    const NodeCoreRefPtr core(Group::getClassType().createNodeCore());
+    const AttachmentRefPtr attachment(Name::getClassType().createAttachment());
 
     EXPECT_TRUE(node != NullFC);
     EXPECT_TRUE(GroupPtr::dcast(core.get()) != NullFC);

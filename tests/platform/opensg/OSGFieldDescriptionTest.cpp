@@ -22,7 +22,7 @@ protected:
     {}
     ~OSGFieldDescriptionTest() override { setLogSink(_previous); }
 
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node{Node::create()};
     std::vector<std::string> lines;
 
 private:
@@ -111,7 +111,7 @@ TEST_F(OSGFieldDescriptionTest, MayDeclareAnotherTypeThanTheField)
     EXPECT_TRUE(travMask.getFieldType() == SFBool::getClassType());
     EXPECT_TRUE(travMask.getField(*node)->getType() == SFUInt32::getClassType());
 
-    const NameRefPtr name = Name::create();
+    const NameRefPtr name(Name::create());
     const FieldDescription &parents = descriptionOf(Name::getClassType(), "parents");
     EXPECT_TRUE(parents.getFieldType() == MFNodePtr::getClassType());
     EXPECT_TRUE(parents.getField(*name)->getType() == MFFieldContainerPtr::getClassType());

@@ -56,14 +56,18 @@ class OSGImageTest : public testing::Test
 protected:
     OSGImageTest() { Screen::changes().clear(); }
 
-    const ImageRefPtr image = Image::create();
-    const ScreenRefPtr screen = Screen::create();
+    const ImageRefPtr image{Image::create()};
+    const ScreenRefPtr screen{Screen::create()};
 };
 
 TEST_F(OSGImageTest, NewImageIsEmpty)
 {
     EXPECT_EQ(image->getData(), nullptr);
+    EXPECT_FALSE(image->isValid());
     EXPECT_EQ(image->getWidth(), 0);
+    EXPECT_EQ(image->getHeight(), 1);
+    EXPECT_EQ(image->getDepth(), 1);
+    EXPECT_EQ(image->getBpp(), 1);
     EXPECT_EQ(image->getMipMapCount(), 1);
     EXPECT_EQ(image->getFrameCount(), 1);
     EXPECT_EQ(image->getSideCount(), 1);
@@ -127,18 +131,28 @@ TEST_F(OSGImageTest, SetKnowsFormatsAndTypes)
     }
 }
 
-TEST_F(OSGImageTest, SetRefusesNonsense)
+TEST_F(OSGImageTest, SizesBelowOneBecomeOne)
 {
-    image->set(Image::OSG_L_PF, 3);
-    EXPECT_FALSE(image->set(Image::OSG_INVALID_PF, 1));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 0));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, -1));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 0));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 0));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 0));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 1, 0, nullptr, 77));
-    EXPECT_FALSE(image->set(Image::OSG_L_PF, 1, 1, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, true, 0));
+    EXPECT_TRUE(
+        image->set(Image::OSG_L_PF, 0, -1, 0, -2, 0, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, true, 0));
+    for (const Int32 size : {image->getWidth(), image->getHeight(), image->getDepth(),
+                             image->getMipMapCount(), image->getFrameCount(), image->getSideCount()}) {
+        EXPECT_EQ(size, 1);
+    }
+    EXPECT_EQ(image->getPixel().size(), 1u);
+}
+
+TEST_F(OSGImageTest, UnknownFormatsAndTypesAreSetButGiveNoPixels)
+{
+    EXPECT_FALSE(image->set(Image::OSG_INVALID_PF, 2));
+    EXPECT_EQ(image->getWidth(), 2);
+    EXPECT_FALSE(image->set(77, 3));
     EXPECT_EQ(image->getWidth(), 3);
+    EXPECT_EQ(image->getPixelFormat(), 77u);
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 4, 1, 1, 1, 1, 0, nullptr, 88));
+    EXPECT_EQ(image->getWidth(), 4);
+    EXPECT_EQ(image->getDataType(), 88);
+    EXPECT_FALSE(image->isValid());
 }
 
 TEST_F(OSGImageTest, SetRefusesMoreBytesThanItCanCount)
@@ -149,10 +163,12 @@ TEST_F(OSGImageTest, SetRefusesMoreBytesThanItCanCount)
     EXPECT_EQ(image->getWidth(), 0);
 }
 
-TEST_F(OSGImageTest, SetWithoutDataLeavesNoOldPixels)
+TEST_F(OSGImageTest, SetWithoutDataKeepsAsManyPixels)
 {
     const UInt8 pixels[] = {1, 2};
     image->set(Image::OSG_L_PF, 2, 1, 1, 1, 1, 0, pixels);
+    image->set(Image::OSG_LA_PF, 1);
+    EXPECT_EQ(image->getPixel().getValues(), (std::vector<UInt8>{1, 2}));
     image->set(Image::OSG_L_PF, 3);
     EXPECT_EQ(image->getPixel().getValues(), (std::vector<UInt8>{0, 0, 0}));
 }
@@ -160,9 +176,70 @@ TEST_F(OSGImageTest, SetWithoutDataLeavesNoOldPixels)
 TEST_F(OSGImageTest, SetWithoutAllocationKeepsNoPixels)
 {
     image->set(Image::OSG_L_PF, 3);
-    EXPECT_TRUE(image->set(Image::OSG_L_PF, 2, 1, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
+    EXPECT_FALSE(image->set(Image::OSG_L_PF, 2, 1, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, false));
     EXPECT_EQ(image->getData(), nullptr);
     EXPECT_EQ(image->getFrameSize(), 2);
+}
+
+TEST_F(OSGImageTest, PixelsAreSetAndClearedAlone)
+{
+    const UInt8 pixels[] = {1, 2};
+    image->set(Image::OSG_L_PF, 2);
+    EXPECT_TRUE(image->setData(pixels));
+    EXPECT_EQ(image->getPixel().getValues(), (std::vector<UInt8>{1, 2}));
+    EXPECT_TRUE(image->isValid());
+    image->clearData();
+    EXPECT_FALSE(image->isValid());
+    EXPECT_EQ(image->getWidth(), 2);
+}
+
+TEST_F(OSGImageTest, KnowsItsSizeInBytes)
+{
+    image->set(Image::OSG_LA_PF, 4, 2, 1, 3, 5, 0, nullptr, Image::OSG_UINT16_IMAGEDATA, true, 6);
+    EXPECT_EQ(image->getSize(), 5u * 6 * (8 + 2 + 1) * 4);
+    EXPECT_EQ(image->getSize(false), 5u * 6 * 8 * 4);
+    EXPECT_EQ(image->getSize(true, false), 6u * (8 + 2 + 1) * 4);
+    EXPECT_EQ(image->getSize(false, false, false), 8u * 4);
+}
+
+TEST_F(OSGImageTest, KnowsFormatsWithAlpha)
+{
+    for (const auto &[format, hasAlpha] : {std::make_pair(Image::OSG_A_PF, true),
+                                           {Image::OSG_L_PF, false},
+                                           {Image::OSG_LA_PF, true},
+                                           {Image::OSG_RGB_PF, false},
+                                           {Image::OSG_RGBA_PF, true},
+                                           {Image::OSG_BGR_PF, false},
+                                           {Image::OSG_BGRA_PF, true}}) {
+        image->set(format, 1);
+        EXPECT_EQ(image->hasAlphaChannel(), hasAlpha) << format;
+    }
+}
+
+TEST_F(OSGImageTest, AnEditOfTheLayoutMakesNewSizes)
+{
+    image->setWidth(4);
+    image->setHeight(2);
+    image->setBpp(8);
+    image->setSideCount(6);
+    image->setDataType(Image::OSG_FLOAT32_IMAGEDATA);
+    endEditCP(image, Image::NameFieldMask);
+    EXPECT_EQ(image->getSideSize(), 0);
+    endEditCP(image, Image::WidthFieldMask | Image::HeightFieldMask);
+    EXPECT_EQ(image->getSideSize(), 4 * 2 * 8);
+    EXPECT_EQ(image->getFrameSize(), 6 * 4 * 2 * 8);
+    EXPECT_EQ(image->getComponentSize(), 4);
+}
+
+TEST_F(OSGImageTest, SidesReachOtherAspectsWithThePixels)
+{
+    Thread::getCurrentChangeList()->clearAll();
+    image->set(Image::OSG_RGB_PF, 2, 2, 1, 1, 1, 0, nullptr, Image::OSG_UINT8_IMAGEDATA, true, 6);
+    Thread::getCurrentChangeList()->applyTo(1);
+    const AspectScope scope(1);
+    EXPECT_EQ(image->getSideCount(), 6);
+    EXPECT_EQ(image->getSideSize(), 12);
+    EXPECT_EQ(image->getFrameSize(), 6 * 12);
 }
 
 TEST_F(OSGImageTest, ChangeReachesTheFieldsThatHoldTheImage)
@@ -203,8 +280,8 @@ TEST_F(OSGImageTest, HandlersOfParentsMayEditTheParents)
 
 TEST_F(OSGImageTest, MaterialKeepsReferenceAndParent)
 {
-    const SimpleTexturedMaterialRefPtr material = SimpleTexturedMaterial::create();
-    const ImageRefPtr second = Image::create();
+    const SimpleTexturedMaterialRefPtr material(SimpleTexturedMaterial::create());
+    const ImageRefPtr second(Image::create());
 
     material->setImage(image);
     EXPECT_TRUE(material->getImage() == image.get());

@@ -7,7 +7,9 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <sstream>
 #include <type_traits>
+#include <utility>
 
 namespace {
 
@@ -45,9 +47,62 @@ TEST(OSGVector, Normalizes)
     Vec3f vector(0, 3, 4);
     vector.normalize();
     EXPECT_TRUE(vector.equals(Vec3f(0, 0.6, 0.8), Near));
-    Vec3f zero;
-    zero.normalize();
-    EXPECT_EQ(zero, Vec3f());
+    for (const Real32 tiny : {0.0f, 1e-7f}) {
+        Vec3f stays(tiny, 0, 0);
+        stays.normalize();
+        EXPECT_EQ(stays.x(), tiny);
+    }
+}
+
+TEST(OSGVector, IsEqualUpToAMillionth)
+{
+    EXPECT_EQ(Vec3f(0, 0, 0), Vec3f(0, 5e-7f, 0));
+    EXPECT_NE(Vec3f(0, 0, 0), Vec3f(0, 2e-6f, 0));
+    EXPECT_EQ(Pnt3f(0, 0, 5e-7f), Pnt3f());
+    EXPECT_NE(Pnt3f(0, 0, 2e-6f), Pnt3f());
+    EXPECT_EQ(Color4f(0, 0, 0, 5e-7f), Color4f());
+    EXPECT_NE(Color4f(0, 0, 0, 2e-6f), Color4f());
+    EXPECT_EQ(Vec2f(INFINITY, 1), Vec2f(INFINITY, 1));
+    EXPECT_NE(Vec2f(NAN, 1), Vec2f(NAN, 1));
+    EXPECT_NE(Vec2s(1, 2), Vec2s(1, 3));
+    EXPECT_FALSE(Vec3f(0, 0, 0).isSame(Vec3f(0, 5e-7f, 0)));
+    EXPECT_TRUE(Vec3f(1, 2, 3).isSame(Vec3f(1, 2, 3)));
+}
+
+TEST(OSGQuaternion, AndMatricesAreEqualOnlyExactly)
+{
+    EXPECT_NE(Quaternion(), Quaternion(0, 5e-7f, 0, 1));
+    Matrix matrix;
+    matrix[1][2] = 5e-7f;
+    EXPECT_NE(matrix, Matrix());
+}
+
+TEST(OSGVector, HasOperatorsAndSettersForEverything)
+{
+    const Vec3f a(1, 2, 3);
+    const Vec3f b(4, 5, 6);
+    EXPECT_EQ(a * b, 32);
+    EXPECT_EQ(a % b, Vec3f(-3, 6, -3));
+    EXPECT_EQ(2.0f * a, Vec3f(2, 4, 6));
+    EXPECT_EQ(b / 2, Vec3f(2, 2.5, 3));
+    EXPECT_EQ(Vec3f(7), Vec3f(7, 7, 7));
+    EXPECT_EQ(Vec3f(1, 9, 3).maxValue(), 9);
+    EXPECT_EQ(Vec3d(3, 4, 0).length(), 5);
+    EXPECT_EQ(a.addToZero(), Pnt3f(1, 2, 3));
+
+    Vec3f vector(2, 4, 6);
+    vector /= 2;
+    EXPECT_EQ(vector, a);
+    vector.negate();
+    EXPECT_EQ(vector, -a);
+    vector.setValue(b.getValues());
+    EXPECT_EQ(vector, b);
+    vector.setNull();
+    EXPECT_EQ(vector, Vec3f());
+
+    std::ostringstream text;
+    text << a << '/' << Pnt2f(4, 5.5) << '/' << Color3f(0, 1, 0) << '/' << Quaternion();
+    EXPECT_EQ(text.str(), "1 2 3/4 5.5/0 1 0/0 0 0 1");
 }
 
 TEST(OSGVector, ComparesWithATolerance)
@@ -75,6 +130,11 @@ TEST(OSGPoint, MovesByVectors)
     EXPECT_EQ(a.subZero(), Vec3f(1, 2, 3));
     EXPECT_EQ(Pnt3f(Vec3f(1, 2, 3)), a);
     EXPECT_EQ(a.z(), 3);
+    Pnt3f point(a);
+    point += Vec3f(1, 0, 0);
+    EXPECT_EQ(point, Pnt3f(2, 2, 3));
+    point -= Vec3f(2, 0, 0);
+    EXPECT_EQ(point, Pnt3f(0, 2, 3));
 }
 
 TEST(OSGColor, HasNamedComponents)
@@ -91,6 +151,32 @@ TEST(OSGColor, HasNamedComponents)
     EXPECT_EQ(more.green(), 0.2f);
     EXPECT_EQ(more.blue(), 0.3f);
     EXPECT_EQ(more.alpha(), 0.4f);
+}
+
+TEST(OSGColor, IsSetAsAWhole)
+{
+    Color3f color;
+    color.setRGB(0.1f, 0.2f, 0.3f);
+    EXPECT_EQ(color, Color3f(0.1, 0.2, 0.3));
+    EXPECT_EQ(color.getValuesRGB()[2], 0.3f);
+    color.setValuesRGB(1, 0, 1);
+    EXPECT_EQ(color, Color3f(1, 0, 1));
+    Color4f more;
+    more.setRGBA(1, 2, 3, 4);
+    EXPECT_EQ(more.getValuesRGBA()[3], 4);
+    more.setValuesRGBA(4, 3, 2, 1);
+    EXPECT_EQ(more, Color4f(4, 3, 2, 1));
+
+    Color4f first(-1);
+    first.setRandom();
+    for (UInt32 i = 0; i < 4; ++i) {
+        EXPECT_GE(first[i], 0);
+        EXPECT_LE(first[i], 1);
+    }
+    color.setRandom();
+    Color3f other;
+    other.setRandom();
+    EXPECT_NE(color, other);
 }
 
 TEST(OSGQuaternion, IsMadeFromAxisAndAngle)
@@ -160,7 +246,66 @@ TEST(OSGQuaternion, Normalizes)
     EXPECT_TRUE(q.equals(Quaternion(0, 0, 0.6f, 0.8f), Near));
     q = Quaternion(0, 0, 0, 0);
     q.normalize();
-    EXPECT_EQ(q, Quaternion());
+    EXPECT_EQ(q, Quaternion(0, 0, 0, 0));
+}
+
+TEST(OSGQuaternion, TurnsOneDirectionOntoAnother)
+{
+    for (const auto &[from, to] : {std::make_pair(Vec3f(1, 0, 0), Vec3f(0, 0, 2)),
+                                   {Vec3f(3, 1, 2), Vec3f(-1, 5, 0.5)},
+                                   {Vec3f(1, 0, 0), Vec3f(-1, 0, 0)},
+                                   {Vec3f(0, 2, 0), Vec3f(0, -1, 0)},
+                                   {Vec3f(0, 0, 1), Vec3f(0, 0, 1)}}) {
+        Vec3f turned;
+        Quaternion(from, to).multVec(from, turned);
+        EXPECT_TRUE(turned.equals(to * (from.length() / to.length()), Near)) << from << ": " << turned;
+    }
+    EXPECT_EQ(Quaternion(Vec3f(), Vec3f(1, 0, 0)), Quaternion());
+}
+
+TEST(OSGQuaternion, GoesToAMatrixAndBack)
+{
+    for (const Quaternion &q : {Quaternion(Vec3f(1, 2, 3), 0.7f), Quaternion(Vec3f(1, 0.1, 0), 3.1f),
+                                Quaternion(Vec3f(0, 1, 0.1), 3.1f), Quaternion(Vec3f(0.1, 0, 1), 3.1f)}) {
+        Matrix matrix;
+        matrix.setTranslate(1, 2, 3);
+        q.getValue(matrix);
+        EXPECT_EQ(matrix[3][0], 0);
+        EXPECT_TRUE(Quaternion(matrix).equals(q, Near)) << q << ": " << Quaternion(matrix);
+    }
+}
+
+TEST(OSGQuaternion, MultipliesFromBothSides)
+{
+    const Quaternion a(Vec3f(1, -2, 0.5), 0.8f);
+    const Quaternion b(Vec3f(0.3f, 1, 3), -1.3f);
+    Quaternion q(a);
+    q *= b;
+    EXPECT_EQ(q, a * b);
+    q = a;
+    q.multLeft(b);
+    EXPECT_EQ(q, b * a);
+}
+
+TEST(OSGQuaternion, GoesFromOneToAnotherTheShorterWay)
+{
+    const Quaternion start(Vec3f(0, 0, 1), 0.4f);
+    const Quaternion end(Vec3f(0, 0, 1), 1.4f);
+    const Quaternion other(-end.x(), -end.y(), -end.z(), -end.w());
+    const Quaternion middle(Vec3f(0, 0, 1), 0.65f);
+    EXPECT_TRUE(Quaternion::slerp(start, end, 0.25f).equals(middle, Near));
+    EXPECT_TRUE(Quaternion::slerp(start, other, 0.25f).equals(middle, Near));
+    EXPECT_TRUE(Quaternion::slerp(start, end, 1).equals(end, Near));
+    EXPECT_TRUE(Quaternion::slerp(start, start, 0.5f).equals(start, Near));
+}
+
+TEST(OSGQuaternion, TellsItsAngleInDegrees)
+{
+    Vec3f axis;
+    Real32 angle = 0;
+    Quaternion(Vec3f(0, 0, 1), 1.57079633f).getValueAsAxisDeg(axis, angle);
+    EXPECT_EQ(axis, Vec3f(0, 0, 1));
+    EXPECT_NEAR(angle, 90, 1e-4);
 }
 
 Pnt3f transformed(const Matrix &matrix, const Pnt3f &point)
@@ -250,6 +395,8 @@ TEST(OSGMatrix, Inverts)
     EXPECT_EQ(same, inverse);
     EXPECT_TRUE(same.inverseFrom(matrix));
     EXPECT_EQ(same, inverse);
+    EXPECT_TRUE(same.invertFrom(inverse));
+    EXPECT_TRUE(same.equals(matrix, 1e-4f));
 }
 
 TEST(OSGMatrix, WithoutInverseStays)
@@ -265,6 +412,88 @@ TEST(OSGMatrix, WithoutInverseStays)
     EXPECT_EQ(result, Matrix());
     flat.setScale(1, NAN, 1);
     EXPECT_FALSE(flat.inverse(result));
+}
+
+TEST(OSGMatrix, IsSetAsAWhole)
+{
+    const Matrix rows(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
+    Matrix matrix;
+    matrix.setValue(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16);
+    EXPECT_EQ(matrix, rows);
+    Matrix other;
+    other.setValue(rows.getValues());
+    EXPECT_EQ(other, rows);
+    other.setIdentity();
+    other.setValue(rows);
+    EXPECT_EQ(other, rows);
+    EXPECT_TRUE(rows.transposed(other));
+    EXPECT_EQ(other[0], Vec4f(1, 2, 3, 4));
+
+    matrix.setIdentity();
+    matrix.setScale(3);
+    EXPECT_EQ(matrix, Matrix(3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 3, 0, 0, 0, 0, 1));
+    matrix.setTransform(Vec3f(1, 2, 3));
+    EXPECT_EQ(matrix, Matrix(1, 0, 0, 1, 0, 1, 0, 2, 0, 0, 1, 3, 0, 0, 0, 1));
+    const Quaternion turn(Vec3f(1, 2, 3), 0.7f);
+    matrix.setTransform(turn);
+    EXPECT_EQ(matrix[3], Vec4f(0, 0, 0, 1));
+    matrix.setTransform(Vec3f(1, 2, 3), turn);
+    Matrix both;
+    both.setTransform(Vec3f(1, 2, 3), turn, Vec3f(1, 1, 1));
+    EXPECT_TRUE(matrix.equals(both, Near));
+
+    std::ostringstream text;
+    text << rows;
+    EXPECT_EQ(text.str(), "1 2 3 4\n5 6 7 8\n9 10 11 12\n13 14 15 16\n");
+}
+
+TEST(OSGMatrix, DividesByThePerspective)
+{
+    const Matrix matrix(1, 0, 0, 1, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0.5, 0);
+    Pnt3f point;
+    matrix.multFullMatrixPnt(Pnt3f(1, 2, 4), point);
+    EXPECT_EQ(point, Pnt3f(1, 1, 2));
+    Matrix().multFullMatrixPnt(Pnt3f(1, 2, 4), point);
+    EXPECT_EQ(point, Pnt3f(1, 2, 4));
+}
+
+TEST(OSGMatrix, GivesItsPartsBack)
+{
+    const Quaternion turn(Vec3f(1, -2, 0.5), 0.8f);
+    const Quaternion axes(Vec3f(0.2, 1, 0.4), 0.5f);
+    for (const auto &[factors, orientation] : {std::make_pair(Vec3f(1, 1, 1), Quaternion()),
+                                               {Vec3f(2, 3, 4), Quaternion()},
+                                               {Vec3f(5, 1, 9), axes},
+                                               {Vec3f(-1, -2, -3), axes},
+                                               {Vec3f(-1, 2, 3), axes},
+                                               {Vec3f(2, 0, 3), axes},
+                                               {Vec3f(0, 2, 0), axes},
+                                               {Vec3f(0, 0, 0), Quaternion()},
+                                               {Vec3f(1e-3f, 1, 1e3f), Quaternion()}}) {
+        Matrix matrix;
+        matrix.setTransform(Vec3f(1, 2, 3), turn, factors, orientation);
+        Vec3f translation;
+        Quaternion rotation;
+        Vec3f scale;
+        Quaternion scaleOrientation;
+        matrix.getTransform(translation, rotation, scale, scaleOrientation);
+
+        EXPECT_EQ(translation, Vec3f(1, 2, 3));
+        EXPECT_NEAR(rotation.length(), 1, Near);
+        EXPECT_NEAR(scaleOrientation.length(), 1, Near);
+        Matrix again;
+        again.setTransform(translation, rotation, scale, scaleOrientation);
+        EXPECT_TRUE(again.equals(matrix, factors.length() * Near)) << factors << ":\n" << matrix << again;
+    }
+    Matrix plain;
+    plain.setTransform(Vec3f(), turn, Vec3f(2, 3, 4));
+    Vec3f translation;
+    Quaternion rotation;
+    Vec3f scale;
+    Quaternion scaleOrientation;
+    plain.getTransform(translation, rotation, scale, scaleOrientation);
+    EXPECT_TRUE(rotation.equals(turn, Near)) << rotation;
+    EXPECT_TRUE(scale.equals(Vec3f(2, 3, 4), Near)) << scale;
 }
 
 } // namespace

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <OpenSG/OSGGroup.h>
+#include <OpenSG/OSGLog.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGTransform.h>
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <vector>
 
 OSG_BEGIN_NAMESPACE
@@ -51,12 +54,12 @@ protected:
         return parent->getChildren().getValues();
     }
 
-    const NodeRefPtr node = Node::create();
-    const NodeRefPtr other = Node::create();
-    const NodeRefPtr a = Node::create();
-    const NodeRefPtr b = Node::create();
-    const NodeRefPtr c = Node::create();
-    const NodeRefPtr d = Node::create();
+    const NodeRefPtr node{Node::create()};
+    const NodeRefPtr other{Node::create()};
+    const NodeRefPtr a{Node::create()};
+    const NodeRefPtr b{Node::create()};
+    const NodeRefPtr c{Node::create()};
+    const NodeRefPtr d{Node::create()};
 };
 
 TEST_F(OSGNodeTest, NewNodeIsBare)
@@ -68,6 +71,7 @@ TEST_F(OSGNodeTest, NewNodeIsBare)
     EXPECT_EQ(d->getExternalFlags(), 0u);
     EXPECT_EQ(d->getInternalFlags(), 0u);
     EXPECT_FALSE(d->getVolume().isValid());
+    EXPECT_TRUE(NodeRefPtr(Node::createEmpty())->getVolume().isValid());
 }
 
 TEST_F(OSGNodeTest, ChildrenComeInOrder)
@@ -176,11 +180,13 @@ TEST_F(OSGNodeTest, TakesChildrenAway)
 
 TEST_F(OSGNodeTest, CoreKnowsItsNodes)
 {
-    const GroupRefPtr group = Group::create();
+    const GroupRefPtr group(Group::create());
     a->setCore(group);
     b->setCore(group);
     EXPECT_EQ(group->getParents().getValues(), (std::vector<NodePtr>{a, b}));
     EXPECT_EQ(group->getMFParents()->size(), 2u);
+    EXPECT_EQ(group->getParents(1).getParentFieldPos(), 6);
+    EXPECT_EQ(group->getParents(1).getParentFieldPos(), Node::CoreFieldId);
     EXPECT_EQ(group.get().getRefCount(), 3);
     a->setCore(NullFC);
     EXPECT_EQ(group->getParents().getValues(), (std::vector<NodePtr>{b}));
@@ -301,6 +307,111 @@ TEST_F(OSGNodeTest, OtherFieldsLeaveVolumesAlone)
     endEditCP(a, Node::ExternalFlagsFieldMask | Node::ParentFieldMask | Node::AttachmentsFieldMask);
     EXPECT_TRUE(a->getVolume().isValid());
     EXPECT_TRUE(node->getVolume().isValid());
+}
+
+TEST_F(OSGNodeTest, IsActiveWithAnyBitOfTheTravMask)
+{
+    d->setTravMask(4);
+    EXPECT_TRUE(d->getActive());
+    d->setActive(false);
+    EXPECT_EQ(d->getTravMask(), 0u);
+    EXPECT_FALSE(d->getActive());
+    d->setActive(true);
+    EXPECT_EQ(d->getTravMask(), 0xFFFFFFFFu);
+}
+
+TEST_F(OSGNodeTest, GivesItsVolumeUpToDateOrAsItIs)
+{
+    a->setCore(Cube::create());
+    EXPECT_FALSE(node->getVolume(false).isValid());
+    EXPECT_EQ(node->getVolume(true).getMax(), Pnt3f(1, 1, 1));
+}
+
+TEST_F(OSGNodeTest, LeadsToTheWorldByTheMatricesAboveIt)
+{
+    TransformPtr outer;
+    const NodeRefPtr top(makeCoredNode<Transform>(&outer));
+    outer->getMatrix().setTranslate(1, 2, 3);
+    const TransformPtr inner = Transform::create();
+    inner->getMatrix().setScale(2);
+    top->addChild(node);
+    a->setCore(inner);
+
+    Matrix matrix;
+    a->getToWorld(matrix);
+    EXPECT_EQ(matrix, outer->getMatrix() * inner->getMatrix());
+    EXPECT_EQ(node->getToWorld(), outer->getMatrix());
+    EXPECT_EQ(other->getToWorld(), Matrix());
+}
+
+TEST_F(OSGNodeTest, DumpsCoreAndChildrenBelowIt)
+{
+    const NodeRefPtr top(makeCoredNode<Group>());
+    top->addChild(d);
+    d->setExternalFlags(3);
+    std::vector<std::string> lines;
+    const LogSink previous = setLogSink([&](const std::string &line) { lines.push_back(line); });
+    top->dump(2, Node::ExternalFlagsFieldMask);
+    setLogSink(previous);
+    const auto idOf = [](const FieldContainerPtr &fc) { return std::to_string(fc.getFieldContainerId()); };
+    EXPECT_EQ(lines, (std::vector<std::string>{"  Node " + idOf(top.get()), "    externalFlags: 0",
+                                               "      Group " + idOf(top->getCore()),
+                                               "      Node " + idOf(d.get()), "        externalFlags: 3"}));
+}
+
+TEST_F(OSGNodeTest, ClonesTrees)
+{
+    setName(b, "b");
+    b->setCore(Transform::create());
+    b->addChild(d);
+    const AttachmentPtr name = b->findAttachment(Name::getClassType());
+
+    const NodeRefPtr clone(cloneTree(node));
+    ASSERT_EQ(clone->getNChildren(), 3u);
+    EXPECT_TRUE(clone->getChild(1) != b.get());
+    EXPECT_TRUE(clone->getChild(1)->getCore() == b->getCore());
+    EXPECT_TRUE(clone->getChild(1)->findAttachment(Name::getClassType()) == name);
+    EXPECT_EQ(clone->getChild(1)->getNChildren(), 1u);
+    EXPECT_EQ(node->getNChildren(), 3u);
+
+    const NodeRefPtr deep(NodePtr::dcast(deepClone(node.get())));
+    ASSERT_EQ(deep->getNChildren(), 3u);
+    EXPECT_TRUE(deep->getChild(1)->getCore() != b->getCore());
+    EXPECT_TRUE(TransformPtr::dcast(deep->getChild(1)->getCore()) != NullFC);
+    EXPECT_TRUE(deep->getChild(1)->findAttachment(Name::getClassType()) != name);
+    EXPECT_STREQ(getName(deep->getChild(1)), "b");
+    EXPECT_EQ(deep->getChild(1)->getNChildren(), 1u);
+
+    EXPECT_TRUE(cloneTree(NullFC) == NullFC);
+    EXPECT_TRUE(deepCloneTree(NullFC) == NullFC);
+    EXPECT_TRUE(deepClone(NullFC) == NullFC);
+    const FieldContainerRefPtr core(deepClone(b->getCore()));
+    EXPECT_TRUE(TransformPtr::dcast(core.get()) != NullFC);
+}
+
+TEST_F(OSGNodeTest, CoredNodeStandsForItsCore)
+{
+    GroupNodePtr none;
+    EXPECT_TRUE(!none);
+    TransformNodePtr cored = TransformNodePtr::create();
+    cored->getMatrix().setTranslate(1, 2, 3);
+    EXPECT_EQ(cored.node()->getToWorld()[3][0], 1);
+    EXPECT_TRUE(cored.node()->getCore() == cored.core());
+    EXPECT_EQ(cored.node().getRefCount(), 1);
+    node->addChild(cored);
+    EXPECT_EQ(cored.node().getRefCount(), 2);
+
+    const TransformPtr next = Transform::create();
+    cored = next;
+    EXPECT_TRUE(cored.node()->getCore() == next);
+    cored.node()->setCore(Transform::create());
+    cored.coreChanged();
+    EXPECT_TRUE(cored.node()->getCore() == cored.core());
+    cored = NullFC;
+    EXPECT_TRUE(cored == NullFC);
+
+    b->setCore(Cube::create());
+    EXPECT_TRUE(!GroupNodePtr(b)) << "a core of another class";
 }
 
 } // namespace

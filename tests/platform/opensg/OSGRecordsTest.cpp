@@ -25,21 +25,31 @@ constexpr BitVector CoreParents = NodeCore::ParentsFieldMask;
 constexpr BitVector AttachmentParents = Attachment::ParentsFieldMask;
 constexpr BitVector Attachments = AttachmentContainer::AttachmentsFieldMask;
 
+/// What Image::set() edits, first this and then that.
+constexpr BitVector ImageLayout = 0x8f70;
+constexpr BitVector ImagePixels = 0x13088;
+static_assert(ImageLayout ==
+              (Image::WidthFieldMask | Image::HeightFieldMask | Image::DepthFieldMask |
+               Image::MipMapCountFieldMask | Image::FrameCountFieldMask | Image::FrameDelayFieldMask |
+               Image::PixelFormatFieldMask | Image::DataTypeFieldMask));
+static_assert(ImagePixels == (Image::DimensionFieldMask | Image::BppFieldMask | Image::PixelFieldMask |
+                              Image::FrameSizeFieldMask | Image::ComponentSizeFieldMask));
+
 /// The nodes, cores and attachments that the rows work on. Made in the order of the members, so node has id
 /// 1, a 2, b 3 and so on; each holds one reference here, which is not part of what the rows see.
 struct Scene
 {
-    NodeRefPtr node = Node::create();
-    NodeRefPtr a = Node::create();
-    NodeRefPtr b = Node::create();
-    NodeRefPtr other = Node::create();
-    GroupRefPtr group = Group::create();
-    GroupRefPtr group2 = Group::create();
-    NameRefPtr name = Name::create();
-    NameRefPtr name2 = Name::create();
-    ImageRefPtr image = Image::create();
-    ImageRefPtr image2 = Image::create();
-    SimpleTexturedMaterialRefPtr material = SimpleTexturedMaterial::create();
+    NodeRefPtr node{Node::create()};
+    NodeRefPtr a{Node::create()};
+    NodeRefPtr b{Node::create()};
+    NodeRefPtr other{Node::create()};
+    GroupRefPtr group{Group::create()};
+    GroupRefPtr group2{Group::create()};
+    NameRefPtr name{Name::create()};
+    NameRefPtr name2{Name::create()};
+    ImageRefPtr image{Image::create()};
+    ImageRefPtr image2{Image::create()};
+    SimpleTexturedMaterialRefPtr material{SimpleTexturedMaterial::create()};
 };
 
 enum SceneId
@@ -89,9 +99,51 @@ void withValidVolumes(Scene &scene)
 }
 
 const Row rows[] = {
-    {"create", nothing, [](Scene &) { Node::create(); }, ksRecords().create(NextId)},
+    {"create", nothing, [](Scene &) { Node::create(); }, ksRecords().create(NextId).change(NextId, Volume)},
     {"createEmpty", nothing, [](Scene &) { Node::createEmpty(); }, ksRecords().create(NextId)},
     {"shallowCopy", withChildren, [](Scene &s) { s.node->shallowCopy(); }, ksRecords().create(NextId)},
+    {"shallowCopyOfAFullNode",
+     [](Scene &s) {
+         s.node->setCore(s.group.get());
+         s.node->addAttachment(s.name.get());
+         s.node->addAttachment(s.name2.get(), 1);
+         s.node->updateVolume();
+     },
+     [](Scene &s) { s.node->shallowCopy(); },
+     ksRecords()
+         .create(NextId)
+         .addRef(NameId)
+         .change(NameId, AttachmentParents)
+         .addRef(Name2Id)
+         .change(Name2Id, AttachmentParents)
+         .addRef(GroupId)
+         .change(GroupId, CoreParents)
+         .change(NextId, Volume)},
+    {"shallowCopyOfACore", [](Scene &s) { s.group->addAttachment(s.name.get()); },
+     [](Scene &s) { s.group->shallowCopy(); },
+     ksRecords().create(NextId).addRef(NameId).change(NameId, AttachmentParents)},
+    {"cloneTree",
+     [](Scene &s) {
+         s.node->addChild(s.a);
+         s.a->setCore(s.group.get());
+     },
+     [](Scene &s) { cloneTree(s.node); },
+     ksRecords()
+         .create(NextId)
+         .create(NextId + 1)
+         .addRef(GroupId)
+         .change(GroupId, CoreParents)
+         .addRef(NextId + 1)
+         .change(NextId + 1, Parent)
+         .change(NextId, Children)},
+    {"makeCoredNode", nothing, [](Scene &) { makeCoredNode<Group>(); },
+     ksRecords()
+         .create(NextId)
+         .create(NextId + 1)
+         .change(NextId + 1, Volume)
+         .addRef(NextId)
+         .change(NextId, CoreParents)
+         .change(NextId + 1, Core)},
     {"createByName", nothing, [](Scene &) { FieldContainerFactory::the()->createFieldContainer("Group"); },
      ksRecords().create(NextId)},
     {"createTwice", nothing,
@@ -99,7 +151,7 @@ const Row rows[] = {
          Node::create();
          Group::create();
      },
-     ksRecords().create(NextId).create(NextId + 1)},
+     ksRecords().create(NextId).change(NextId, Volume).create(NextId + 1)},
 
     {"beginEdit", nothing, [](Scene &s) { beginEditCP(s.node, Core); }, ksRecords()},
     {"endEdit", nothing, [](Scene &s) { endEditCP(s.a, Node::ExternalFlagsFieldMask); },
@@ -132,13 +184,13 @@ const Row rows[] = {
          NodePtr last = fresh;
          subRefCP(last);
      },
-     ksRecords().create(NextId).addRef(NextId).destroy(NextId)},
+     ksRecords().create(NextId).change(NextId, Volume).addRef(NextId).destroy(NextId)},
     {"subRefWithoutAny", nothing,
      [](Scene &) {
          NodePtr fresh = Node::create();
          subRefCP(fresh);
      },
-     ksRecords().create(NextId).destroy(NextId)},
+     ksRecords().create(NextId).change(NextId, Volume).destroy(NextId)},
     {"setRefd", nothing,
      [](Scene &s) {
          NodePtr held;
@@ -187,6 +239,36 @@ const Row rows[] = {
     {"subChildByIndex", withChildren, [](Scene &s) { s.node->subChild(1); },
      ksRecords().change(BId, Parent).subRef(BId)},
     {"subNoChild", withChildren, [](Scene &s) { s.node->subChild(s.other); }, ksRecords()},
+    {"subChildOfValidVolume", withValidVolumes, [](Scene &s) { s.node->subChild(s.a); },
+     ksRecords().change(AId, Parent).subRef(AId).change(NodeId, Volume).change(OtherId, Volume)},
+    {"subNoChildOfValidVolume", withValidVolumes, [](Scene &s) { s.node->subChild(s.other); },
+     ksRecords().change(NodeId, Volume).change(OtherId, Volume)},
+    {"insertNoChild", withValidVolumes, [](Scene &s) { s.node->insertChild(0, NullFC); },
+     ksRecords().change(NodeId, Volume).change(OtherId, Volume)},
+    {"moveChildWithinEdit", withValidVolumes,
+     [](Scene &s) {
+         const CPEditor edit(s.other, Children);
+         s.other->addChild(s.a);
+     },
+     ksRecords()
+         .addRef(AId)
+         .change(AId, Parent)
+         .subRef(AId)
+         .change(NodeId, Volume)
+         .change(OtherId, Volume)
+         .change(NodeId, Children)
+         .change(AId, Parent)
+         .change(OtherId, Children)},
+    {"replaceChildOfValidVolume", withValidVolumes,
+     [](Scene &s) { s.node->replaceChildBy(s.a, Node::createEmpty()); },
+     ksRecords()
+         .create(NextId)
+         .addRef(NextId)
+         .change(AId, Parent)
+         .subRef(AId)
+         .change(NextId, Parent)
+         .change(NodeId, Volume)
+         .change(OtherId, Volume)},
     {"subChildWithinEdit", withValidVolumes,
      [](Scene &s) {
          const CPEditor edit(s.node, Children);
@@ -195,9 +277,9 @@ const Row rows[] = {
      ksRecords()
          .change(AId, Parent)
          .subRef(AId)
-         .change(NodeId, Children)
          .change(NodeId, Volume)
-         .change(OtherId, Volume)},
+         .change(OtherId, Volume)
+         .change(NodeId, Children)},
 
     {"updateVolume", withChildren, [](Scene &s) { s.node->updateVolume(); },
      ksRecords().change(AId, Volume).change(BId, Volume).change(NodeId, Volume)},
@@ -213,10 +295,23 @@ const Row rows[] = {
      [](Scene &s) { s.a->invalidateVolume(); }, ksRecords().change(AId, Volume)},
     {"travMaskWithoutParent", nothing, [](Scene &s) { endEditCP(s.node, Node::TravMaskFieldMask); },
      ksRecords().change(NodeId, Node::TravMaskFieldMask)},
+    {"travMaskOfValidRoot", withValidVolumes, [](Scene &s) { endEditCP(s.other, Node::TravMaskFieldMask); },
+     ksRecords().change(OtherId, Node::TravMaskFieldMask).change(OtherId, Volume)},
+    {"travMaskBelowStaticVolume",
+     [](Scene &s) {
+         withValidVolumes(s);
+         s.node->getVolume().setStatic();
+     },
+     [](Scene &s) { endEditCP(s.a, Node::TravMaskFieldMask); },
+     ksRecords().change(AId, Node::TravMaskFieldMask).change(NodeId, Volume)},
     {"travMask", withChildren, [](Scene &s) { endEditCP(s.a, Node::TravMaskFieldMask); },
      ksRecords().change(AId, Node::TravMaskFieldMask).change(NodeId, Volume)},
     {"travMaskBelowValidVolume", withValidVolumes, [](Scene &s) { endEditCP(s.a, Node::TravMaskFieldMask); },
-     ksRecords().change(AId, Node::TravMaskFieldMask).change(NodeId, Volume).change(OtherId, Volume)},
+     ksRecords()
+         .change(AId, Node::TravMaskFieldMask)
+         .change(NodeId, Volume)
+         .change(OtherId, Volume)
+         .change(NodeId, Volume)},
     {"transformMatrix",
      [](Scene &s) {
          s.node->setCore(Transform::create());
@@ -240,8 +335,11 @@ const Row rows[] = {
     {"subAttachment", [](Scene &s) { s.node->addAttachment(s.name.get()); },
      [](Scene &s) { s.node->subAttachment(s.name.get()); },
      ksRecords().change(NameId, AttachmentParents).subRef(NameId)},
+    {"subAttachmentOfTheSameGroup", [](Scene &s) { s.node->addAttachment(s.name.get()); },
+     [](Scene &s) { s.node->subAttachment(s.name2.get()); },
+     ksRecords().change(NameId, AttachmentParents).subRef(NameId)},
     {"subNoAttachment", [](Scene &s) { s.node->addAttachment(s.name.get()); },
-     [](Scene &s) { s.node->subAttachment(s.name2.get()); }, ksRecords()},
+     [](Scene &s) { s.node->subAttachment(s.name2.get(), 1); }, ksRecords()},
 
     {"setName", nothing, [](Scene &s) { setName(s.node, std::string("n")); },
      ksRecords()
@@ -249,23 +347,24 @@ const Row rows[] = {
          .addRef(NextId)
          .change(NextId, AttachmentParents)
          .change(NodeId, Attachments)
-         .change(NextId, Name::SimpleFieldMask)},
+         .change(NextId, FieldBits::AllFields)},
     {"setNameAgain", [](Scene &s) { setName(s.node, "n"); }, [](Scene &s) { setName(s.node, "m"); },
-     ksRecords().change(NextId, Name::SimpleFieldMask)},
+     ksRecords().change(NextId, FieldBits::AllFields)},
     {"setNoName", [](Scene &s) { s.node->addAttachment(s.name.get()); },
      [](Scene &s) { setName(s.node, nullptr); },
      ksRecords().change(NameId, AttachmentParents).subRef(NameId)},
 
     {"imageSet", nothing, [](Scene &s) { s.image->set(Image::OSG_RGB_PF, 2, 2); },
-     ksRecords()
-         .change(ImageId, Image::DimensionFieldMask | Image::WidthFieldMask | Image::HeightFieldMask |
-                              Image::DepthFieldMask | Image::BppFieldMask | Image::MipMapCountFieldMask |
-                              Image::FrameCountFieldMask | Image::FrameDelayFieldMask |
-                              Image::PixelFormatFieldMask | Image::FrameSizeFieldMask |
-                              Image::DataTypeFieldMask | Image::ComponentSizeFieldMask |
-                              Image::SideCountFieldMask | Image::SideSizeFieldMask)
-         .change(ImageId, Image::PixelFieldMask)},
-    {"imageSetToNonsense", nothing, [](Scene &s) { s.image->set(Image::OSG_RGB_PF, 0); }, ksRecords()},
+     ksRecords().change(ImageId, ImageLayout).change(ImageId, ImagePixels)},
+    {"imageSetToNonsense", nothing,
+     [](Scene &s) { s.image->set(Image::OSG_INVALID_PF, -1, 0, 0, 0, 0, 0, nullptr, 77, false, 0); },
+     ksRecords().change(ImageId, ImageLayout).change(ImageId, ImagePixels)},
+    {"imageSetToMoreThanItCanHold", nothing, [](Scene &s) { s.image->set(Image::OSG_RGB_PF, 40000, 40000); },
+     ksRecords()},
+    {"imageSetData", nothing, [](Scene &s) { s.image->setData(nullptr); },
+     ksRecords().change(ImageId, ImagePixels)},
+    {"imageEdit", nothing, [](Scene &s) { endEditCP(s.image, Image::WidthFieldMask); },
+     ksRecords().change(ImageId, Image::WidthFieldMask)},
     {"setImage", nothing, [](Scene &s) { s.material->setImage(s.image.get()); },
      ksRecords().addRef(ImageId).change(ImageId, Image::ParentsFieldMask)},
     {"setImageAgain", [](Scene &s) { s.material->setImage(s.image.get()); },

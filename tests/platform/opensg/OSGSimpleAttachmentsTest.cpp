@@ -25,18 +25,18 @@ TEST(OSGSimpleAttachments, NameHasOneFieldOfItsOwn)
     EXPECT_TRUE(type.getFieldDescription(3)->getFieldType() == SFString::getClassType());
     EXPECT_FALSE(type.getFieldDescription(3)->isInternal());
 
-    const NameRefPtr name = Name::create();
+    const NameRefPtr name(Name::create());
     EXPECT_EQ(name->getField(3), name->getFieldPtr());
     EXPECT_EQ(&name->getField(), name->getFieldPtr());
     EXPECT_EQ(name->getContainerSize(), sizeof(Name));
     name->getField().setValue("text");
-    const NameRefPtr copy = NamePtr::dcast(name->shallowCopy());
+    const NameRefPtr copy(NamePtr::dcast(name->shallowCopy()));
     EXPECT_EQ(copy->getField().getValue(), "text");
 }
 
 TEST(OSGSimpleAttachments, SetNameNamesAndRenames)
 {
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     EXPECT_EQ(getName(node), nullptr);
 
     setName(node, "first");
@@ -53,7 +53,7 @@ TEST(OSGSimpleAttachments, SetNameNamesAndRenames)
 
 TEST(OSGSimpleAttachments, SetNameToNullTakesItAway)
 {
-    const GroupRefPtr group = Group::create();
+    const GroupRefPtr group(Group::create());
     setName(group.get(), nullptr);
     EXPECT_EQ(getName(group.get()), nullptr);
     setName(group.get(), "core");

@@ -27,7 +27,7 @@ TEST(OSGThread, TheStartingThreadIsTheApplications)
 TEST(OSGThread, ForeignThreadsRecordNothing)
 {
     ksRecorder recorder;
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     recorder.take();
 
     std::thread([&] {
@@ -50,7 +50,7 @@ TEST(OSGThread, ForeignThreadsRecordNothing)
 TEST(OSGThread, ExternalThreadsHaveAspectAndListOfTheirOwn)
 {
     ksRecorder recorder;
-    const NodeRefPtr node = Node::create();
+    const NodeRefPtr node(Node::create());
     recorder.take();
 
     std::thread([&] {
@@ -90,6 +90,18 @@ TEST(OSGThread, RunsWorkInAnAspect)
     EXPECT_EQ(Thread::getAspect(), 0u);
     Thread::join(worker);
     Thread::join(nullptr);
+}
+
+TEST(OSGThread, RunsAFunctionWithAnArgument)
+{
+    UInt32 aspect = 0;
+    Thread *thread = Thread::get("function");
+    thread->runFunction([](void *argument) { *static_cast<UInt32 *>(argument) = Thread::getAspect(); }, 1,
+                        &aspect);
+    BaseThread *base = thread;
+    BaseThread::join(base);
+    EXPECT_EQ(aspect, 1u);
+    EXPECT_STREQ(base->getCName(), "function");
 }
 
 TEST(OSGThread, RunsAgainAfterTheLastRun)
