@@ -12,7 +12,7 @@ template <class TupleT>
 void setRandomColor(TupleT &color)
 {
     for (UInt32 i = 0; i < TupleT::Size; ++i) {
-        color[i] = static_cast<typename TupleT::ValueType>(std::rand()) / RAND_MAX;
+        color[i] = static_cast<typename TupleT::ValueType>(Real64(std::rand()) / RAND_MAX);
     }
 }
 

@@ -85,7 +85,7 @@ public:
     CPEditor &operator=(const CPEditor &) = delete;
 
 private:
-    const FieldContainerPtr _fc;
+    const FieldContainerPtr _fc{};
     const BitVector _whichField = FieldBits::NoField;
 };
 

@@ -251,17 +251,17 @@ TEST_F(OSGChangeListApplyTest, ApplyToClears)
 
 TEST_F(OSGChangeListApplyTest, ApplyWorksOnTheThreadsAspectAndClears)
 {
-    const auto flagsAfter = [this](UInt32 flags, void (ChangeList::*apply)()) {
+    const auto flagsAfter = [this](UInt32 flags, void (*apply)(ChangeList &)) {
         edit();
         node->setExternalFlags(flags);
         const AspectScope scope(1);
-        (current.*apply)();
+        apply(current);
         EXPECT_TRUE(current.empty());
         return node->getExternalFlags();
     };
-    EXPECT_EQ(flagsAfter(5, &ChangeList::apply), 5u);
-    EXPECT_EQ(flagsAfter(6, &ChangeList::applyToCurrent), 6u);
-    EXPECT_EQ(flagsAfter(7, &ChangeList::applyAndClear), 7u);
+    EXPECT_EQ(flagsAfter(5, [](ChangeList &changes) { changes.apply(); }), 5u);
+    EXPECT_EQ(flagsAfter(6, [](ChangeList &changes) { changes.applyToCurrent(); }), 6u);
+    EXPECT_EQ(flagsAfter(7, [](ChangeList &changes) { changes.applyAndClear(); }), 7u);
 }
 
 TEST_F(OSGChangeListApplyTest, NothingHappensInTheListsOwnAspect)

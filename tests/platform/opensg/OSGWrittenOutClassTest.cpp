@@ -12,6 +12,8 @@
 // Casts of access methods to their common type are part of the way in which these classes are written.
 #pragma GCC diagnostic ignored "-Wcast-function-type"
 
+// NOLINTBEGIN(modernize-use-*,readability-redundant-member-init)
+
 // What a generator writes for class Dial, without access to binary data: the fields, the base class, its
 // source.
 
@@ -276,6 +278,8 @@ OSG_ABSTR_FIELD_CONTAINER_DEF(Lever, Lever::LeverPtr)
 FieldContainerType Lever::_type("Lever", "FieldContainer", NULL, NULL, NULL, NULL, 0);
 
 OSG_END_NAMESPACE
+
+// NOLINTEND(modernize-use-*,readability-redundant-member-init)
 
 namespace {
 
