@@ -7,7 +7,7 @@
 
 #include <ksCommandList.h>
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -470,7 +470,7 @@ int main(int argc, char **argv)
     if (stacksFirst)
         ksUndoStack::get(0);
     ksSuiteHost::start(argc, argv);
-    const QApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
     leaveCommands();
     if (!stacksFirst)
         return RUN_ALL_TESTS();
