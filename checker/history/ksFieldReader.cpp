@@ -68,10 +68,10 @@ std::optional<std::string_view> plainBytes(const osg::Field &field)
                 .emplace(&type,
                          bytesAmong<osg::SFBool, osg::SFInt8, osg::SFUInt8, osg::SFInt16, osg::SFUInt16,
                                     osg::SFInt32, osg::SFUInt32, osg::SFInt64, osg::SFUInt64, osg::SFReal32,
-                                    osg::SFReal64, osg::SFVec2f, osg::SFVec3f, osg::SFVec4f, osg::SFPnt3f,
-                                    osg::SFColor3f, osg::SFColor4f, osg::SFQuaternion, osg::SFMatrix,
-                                    osg::MFUInt8, osg::MFInt32, osg::MFUInt32, osg::MFReal32, osg::MFVec2f,
-                                    osg::MFVec3f, osg::MFPnt3f>(type))
+                                    osg::SFReal64, osg::SFBitVector, osg::SFVec2f, osg::SFVec3f, osg::SFVec4f,
+                                    osg::SFPnt3f, osg::SFColor3f, osg::SFColor4f, osg::SFQuaternion,
+                                    osg::SFMatrix, osg::MFUInt8, osg::MFInt32, osg::MFUInt32, osg::MFReal32,
+                                    osg::MFVec2f, osg::MFVec3f, osg::MFPnt3f>(type))
                 .first;
     return found->second != nullptr ? std::optional(found->second(field)) : std::nullopt;
 }

@@ -6,6 +6,7 @@
 #include <ksundo/core/ksHeldReference.h>
 
 #include <OSGAimConstraint.h>
+#include <OSGConstraintObject.h>
 
 #include <vector>
 

@@ -43,7 +43,11 @@ public:
     }
 
     /// Releases the reference, which destroys the container when it was the last.
-    ~ksHeldReference() { osg::subRefCP(get()); }
+    ~ksHeldReference()
+    {
+        if (id != 0) // holding nothing, it may go when there is no scene graph to ask
+            osg::subRefCP(get());
+    }
 
     /// Exchanges what the two hold; no reference is taken or released.
     void swap(ksHeldReference &other) noexcept { std::swap(id, other.id); }

@@ -41,10 +41,7 @@ public:
     bool mergeWith(const QUndoCommand *other) override { return absorb(other); }
 
     /// The container, NullFC when it is gone, and its field, null when there is none of this command's class.
-    std::pair<osg::FieldContainerPtr, osg::SField<T> *> getField() const
-    {
-        return findTarget<osg::SField<T>>();
-    }
+    std::pair<osg::FieldContainerPtr, osg::SField<T> *> getField() const;
 
 private:
     /// What the next redo or undo writes.
@@ -53,6 +50,12 @@ private:
 
 // What asks for a field's class stands outside, so that the instances below have it from the library, and not
 // from an application to which the scene graph's templates may be hidden.
+template <class T>
+std::pair<osg::FieldContainerPtr, osg::SField<T> *> ksFieldUndoCommand<T>::getField() const
+{
+    return findTarget<osg::SField<T>>();
+}
+
 template <class T>
 void ksFieldUndoCommand<T>::redo()
 {

@@ -19,6 +19,11 @@ ksImageFieldUndoCommand::ksImageFieldUndoCommand(osg::FieldContainerPtr containe
     newImage = ksHeldReference(managed);
 }
 
+std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> ksImageFieldUndoCommand::getField() const
+{
+    return findTarget<osg::SFImagePtr>();
+}
+
 void ksImageFieldUndoCommand::apply(const osg::ImagePtr &image)
 {
     const auto [container, field] = getField();

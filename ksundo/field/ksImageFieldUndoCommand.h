@@ -30,10 +30,7 @@ public:
     void redo() override { apply(newImage.get()); } ///< sets the new image
 
     /// The container, NullFC when it is gone, and its field, null when there is no image field.
-    std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> getField() const
-    {
-        return findTarget<osg::SFImagePtr>();
-    }
+    std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> getField() const;
 
     /// Puts \a image, which may be null, into the field, announces the change while the previous image still
     /// lives, and then calls the notify function. Does nothing at all when the field cannot be found.

@@ -46,10 +46,7 @@ public:
     }
 
     /// The container, NullFC when it is gone, and its field, null when there is none of this command's class.
-    std::pair<osg::FieldContainerPtr, FieldT *> getField() const
-    {
-        return this->template findTarget<FieldT>();
-    }
+    std::pair<osg::FieldContainerPtr, FieldT *> getField() const;
 
 protected:
     /// Sets the field \a field of \a container to \a newContent when it is run, not before.
@@ -74,6 +71,12 @@ ksTextFieldUndoCommand<Command, FieldT, Content>::ksTextFieldUndoCommand(const Q
 {
     if (const FieldT *target = getField().second)
         Command::read(target, this->before);
+}
+
+template <class Command, class FieldT, class Content>
+std::pair<osg::FieldContainerPtr, FieldT *> ksTextFieldUndoCommand<Command, FieldT, Content>::getField() const
+{
+    return this->template findTarget<FieldT>();
 }
 
 template <class Command, class FieldT, class Content>

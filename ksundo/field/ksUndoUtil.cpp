@@ -68,8 +68,8 @@ void appendName(QStringList &names, const std::pair<osg::NodePtr, int> &entry)
     if (node == osg::NullFC)
         return;
     const QString name = NodeUtils::displayName(node);
-    const bool hasVariantName = !ksNodeUtils::getTransformVariantName(node, variant).empty();
-    const QString text = hasVariantName ? QString(name + name) : name;
+    const std::string variantName = ksNodeUtils::getTransformVariantName(node, variant);
+    const QString text = variantName.empty() ? name : QString(name + name);
     if (!text.isEmpty())
         names.append(text);
 }

@@ -14,7 +14,8 @@ ksRemoveTransformSwitchVariantUndoCommand::ksRemoveTransformSwitchVariantUndoCom
     if (removed == osg::NullFC)
         return;
     variant = ksHeldReference(removed);
-    attachment = ksHeldReference(ksNodeUtils::getTransformVariantsAttachment(node));
+    attachment = ksHeldReference<osg::TransformVariantsAttachmentPtr>(
+        ksNodeUtils::getTransformVariantsAttachment(node));
 }
 
 void ksRemoveTransformSwitchVariantUndoCommand::undo()

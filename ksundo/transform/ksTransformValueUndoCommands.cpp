@@ -82,7 +82,7 @@ template <>
 constexpr Row<> row<ksRotationPivotDirectionUndoCommand> = {
     "ksRotationPivotDirectionUndoCommand",
     QT_TRANSLATE_NOOP("ksRotationPivotDirectionUndoCommand", "Change Rotation Pivot"),
-    [](const osg::NodePtr &node, int index) {
+    [](const osg::NodePtr &node, int index) -> osg::Vec3f {
         return ksNodeUtils::getTransformNodeRotationDirection(node, index, -1);
     },
     nullptr, // the class writes more than the value
@@ -91,7 +91,7 @@ constexpr Row<> row<ksRotationPivotDirectionUndoCommand> = {
 template <>
 constexpr Row<> row<ksShearUndoCommand> = {
     "ksShearUndoCommand", QT_TRANSLATE_NOOP("ksShearUndoCommand", "Shear"),
-    [](const osg::NodePtr &node, int) { return ksNodeUtils::getTransformNodeShear(node); },
+    [](const osg::NodePtr &node, int) -> osg::Vec3f { return ksNodeUtils::getTransformNodeShear(node); },
     [](const osg::NodePtr &node, float x, float y, float z, int) {
         ksNodeUtils::setTransformNodeShear(node, x, y, z);
     },

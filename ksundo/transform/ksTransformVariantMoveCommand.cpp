@@ -4,6 +4,7 @@
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/transform/ksTransformVariantMoveCommand.h>
 
+#include <OSGTransformVariant.h>
 #include <ksNodeUtils.h>
 #include <ksPlatform.h>
 

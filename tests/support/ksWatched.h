@@ -19,10 +19,12 @@
 inline std::string ksValuesOf(const osg::FieldContainerPtr &container, osg::BitVector mask)
 {
     std::string values;
-    std::string value;
-    for (osg::UInt32 id = 1; id <= container->getType().getNumFieldDescs(); ++id)
-        if ((mask & osg::TypeTraits<osg::BitVector>::One << id) != 0)
-            values += container->getField(id)->getValueByStr(value) + ';';
+    for (osg::UInt32 id = 1; id <= container->getType().getNumFieldDescs(); ++id) {
+        if ((mask & osg::TypeTraits<osg::BitVector>::One << id) == 0)
+            continue;
+        std::string value;
+        values += container->getField(id)->getValueByStr(value) + ';';
+    }
     return values;
 }
 

@@ -8,6 +8,7 @@
 
 #include <OSGAimConstraint.h>
 #include <OSGColorComponentSettings.h>
+#include <OSGConstraintObject.h>
 #include <OSGLightLinkSet.h>
 #include <OSGTagAttachment.h>
 #include <OSGTransform3D.h>
@@ -29,6 +30,7 @@
 #include <OpenSG/OSGQuaternion.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFSysTypes.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGThread.h>
 #include <OpenSG/OSGVector.h>
 #include <ksLights.h>
@@ -44,6 +46,35 @@
 
 #include <string>
 #include <type_traits>
+
+// One that no header has is incomplete, which is said in the same way. They may as well be structs.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wmismatched-tags"
+class ksLights;
+class ksLog;
+class ksMessage;
+class ksNodePtr;
+class ksNodeUtils;
+class ksOpenSGUtils;
+class ksPlatform;
+class ksSceneDataManager;
+class ksTextureManager;
+class ksTransformVariantUtils;
+namespace osg {
+class AbstractConstraintBase;
+class AimConstraint;
+class AimConstraintBase;
+class ColorComponentSettingsBase;
+class LightLinkSet;
+class TagAttachment;
+class Transform3D;
+class UBRDFMaterial;
+class UBRDFMaterialBase;
+class UberLight;
+class UberLightBase;
+class UberMaterialBase;
+} // namespace osg
+#pragma GCC diagnostic pop
 
 namespace ksDetail::ksPortCheck {
 
@@ -98,6 +129,11 @@ extern int numberOut;
     static_assert(offers<Class>([](auto *x) -> Fits<decltype(x->use), Result> {}), \
                   KS_SAY_MISSING(Class, #use));
 
+/// The same, of a constant one.
+#define KS_NEEDS_CONST(Class, Result, use)                                               \
+    static_assert(offers<const Class>([](auto *x) -> Fits<decltype(x->use), Result> {}), \
+                  KS_SAY_MISSING(Class, #use));
+
 /// \a Class has a static function of exactly this type.
 #define KS_NEEDS_FUNCTION(Class, name, ...)                                                           \
     static_assert(offers<Class>([](auto *x) -> decltype(static_cast<void>(                            \
@@ -116,7 +152,7 @@ static_assert(std::is_default_constructible_v<ksMessage>, "see \"ksMessage\" in 
 
 KS_NEEDS_FUNCTION(ksLog, error, void(const char *, ...))
 
-KS_NEEDS(const ksNodePtr, osg::NodePtr, getNodePtr())
+KS_NEEDS_CONST(ksNodePtr, osg::NodePtr, getNodePtr())
 
 KS_NEEDS(ksOpenSGUtils, osg::NodePtr, getRoot())
 KS_NEEDS(ksSceneDataManager, osg::NodePtr, getSceneRoot(0))
@@ -221,8 +257,8 @@ KS_NEEDS(osg::LightLinkSet, void, subSceneNode(node))
 KS_NEEDS(osg::TagAttachment, osg::MField<osg::UInt64> *, getMFTagValues())
 KS_NEEDS(osg::TagAttachment, osg::UInt32, getClassGroupId())
 
-KS_NEEDS(const osg::AbstractConstraint, osg::ConstraintObjectPtr, findSourceConstraintObject(object))
-KS_NEEDS(const osg::AbstractConstraint, bool, hasTarget(object))
+KS_NEEDS_CONST(osg::AbstractConstraint, osg::ConstraintObjectPtr, findSourceConstraintObject(object))
+KS_NEEDS_CONST(osg::AbstractConstraint, bool, hasTarget(object))
 KS_NEEDS(osg::AbstractConstraint, osg::AttachmentContainerPtr, getTarget())
 KS_NEEDS(osg::AbstractConstraint, osg::AttachmentContainerPtr &, getSFTarget()->getValue())
 KS_NEEDS(osg::AbstractConstraint, void, addSourceObject(constraintObject))
@@ -230,7 +266,7 @@ KS_NEEDS(osg::AbstractConstraint, void, removeSourceObject(constraintObject))
 KS_NEEDS(osg::AbstractConstraintBase, osg::BitVector, SourcesFieldMask)
 KS_NEEDS(osg::AbstractConstraintBase, osg::BitVector, TargetFieldMask)
 
-KS_NEEDS(const osg::AimConstraint, osg::ConstraintObjectPtr, findUpVectorConstraintObject(object))
+KS_NEEDS_CONST(osg::AimConstraint, osg::ConstraintObjectPtr, findUpVectorConstraintObject(object))
 KS_NEEDS(osg::AimConstraint, void, addUpVectorObject(constraintObject))
 KS_NEEDS(osg::AimConstraint, void, removeUpVectorObject(constraintObject))
 KS_NEEDS(osg::AimConstraintBase, osg::BitVector, UpVectorSourcesFieldMask)
@@ -242,19 +278,75 @@ KS_NEEDS(osg::UBRDFMaterialBase, osg::BitVector, EnvironmentFieldMask)
 KS_NEEDS(osg::UberMaterialBase, osg::BitVector, ColorComponentDataFieldMask)
 KS_NEEDS(osg::ColorComponentSettingsBase, osg::BitVector, PlanarProjectionFieldMask)
 
-// OpenSG 1.8, where one is likely to have another version.
+static_assert(std::is_base_of_v<osg::AttachmentContainer, osg::ConstraintObject>,
+              "see \"osg::ConstraintObject\" in docs/integrating.md");
+static_assert(std::is_base_of_v<osg::AbstractConstraint, osg::AimConstraint>,
+              "see \"osg::AimConstraint\" in docs/integrating.md");
+
+// OpenSG 1.8.
 
 KS_NEEDS(osg::PThreadBase, osg::ChangeList *, getCurrentChangeList())
 KS_NEEDS(osg::ChangeList, void, addChanged(container, mask))
 KS_NEEDS(osg::FieldContainerFactory, osg::FieldContainerPtr, the()->getContainer(id))
+KS_NEEDS(osg::FieldContainer, const osg::FieldContainerType &, getType())
 KS_NEEDS(osg::FieldContainer, osg::Field *, getField(id))
-KS_NEEDS(osg::FieldContainer, void, changed(mask, id))
-KS_NEEDS(osg::FieldContainerType, const osg::FieldDescription *, getFieldDescription(id))
+KS_NEEDS(osg::FieldContainer, void, changed(mask, osg::ChangedOrigin::External))
+KS_NEEDS_CONST(osg::FieldContainerType, const osg::FieldDescription *, getFieldDescription(id))
+KS_NEEDS_CONST(osg::FieldContainerType, osg::UInt32, getNumFieldDescs())
+KS_NEEDS_CONST(osg::FieldContainerType, const char *, getCName())
+KS_NEEDS_CONST(osg::FieldDescription, const char *, getCName())
+KS_NEEDS_CONST(osg::FieldDescription, osg::UInt32, getFieldId())
+KS_NEEDS_CONST(osg::FieldDescription, osg::BitVector, getFieldMask())
+KS_NEEDS_CONST(osg::Field, const osg::FieldType &, getType())
+KS_NEEDS(osg::AttachmentContainer, osg::AttachmentPtr, findAttachment(id))
+KS_NEEDS(osg::Node, osg::NodeCorePtr, getCore())
+KS_NEEDS(osg::Node, const osg::FieldContainerType &, getClassType())
+KS_NEEDS(osg::Node, osg::BitVector, VolumeFieldMask)
 KS_NEEDS(osg::NodeCore, osg::MFNodePtr &, getParents())
 KS_NEEDS(osg::Image, const osg::FieldContainerType &, getType())
 KS_NEEDS(osg::Material, const osg::FieldContainerType &, getType())
 
+/// \a expression of \a x, a pointer to \a Class, compiles and gives what converts to \a Result.
+#define KS_NEEDS_OPENSG(Class, Result, expression)                                        \
+    static_assert(offers<Class>([](auto *x) -> Fits<decltype(expression), Result> {}),    \
+                  #expression " for an x of type " #Class " * is missing or has another " \
+                              "signature: see \"OpenSG 1.8\" in docs/integrating.md");
+
+KS_NEEDS_OPENSG(const osg::NodePtr, void, addRefCP(*x))
+KS_NEEDS_OPENSG(const osg::NodePtr, void, subRefCP(*x))
+KS_NEEDS_OPENSG(osg::NodePtr, void, setRefdCP(*x, *x))
+KS_NEEDS_OPENSG(const osg::AttachmentContainerPtr, const char *, getName(*x))
+KS_NEEDS_OPENSG(const osg::NodePtr, bool, *x == *x && *x != osg::NullFC && *x < *x)
+KS_NEEDS_OPENSG(const osg::NodePtr, osg::NodePtr, x->dcast(container))
+KS_NEEDS_OPENSG(const osg::FieldContainerType, bool, *x == *x)
+KS_NEEDS_OPENSG(const osg::Vec3f, float, (*x)[0])
+KS_NEEDS_OPENSG(osg::MField<std::string>, void, (x->begin(), x->end(), x->size(), x->clear(), x->resize(id)))
+KS_NEEDS_OPENSG(osg::MField<std::string>, void, x->push_back(text))
+static_assert(std::is_constructible_v<osg::Transform3DPtr, osg::Transform3D &> &&
+                  std::is_constructible_v<osg::NodePtr, decltype((osg::NullFC))>,
+              "handles: see \"OpenSG 1.8\" in docs/integrating.md");
+
+#define KS_NEEDS_SFIELD(FieldT, Value)                                 \
+    KS_NEEDS_OPENSG(FieldT, bool, (x->getType() == x->getClassType())) \
+    KS_NEEDS_OPENSG(FieldT, const Value &, x->getValue())              \
+    KS_NEEDS_OPENSG(FieldT, void, x->setValue(x->getValue()))
+KS_NEEDS_SFIELD(osg::SField<osg::Int64>, osg::Int64)
+KS_NEEDS_SFIELD(osg::SField<osg::UInt64>, osg::UInt64)
+KS_NEEDS_SFIELD(osg::SField<int>, int)
+KS_NEEDS_SFIELD(osg::SField<unsigned int>, unsigned int)
+KS_NEEDS_SFIELD(osg::SField<short>, short)
+KS_NEEDS_SFIELD(osg::SField<unsigned short>, unsigned short)
+KS_NEEDS_SFIELD(osg::SField<signed char>, signed char)
+KS_NEEDS_SFIELD(osg::SField<unsigned char>, unsigned char)
+KS_NEEDS_SFIELD(osg::SField<float>, float)
+KS_NEEDS_SFIELD(osg::SField<double>, double)
+KS_NEEDS_SFIELD(osg::SFBool, bool)
+KS_NEEDS_SFIELD(osg::SField<std::string>, std::string)
+KS_NEEDS_SFIELD(osg::SFImagePtr, osg::ImagePtr)
+#undef KS_NEEDS_SFIELD
+#undef KS_NEEDS_OPENSG
 #undef KS_NEEDS
+#undef KS_NEEDS_CONST
 #undef KS_NEEDS_FUNCTION
 #undef KS_SAY_MISSING
 

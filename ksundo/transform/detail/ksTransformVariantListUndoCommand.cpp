@@ -29,7 +29,8 @@ bool ksTransformVariantListUndoCommand::insertInto(const osg::NodePtr &node)
         if (const auto own = attachment.get(); own != osg::NullFC)
             ksNodeUtils::setTransformVariantsAttachment(node, own);
         else
-            attachment = ksHeldReference(ksNodeUtils::createTransformVariantsAttachment(node));
+            attachment = ksHeldReference<osg::TransformVariantsAttachmentPtr>(
+                ksNodeUtils::createTransformVariantsAttachment(node));
     }
     ksNodeUtils::insertTransformVariant(node, index, inserted);
     return true;

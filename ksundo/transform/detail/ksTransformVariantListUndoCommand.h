@@ -5,6 +5,7 @@
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 
+#include <OSGTransformVariant.h>
 #include <OSGTransformVariantsAttachment.h>
 #include <OpenSG/OSGNode.h>
 

@@ -3,6 +3,7 @@
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGLog.h>
 
+#include <algorithm>
 #include <string>
 #include <unordered_map>
 
@@ -172,9 +173,9 @@ void ChangeList::applyTo(UInt32 aspect)
     setReadOnly(false);
 }
 
-void ChangeList::applyAndClear(void)
+void ChangeList::applyToCurrent(void)
 {
-    applyToCurrent();
+    applyTo(ThreadContext::aspect());
     clearAll();
 }
 
@@ -182,6 +183,13 @@ void ChangeList::settle(IdStore &settled, const FieldContainerPtr &fc, UInt32 co
 {
     if (!_readOnly) {
         settled.insert(settled.end(), count, fc.getFieldContainerId());
+    }
+}
+
+void ChangeList::unsettle(IdStore &settled, const FieldContainerPtr &fc)
+{
+    if (!_readOnly) {
+        settled.erase(std::find(settled.rbegin(), settled.rend(), fc.getFieldContainerId()).base() - 1);
     }
 }
 

@@ -79,12 +79,10 @@ public:
     /// empty. Nothing at all happens if @p aspect is the list's own.
     void applyTo(UInt32 aspect);
 
-    /// The same for the calling thread's aspect.
-    void applyToCurrent(void) { applyTo(ThreadContext::aspect()); }
-    void apply(void) { applyToCurrent(); }
-
     /// The same for the calling thread's aspect; the list is empty afterwards in any case.
-    void applyAndClear(void);
+    void applyToCurrent(void);
+    void apply(void) { applyToCurrent(); }
+    void applyAndClear(void) { applyToCurrent(); }
 
     /// Writes the entries to the log.
     void dump(void) const;
@@ -97,6 +95,9 @@ private:
 
     /// Notes that as many entries of @p fc are not to be replayed, as the other aspect has had them at once.
     void settle(IdStore &settled, const FieldContainerPtr &fc, UInt32 count);
+
+    /// Takes back one that was noted last.
+    void unsettle(IdStore &settled, const FieldContainerPtr &fc);
 
     static bool _readWriteDefault;
 

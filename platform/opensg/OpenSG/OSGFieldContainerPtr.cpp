@@ -91,8 +91,16 @@ void FieldContainerPtrBase::addRefOfCopy(void) const
         const RefCountGuard guard(_pRefCountLock, _storeP);
         ++header().refCount;
     }
-    if (ChangeList *changes = Thread::getCurrentChangeList()) {
+    ChangeList *const changes = Thread::getCurrentChangeList();
+    if (changes == nullptr) {
+        return;
+    }
+    // The reference that was recorded for the first copy covers this one, which has its own now. If this one
+    // is the list's own, that record has left out one entry too many.
+    if (changes->getAspect() != Thread::getAspect()) {
         changes->settle(changes->_settledAdds, FieldContainerPtr(*this), 1);
+    } else {
+        changes->unsettle(changes->_settledAdds, FieldContainerPtr(*this));
     }
 }
 

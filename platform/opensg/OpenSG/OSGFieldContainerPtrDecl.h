@@ -188,6 +188,9 @@ public:
     ConstFieldContainerPtr(const FieldContainerPtr &source)
         : FieldContainerPtrBase(source)
     {}
+    explicit ConstFieldContainerPtr(const FieldContainer *source)
+        : ConstFieldContainerPtr(FieldContainerPtr(source))
+    {}
 
     /// The copy for the calling thread's aspect. Not checked: the handle must not be null.
     const FieldContainer *operator->(void) const { return currentCopy(); }

@@ -17,7 +17,7 @@ OSG_CONTAINER_POINTER(SimpleTexturedMaterial, SimpleMaterialPtr)
 OSG_CONTAINER_BASE(SimpleTexturedMaterial, SimpleMaterial, OSG_SIMPLE_TEXTURED_MATERIAL_FIELDS)
 
 /// Material of a few colours and an image. The filters (trilinear at first) and the mode (replace at first)
-/// have OpenGL's values; with envMap the image surrounds the object.
+/// have OpenGL's values; with envMap the image surrounds the object. A copy has no image.
 class SimpleTexturedMaterial : public SimpleTexturedMaterialBase
 {
     OSG_CONTAINER_MEMBERS(SimpleTexturedMaterial)

@@ -72,18 +72,19 @@ void Thread::run(UInt32 aspect)
     runFunction([this] { workProc(); }, aspect);
 }
 
-void Thread::runFunction(std::function<void(void)> work, UInt32 aspect)
+bool Thread::runFunction(std::function<void(void)> work, UInt32 aspect)
 {
     join(this);
     _thread = std::thread([this, work = std::move(work), aspect] {
         enter(aspect);
         work();
     });
+    return true;
 }
 
-void Thread::runFunction(ThreadFuncF work, UInt32 aspect, void *argument)
+bool Thread::runFunction(ThreadFuncF work, UInt32 aspect, void *argument)
 {
-    runFunction([work, argument] { work(argument); }, aspect);
+    return runFunction([work, argument] { work(argument); }, aspect);
 }
 
 void Thread::workProc(void)

@@ -99,9 +99,9 @@ public:
     /// Runs workProc() in a thread of its own, on @p aspect; waits for the end of the previous run first.
     void run(UInt32 aspect);
 
-    /// Runs @p work instead of workProc().
-    void runFunction(std::function<void(void)> work, UInt32 aspect);
-    void runFunction(ThreadFuncF work, UInt32 aspect, void *argument);
+    /// Runs @p work instead of workProc(). Always true.
+    bool runFunction(std::function<void(void)> work, UInt32 aspect);
+    bool runFunction(ThreadFuncF work, UInt32 aspect, void *argument);
 
 protected:
     friend class ThreadManager;

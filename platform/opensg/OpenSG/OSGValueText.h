@@ -15,8 +15,8 @@ OSG_BEGIN_NAMESPACE
 /// Text of values, independent of the locale. For every value type:
 /// - `static bool getFromString(T &value, const Char8 *text)`: false, and no change, if the text says nothing
 ///   of such a value;
-/// - `static void putToString(const T &value, std::string &text)`: appends; reading it gives the value back
-///   exactly.
+/// - `static void putToString(const T &value, std::string &text)`: appends; reading what it wrote of
+///   numbers, texts and vectors gives the value back exactly.
 ///
 /// This one serves vectors, colours and quaternions: their numbers, separated by spaces. Numbers that are
 /// missing are read as 0.

@@ -32,6 +32,39 @@ void inAspect1(const std::function<void()> &work)
     }).join();
 }
 
+/// Makes a copy of a container in a thread of aspect 1, and takes two references on what the copy holds too.
+void expectCopyCounted(const FieldContainerPtr &original, const FieldContainerPtr &held)
+{
+    const Int32 count = held.getRefCount();
+    FieldContainerPtr copy;
+    inAspect1([&] {
+        ChangeList &changes = *Thread::getCurrentChangeList();
+        changes.setReadOnly(false);
+        copy = original->shallowCopy();
+        addRefCP(copy);
+        EXPECT_EQ(held.getRefCount(), count + 2); // one for each aspect
+        addRefCP(held);
+        addRefCP(held);
+        EXPECT_EQ(held.getRefCount(), count + 4);
+        changes.applyTo(0);
+    });
+    EXPECT_EQ(held.getRefCount(), count + 6);
+    EXPECT_EQ(copy.getRefCount(), 2);
+
+    inAspect1([&] {
+        ChangeList &changes = *Thread::getCurrentChangeList();
+        changes.setReadOnly(false);
+        for (int i = 0; i < 2; ++i) {
+            FieldContainerPtr release = held;
+            subRefCP(release);
+        }
+        FieldContainerPtr release = copy;
+        subRefCP(release);
+        changes.applyTo(0);
+    });
+    EXPECT_EQ(held.getRefCount(), count);
+}
+
 /// "type id field: value" of all fields of all containers from \a firstId on, as the calling thread sees
 /// them.
 std::vector<std::string> describeContainers(UInt32 firstId)
@@ -388,6 +421,18 @@ TEST_P(OSGAspectTest, ContainersThatNobodyHoldsAreGoneInTheEnd)
 
 INSTANTIATE_TEST_SUITE_P(Edits, OSGAspectTest, testing::ValuesIn(edits),
                          [](const auto &info) { return std::string(info.param.name); });
+
+TEST(OSGAspect, CopiesMadeInAspect1CountWhatTheyHold)
+{
+    const NodeRefPtr node(Node::create());
+    node->setCore(Group::create());
+    endEditCP(node.get(), Node::CoreFieldMask);
+    setName(node.get(), std::string("Box"));
+    Thread::getCurrentChangeList()->applyTo(1);
+
+    expectCopyCounted(node.get(), node->getCore());
+    expectCopyCounted(node.get(), node->findAttachment(Name::getClassGroupId()));
+}
 
 TEST(OSGAspect, ImageParentsKeepTheirMarkAcrossAspects)
 {

@@ -264,22 +264,25 @@ TEST_F(OSGChangeListApplyTest, ApplyWorksOnTheThreadsAspectAndClears)
     EXPECT_EQ(flagsAfter(7, [](ChangeList &changes) { changes.applyAndClear(); }), 7u);
 }
 
-TEST_F(OSGChangeListApplyTest, NothingHappensInTheListsOwnAspect)
+TEST_F(OSGChangeListApplyTest, NothingIsAppliedToTheListsOwnAspect)
 {
     addRefCP(node.get());
     edit();
     const Int32 count = node.get().getRefCount();
     current.setReadOnly(true);
 
-    current.applyToCurrent();
     current.applyTo(0);
 
     EXPECT_TRUE(current.isReadOnly());
     EXPECT_EQ(node.get().getRefCount(), count);
     EXPECT_EQ(current.sizeAddRefd(), 1u);
     EXPECT_EQ(current.sizeChanged(), 1u);
-    current.applyAndClear();
+
+    current.applyToCurrent();
+
     EXPECT_TRUE(current.empty());
+    EXPECT_TRUE(current.isReadOnly());
+    EXPECT_EQ(node.get().getRefCount(), count);
     current.setReadOnly(false);
     NodePtr release = node;
     subRefCP(release);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <algorithm>
-#include <portExtension.h>
+#include <portConstraintObject.h>
+#include <portTransformVariant.h>
 
 namespace osg {
 

@@ -8,12 +8,12 @@
 namespace osg {
 
 class Transform3D;
-class TransformVariant;
+class TransformVariant; // whole in portTransformVariant.h
 class TransformVariantsAttachment;
 class UberLight;
 class LightLinkSet;
 class TagAttachment;
-class ConstraintObject;
+class ConstraintObject; // whole in portConstraintObject.h
 class AbstractConstraint;
 class AimConstraint;
 class UBRDFMaterial;
@@ -62,13 +62,6 @@ public:
     void setRotationAsQuaternion(const QuaternionBase<Real32> &rotation);
     Vec3f convertQuatToEuler(const QuaternionBase<Real32> &rotation, bool degrees) const;
     bool getRotationDirectionValues(Vec3f &direction, int &mode) const;
-};
-
-class TransformVariant : public FieldContainer
-{
-    PORT_CREATED_CLASS(TransformVariant)
-    PORT_SF(SFString, Name, 1)
-    PORT_SF(SField<UInt64>, ApplyFlags, 2)
 };
 
 class TransformVariantsAttachment : public Attachment
@@ -138,12 +131,6 @@ class TagAttachment : public Attachment
     PORT_MF(MField<UInt64>, TagValues, 3)
     PORT_MF(MFString, UserTags, 4)
     PORT_MF(MFString, LayerTags, 5)
-};
-
-class ConstraintObject : public AttachmentContainer
-{
-    PORT_CREATED_CLASS(ConstraintObject)
-    PORT_SF(SFUInt32, Referred, AttachmentContainer::NextFieldId)
 };
 
 class AbstractConstraintBase : public NodeCore

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "portFields.h"
-
 #include <cstdlib>
 #include <map>
+#include <portFields.h>
 #include <utility>
 
 namespace osg {

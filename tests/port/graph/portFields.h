@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "portValues.h"
-
+#include <portValues.h>
 #include <sstream>
 #include <string>
 #include <vector>

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "portGraph.h"
-
 #include <algorithm>
 #include <cstdlib>
+#include <portGraph.h>
 #include <thread>
 
 namespace osg {

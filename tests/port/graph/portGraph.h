@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "portContainers.h"
+#include <portContainers.h>
 
 namespace osg {
 

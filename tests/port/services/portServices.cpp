@@ -3,6 +3,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <portPlatform.h>
+#include <portTransformVariant.h>
 
 std::vector<std::string> ksLog::lines;
 osg::NodePtr ksOpenSGUtils::root;
@@ -124,9 +125,9 @@ PORT_VALUE_OF(ScalePivotTranslation, ScalePivotTranslation, )
 PORT_VALUE_OF(RotatePivotTranslation, RotatePivotTranslation, )
 PORT_VALUE_OF(RotationOrientation, RotationOrientation, )
 
-osg::Vec3f ksNodeUtils::getTransformNodeShear(osg::NodePtr node)
+ksShear ksNodeUtils::getTransformNodeShear(osg::NodePtr node)
 {
-    return read(getTransform3D(node, -1), &osg::Transform3D::getSFShear);
+    return {read(getTransform3D(node, -1), &osg::Transform3D::getSFShear)};
 }
 
 bool ksNodeUtils::setTransformNodeShear(osg::NodePtr node, float x, float y, float z)
@@ -217,14 +218,14 @@ bool ksNodeUtils::hasParent(osg::NodePtr node, osg::NodePtr ancestor)
     return node != osg::NullFC;
 }
 
-osg::TransformVariantsAttachmentPtr ksNodeUtils::getTransformVariantsAttachment(osg::NodePtr node)
+ksVariantsHandle ksNodeUtils::getTransformVariantsAttachment(osg::NodePtr node)
 {
     const osg::UInt32 group = osg::TransformVariantsAttachment::getClassGroupId();
     const auto attachment = node == osg::NullFC ? osg::AttachmentPtr() : node->findAttachment(group);
     return osg::TransformVariantsAttachmentPtr::dcast(attachment);
 }
 
-osg::TransformVariantsAttachmentPtr ksNodeUtils::createTransformVariantsAttachment(osg::NodePtr node)
+ksVariantsHandle ksNodeUtils::createTransformVariantsAttachment(osg::NodePtr node)
 {
     const auto attachment = osg::TransformVariantsAttachment::create();
     setTransformVariantsAttachment(node, attachment);
@@ -282,8 +283,8 @@ unsigned long ksNodeUtils::getTransformVariantCount(osg::NodePtr node)
     return attachment == osg::NullFC ? 0 : attachment->getVariants().size();
 }
 
-std::string ksNodeUtils::getTransformVariantName(osg::NodePtr node, int index)
+const char *ksNodeUtils::getTransformVariantName(osg::NodePtr node, int index)
 {
     const auto variant = getTransformVariant(node, static_cast<unsigned long>(index));
-    return variant == osg::NullFC ? std::string() : variant->getName();
+    return variant == osg::NullFC ? "" : variant->getName().c_str();
 }

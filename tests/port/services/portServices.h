@@ -78,6 +78,20 @@ struct ksLights
     static void setAttenuation(const osg::NodePtr &node, osg::UberLight::LightAttenuation attenuation);
 };
 
+/// Results of functions are the application's own where they only have to be converted.
+struct ksShear
+{
+    operator osg::Vec3f() const { return value; }
+
+    osg::Vec3f value;
+};
+struct ksVariantsHandle : osg::TransformVariantsAttachmentPtr
+{
+    ksVariantsHandle(const osg::TransformVariantsAttachmentPtr &attachment)
+        : osg::TransformVariantsAttachmentPtr(attachment)
+    {}
+};
+
 #define PORT_VALUE(Name)                                                           \
     static osg::Vec3f getTransformNode##Name(const osg::NodePtr &node, int index); \
     static void setTransformNode##Name(const osg::NodePtr &node, float x, float y, float z, int index);
@@ -98,7 +112,7 @@ public:
     PORT_VALUE(RotatePivotTranslation)
     PORT_VALUE(RotationOrientation)
 
-    static osg::Vec3f getTransformNodeShear(osg::NodePtr node);
+    static ksShear getTransformNodeShear(osg::NodePtr node);
     static bool setTransformNodeShear(osg::NodePtr node, float x, float y, float z);
     static osg::Vec3f getTransformNodeRotationDirection(osg::NodePtr node, int index, int axis);
     static void setTransformNodeRotationDirection(const osg::NodePtr &node, float x, float y, float z,
@@ -118,8 +132,8 @@ public:
     static osg::Transform3DPtr getTransform3D(const osg::NodePtr &node, int index);
     static bool hasParent(osg::NodePtr node, osg::NodePtr ancestor);
 
-    static osg::TransformVariantsAttachmentPtr getTransformVariantsAttachment(osg::NodePtr node);
-    static osg::TransformVariantsAttachmentPtr createTransformVariantsAttachment(osg::NodePtr node);
+    static ksVariantsHandle getTransformVariantsAttachment(osg::NodePtr node);
+    static ksVariantsHandle createTransformVariantsAttachment(osg::NodePtr node);
     static bool setTransformVariantsAttachment(osg::NodePtr node,
                                                osg::TransformVariantsAttachmentPtr attachment);
     static bool removeTransformVariantsAttachment(osg::NodePtr node);
@@ -128,7 +142,7 @@ public:
     static bool removeTransformVariant(osg::NodePtr node, int index);
     static osg::TransformVariantPtr getTransformVariant(osg::NodePtr node, unsigned long index);
     static unsigned long getTransformVariantCount(osg::NodePtr node);
-    static std::string getTransformVariantName(osg::NodePtr node, int index);
+    static const char *getTransformVariantName(osg::NodePtr node, int index);
 };
 
 #undef PORT_VALUE

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ksSuiteHost.h"
 
+#include <portConstraintObject.h>
 #include <portPlatform.h>
 #include <utility>
 

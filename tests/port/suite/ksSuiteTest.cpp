@@ -319,6 +319,28 @@ TEST_F(ksSuite, DefinesTheRotationAsAQuaternionForTheSceneGraph)
     EXPECT_NEAR(ksNodeUtils::getTransformNodeRotation(scene.box, -1)[2], 28.6479f, 1e-3f);
 }
 
+TEST_F(ksSuite, FindsTheFieldsItself)
+{
+    const auto finds = [this](const auto &command) {
+        const auto [container, field] = command.getField();
+        return container == scene.probe && field != nullptr;
+    };
+    const osg::FieldContainerPtr &probe = scene.probe;
+    EXPECT_TRUE(finds(ksFieldUndoCommand<osg::Int64>(QString(), probe, "int64", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<osg::UInt64>(QString(), probe, "uint64", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<int>(QString(), probe, "int32", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<unsigned int>(QString(), probe, "uint32", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<short>(QString(), probe, "int16", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<unsigned short>(QString(), probe, "uint16", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<signed char>(QString(), probe, "int8", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<unsigned char>(QString(), probe, "uint8", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<float>(QString(), probe, "real32", 1)));
+    EXPECT_TRUE(finds(ksFieldUndoCommand<double>(QString(), probe, "real64", 1)));
+    EXPECT_TRUE(finds(ksStringFieldUndoCommand(probe, "text", "new")));
+    EXPECT_TRUE(finds(ksStringsFieldUndoCommand(probe, "words", osg::MField<std::string>())));
+    EXPECT_NE(ksImageFieldUndoCommand(scene.holder, "image", scene.newImage).getField().second, nullptr);
+}
+
 TEST_F(ksSuite, FindsTheCommandForAField)
 {
     const Scene::State before = scene.state();
@@ -445,6 +467,9 @@ TEST_F(ksSuite, CallsTheChangeHandlerUnlessTheApplicationIgnoresChanges)
 }
 
 namespace {
+
+/// Goes after everything else, when there is no scene graph to ask.
+const ksHeldReference<osg::NodePtr> nothing;
 
 /// Leaves a command in each stack that holds the last reference on a node.
 void leaveCommands()
