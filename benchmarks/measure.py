@@ -11,7 +11,8 @@ LIMITS is a JSON file; its cases are patterns as in a shell:
   "per size"                pattern with one *, the size: how many instructions it may cost more for each further unit of it
   "same"                    case: a case that may not cost less, but for a percent
   "instructions", "allocations", "kept"
-                            case: the most that the library may spend; or "case - other": the most that it may spend beyond the other
+                            case: the most that the library may spend; or "case - other": the most that it may spend beyond
+                            the other
   "kept beyond by hand"     case: how many bytes more than the hand-written code the library may keep
   "allocations as by hand"  cases in which the library may allocate no more often than the hand-written code
 Of a program that another compiler than GCC built, "ratio", "per size" and "instructions" are not judged: their numbers are GCC's.
