@@ -12,6 +12,7 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
+    benchmark::AddCustomContext("compiler", KS_COMPILER);
     qputenv("QT_QPA_PLATFORM", "offscreen");
 
     osg::ChangeList::setReadWriteDefault();

@@ -47,7 +47,7 @@ set(KS_FOREIGN_TARGETS ${KSUNDO_SCENEGRAPH_TARGET} ${KSUNDO_APPLICATION_TARGET})
 list(REMOVE_ITEM KS_FOREIGN_TARGETS ks::scenegraph ks::application)
 list(JOIN KS_FOREIGN_TARGETS " " KS_FOREIGN_TARGETS)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/ksundoConfig.cmake.in ${PROJECT_BINARY_DIR}/package/ksundoConfig.cmake
-                              INSTALL_DESTINATION ${package_folder} NO_SET_AND_CHECK_MACRO)
+                              INSTALL_DESTINATION ${package_folder} PATH_VARS KS_TRANSLATIONS_DIR NO_SET_AND_CHECK_MACRO)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/package/ksundoConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(
     FILES ${PROJECT_BINARY_DIR}/package/ksundoConfig.cmake ${PROJECT_BINARY_DIR}/package/ksundoConfigVersion.cmake
@@ -55,7 +55,11 @@ install(
     COMPONENT development)
 
 # pkg-config finds everything from where its file is, so that the tree can be moved.
-file(RELATIVE_PATH KS_PREFIX_FROM_PC /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
+set(pc_folder ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+GNUInstallDirs_get_absolute_install_dir(translations_full_folder KS_TRANSLATIONS_DIR DATADIR)
+file(RELATIVE_PATH KS_PREFIX_FROM_PC ${pc_folder} ${CMAKE_INSTALL_PREFIX})
+file(RELATIVE_PATH KS_INCLUDES_FROM_PC ${pc_folder} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+file(RELATIVE_PATH KS_TRANSLATIONS_FROM_PC ${pc_folder} ${translations_full_folder})
 configure_file(${CMAKE_CURRENT_LIST_DIR}/ksundo.pc.in ${PROJECT_BINARY_DIR}/package/ksundo.pc @ONLY)
 install(
     FILES ${PROJECT_BINARY_DIR}/package/ksundo.pc
@@ -72,19 +76,17 @@ if(TARGET ks-editor)
     include(KsInstallEditor)
 endif()
 
-file(GLOB pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/*.md)
+# The guides, in the folders that their links expect.
+file(GLOB top_pages CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/*.md)
 install(
-    FILES ${PROJECT_SOURCE_DIR}/README.md
+    FILES ${top_pages} ${PROJECT_SOURCE_DIR}/LICENSE
     DESTINATION ${CMAKE_INSTALL_DOCDIR}
     COMPONENT docs)
-if(NOT KSUNDO_PACKAGE)
-    # A package has its own forms of these.
-    install(
-        FILES ${PROJECT_SOURCE_DIR}/CHANGELOG.md ${PROJECT_SOURCE_DIR}/LICENSE
-        DESTINATION ${CMAKE_INSTALL_DOCDIR}
-        COMPONENT docs)
-endif()
 install(
-    FILES ${pages}
-    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs
-    COMPONENT docs)
+    DIRECTORY ${PROJECT_SOURCE_DIR}/docs
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}
+    COMPONENT docs
+    FILES_MATCHING
+    PATTERN "*.md"
+    PATTERN "*.svg"
+    PATTERN site EXCLUDE)

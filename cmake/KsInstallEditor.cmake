@@ -1,5 +1,5 @@
 # The component editor: the program, its manual page, and what a desktop reads of it.
-file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+file(RELATIVE_PATH libraries_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
 set_target_properties(ks-editor PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_bin}")
 install(TARGETS ks-editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT editor)
 
@@ -17,6 +17,13 @@ ks_install_editor_file(${PROJECT_BINARY_DIR}/package/org.ksundo.editor.metainfo.
 ks_install_editor_file(${desktop}/ks-editor.desktop ${CMAKE_INSTALL_DATADIR}/applications)
 ks_install_editor_file(${desktop}/ks-editor.svg ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)
 ks_install_editor_file(${desktop}/ks-editor.xml ${CMAKE_INSTALL_DATADIR}/mime/packages)
+
+set(guide_folder ${CMAKE_INSTALL_DATADIR}/doc/ks-editor)
+ks_install_editor_file(${PROJECT_SOURCE_DIR}/docs/scripting.md ${guide_folder})
+install(
+    DIRECTORY ${PROJECT_SOURCE_DIR}/editor/scripts/
+    DESTINATION ${guide_folder}/examples
+    COMPONENT editor)
 
 # It runs the program, which under the sanitizers needs the tests' settings.
 find_program(HELP2MAN help2man)

@@ -1,9 +1,11 @@
 # Debian packages: libksundo1 (the library and the bundled platform), libksundo-dev and ks-editor.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ksundo)
+# Who gives packages to others writes a name and an address of their own here.
 set(CPACK_PACKAGE_CONTACT "The ksundo authors <maintainers@ksundo.example>")
 set(CPACK_STRIP_FILES ON)
-set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
+set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ
+                                                WORLD_EXECUTE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL library platform development docs editor)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

@@ -12,35 +12,35 @@
     <name>ksImageFieldUndoCommand</name>
     <message>
         <source>Set Texture</source>
-        <translation>Textur zuweisen</translation>
+        <translation>Zuweisung der Textur</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotDirectionUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>Drehpunkt ändern</translation>
+        <translation>Änderung des Drehpunkts</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotOrientationUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>Drehpunkt ändern</translation>
+        <translation>Änderung des Drehpunkts</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotTranslationUndoCommand</name>
     <message>
         <source>Change Rotation Pivot Translation</source>
-        <translation>Verschiebung des Drehpunkts ändern</translation>
+        <translation>Änderung des Drehpunktversatzes</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>Drehpunkt ändern</translation>
+        <translation>Änderung des Drehpunkts</translation>
     </message>
 </context>
 <context>
@@ -54,14 +54,14 @@
     <name>ksScalePivotTranslationUndoCommand</name>
     <message>
         <source>Change Scale Pivot Translation</source>
-        <translation>Verschiebung des Skalierungspunkts ändern</translation>
+        <translation>Änderung des Skalierungspunktversatzes</translation>
     </message>
 </context>
 <context>
     <name>ksScalePivotUndoCommand</name>
     <message>
         <source>Change Scale Pivot</source>
-        <translation>Skalierungspunkt ändern</translation>
+        <translation>Änderung des Skalierungspunkts</translation>
     </message>
 </context>
 <context>
@@ -75,7 +75,7 @@
     <name>ksSetEnvironmentUndoCommand</name>
     <message>
         <source>Change Environment</source>
-        <translation>Umgebung ändern</translation>
+        <translation>Änderung der Umgebung</translation>
     </message>
 </context>
 <context>

@@ -12,7 +12,7 @@
     <name>ksImageFieldUndoCommand</name>
     <message>
         <source>Set Texture</source>
-        <translation>Application de la texture</translation>
+        <translation>Affectation de la texture</translation>
     </message>
 </context>
 <context>

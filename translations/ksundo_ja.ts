@@ -19,28 +19,28 @@
     <name>ksRotationPivotDirectionUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>回転の中心の変更</translation>
+        <translation>回転ピボットの変更</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotOrientationUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>回転の中心の変更</translation>
+        <translation>回転ピボットの変更</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotTranslationUndoCommand</name>
     <message>
         <source>Change Rotation Pivot Translation</source>
-        <translation>回転の中心の補正移動の変更</translation>
+        <translation>回転ピボットの補正移動の変更</translation>
     </message>
 </context>
 <context>
     <name>ksRotationPivotUndoCommand</name>
     <message>
         <source>Change Rotation Pivot</source>
-        <translation>回転の中心の変更</translation>
+        <translation>回転ピボットの変更</translation>
     </message>
 </context>
 <context>
@@ -54,14 +54,14 @@
     <name>ksScalePivotTranslationUndoCommand</name>
     <message>
         <source>Change Scale Pivot Translation</source>
-        <translation>拡大縮小の中心の補正移動の変更</translation>
+        <translation>スケールピボットの補正移動の変更</translation>
     </message>
 </context>
 <context>
     <name>ksScalePivotUndoCommand</name>
     <message>
         <source>Change Scale Pivot</source>
-        <translation>拡大縮小の中心の変更</translation>
+        <translation>スケールピボットの変更</translation>
     </message>
 </context>
 <context>

@@ -22,7 +22,7 @@ class KSUNDO_EXPORT ksDeleteConstraintReferenceUndoCommand
     KS_UNDO_COMMAND(ksDeleteConstraintReferenceUndoCommand)
 
 public:
-    /// \param nodes each once; null ones are passed over
+    /// Each of \a nodes stands there once; null ones are passed over.
     ksDeleteConstraintReferenceUndoCommand(osg::AbstractConstraintPtr constraint,
                                            const std::vector<osg::AttachmentContainerPtr> &nodes,
                                            QUndoCommand *parent = nullptr);

@@ -13,9 +13,13 @@ class ConstraintObject;
 class TransformVariant;
 class TransformVariantsAttachment;
 
+/// A constraint, a node core.
 typedef FCPtr<NodeCorePtr, AbstractConstraint> AbstractConstraintPtr;
+/// What a constraint refers to a node by.
 typedef FCPtr<AttachmentContainerPtr, ConstraintObject> ConstraintObjectPtr;
+/// A variant of a node's transform.
 typedef FCPtr<FieldContainerPtr, TransformVariant> TransformVariantPtr;
+/// The list of a node's transform variants.
 typedef FCPtr<AttachmentPtr, TransformVariantsAttachment> TransformVariantsAttachmentPtr;
 
 } // namespace osg

@@ -20,10 +20,10 @@ class KSUNDO_EXPORT ksInvokeBoolFieldUndoCommand : public ksBoolFieldUndoCommand
     KS_UNDO_COMMAND(ksInvokeBoolFieldUndoCommand)
 
 public:
-    /// Sets the field \a field of \a container, by name or by id, to \a value when it is run, not before.
-    /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
-    /// may be redone
-    /// \param method the name and the parameter types in parentheses, such as "setVisible(bool)"; not null
+    /// Sets the field \a field of \a container, by name or by id, to \a value when it is run, not before, and
+    /// calls \a method, its name and parameter types in parentheses, such as "setVisible(bool)", of \a
+    /// object. Neither of these two may be null; the object is neither owned nor watched, and must live as
+    /// long as the command may be redone.
     ksInvokeBoolFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
                                  bool value, QObject *object, const char *method,
                                  QUndoCommand *parent = nullptr);

@@ -15,9 +15,9 @@ class KSUNDO_EXPORT ksInvokeMultiCommand : public ksMultiCommand
     KS_UNDO_COMMAND(ksInvokeMultiCommand)
 
 public:
-    /// \param object must not be null; it is neither owned nor watched, and must live as long as the command
-    /// may be undone or redone
-    /// \param method the name and the parameter types in parentheses, such as "update()"; not null
+    /// Calls \a method, its name and parameter types in parentheses, such as "update()", of \a object.
+    /// Neither may be null; the object is neither owned nor watched, and must live as long as the command may
+    /// be undone or redone.
     ksInvokeMultiCommand(const QString &text, QObject *object, const char *method);
 
     void undo() override; ///< undoes the children, then calls the method

@@ -19,7 +19,7 @@ class KSUNDO_EXPORT ksAddNodeAsVisibilityReferenceUndoCommand
     KS_UNDO_COMMAND(ksAddNodeAsVisibilityReferenceUndoCommand)
 
 public:
-    /// \param remove false: redo adds the reference; true: redo removes it
+    /// Redo adds the reference or, with \a remove, removes it.
     ksAddNodeAsVisibilityReferenceUndoCommand(osg::UberLightPtr light, osg::NodePtr node, bool remove,
                                               QUndoCommand *parent = nullptr);
 

@@ -31,8 +31,8 @@ class KSUNDO_EXPORT ksAddNodeToLightLinkSetUndoCommand
     KS_UNDO_COMMAND(ksAddNodeToLightLinkSetUndoCommand)
 
 public:
-    /// \param list 3 for the lights; any other number for the scene nodes
-    /// \param remove false: redo adds the nodes; true: redo removes them
+    /// Redo adds the nodes or, with \a remove, removes them. \a list is 3 for the lights, any other number
+    /// for the scene nodes.
     ksAddNodeToLightLinkSetUndoCommand(osg::LightLinkSetPtr set, const std::vector<osg::NodePtr> &nodes,
                                        unsigned int list, bool remove, QUndoCommand *parent = nullptr)
         : ksAddNodeToLightLinkSetUndoCommand(QStringLiteral("Add Nodes to Light Link Set"), set, nodes, list,

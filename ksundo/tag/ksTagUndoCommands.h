@@ -58,10 +58,12 @@ public:
     /// The old tags are those of the moment. Without the attachment or the field the command has neither tags
     /// nor a tag string, and the tag type is 0.
     ///
+    /// \param text what the history shows
     /// \param container the tagged container; without one, null, the command does nothing
     /// \param fieldMask what is announced for either list after it has been written
     /// \param fieldId the attachment's field with the tags, counted from 1: 4 gives the tag type 0, 5 gives
     /// 1; any other gives 1 and prints "Tag type is not Undo Redo supported!"
+    /// \param tagString the tag that the edit is about
     /// \param newStrings the tags to write, which are copied; may be null only if there is no such field
     /// \param oldValues the values that go with the old tags
     /// \param newValues the values that go with the new tags

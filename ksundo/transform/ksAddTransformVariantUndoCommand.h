@@ -14,10 +14,10 @@ class KSUNDO_EXPORT ksAddTransformVariantUndoCommand : public ksDetail::ksTransf
     KS_UNDO_COMMAND(ksAddTransformVariantUndoCommand)
 
 public:
-    /// \param node and \param variant may be null: the command then does nothing
-    /// \param index position from 0; what stands there and after moves up
-    /// \param notification receives the node's id and the index after every step, whatever its direction;
-    /// must not be empty: a step throws std::bad_function_call at its end otherwise
+    /// Inserts \a variant at \a index, counted from 0; what stands there and after moves up. \a node and
+    /// \a variant may be null: the command then does nothing. \a notification receives the node's id and the
+    /// index after every step, whatever its direction; it must not be empty, else a step throws
+    /// std::bad_function_call at its end.
     ksAddTransformVariantUndoCommand(osg::NodePtr node, osg::TransformVariantPtr variant, unsigned long index,
                                      QUndoCommand *parent, Notification notification);
 

@@ -16,10 +16,9 @@ class KSUNDO_EXPORT ksRemoveTransformSwitchVariantUndoCommand
     KS_UNDO_COMMAND(ksRemoveTransformSwitchVariantUndoCommand)
 
 public:
-    /// \param node may be null: the command then does nothing
-    /// \param index position from 0
-    /// \param notification receives the node's id and the index after every step, whatever its direction;
-    /// must not be empty: a step throws std::bad_function_call at its end otherwise
+    /// Removes the variant at \a index, counted from 0. \a node may be null: the command then does nothing.
+    /// \a notification receives the node's id and the index after every step, whatever its direction; it must
+    /// not be empty, else a step throws std::bad_function_call at its end.
     ksRemoveTransformSwitchVariantUndoCommand(osg::NodePtr node, unsigned long index, QUndoCommand *parent,
                                               Notification notification);
 

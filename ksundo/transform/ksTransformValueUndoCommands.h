@@ -195,8 +195,8 @@ class KSUNDO_EXPORT ksRotationPivotDirectionUndoCommand
     KS_UNDO_COMMAND(ksRotationPivotDirectionUndoCommand)
 
 public:
-    /// \param directionAxis which axis: 0, 1 or 2 for x, y or z; any other is kept and has no effect
-    /// \param directionFlag whether the axis is made to point there at all
+    /// \a directionAxis tells which axis: 0, 1 or 2 for x, y or z; any other is kept and has no effect.
+    /// \a directionFlag tells whether the axis is made to point there at all.
     ksRotationPivotDirectionUndoCommand(osg::NodePtr node, osg::Vec3f value, int directionAxis,
                                         bool directionFlag, QUndoCommand *parent = nullptr, int index = -1)
         : ksRotationPivotDirectionUndoCommand(node, value, directionAxis, directionFlag, ksMergeOption(),

@@ -30,8 +30,8 @@ public:
     /// Moves the variants at \a indexes, which must differ, so that they end up from \a to on, in the order
     /// of the vector. Indexes without a variant are skipped. When the variants would end up beyond the list's
     /// end, or there are none, the command moves nothing and notifies with empty lists.
-    /// \param node may be null: the command then does nothing
-    /// \param notification must not be empty: a step throws std::bad_function_call at its end otherwise
+    /// \a node may be null: the command then does nothing. \a notification must not be empty, else a step
+    /// throws std::bad_function_call at its end.
     ksTransformVariantMoveCommand(osg::NodePtr node, const std::vector<int> &indexes, int to,
                                   QUndoCommand *parent, Notification notification);
 

@@ -23,9 +23,8 @@ public:
     /// Receives the name before the step and the name after it.
     using Notification = std::function<void(const std::string &, const std::string &)>;
 
-    /// \param variant must not be null
-    /// \param notification must not be empty: a step throws std::bad_function_call after it has written
-    /// otherwise
+    /// Names \a variant, which must not be null. \a notification must not be empty, else a step throws
+    /// std::bad_function_call after it has written.
     ksTransformVariantNameUndoCommand(osg::TransformVariantPtr variant, std::string name,
                                       QUndoCommand *parent, Notification notification);
 

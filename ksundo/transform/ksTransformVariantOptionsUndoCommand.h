@@ -20,10 +20,9 @@ class KSUNDO_EXPORT ksTransformVariantOptionsUndoCommand
     KS_UNDO_COMMAND(ksTransformVariantOptionsUndoCommand)
 
 public:
-    /// \param variant must not be null
-    /// \param flags a bit for each component, as the application defines them
-    /// \param notification must not be empty: a step throws std::bad_function_call after it has written
-    /// otherwise
+    /// Sets the flags of \a variant, which must not be null: a bit for each component, as the application
+    /// defines them. \a notification must not be empty, else a step throws std::bad_function_call after it
+    /// has written.
     ksTransformVariantOptionsUndoCommand(osg::TransformVariantPtr variant, unsigned long long flags,
                                          QUndoCommand *parent, std::function<void()> notification);
 

@@ -27,10 +27,9 @@ public:
     /// Receives the transform index.
     using Notification = std::function<void(int)>;
 
-    /// \param node may be null: the command then does nothing
-    /// \param syncs whether the class's sync function is called after each step, which takes \a index -1, too
-    /// \param notification may be empty
-    /// \param index which of the node's transforms: -1 its own, from 0 on those of its variants
+    /// \a index tells which of the node's transforms gets \a values: -1 its own, from 0 on those of its
+    /// variants. \a syncs tells whether the class's sync function is called after each step, which takes
+    /// index -1, too. \a node may be null, the command then does nothing, and \a notification empty.
     ksTransformationUndoCommand(osg::NodePtr node, ksTransformation values, bool syncs,
                                 QUndoCommand *parent = nullptr, Notification notification = {},
                                 int index = -1);

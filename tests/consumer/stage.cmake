@@ -1,12 +1,35 @@
-# Installs a build, moves what is there now to another place, and makes sure that nothing in it names the first or the sources.
+# Installs a build, moves what is there now to another place, and makes sure that nothing in it names the first, the build or the
+# sources, that the translations are there when they were built, and that links among the guides lead somewhere.
 # usage: cmake -D BUILD=folder -D STAGE=folder -P stage.cmake
 file(REMOVE_RECURSE ${STAGE} ${STAGE}-first)
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${STAGE}-first OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 file(RENAME ${STAGE}-first ${STAGE})
-load_cache(${BUILD} READ_WITH_PREFIX "" ksundo_SOURCE_DIR)
-foreach(place IN ITEMS ${ksundo_SOURCE_DIR}/ksundo ${ksundo_SOURCE_DIR}/platform ${STAGE}-first)
+load_cache(${BUILD} READ_WITH_PREFIX "" ksundo_SOURCE_DIR Qt5LinguistTools_DIR)
+foreach(place IN ITEMS ${ksundo_SOURCE_DIR}/ksundo ${ksundo_SOURCE_DIR}/platform ${BUILD} ${STAGE}-first)
     execute_process(COMMAND grep --recursive --files-with-matches --fixed-strings ${place} ${STAGE} OUTPUT_VARIABLE files)
     if(files)
         message(FATAL_ERROR "These installed files name ${place}:\n${files}")
     endif()
+endforeach()
+
+if(Qt5LinguistTools_DIR)
+    foreach(language IN ITEMS de fr ja)
+        file(GLOB texts ${STAGE}/share/ksundo-[0-9]*/translations/ksundo_${language}.qm)
+        if(NOT texts)
+            message(FATAL_ERROR "The translation ksundo_${language}.qm is not installed")
+        endif()
+    endforeach()
+endif()
+
+file(GLOB_RECURSE pages ${STAGE}/*.md)
+foreach(page IN LISTS pages)
+    file(READ ${page} text)
+    string(REGEX MATCHALL "\\([A-Za-z0-9_./-]*(\\.md|\\.svg|LICENSE)[)#]" links "${text}")
+    cmake_path(GET page PARENT_PATH folder)
+    foreach(link IN LISTS links)
+        string(REGEX REPLACE "[()#]" "" link ${link})
+        if(NOT EXISTS ${folder}/${link})
+            message(SEND_ERROR "${page}: ${link} leads nowhere")
+        endif()
+    endforeach()
 endforeach()

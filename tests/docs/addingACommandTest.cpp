@@ -42,6 +42,15 @@ TEST(myMaskUndoCommand, DoesWhatThePageSays)
     EXPECT_EQ(stack.count(), 2) << "it never merges";
 }
 
+TEST(myMaskUndoCommand, IsIdleWithoutANode)
+{
+    ksRecorder recorder;
+    myMaskUndoCommand command(osg::NodePtr(), 5);
+    command.redo();
+    command.undo();
+    EXPECT_EQ(recorder.take(), ksRecords());
+}
+
 TEST(myMaskUndoCommand, IsIdleWhenItsNodeHasGone)
 {
     osg::NodeRefPtr node(nodeCalled("Box"));

@@ -4,8 +4,8 @@ find_package(Threads REQUIRED)
 
 # my_platform_library(target library): an imported library.
 function(my_platform_library target library)
-    find_library(location ${library} PATHS ${MY_PLATFORM_PREFIX} PATH_SUFFIXES lib lib64 lib/${CMAKE_LIBRARY_ARCHITECTURE} NO_DEFAULT_PATH NO_CACHE
-                 REQUIRED)
+    find_library(location ${library} PATHS ${MY_PLATFORM_PREFIX} PATH_SUFFIXES lib lib64 lib/${CMAKE_LIBRARY_ARCHITECTURE}
+                 NO_DEFAULT_PATH NO_CACHE REQUIRED)
     add_library(${target} SHARED IMPORTED GLOBAL)
     set_target_properties(${target} PROPERTIES IMPORTED_LOCATION ${location})
     target_include_directories(${target} INTERFACE ${MY_PLATFORM_PREFIX}/include/ksundo-platform)

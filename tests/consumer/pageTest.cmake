@@ -1,5 +1,5 @@
 # Runs the application of the guide to integrating and expects that the guide shows what it writes.
-# usage: cmake -D PROGRAM=file -D PAGE=file -P integratingTest.cmake
+# usage: cmake -D PROGRAM=file -D PAGE=file -P pageTest.cmake
 execute_process(COMMAND ${PROGRAM} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
 file(READ ${PAGE} text)
 string(FIND "${text}" "```\n${output}```\n" place)
