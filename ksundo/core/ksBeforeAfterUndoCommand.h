@@ -27,11 +27,11 @@ public:
 
 protected:
     /// Keeps both states; \a arguments are those of the base.
-    template <class... Arguments>
-    explicit ksBeforeAfterUndoCommand(State before, State after, Arguments &&...arguments)
+    template <class Before = State, class After = State, class... Arguments>
+    explicit ksBeforeAfterUndoCommand(Before &&before, After &&after, Arguments &&...arguments)
         : Base(std::forward<Arguments>(arguments)...)
-        , before(std::move(before))
-        , after(std::move(after))
+        , before(std::forward<Before>(before))
+        , after(std::forward<After>(after))
     {}
 
     State before; ///< what undo takes the target to

@@ -51,7 +51,7 @@ public:
 protected:
     /// Sets the field \a field of \a container to \a newContent when it is run, not before.
     ksTextFieldUndoCommand(const QString &text, osg::FieldContainerPtr container, ksFieldKey field,
-                           Content newContent, QUndoCommand *parent);
+                           Content &&newContent, QUndoCommand *parent);
 
 private:
     friend Base;
@@ -65,7 +65,8 @@ private:
 template <class Command, class FieldT, class Content>
 ksTextFieldUndoCommand<Command, FieldT, Content>::ksTextFieldUndoCommand(const QString &text,
                                                                          osg::FieldContainerPtr container,
-                                                                         ksFieldKey field, Content newContent,
+                                                                         ksFieldKey field,
+                                                                         Content &&newContent,
                                                                          QUndoCommand *parent)
     : Base(Content(), std::move(newContent), text, container, field, parent)
 {
