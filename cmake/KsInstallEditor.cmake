@@ -21,7 +21,7 @@ ks_install_editor_file(${desktop}/ks-editor.xml ${CMAKE_INSTALL_DATADIR}/mime/pa
 set(guide_folder ${CMAKE_INSTALL_DATADIR}/doc/ks-editor)
 ks_install_editor_file(${PROJECT_SOURCE_DIR}/docs/scripting.md ${guide_folder})
 install(
-    DIRECTORY ${PROJECT_SOURCE_DIR}/editor/scripts/
+    DIRECTORY ${PROJECT_SOURCE_DIR}/editor/scripts/ ${PROJECT_SOURCE_DIR}/editor/models/room
     DESTINATION ${guide_folder}/examples
     COMPONENT editor)
 

@@ -3,6 +3,7 @@
 
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 
+#include <type_traits>
 #include <utility>
 
 /// Mechanics of the commands that know the state of their target before and after the edit: redo applies the
@@ -26,7 +27,7 @@ public:
     void redo() override { static_cast<Command *>(this)->apply(before, after); }
 
 protected:
-    /// Keeps both states; \a arguments are those of the base.
+    /// Keeps both states, or what a State is made of; \a arguments are those of the base.
     template <class Before = State, class After = State, class... Arguments>
     explicit ksBeforeAfterUndoCommand(Before &&before, After &&after, Arguments &&...arguments)
         : Base(std::forward<Arguments>(arguments)...)

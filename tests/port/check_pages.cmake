@@ -1,6 +1,6 @@
 # Whether the guide has a paragraph or a row for every class that the check of an application's services refers to.
 file(READ ${ROOT}/docs/integrating.md guide)
-file(STRINGS ${ROOT}/ksundo/core/detail/ksPortCheck.h needs REGEX "^KS_NEEDS(_FUNCTION|_CONST)?\\(")
+file(STRINGS ${ROOT}/ksundo/core/detail/ksPortCheck.h needs REGEX "^KS_NEEDS(_FUNCTION|_CONST|_STATIC)?\\(")
 if(NOT needs)
     message(FATAL_ERROR "The check asks for nothing")
 endif()

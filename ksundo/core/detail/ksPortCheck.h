@@ -129,6 +129,12 @@ extern int numberOut;
     static_assert(offers<Class>([](auto *x) -> Fits<decltype(x->use), Result> {}), \
                   KS_SAY_MISSING(Class, #use));
 
+/// The same, without an object.
+#define KS_NEEDS_STATIC(Class, Result, use)                                                               \
+    static_assert(                                                                                        \
+        offers<Class>([](auto *x) -> Fits<decltype(std::remove_pointer_t<decltype(x)>::use), Result> {}), \
+        KS_SAY_MISSING(Class, #use));
+
 /// The same, of a constant one.
 #define KS_NEEDS_CONST(Class, Result, use)                                               \
     static_assert(offers<const Class>([](auto *x) -> Fits<decltype(x->use), Result> {}), \
@@ -154,14 +160,14 @@ KS_NEEDS_FUNCTION(ksLog, error, void(const char *, ...))
 
 KS_NEEDS_CONST(ksNodePtr, osg::NodePtr, getNodePtr())
 
-KS_NEEDS(ksOpenSGUtils, osg::NodePtr, getRoot())
-KS_NEEDS(ksSceneDataManager, osg::NodePtr, getSceneRoot(0))
+KS_NEEDS_STATIC(ksOpenSGUtils, osg::NodePtr, getRoot())
+KS_NEEDS_STATIC(ksSceneDataManager, osg::NodePtr, getSceneRoot(0))
 
-KS_NEEDS(ksTextureManager, ksTextureManager *, the())
+KS_NEEDS_STATIC(ksTextureManager, ksTextureManager *, the())
 KS_NEEDS(ksTextureManager, osg::ImagePtr, getImage(image, true))
 
-KS_NEEDS(ksTransformVariantUtils, void, setName(variant, text))
-KS_NEEDS(ksTransformVariantUtils, void, setApplyFlags(variant, flags))
+KS_NEEDS_STATIC(ksTransformVariantUtils, void, setName(variant, text))
+KS_NEEDS_STATIC(ksTransformVariantUtils, void, setApplyFlags(variant, flags))
 
 KS_NEEDS_FUNCTION(ksLights, getDiffuse, osg::Vec3f(const osg::NodePtr &))
 KS_NEEDS_FUNCTION(ksLights, setDiffuse, void(const osg::NodePtr &, const osg::Vec3f &))
@@ -189,34 +195,34 @@ KS_NEEDS_VALUE(ScalePivotTranslation, int)
 KS_NEEDS_VALUE(RotatePivotTranslation, int)
 KS_NEEDS_VALUE(RotationOrientation, int)
 #undef KS_NEEDS_VALUE
-KS_NEEDS(ksNodeUtils, osg::Vec3f, getTransformNodeShear(node))
-KS_NEEDS(ksNodeUtils, void, setTransformNodeShear(node, 1.0f, 1.0f, 1.0f))
-KS_NEEDS(ksNodeUtils, osg::Vec3f, getTransformNodeRotationDirection(node, number, number))
+KS_NEEDS_STATIC(ksNodeUtils, osg::Vec3f, getTransformNodeShear(node))
+KS_NEEDS_STATIC(ksNodeUtils, void, setTransformNodeShear(node, 1.0f, 1.0f, 1.0f))
+KS_NEEDS_STATIC(ksNodeUtils, osg::Vec3f, getTransformNodeRotationDirection(node, number, number))
 KS_NEEDS_FUNCTION(ksNodeUtils, setTransformNodeRotationDirection,
                   void(const osg::NodePtr &, float, float, float, int, bool, int))
-KS_NEEDS(ksNodeUtils, std::string, getTransformNodeEulerRotationOrder(node, number))
-KS_NEEDS(ksNodeUtils, void, setTransformNodeEulerRotationOrder(node, text, number))
-KS_NEEDS(ksNodeUtils, osg::NodePtr, findTransform(node))
-KS_NEEDS(ksNodeUtils, osg::Transform3DPtr, getTransform3D(node, number))
-KS_NEEDS(ksNodeUtils, bool, hasParent(node, node))
-KS_NEEDS(ksNodeUtils, osg::TransformVariantsAttachmentPtr, getTransformVariantsAttachment(node))
-KS_NEEDS(ksNodeUtils, osg::TransformVariantsAttachmentPtr, createTransformVariantsAttachment(node))
-KS_NEEDS(ksNodeUtils, void, setTransformVariantsAttachment(node, variants))
-KS_NEEDS(ksNodeUtils, void, removeTransformVariantsAttachment(node))
-KS_NEEDS(ksNodeUtils, void, insertTransformVariant(node, place, variant))
-KS_NEEDS(ksNodeUtils, void, removeTransformVariant(node, number))
-KS_NEEDS(ksNodeUtils, osg::TransformVariantPtr, getTransformVariant(node, place))
-KS_NEEDS(ksNodeUtils, osg::UInt32, getTransformVariantCount(node))
-KS_NEEDS(ksNodeUtils, std::string, getTransformVariantName(node, number))
+KS_NEEDS_STATIC(ksNodeUtils, std::string, getTransformNodeEulerRotationOrder(node, number))
+KS_NEEDS_STATIC(ksNodeUtils, void, setTransformNodeEulerRotationOrder(node, text, number))
+KS_NEEDS_STATIC(ksNodeUtils, osg::NodePtr, findTransform(node))
+KS_NEEDS_STATIC(ksNodeUtils, osg::Transform3DPtr, getTransform3D(node, number))
+KS_NEEDS_STATIC(ksNodeUtils, bool, hasParent(node, node))
+KS_NEEDS_STATIC(ksNodeUtils, osg::TransformVariantsAttachmentPtr, getTransformVariantsAttachment(node))
+KS_NEEDS_STATIC(ksNodeUtils, osg::TransformVariantsAttachmentPtr, createTransformVariantsAttachment(node))
+KS_NEEDS_STATIC(ksNodeUtils, void, setTransformVariantsAttachment(node, variants))
+KS_NEEDS_STATIC(ksNodeUtils, void, removeTransformVariantsAttachment(node))
+KS_NEEDS_STATIC(ksNodeUtils, void, insertTransformVariant(node, place, variant))
+KS_NEEDS_STATIC(ksNodeUtils, void, removeTransformVariant(node, number))
+KS_NEEDS_STATIC(ksNodeUtils, osg::TransformVariantPtr, getTransformVariant(node, place))
+KS_NEEDS_STATIC(ksNodeUtils, osg::UInt32, getTransformVariantCount(node))
+KS_NEEDS_STATIC(ksNodeUtils, std::string, getTransformVariantName(node, number))
 
-KS_NEEDS(ksPlatform, osg::UInt32, idOf(container))
-KS_NEEDS(ksPlatform, osg::UInt32, idOf(node))
-KS_NEEDS(ksPlatform, bool, ignoresChanges())
-KS_NEEDS(ksPlatform, osg::BitVector, externalFlagsMask)
-KS_NEEDS(ksPlatform, osg::UInt32, externalFlags(node))
-KS_NEEDS(ksPlatform, void, setExternalFlags(node, id))
-KS_NEEDS(ksPlatform, bool, isExcludedFromInstanceSubstitution(node))
-KS_NEEDS(ksPlatform, void, setTransformation(node, values, number))
+KS_NEEDS_STATIC(ksPlatform, osg::UInt32, idOf(container))
+KS_NEEDS_STATIC(ksPlatform, osg::UInt32, idOf(node))
+KS_NEEDS_STATIC(ksPlatform, bool, ignoresChanges())
+KS_NEEDS_STATIC(ksPlatform, osg::BitVector, externalFlagsMask)
+KS_NEEDS_STATIC(ksPlatform, osg::UInt32, externalFlags(node))
+KS_NEEDS_STATIC(ksPlatform, void, setExternalFlags(node, id))
+KS_NEEDS_STATIC(ksPlatform, bool, isExcludedFromInstanceSubstitution(node))
+KS_NEEDS_STATIC(ksPlatform, void, setTransformation(node, values, number))
 
 // The application's own scene-graph classes.
 
@@ -255,7 +261,7 @@ KS_NEEDS(osg::LightLinkSet, void, subLight(node))
 KS_NEEDS(osg::LightLinkSet, void, subSceneNode(node))
 
 KS_NEEDS(osg::TagAttachment, osg::MField<osg::UInt64> *, getMFTagValues())
-KS_NEEDS(osg::TagAttachment, osg::UInt32, getClassGroupId())
+KS_NEEDS_STATIC(osg::TagAttachment, osg::UInt32, getClassGroupId())
 
 KS_NEEDS_CONST(osg::AbstractConstraint, osg::ConstraintObjectPtr, findSourceConstraintObject(object))
 KS_NEEDS_CONST(osg::AbstractConstraint, bool, hasTarget(object))
@@ -283,11 +289,18 @@ static_assert(std::is_base_of_v<osg::AttachmentContainer, osg::ConstraintObject>
 static_assert(std::is_base_of_v<osg::AbstractConstraint, osg::AimConstraint>,
               "see \"osg::AimConstraint\" in docs/integrating.md");
 
+using osg::AimConstraintPtr; // see "Scene graph" in docs/integrating.md
+using osg::LightLinkSetPtr;  // see "Scene graph" in docs/integrating.md
+using osg::TagAttachmentPtr; // see "Scene graph" in docs/integrating.md
+using osg::Transform3DPtr;   // see "Scene graph" in docs/integrating.md
+using osg::UberLightPtr;     // see "Scene graph" in docs/integrating.md
+using osg::UBRDFMaterialPtr; // see "Scene graph" in docs/integrating.md
+
 // OpenSG 1.8.
 
-KS_NEEDS(osg::PThreadBase, osg::ChangeList *, getCurrentChangeList())
+KS_NEEDS_STATIC(osg::PThreadBase, osg::ChangeList *, getCurrentChangeList())
 KS_NEEDS(osg::ChangeList, void, addChanged(container, mask))
-KS_NEEDS(osg::FieldContainerFactory, osg::FieldContainerPtr, the()->getContainer(id))
+KS_NEEDS_STATIC(osg::FieldContainerFactory, osg::FieldContainerPtr, the()->getContainer(id))
 KS_NEEDS(osg::FieldContainer, const osg::FieldContainerType &, getType())
 KS_NEEDS(osg::FieldContainer, osg::Field *, getField(id))
 KS_NEEDS(osg::FieldContainer, void, changed(mask, osg::ChangedOrigin::External))
@@ -300,7 +313,7 @@ KS_NEEDS_CONST(osg::FieldDescription, osg::BitVector, getFieldMask())
 KS_NEEDS_CONST(osg::Field, const osg::FieldType &, getType())
 KS_NEEDS(osg::AttachmentContainer, osg::AttachmentPtr, findAttachment(id))
 KS_NEEDS(osg::Node, osg::NodeCorePtr, getCore())
-KS_NEEDS(osg::Node, const osg::FieldContainerType &, getClassType())
+KS_NEEDS_STATIC(osg::Node, const osg::FieldContainerType &, getClassType())
 KS_NEEDS(osg::Node, osg::BitVector, VolumeFieldMask)
 KS_NEEDS(osg::NodeCore, osg::MFNodePtr &, getParents())
 KS_NEEDS(osg::Image, const osg::FieldContainerType &, getType())
@@ -322,6 +335,9 @@ KS_NEEDS_OPENSG(const osg::FieldContainerType, bool, *x == *x)
 KS_NEEDS_OPENSG(const osg::Vec3f, float, (*x)[0])
 KS_NEEDS_OPENSG(osg::MField<std::string>, void, (x->begin(), x->end(), x->size(), x->clear(), x->resize(id)))
 KS_NEEDS_OPENSG(osg::MField<std::string>, void, x->push_back(text))
+static_assert(std::is_constructible_v<osg::Vec3f, float, float, float> &&
+                  std::is_default_constructible_v<osg::QuaternionBase<float>>,
+              "vectors and quaternions: see \"OpenSG 1.8\" in docs/integrating.md");
 static_assert(std::is_constructible_v<osg::Transform3DPtr, osg::Transform3D &> &&
                   std::is_constructible_v<osg::NodePtr, decltype((osg::NullFC))>,
               "handles: see \"OpenSG 1.8\" in docs/integrating.md");
@@ -347,6 +363,7 @@ KS_NEEDS_SFIELD(osg::SFImagePtr, osg::ImagePtr)
 #undef KS_NEEDS_OPENSG
 #undef KS_NEEDS
 #undef KS_NEEDS_CONST
+#undef KS_NEEDS_STATIC
 #undef KS_NEEDS_FUNCTION
 #undef KS_SAY_MISSING
 

@@ -188,8 +188,9 @@ void ChangeList::settle(IdStore &settled, const FieldContainerPtr &fc, UInt32 co
 
 void ChangeList::unsettle(IdStore &settled, const FieldContainerPtr &fc)
 {
-    if (!_readOnly) {
-        settled.erase(std::find(settled.rbegin(), settled.rend(), fc.getFieldContainerId()).base() - 1);
+    const auto last = std::find(settled.rbegin(), settled.rend(), fc.getFieldContainerId());
+    if (!_readOnly && last != settled.rend()) {
+        settled.erase(last.base() - 1);
     }
 }
 
