@@ -40,6 +40,11 @@ int ksCheckedSession::run(const ksEditorOptions &options)
     return ksHeadlessSession::run(options);
 }
 
+const char *ksCheckedSession::ownStatusHelp() const
+{
+    return "  4  the scene differed from the history, or was not released at the end\n";
+}
+
 int ksCheckedSession::edit(osg::NodeRefPtr root, const QString &script)
 {
     ksTranscript transcript(out);

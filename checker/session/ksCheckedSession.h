@@ -9,7 +9,7 @@
 class ksCheckedSession : public ksHeadlessSession
 {
 public:
-    /// What the program exits with when it found a difference.
+    /// What the program exits with when it found a difference, or containers that were not released.
     static constexpr int DifferenceFound = 4;
 
     /// The transcript goes to \a record. Both must outlive the session.
@@ -19,6 +19,7 @@ public:
 
 private:
     int edit(osg::NodeRefPtr root, const QString &script) override;
+    const char *ownStatusHelp() const override;
 
     /// The first id of those that the session's containers get.
     std::size_t firstId = 0;

@@ -60,7 +60,9 @@ int ksHeadlessSession::start(int argc, char **argv)
         return UsageError;
     }
     if (options.task == ksEditorOptions::ShowHelp) {
-        out << "Usage: " << usage() << "\n\n" << purpose << "\n\n" << ksEditorOptions::help().toStdString();
+        out << "Usage: " << usage() << "\n\n"
+            << purpose << "\n\n"
+            << ksEditorOptions::help().toStdString() << ownStatusHelp();
         return Done;
     }
     if (options.task == ksEditorOptions::ShowVersion) {

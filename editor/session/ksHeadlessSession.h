@@ -46,6 +46,9 @@ protected:
     /// empty. Returns the exit code. May throw ksEditorError.
     virtual int edit(osg::NodeRefPtr root, const QString &script) = 0;
 
+    /// What the help says of exit codes that are the program's own, a line each.
+    virtual const char *ownStatusHelp() const { return ""; }
+
     std::ostream &out;
 
 private:

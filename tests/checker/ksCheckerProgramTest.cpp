@@ -43,6 +43,14 @@ TEST(ksCheckerProgram, GivesTheSameTranscriptAtEveryRun)
     EXPECT_EQ(runChecker(arguments).output, runChecker(arguments).output);
 }
 
+TEST(ksCheckerProgram, HelpsWithAllItsExitCodes)
+{
+    const ksProgram run = runChecker({QStringLiteral("--help")});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_THAT(run.output, testing::ContainsRegex("\n  0  .*\n  1  .*\n  2  .*\n  3  .*\n"
+                                                   "  4  the scene differed from the history"));
+}
+
 TEST(ksCheckerProgram, GoesByItsOwnName)
 {
     const ksTestFolder folder;
