@@ -22,19 +22,31 @@ void ksTour::run()
 {
     ksTourTargets targets(history.root());
     const ksTourExtras extras(targets);
+    history.beginPart(QStringLiteral("Add what the scene lacks"));
     extras.addTo(history);
+    history.beginPart(QStringLiteral("Set fields of every type"));
     ksFieldTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Set texts and lists of texts"));
     ksTextTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Call methods"));
     ksInvokeTour invokeTour(history, targets, extras);
     invokeTour.run();
+    history.beginPart(QStringLiteral("Batches, drags, macros and marks"));
     ksHistoryTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Edit variants of transforms"));
     ksTransformTour transformTour(history, targets, extras);
     ksVariantTour(history, targets, extras, transformTour).run();
+    history.beginPart(QStringLiteral("Edit transforms"));
     transformTour.run();
+    history.beginPart(QStringLiteral("Edit lights and what they shine on"));
     ksLightTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Edit materials and images"));
     ksMaterialTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Edit tags"));
     ksTagTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("Edit constraints"));
     ksConstraintTour(history, targets, extras).run();
+    history.beginPart(QStringLiteral("All the way back, forth and back again"));
     walkHistory();
     ksCommandClasses::verifyIn(history);
 }

@@ -3,6 +3,7 @@
 #include <checker/history/ksTranscript.h>
 #include <checker/tour/ksCommandClasses.h>
 #include <checker/tour/ksTour.h>
+#include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/session/ksOpenScene.h>
 #include <tests/editor/ksEditorFixture.h>
@@ -31,7 +32,8 @@ protected:
     void tour(const osg::NodePtr &root)
     {
         const ksOpenScene scene(root);
-        ksTranscript transcript(out);
+        ksRecord record(out, {ksRecordStyle::Verbose});
+        ksTranscript transcript(record);
         ksCheckedHistory history(root, transcript);
         const ksSceneSnapshot before(root, {});
         ksTour(history).run();
@@ -167,7 +169,8 @@ TEST_F(ksTourTest, NoticesThatTheApplicationDoesNotKnowTheScene)
         CPEdit(node.get(), osg::Node::AttachmentsFieldMask);
         node->addAttachment(osg::ksNodeSettings::create());
     }
-    ksTranscript transcript(out);
+    ksRecord record(out, {ksRecordStyle::Verbose});
+    ksTranscript transcript(record);
     ksCheckedHistory history(node, transcript);
     ksTour(history).run();
     EXPECT_GT(history.differenceCount(), 0);
