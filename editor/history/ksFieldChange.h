@@ -34,6 +34,7 @@ struct ksFieldChange
 
     /// What the calling thread has changed, as its change list has it, since aspect 1 last followed, which it
     /// does now. Fields that hold what they held are left out, and so are those that tell who refers to a
-    /// container, and containers that are new: the field that leads there has changed as well. Takes as long as there are changes, however large the scene is.
+    /// container, and containers that are new: the field that leads there has changed as well. Takes as long
+    /// as there are changes, however large the scene is.
     static std::vector<ksFieldChange> take();
 };

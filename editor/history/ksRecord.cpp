@@ -50,6 +50,20 @@ bool isControl(QChar character)
            (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
+/// \a text with its control characters escaped, but for those in \a kept.
+QString escapedBut(const QString &text, const QString &kept)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const QChar character : text) {
+        if (isControl(character) && !kept.contains(character))
+            result += escapeOf(character);
+        else
+            result += character;
+    }
+    return result;
+}
+
 } // namespace
 
 ksRecord::ksRecord(std::ostream &stream, const ksRecordStyle &style)
@@ -79,20 +93,17 @@ void ksRecord::print(const QString &text)
     if (look.json)
         object({{QStringLiteral("event"), QStringLiteral("print")}, {QStringLiteral("text"), text}});
     else
-        write(text);
+        write(escapedLines(text));
 }
 
 QString ksRecord::escaped(const QString &text)
 {
-    QString result;
-    result.reserve(text.size());
-    for (const QChar character : text) {
-        if (isControl(character))
-            result += escapeOf(character);
-        else
-            result += character;
-    }
-    return result;
+    return escapedBut(text, QString());
+}
+
+QString ksRecord::escapedLines(const QString &text)
+{
+    return escapedBut(text, QStringLiteral("\n\t"));
 }
 
 QString ksRecord::coloured(const QString &text, Tone tone)

@@ -53,7 +53,8 @@ public:
     /// it cannot be written.
     void object(const QJsonObject &object);
 
-    /// Writes what a script prints, as it is, or as an object. Throws ksOutputError when that fails.
+    /// Writes what a script prints, lines and tabs as they are, or as an object. Throws ksOutputError when
+    /// that fails.
     void print(const QString &text);
 
     /// Why something could not be written; empty when all could.
@@ -61,6 +62,9 @@ public:
 
     /// \a text with its control characters, line ends and separators as escapes such as "\n" and "\u001b".
     static QString escaped(const QString &text);
+
+    /// The same, but for line ends and tabs, which stay.
+    static QString escapedLines(const QString &text);
 
     /// \a text in the colour of \a tone, for a terminal.
     static QString coloured(const QString &text, Tone tone);

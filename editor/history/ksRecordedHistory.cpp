@@ -58,8 +58,9 @@ void ksRecordedHistory::finishStep()
         steps += std::max(0, stack()->index() - earlierIndex);
     const std::vector<ksFieldChange> changes = ksFieldChange::take();
     const ksRecordStyle::Detail detail = record.style().detail;
-    // What neither changes anything nor goes anywhere, such as setting a mark, is a detail.
-    const bool isStep = isAddition || isCleared || stack()->index() != earlierIndex || !changes.empty();
+    // What neither changes anything nor goes anywhere is a detail: a mark, or an addition that left nothing.
+    isAddition = isAddition && (stack()->index() != earlierIndex || !changes.empty());
+    const bool isStep = isCleared || stack()->index() != earlierIndex || !changes.empty();
     if (detail == ksRecordStyle::Verbose || (detail == ksRecordStyle::Short && isStep))
         write(changes);
 }

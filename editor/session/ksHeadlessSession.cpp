@@ -28,7 +28,9 @@ std::function<void(const QString &)> qtMessages;
 
 void takeQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
-    qtMessages(text);
+    // One of the image readers says so of every image that is another's.
+    if (!text.startsWith(QLatin1String("QTgaHandler::canRead()")))
+        qtMessages(text);
     if (type == QtFatalMsg)
         std::abort();
 }
@@ -121,11 +123,8 @@ void ksHeadlessSession::warn(const QString &text)
 
 void ksHeadlessSession::complain(const QString &text) const
 {
-    // The lines of a call stack are lines, but nothing else is to reach a terminal.
-    QStringList lines = text.split(QLatin1Char('\n'));
-    for (QString &line : lines)
-        line = ksRecord::escaped(line);
-    const QString shown = lines.join(QLatin1Char('\n'));
+    // The lines of a call stack stay lines.
+    const QString shown = ksRecord::escapedLines(text);
     errors << name << ": "
            << (colouredErrors ? ksRecord::coloured(shown, ksRecord::Tone::Bad) : shown).toStdString()
            << std::endl;
@@ -177,16 +176,20 @@ int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record
 
 osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded)
 {
-    const ksMemoryGuard guard(ksMemory::limit(options.memoryLimit));
-    const ksSceneImporter importer([this](const QString &warning) { warn(warning); });
+    const ksMemoryGuard guard(ksMemory::limit(options.memoryLimit, QFileInfo(options.model).size()));
+    QString leftOut;
+    const ksSceneImporter importer([this](const QString &warning) { warn(warning); },
+                                   [&leftOut](const QString &what) { leftOut = what; });
     osg::NodeRefPtr root(importer.load(options.model));
     isLoaded = true;
     const QString file = QFileInfo(options.model).fileName();
     const int nodes = countNodes(root.get());
     if (options.record.detail != ksRecordStyle::Quiet) {
-        record.line(QStringLiteral("model %1: %2 nodes").arg(file).arg(nodes));
+        record.line(QStringLiteral("model %1: %2 nodes").arg(file).arg(nodes) +
+                    (leftOut.isEmpty() ? QString() : QStringLiteral("; left out: ") + leftOut));
         record.object({{QStringLiteral("event"), QStringLiteral("model")},
                        {QStringLiteral("file"), file},
+                       {QStringLiteral("leftOut"), leftOut},
                        {QStringLiteral("nodes"), nodes}});
     }
     return root;

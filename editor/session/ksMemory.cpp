@@ -75,6 +75,17 @@ qint64 ksMemory::limit(double megabytes)
     return used() + static_cast<qint64>(static_cast<double>(available()) * Share);
 }
 
+qint64 ksMemory::limit(double megabytes, qint64 fileSize)
+{
+    if (megabytes > 0)
+        return limit(megabytes);
+    // A small file may have large ones beside it, and what is packed becomes much more.
+    constexpr qint64 Base = 2LL * 1024 * 1024 * 1024;
+    constexpr qint64 PerByte = 100;
+    return std::min(limit(0),
+                    Base + PerByte * std::min<qint64>(fileSize, std::numeric_limits<qint64>::max() / 200));
+}
+
 ksMemoryGuard::ksMemoryGuard(qint64 limit)
 {
     rlimit now = {};

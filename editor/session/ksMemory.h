@@ -13,6 +13,10 @@ qint64 used();
 /// machine still has to give.
 qint64 limit(double megabytes);
 
+/// The same for reading a file of \a fileSize bytes, which by default is given no more than any such file may
+/// need.
+qint64 limit(double megabytes, qint64 fileSize);
+
 } // namespace ksMemory
 
 /// Makes allocations fail that would take the process beyond a limit, for as long as it lives. Does nothing

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/session/ksMemory.h>
 #include <tests/editor/ksEditorFixture.h>
 #include <tests/editor/ksProgram.h>
 
@@ -31,7 +32,7 @@ TEST(ksEditorProgram, OpensTheRoom)
     const ksProgram run = runEditor({QStringLiteral("--headless"), ksRoomFile()});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_EQ(run.output, "model room.gltf: 58 nodes\nOK: 0 steps, 0 warnings\n");
+    EXPECT_EQ(run.output, "model room.gltf: 58 nodes; left out: 1 camera\nOK: 0 steps, 0 warnings\n");
 }
 
 TEST(ksEditorProgram, RunsTheScriptOfTheRoom)
@@ -138,6 +139,19 @@ TEST(ksEditorProgram, EndsOrderlyWhenItIsInterrupted)
     EXPECT_EQ(process.readAllStandardError().toStdString(),
               "ks-editor: " + script.toStdString() + ": interrupted\n");
     EXPECT_THAT(output.toStdString(), testing::ContainsRegex("\nFAILED: [0-9] steps?, 0 warnings\n$"));
+}
+
+/// It announces a thousand million corners, which would take 12 GB.
+TEST(ksEditorProgram, RefusesAModelThatTakesAllMemory)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers reserve more memory than there is";
+    const ksTestFolder folder;
+    const ksProgram run =
+        runEditor({QStringLiteral("--headless"), folder.write("bomb.off", "OFF\n1000000000 1 0\n0 0 0\n")});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "ks-editor: " + folder.path("bomb.off").toStdString() +
+                              ": takes more memory than it is given\n");
 }
 
 TEST(ksEditorProgram, FailsWhenItsOutputIsClosed)

@@ -38,7 +38,7 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
     const std::ptrdiff_t before = ksLivingContainers();
     EXPECT_EQ(run(ksRoomFile()), 0);
     EXPECT_EQ(errors.str(), "");
-    EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nAdd what the scene lacks: "));
+    EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes; left out: 1 camera\nAdd what the scene lacks: "));
     const std::string all = std::to_string(ksCommandClasses::all().size());
     EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences, " +
                                                   all + " of " + all + " command classes, 0 warnings\n$"));
@@ -49,7 +49,7 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
 TEST_F(ksCheckedSessionTest, RunsAScriptInstead)
 {
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\n"
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\n"
                          "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
 }
 
@@ -57,7 +57,7 @@ TEST_F(ksCheckedSessionTest, WritesEveryStepWhenItIsVerbose)
 {
     options.record.detail = ksRecordStyle::Verbose;
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\nstep 1: check\n"
                          "  check    index 0 of 0, 270 containers: no difference\n"
                          "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
 }

@@ -75,14 +75,18 @@ TEST_F(ksFieldChangeTest, TellsWhatComesAndGoes)
 
 TEST_F(ksFieldChangeTest, SumsManyChangesUp)
 {
-    {
+    const auto edit = [this](osg::UInt8 layer, const std::string &comment, osg::Int64 revision) {
         CPEdit(childSettings(), osg::FieldBits::AllFields);
-        childSettings()->setLayer(1);
-        childSettings()->setLocked(true);
-        childSettings()->setComment(std::string(50, 'x'));
-        childSettings()->setRevision(4);
-    }
-    EXPECT_EQ(summary(), "ksNodeSettings 'Child' layer 0 -> 1, locked FALSE -> TRUE, comment; 1 more");
+        childSettings()->setLayer(layer);
+        childSettings()->setComment(comment);
+        childSettings()->setRevision(revision);
+        childSettings()->setLocked(revision > 0);
+    };
+    edit(1, std::string(50, 'x'), 0);
+    EXPECT_EQ(summary(), "ksNodeSettings 'Child' layer 0 -> 1, comment");
+    edit(2, std::string(), 4);
+    EXPECT_EQ(summary(),
+              "ksNodeSettings 'Child' layer 1 -> 2, revision 0 -> 4, locked FALSE -> TRUE; 1 more");
 }
 
 /// The list of children is long enough to cost something.

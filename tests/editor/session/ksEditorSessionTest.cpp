@@ -39,7 +39,7 @@ TEST_F(ksEditorSessionTest, OpensAModel)
 {
     const std::ptrdiff_t before = ksLivingContainers();
     EXPECT_EQ(run(ksRoomFile()), ksEditorSession::Done);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nOK: 0 steps, 0 warnings\n");
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nOK: 0 steps, 0 warnings\n");
     EXPECT_EQ(errors.str(), "");
     EXPECT_EQ(ksLivingContainers(), before);
 }
@@ -48,7 +48,7 @@ TEST_F(ksEditorSessionTest, RunsAScript)
 {
     EXPECT_EQ(runScript("print('hello'); scene.find('Table').set('travMask', 1, 'Hide'); history.undo();"),
               ksEditorSession::Done);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\n"
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\n"
                          "step 1: Hide: Node 'Table' travMask 4294967295 -> 1\n"
                          "step 1 undone: Hide: Node 'Table' travMask 1 -> 4294967295\n"
                          "OK: 1 step, 0 warnings\n");
@@ -129,7 +129,7 @@ TEST_F(ksEditorSessionTest, WritesTheRecordAsItIsTold)
                          "\n");
     options.record.detail = ksRecordStyle::Short;
     EXPECT_EQ(runScript("\nnothing();"), ksEditorSession::ScriptError);
-    EXPECT_EQ(out.str(), R"({"event":"model","file":"room.gltf","nodes":58})"
+    EXPECT_EQ(out.str(), R"({"event":"model","file":"room.gltf","leftOut":"1 camera","nodes":58})"
                          "\n"
                          R"({"error":")" +
                              folder.path("script.js").toStdString() +

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <new>
 #include <vector>
 
@@ -35,6 +36,10 @@ TEST(ksMemory, LeavesTheMachineSome)
     EXPECT_EQ(ksMemory::limit(100), 100 * Megabyte);
     EXPECT_GE(ksMemory::limit(0), ksMemory::used());
     EXPECT_LT(ksMemory::limit(0), 1024 * 1024 * Megabyte);
+    EXPECT_EQ(ksMemory::limit(100, Megabyte), 100 * Megabyte);
+    EXPECT_LE(ksMemory::limit(0, 0), 2048 * Megabyte);
+    EXPECT_LE(ksMemory::limit(0, 0), ksMemory::limit(0, Megabyte));
+    EXPECT_LE(ksMemory::limit(0, std::numeric_limits<qint64>::max()), 1024 * 1024 * Megabyte);
 }
 
 TEST(ksMemoryGuard, MakesAllocationsFail)
