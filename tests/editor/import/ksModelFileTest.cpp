@@ -125,7 +125,8 @@ TEST_F(ksModelFileTest, KeepsWhatMissingNodesShow)
     EXPECT_EQ(file.scene().mNumMeshes, 2u);
     EXPECT_EQ(file.scene().mRootNode->mNumMeshes, 1u);
     ASSERT_EQ(file.scene().mRootNode->mNumChildren, 1u);
-    EXPECT_NE(file.scene().mRootNode->mChildren[0], nullptr);
+    ASSERT_NE(file.scene().mRootNode->mChildren[0], nullptr);
+    EXPECT_NE(file.scene().mRootNode->mMeshes[0], file.scene().mRootNode->mChildren[0]->mMeshes[0]);
 }
 
 TEST_F(ksModelFileTest, NamesNumbersThatAreNotFinite)
