@@ -19,11 +19,6 @@ ksTranscript::ksTranscript(ksRecord &sessionRecord)
     : record(sessionRecord)
 {}
 
-void ksTranscript::setBeforeStep(std::function<void()> test)
-{
-    beforeStep = std::move(test);
-}
-
 void ksTranscript::beginPart(const QString &title)
 {
     finish();
@@ -34,7 +29,6 @@ void ksTranscript::beginPart(const QString &title)
 
 void ksTranscript::step(const QString &what)
 {
-    beforeStep();
     finishStep();
     ++steps;
     isWanted = record.style().detail == ksRecordStyle::Verbose;

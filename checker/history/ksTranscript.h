@@ -6,8 +6,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-
 class ksRecord;
 
 /// The readable record of a session that is checked: one block per step, a heading and indented lines below
@@ -18,9 +16,6 @@ class ksTranscript
 public:
     /// Writes to \a sessionRecord, which must outlive the transcript.
     explicit ksTranscript(ksRecord &sessionRecord);
-
-    /// Lets \a test be called before every step. It may throw.
-    void setBeforeStep(std::function<void()> test);
 
     /// Begins a part, called \a title, with the next step.
     void beginPart(const QString &title);
@@ -48,7 +43,6 @@ private:
     void finishPart();
 
     ksRecord &record;
-    std::function<void()> beforeStep = [] {};
     int steps = 0;
     int faults = 0;
 

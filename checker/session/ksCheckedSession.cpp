@@ -14,8 +14,6 @@
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
-#include <QScopeGuard>
-
 #include <algorithm>
 #include <atomic>
 #include <exception>
@@ -101,13 +99,13 @@ void ksCheckedSession::runEdits(ksCheckedHistory &history, const ksEditorOptions
 {
     if (options.script.isEmpty()) {
         std::atomic<bool> isInterrupted = false;
-        transcript.setBeforeStep([&isInterrupted] {
+        const auto goOn = [&isInterrupted] {
             if (isInterrupted)
                 throw ksScriptError("interrupted");
-        });
-        const auto reset = qScopeGuard([&transcript] { transcript.setBeforeStep([] {}); });
+        };
         runInterruptibly(
-            options, [&isInterrupted] { isInterrupted = true; }, [&history] { ksTour(history).run(); });
+            options, [&isInterrupted] { isInterrupted = true; },
+            [&history, &goOn] { ksTour(history, goOn).run(); });
         return;
     }
     ksCheckedScript *running = nullptr;

@@ -14,41 +14,58 @@
 #include <checker/tour/ksTransformTour.h>
 #include <checker/tour/ksVariantTour.h>
 
-ksTour::ksTour(ksCheckedHistory &checkedHistory)
+#include <QScopeGuard>
+
+#include <utility>
+
+ksTour::ksTour(ksCheckedHistory &checkedHistory, std::function<void()> goOn)
     : history(checkedHistory)
+    , mayGoOn(std::move(goOn))
 {}
 
 void ksTour::run()
 {
     ksTourTargets targets(history.root());
     const ksTourExtras extras(targets);
-    history.beginPart(QStringLiteral("Add what the scene lacks"));
+    begin("Add what the scene lacks");
     extras.addTo(history);
-    history.beginPart(QStringLiteral("Set fields of every type"));
-    ksFieldTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Set texts and lists of texts"));
-    ksTextTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Call methods"));
+    // Commands call these when they are undone, as they are in any case.
     ksInvokeTour invokeTour(history, targets, extras);
-    invokeTour.run();
-    history.beginPart(QStringLiteral("Batches, drags, macros and marks"));
-    ksHistoryTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Edit variants of transforms"));
     ksTransformTour transformTour(history, targets, extras);
+    const auto undoAll = qScopeGuard([this] {
+        while (history.stack()->canUndo())
+            history.stack()->undo();
+    });
+
+    begin("Set fields of every type");
+    ksFieldTour(history, targets, extras).run();
+    begin("Set texts and lists of texts");
+    ksTextTour(history, targets, extras).run();
+    begin("Call methods");
+    invokeTour.run();
+    begin("Batches, drags, macros and marks");
+    ksHistoryTour(history, targets, extras).run();
+    begin("Edit variants of transforms");
     ksVariantTour(history, targets, extras, transformTour).run();
-    history.beginPart(QStringLiteral("Edit transforms"));
+    begin("Edit transforms");
     transformTour.run();
-    history.beginPart(QStringLiteral("Edit lights and what they shine on"));
+    begin("Edit lights and what they shine on");
     ksLightTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Edit materials and images"));
+    begin("Edit materials and images");
     ksMaterialTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Edit tags"));
+    begin("Edit tags");
     ksTagTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("Edit constraints"));
+    begin("Edit constraints");
     ksConstraintTour(history, targets, extras).run();
-    history.beginPart(QStringLiteral("All the way back, forth and back again"));
+    begin("All the way back, forth and back again");
     walkHistory();
     ksCommandClasses::verifyIn(history);
+}
+
+void ksTour::begin(const char *part)
+{
+    mayGoOn();
+    history.beginPart(QLatin1String(part));
 }
 
 void ksTour::walkHistory()
@@ -56,6 +73,7 @@ void ksTour::walkHistory()
     for (const bool back : {true, false, true}) {
         ksUndoStack *stack = history.stack();
         while (back ? stack->canUndo() : stack->canRedo()) {
+            mayGoOn();
             if (back)
                 history.undo();
             else

@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 
 #include <sstream>
-#include <stdexcept>
 
 namespace {
 
@@ -66,14 +65,4 @@ TEST(ksTranscript, WritesAnObjectPerStep)
         "\n"
         R"({"differences":2,"event":"part","steps":1,"text":"Texts"})"
         "\n");
-}
-
-TEST(ksTranscript, EndsBeforeAStep)
-{
-    std::ostringstream out;
-    ksRecord record(out);
-    ksTranscript transcript(record);
-    transcript.setBeforeStep([] { throw std::runtime_error("stop"); });
-    EXPECT_THROW(transcript.step(QStringLiteral("undo")), std::runtime_error);
-    EXPECT_EQ(transcript.stepCount(), 0);
 }

@@ -38,7 +38,8 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
     const std::ptrdiff_t before = ksLivingContainers();
     EXPECT_EQ(run(ksRoomFile()), 0);
     EXPECT_EQ(errors.str(), "");
-    EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes; left out: 1 camera\nAdd what the scene lacks: "));
+    EXPECT_THAT(out.str(),
+                StartsWith("model room.gltf: 58 nodes; left out: 1 camera\nAdd what the scene lacks: "));
     const std::string all = std::to_string(ksCommandClasses::all().size());
     EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences, " +
                                                   all + " of " + all + " command classes, 0 warnings\n$"));

@@ -5,6 +5,7 @@
 #include <checker/tour/ksTour.h>
 #include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
+#include <editor/ksEditorError.h>
 #include <editor/session/ksOpenScene.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -158,6 +159,43 @@ TEST_F(ksTourTest, EditsEveryKindOfContainerOfTheRoom)
 TEST_F(ksTourTest, WorksOnASingleNode)
 {
     tourOneNode();
+}
+
+/// Wherever it is ended, what it has made is released, and the checks find nothing.
+TEST_F(ksTourTest, LeavesNothingBehindWhenItIsEnded)
+{
+    // At the beginning of each part, and now and then on the way through the history.
+    constexpr int Parts = 12;
+    bool isOver = false;
+    for (int last = 1; !isOver; last += last < Parts ? 1 : last) {
+        const std::ptrdiff_t before = ksLivingContainers();
+        {
+            const osg::NodeRefPtr node(osg::Node::create());
+            {
+                CPEdit(node.get(), osg::Node::AttachmentsFieldMask);
+                node->addAttachment(osg::ksNodeSettings::create());
+            }
+            const ksOpenScene scene(node.get());
+            ksRecord record(out, {ksRecordStyle::Quiet});
+            ksTranscript transcript(record);
+            ksCheckedHistory history(node, transcript);
+            int calls = 0;
+            const auto stopAtLast = [&calls, last] {
+                if (++calls == last)
+                    throw ksScriptError("ended");
+            };
+            try {
+                ksTour(history, stopAtLast).run();
+                isOver = true;
+            } catch (const ksScriptError &) {
+                EXPECT_EQ(calls, last);
+            }
+            EXPECT_EQ(history.stack()->index(), 0);
+            EXPECT_TRUE(history.check()) << last;
+        }
+        EXPECT_EQ(ksLivingContainers(), before) << last;
+    }
+    EXPECT_EQ(out.str(), "");
 }
 
 /// The root of the whole scene graph may not be linked to lights; where nobody says which node that is, it
