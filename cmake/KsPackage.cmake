@@ -64,6 +64,7 @@ JavaScript says. Each edit is a step that can be undone and redone."
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/cmake/debian/triggers)
 set(CPACK_DEBIAN_EDITOR_PACKAGE_DEPENDS "${same_runtime}")
+set(CPACK_DEBIAN_EDITOR_PACKAGE_RECOMMENDS qt5-image-formats-plugins)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "${same_runtime}, libboost-dev, qtbase5-dev (>= 5.15)")
 
 # The program's changelog as it is, and one of the packaging, which has a format of its own.

@@ -22,3 +22,10 @@ class ksScriptError : public ksEditorError
 public:
     using ksEditorError::ksEditorError;
 };
+
+/// Something that was to be written cannot be.
+class ksOutputError : public ksEditorError
+{
+public:
+    using ksEditorError::ksEditorError;
+};

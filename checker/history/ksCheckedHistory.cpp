@@ -122,6 +122,11 @@ void ksCheckedHistory::drag(int events, const std::function<QUndoCommand *(int e
     ksEditHistory::drag(events, make);
 }
 
+void ksCheckedHistory::beginPart(const QString &title)
+{
+    transcript.beginPart(title);
+}
+
 bool ksCheckedHistory::check()
 {
     const int before = faults;
@@ -132,7 +137,7 @@ bool ksCheckedHistory::check()
 bool ksCheckedHistory::verify(bool holds, const QString &text)
 {
     if (!holds) {
-        transcript.note(QStringLiteral("FAILS"), text);
+        transcript.fault(QStringLiteral("FAILS"), text);
         ++faults;
     }
     return holds;
@@ -323,9 +328,10 @@ void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDiff
 {
     faults += static_cast<int>(differences.size());
     for (std::size_t i = 0; i < differences.size() && i < ShownLines; ++i)
-        transcript.note(label, describe(differences[i]) + QStringLiteral(": expected ") +
-                                   QString::fromStdString(differences[i].expected) + QStringLiteral(", is ") +
-                                   QString::fromStdString(differences[i].actual));
+        transcript.fault(label, describe(differences[i]) + QStringLiteral(": expected ") +
+                                    QString::fromStdString(differences[i].expected) +
+                                    QStringLiteral(", is ") + QString::fromStdString(differences[i].actual));
     if (differences.size() > ShownLines)
-        transcript.note(label, QStringLiteral("... %1 fields").arg(differences.size()));
+        transcript.fault(label, QStringLiteral("... %1 fields").arg(differences.size()),
+                         static_cast<int>(differences.size() - ShownLines));
 }

@@ -48,6 +48,9 @@ public:
     /// For an action that adds, undoes and redoes on stack().
     using ksEditHistory::step;
 
+    /// Begins a part of the transcript, called \a title.
+    void beginPart(const QString &title);
+
     /// Checks without a step. Returns whether that found nothing.
     bool check();
 

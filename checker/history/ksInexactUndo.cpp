@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksFieldReader.h>
 #include <checker/history/ksInexactUndo.h>
 #include <checker/history/ksWorldRounding.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksFieldReader.h>
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 #include <ksundo/core/ksFindContainer.h>

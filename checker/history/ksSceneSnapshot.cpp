@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksFieldReader.h>
 #include <checker/history/ksSceneSnapshot.h>
+#include <editor/scene/ksFieldReader.h>
 #include <editor/scene/ksFieldReferences.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>

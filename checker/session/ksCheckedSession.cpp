@@ -5,11 +5,18 @@
 #include <checker/session/ksCheckedSession.h>
 #include <checker/tour/ksCommandClasses.h>
 #include <checker/tour/ksTour.h>
+#include <editor/history/ksPrintStream.h>
+#include <editor/history/ksRecord.h>
+#include <editor/ksEditorError.h>
+#include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksOpenScene.h>
+#include <editor/session/ksVerdict.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 
 #include <algorithm>
+#include <atomic>
+#include <exception>
 
 namespace {
 
@@ -45,37 +52,72 @@ const char *ksCheckedSession::ownStatusHelp() const
     return "  4  the scene differed from the history, or was not released at the end\n";
 }
 
-int ksCheckedSession::edit(osg::NodeRefPtr root, const QString &script)
+int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
+                           ksVerdict &verdict)
 {
-    ksTranscript transcript(out);
+    ksTranscript transcript(record);
     int differences = 0;
     int containers = 0;
     QString classes;
+    std::exception_ptr failure;
     {
         const ksOpenScene scene(root.get());
         ksCheckedHistory history(root.get(), transcript);
         root = osg::NodeRefPtr();
         containers = history.containerCount();
-        if (script.isEmpty()) {
-            ksTour(history).run();
-            classes = QStringLiteral(", %1 of %2 command classes")
-                          .arg(ksCommandClasses::countIn(history))
-                          .arg(ksCommandClasses::all().size());
-        } else
-            ksCheckedScript(history, out).run(script);
-        history.check();
+        try {
+            runEdits(history, options, record, transcript);
+            if (options.script.isEmpty())
+                classes = QStringLiteral("%1 of %2 command classes")
+                              .arg(ksCommandClasses::countIn(history))
+                              .arg(ksCommandClasses::all().size());
+        } catch (const ksEditorError &) {
+            failure = std::current_exception();
+        }
+        if (record.failure().isEmpty())
+            history.check();
         differences = history.differenceCount();
     }
+    transcript.finish();
 
     if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
-        transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
+        record.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left), ksRecord::Tone::Bad);
         ++differences;
     }
-    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences%5")
-                        .arg(differences == 0 ? QStringLiteral("OK") : QStringLiteral("FAILED"))
-                        .arg(transcript.stepCount())
-                        .arg(containers)
-                        .arg(differences)
-                        .arg(classes));
+    verdict.count(transcript.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
+    verdict.count(containers, QStringLiteral("container"), QStringLiteral("containers"));
+    verdict.count(differences, QStringLiteral("difference"), QStringLiteral("differences"));
+    if (!classes.isEmpty())
+        verdict.remark(classes);
+    if (failure != nullptr)
+        std::rethrow_exception(failure);
     return differences == 0 ? static_cast<int>(Done) : DifferenceFound;
+}
+
+void ksCheckedSession::runEdits(ksCheckedHistory &history, const ksEditorOptions &options, ksRecord &record,
+                                ksTranscript &transcript)
+{
+    if (options.script.isEmpty()) {
+        std::atomic<bool> isInterrupted = false;
+        const auto goOn = [&isInterrupted] {
+            if (isInterrupted)
+                throw ksScriptError("interrupted");
+        };
+        runInterruptibly(
+            options, [&isInterrupted] { isInterrupted = true; },
+            [&history, &goOn] { ksTour(history, goOn).run(); });
+        return;
+    }
+    ksCheckedScript *running = nullptr;
+    const auto interrupt = [&running] { running->interrupt(); };
+    ksPrintStream prints(
+        [&record, &transcript](const QString &line) {
+            transcript.finishStep();
+            record.print(line);
+        },
+        interrupt);
+    ksCheckedScript script(history, prints);
+    running = &script;
+    script.setArguments(options.scriptArguments);
+    runInterruptibly(options, interrupt, [&script, &options] { script.run(options.script); });
 }

@@ -5,6 +5,9 @@
 
 #include <cstddef>
 
+class ksCheckedHistory;
+class ksTranscript;
+
 /// A session of ks-checker: runs the tour or a script on the model and checks every step.
 class ksCheckedSession : public ksHeadlessSession
 {
@@ -18,7 +21,13 @@ public:
     int run(const ksEditorOptions &options) override;
 
 private:
-    int edit(osg::NodeRefPtr root, const QString &script) override;
+    int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
+             ksVerdict &verdict) override;
+
+    /// Runs the tour, or the script.
+    static void runEdits(ksCheckedHistory &history, const ksEditorOptions &options, ksRecord &record,
+                         ksTranscript &transcript);
+
     const char *ownStatusHelp() const override;
 
     /// The first id of those that the session's containers get.

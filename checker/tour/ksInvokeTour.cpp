@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <checker/history/ksCheckedHistory.h>
-#include <checker/history/ksFieldReader.h>
 #include <checker/tour/ksInvokeTour.h>
 #include <checker/tour/ksTourExtras.h>
 #include <editor/edits/ksFieldEdits.h>
+#include <editor/scene/ksFieldReader.h>
 
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>

@@ -14,29 +14,58 @@
 #include <checker/tour/ksTransformTour.h>
 #include <checker/tour/ksVariantTour.h>
 
-ksTour::ksTour(ksCheckedHistory &checkedHistory)
+#include <QScopeGuard>
+
+#include <utility>
+
+ksTour::ksTour(ksCheckedHistory &checkedHistory, std::function<void()> goOn)
     : history(checkedHistory)
+    , mayGoOn(std::move(goOn))
 {}
 
 void ksTour::run()
 {
     ksTourTargets targets(history.root());
     const ksTourExtras extras(targets);
+    begin("Add what the scene lacks");
     extras.addTo(history);
-    ksFieldTour(history, targets, extras).run();
-    ksTextTour(history, targets, extras).run();
+    // Commands call these when they are undone, as they are in any case.
     ksInvokeTour invokeTour(history, targets, extras);
-    invokeTour.run();
-    ksHistoryTour(history, targets, extras).run();
     ksTransformTour transformTour(history, targets, extras);
+    const auto undoAll = qScopeGuard([this] {
+        while (history.stack()->canUndo())
+            history.stack()->undo();
+    });
+
+    begin("Set fields of every type");
+    ksFieldTour(history, targets, extras).run();
+    begin("Set texts and lists of texts");
+    ksTextTour(history, targets, extras).run();
+    begin("Call methods");
+    invokeTour.run();
+    begin("Batches, drags, macros and marks");
+    ksHistoryTour(history, targets, extras).run();
+    begin("Edit variants of transforms");
     ksVariantTour(history, targets, extras, transformTour).run();
+    begin("Edit transforms");
     transformTour.run();
+    begin("Edit lights and what they shine on");
     ksLightTour(history, targets, extras).run();
+    begin("Edit materials and images");
     ksMaterialTour(history, targets, extras).run();
+    begin("Edit tags");
     ksTagTour(history, targets, extras).run();
+    begin("Edit constraints");
     ksConstraintTour(history, targets, extras).run();
+    begin("All the way back, forth and back again");
     walkHistory();
     ksCommandClasses::verifyIn(history);
+}
+
+void ksTour::begin(const char *part)
+{
+    mayGoOn();
+    history.beginPart(QLatin1String(part));
 }
 
 void ksTour::walkHistory()
@@ -44,6 +73,7 @@ void ksTour::walkHistory()
     for (const bool back : {true, false, true}) {
         ksUndoStack *stack = history.stack();
         while (back ? stack->canUndo() : stack->canRedo()) {
+            mayGoOn();
             if (back)
                 history.undo();
             else

@@ -39,8 +39,10 @@ ksTourExtras::ksTourExtras(ksTourTargets &targets)
         placeNodes.push_back(addNode("Tour place", osg::Group::create()));
     addLacking();
     addConstraint();
-    for (std::size_t i = 0; i < targets.nodes.size(); ++i)
+    for (std::size_t i = 0; i < targets.nodes.size(); ++i) {
         tagAttachments.push_back(osg::TagAttachment::create());
+        heldAttachments.emplace_back(tagAttachments.back());
+    }
 }
 
 void ksTourExtras::addTo(ksCheckedHistory &history) const

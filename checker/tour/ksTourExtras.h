@@ -62,4 +62,7 @@ private:
     std::vector<osg::NodePtr> constrainedNodes;
     osg::AimConstraintPtr aim;
     std::vector<osg::TagAttachmentPtr> tagAttachments;
+
+    /// Those that no node has as yet go with the extras.
+    std::vector<osg::RefPtr<osg::TagAttachmentPtr>> heldAttachments;
 };

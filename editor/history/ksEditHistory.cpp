@@ -73,9 +73,9 @@ void ksEditHistory::drag(int events, const std::function<QUndoCommand *(int even
 {
     if (events == 0)
         return;
-    QUndoCommand *first = make(0);
+    std::unique_ptr<QUndoCommand> first(make(0));
     step(named("drag", first->text()) + QStringLiteral(", %1 events").arg(events), [&] {
-        add(first);
+        add(first.release());
         for (int event = 1; event < events; ++event)
             add(make(event));
     });

@@ -1,27 +1,130 @@
 // SPDX-License-Identifier: MIT
+#include <editor/history/ksFieldChange.h>
+#include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 
-#include <OpenSG/OSGChangeList.h>
-#include <OpenSG/OSGThread.h>
+#include <QJsonArray>
 
-#include <ostream>
+#include <algorithm>
+#include <cstdlib>
 
-ksRecordedHistory::ksRecordedHistory(const osg::NodePtr &scene, std::ostream &stream, ksUndoStack *stack)
+namespace {
+
+QString noteLine(const char *label, const QString &text)
+{
+    constexpr int LabelWidth = 9;
+    return QStringLiteral("  ") + QString::fromLatin1(label).leftJustified(LabelWidth) + text;
+}
+
+} // namespace
+
+ksRecordedHistory::ksRecordedHistory(const osg::NodePtr &scene, ksRecord &sessionRecord, ksUndoStack *stack)
     : ksEditHistory(scene, stack)
-    , record(stream)
-{}
+    , record(sessionRecord)
+{
+    ksFieldChange::take();
+    connect(stack, &ksUndoStack::redoPerformed, this, [this](const QUndoCommand *command, bool added) {
+        isAddition = isAddition || (command != nullptr && added);
+    });
+    connect(stack, &ksUndoStack::cleared, this, [this] { isCleared = true; });
+}
+
+ksRecordedHistory::~ksRecordedHistory()
+{
+    stack()->disconnect(this);
+    close();
+    ksFieldChange::take();
+}
 
 void ksRecordedHistory::beginStep(const QString &what)
 {
-    if (isInMacro())
-        record << "  ";
-    else
-        record << "step " << ++steps << ": ";
-    record << what.toStdString() << '\n';
+    if (isInMacro()) {
+        if (record.style().detail == ksRecordStyle::Verbose)
+            parts += what;
+        return;
+    }
+    doing = what;
+    parts.clear();
+    earlierIndex = stack()->index();
+    isAddition = false;
+    isCleared = false;
 }
 
 void ksRecordedHistory::finishStep()
 {
-    // Nobody draws the scene, so that nobody takes over what has changed in it.
-    osg::Thread::getCurrentChangeList()->clearAll();
+    if (isInMacro())
+        return;
+    if (isAddition)
+        steps += std::max(0, stack()->index() - earlierIndex);
+    const std::vector<ksFieldChange> changes = ksFieldChange::take();
+    const ksRecordStyle::Detail detail = record.style().detail;
+    // What neither changes anything nor goes anywhere is a detail: a mark, or an addition that left nothing.
+    isAddition = isAddition && (stack()->index() != earlierIndex || !changes.empty());
+    const bool isStep = isCleared || stack()->index() != earlierIndex || !changes.empty();
+    if (detail == ksRecordStyle::Verbose || (detail == ksRecordStyle::Short && isStep))
+        write(changes);
+}
+
+void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const
+{
+    if (record.style().json) {
+        QJsonArray list;
+        for (const ksFieldChange &change : changes)
+            list += change.toJson();
+        record.object({{QStringLiteral("event"), eventName()},
+                       {QStringLiteral("step"), std::min(earlierIndex, stack()->index()) +
+                                                    (earlierIndex == stack()->index() ? 0 : 1)},
+                       {QStringLiteral("count"), std::abs(stack()->index() - earlierIndex)},
+                       {QStringLiteral("text"), text()},
+                       {QStringLiteral("changes"), list}});
+        return;
+    }
+    if (record.style().detail == ksRecordStyle::Verbose) {
+        record.line(title());
+        record.line(noteLine("done", doing));
+        for (const QString &part : parts)
+            record.line(noteLine("within", part));
+        for (const ksFieldChange &change : changes)
+            record.line(noteLine("changed", change.inFull()));
+        return;
+    }
+    record.line(title(), ksRecord::Tone::Plain,
+                changes.empty() ? QString() : QStringLiteral(": ") + ksFieldChange::summary(changes));
+}
+
+QString ksRecordedHistory::title() const
+{
+    const int index = stack()->index();
+    if (isCleared)
+        return QStringLiteral("all steps are forgotten");
+    if (index == earlierIndex)
+        return isAddition ? QStringLiteral("step %1 goes on: ").arg(index) + text() : doing;
+    const int first = std::min(index, earlierIndex) + 1;
+    const int last = std::max(index, earlierIndex);
+    const QString what = isAddition             ? QString()
+                         : index < earlierIndex ? QStringLiteral(" undone")
+                                                : QStringLiteral(" redone");
+    if (first < last)
+        return QStringLiteral("steps %1 to %2").arg(first).arg(last) + what;
+    return QStringLiteral("step %1").arg(first) + what + QStringLiteral(": ") + text();
+}
+
+QString ksRecordedHistory::text() const
+{
+    const int index = stack()->index();
+    if (isCleared || (index == earlierIndex && !isAddition))
+        return doing;
+    return index < earlierIndex ? stack()->redoText() : stack()->undoText();
+}
+
+QString ksRecordedHistory::eventName() const
+{
+    const int index = stack()->index();
+    if (isCleared)
+        return QStringLiteral("clear");
+    if (isAddition)
+        return index == earlierIndex ? QStringLiteral("merge") : QStringLiteral("add");
+    if (index == earlierIndex)
+        return QStringLiteral("other");
+    return index < earlierIndex ? QStringLiteral("undo") : QStringLiteral("redo");
 }

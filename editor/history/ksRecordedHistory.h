@@ -3,23 +3,55 @@
 
 #include <editor/history/ksEditHistory.h>
 
-#include <iosfwd>
+#include <QObject>
+#include <QString>
+#include <QStringList>
 
-/// A history that writes one line for each step.
-class ksRecordedHistory : public ksEditHistory
+#include <vector>
+
+class QUndoCommand;
+class ksRecord;
+struct ksFieldChange;
+
+/// A history that writes a line into the record for each step that it takes, with what has changed; with all
+/// changes, and what was done within a macro, when the record is verbose. Steps are counted as the stack
+/// does: the third command is step 3, whenever it is done, undone and redone.
+///
+/// Aspect 1 follows the scene, step by step, and tells what was before.
+class ksRecordedHistory : public QObject, public ksEditHistory
 {
+    Q_OBJECT
+
 public:
-    /// The lines go to \a stream, which must outlive the history.
-    ksRecordedHistory(const osg::NodePtr &scene, std::ostream &stream,
+    /// \a sessionRecord must outlive the history; see ksEditHistory for the rest.
+    ksRecordedHistory(const osg::NodePtr &scene, ksRecord &sessionRecord,
                       ksUndoStack *stack = ksUndoStack::get(0));
 
-    /// The number of steps so far; a macro is one.
+    /// Closes the history; aspect 1 has let go of the scene, too, then.
+    ~ksRecordedHistory() override;
+
+    /// The number of steps that were added so far; one that merged into the one before it is none.
     int stepCount() const { return steps; }
 
 private:
     void beginStep(const QString &what) override;
     void finishStep() override;
 
-    std::ostream &record;
+    void write(const std::vector<ksFieldChange> &changes) const;
+    QString title() const;
+
+    /// That of the command, where there is one.
+    QString text() const;
+    QString eventName() const;
+
+    ksRecord &record;
     int steps = 0;
+
+    /// The step that is being run: what it is, what is done within its macro, the index before it, and what
+    /// the stack has told since.
+    QString doing;
+    QStringList parts;
+    int earlierIndex = 0;
+    bool isAddition = false;
+    bool isCleared = false;
 };

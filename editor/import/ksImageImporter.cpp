@@ -4,13 +4,16 @@
 
 #include <ksTextureManager.h>
 
+#include <QBuffer>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 #include <QUrl>
 #include <assimp/scene.h>
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -19,13 +22,40 @@ namespace {
 QImage embeddedImage(const aiTexture &texture)
 {
     // A height of 0 marks the bytes of an image file, whose length is the width.
-    if (texture.mHeight == 0)
-        return QImage::fromData(reinterpret_cast<const uchar *>(texture.pcData),
-                                static_cast<int>(texture.mWidth));
+    if (texture.mHeight == 0) {
+        const auto *data = reinterpret_cast<const uchar *>(texture.pcData);
+        const auto size = static_cast<int>(texture.mWidth);
+        const QImage image = QImage::fromData(data, size);
+        return image.isNull() ? QImage::fromData(data, size, texture.achFormatHint) : image;
+    }
     static_assert(sizeof(aiTexel) == 4);
     return QImage(reinterpret_cast<const uchar *>(texture.pcData), static_cast<int>(texture.mWidth),
                   static_cast<int>(texture.mHeight), static_cast<int>(texture.mWidth * sizeof(aiTexel)),
                   QImage::Format_ARGB32);
+}
+
+/// The file that \a path, from the folder \a base unless it is absolute, means to a system that takes capital
+/// letters for small ones; empty when there is none.
+QString findFile(const QDir &base, const QString &path)
+{
+    QString found = QDir::isAbsolutePath(path) ? QStringLiteral("/") : base.absolutePath();
+    for (const QString &part : QDir::cleanPath(path).split(QLatin1Char('/'), Qt::SkipEmptyParts)) {
+        const QDir folder(found);
+        QString entry = part;
+        if (part != QLatin1String("..") && !folder.exists(part)) {
+            const QStringList entries =
+                folder.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+            const auto other = std::find_if(entries.begin(), entries.end(), [&part](const QString &name) {
+                return name.compare(part, Qt::CaseInsensitive) == 0;
+            });
+            if (other == entries.end())
+                return {};
+            entry = *other;
+        }
+        found = folder.absoluteFilePath(entry);
+    }
+    const QFileInfo file(found);
+    return file.isFile() ? file.filePath() : QString();
 }
 
 /// The file that a model in \a folder means by \a name: models carry paths of other systems, escaped paths,
@@ -40,6 +70,35 @@ QString locate(const QString &folder, const std::string &name)
         if (found.isFile())
             return found.filePath();
     }
+    for (const QString &candidate : {path, unescaped, QFileInfo(path).fileName()})
+        if (const QString found = findFile(base, candidate); !found.isEmpty())
+            return found;
+    return {};
+}
+
+/// The image in the file \a path, which is of the format that its name says.
+QImage imageBySuffix(const QString &path)
+{
+    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
+    QImage image = QImageReader(path, format).read();
+    QFile file(path);
+    if (image.isNull() && format == "tga" && file.open(QIODevice::ReadOnly)) {
+        // Older files end without what Qt's reader looks for.
+        QByteArray content = file.readAll() + QByteArray(8, '\0') + QByteArray("TRUEVISION-XFILE.", 18);
+        QBuffer buffer(&content);
+        image = QImageReader(&buffer, format).read();
+    }
+    return image;
+}
+
+/// What to install to read the image file \a path, when its format has a reader that is not there.
+QString missingReader(const QString &path)
+{
+    const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
+    for (const char *known : {"tga", "tif", "tiff", "webp", "wbmp", "icns", "jp2", "mng"})
+        if (format == known && !QImageReader::supportedImageFormats().contains(format))
+            return QStringLiteral("Qt's reader of such images is missing: install the package "
+                                  "qt5-image-formats-plugins");
     return {};
 }
 
@@ -116,11 +175,16 @@ osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
         return osg::NullFC;
     }
     QImageReader reader(path);
-    // The content decides: models name textures with the wrong suffix often enough.
+    // The content decides: models name textures with the wrong suffix often enough. Only that of some formats
+    // does not tell.
     reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
+    QImage image = reader.read();
+    if (image.isNull())
+        image = imageBySuffix(path);
     if (image.isNull()) {
-        warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") + reader.errorString());
+        const QString missing = missingReader(path);
+        warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") +
+             (missing.isEmpty() ? reader.errorString() : missing));
         return osg::NullFC;
     }
     return toSceneImage(image, name);

@@ -19,9 +19,9 @@ public:
     /// \a model must outlive the importer. Textures that cannot be read are reported to \a reportTo.
     ksImageImporter(const ksModelFile &model, ksWarn reportTo);
 
-    /// The image that the model calls \a name: the path of a file, absolute or from the model's folder, or
-    /// the name of a texture within the model. NullFC, after a warning, when it cannot be read. Images are 8
-    /// bits a channel, grey, RGB or RGBA, and start at the lower left.
+    /// The image that the model calls \a name: the path of a file, absolute or from the model's folder, in
+    /// small or capital letters, or the name of a texture within the model. NullFC, after a warning, when it
+    /// cannot be read. Images are 8 bits a channel, grey, RGB or RGBA, and start at the lower left.
     osg::ImagePtr image(const std::string &name);
 
 private:

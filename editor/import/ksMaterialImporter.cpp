@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksMaterialImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/import/ksModelText.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
@@ -150,7 +151,7 @@ osg::MaterialPtr ksMaterialImporter::material(unsigned int index)
     if (known.get() == osg::NullFC) {
         const aiMaterial &source = *file.scene().mMaterials[index];
         known = createMaterial(source);
-        osg::setName(known.get(), source.GetName().C_Str());
+        osg::setName(known.get(), ksModelText::whole(source.GetName()).c_str());
     }
     return known.get();
 }

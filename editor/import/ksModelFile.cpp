@@ -1,9 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksImportLog.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/import/ksModelRepair.h>
 #include <editor/import/ksQuietStandardError.h>
 #include <editor/ksEditorError.h>
 
+#include <QFile>
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QStringList>
+#include <QXmlStreamReader>
 #include <assimp/Importer.hpp>
 #include <assimp/config.h>
 #include <assimp/importerdesc.h>
@@ -40,9 +46,13 @@ const char *flawOfNodes(const aiScene &scene, const aiNode *node)
     if (std::any_of(meshes, meshes + node->mNumMeshes,
                     [&scene](unsigned int mesh) { return mesh >= scene.mNumMeshes; }))
         return "a node has a mesh that does not exist";
-    for (unsigned int i = 0; i < node->mNumChildren; ++i)
-        if (const char *flaw = flawOfNodes(scene, node->mChildren[i]))
+    for (unsigned int i = 0; i < node->mNumChildren; ++i) {
+        // A missing one can be done without.
+        const aiNode *child = node->mChildren[i];
+        const char *flaw = child != nullptr ? flawOfNodes(scene, child) : nullptr;
+        if (flaw != nullptr)
             return flaw;
+    }
     return nullptr;
 }
 
@@ -65,6 +75,36 @@ const char *flawOfMesh(const aiScene &scene, const aiMesh &mesh)
     return nullptr;
 }
 
+/// Where the text in the file \a path stops being JSON or XML, if that is what it ought to be; empty when it
+/// does not.
+QString damageOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    const auto place = [](qint64 line, qint64 column, const QString &reason) -> QString {
+        return QStringLiteral("line %1, column %2: ").arg(line).arg(column) + reason;
+    };
+    if (path.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive)) {
+        const QByteArray text = file.readAll();
+        QJsonParseError error;
+        QJsonDocument::fromJson(text, &error);
+        if (error.error == QJsonParseError::NoError)
+            return {};
+        const QByteArray before = text.left(error.offset);
+        return place(before.count('\n') + 1, before.size() - before.lastIndexOf('\n'), error.errorString());
+    }
+    for (const char *suffix : {".dae", ".x3d", ".xml", ".irr", ".irrmesh", ".amf"})
+        if (path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive)) {
+            QXmlStreamReader reader(&file);
+            while (!reader.atEnd())
+                reader.readNext();
+            return reader.hasError() ? place(reader.lineNumber(), reader.columnNumber(), reader.errorString())
+                                     : QString();
+        }
+    return {};
+}
+
 const char *flawOf(const aiScene &scene)
 {
     if (const char *flaw = flawOfNodes(scene, scene.mRootNode))
@@ -80,20 +120,16 @@ const char *flawOf(const aiScene &scene)
 class ksModelFile::Reader
 {
 public:
-    explicit Reader(const QString &path)
+    Reader(const QString &filePath, const ksWarn &warn)
+        : path(filePath)
     {
-        const ksQuietStandardError quiet;
-        const std::string file = path.toStdString();
-        // Later stages rely on sound input, so the file is checked as it comes before they run.
-        scene = importer.ReadFile(file, 0);
-        if (scene == nullptr)
-            throw ksEditorError(file + ": " + readerError());
-        if (const char *flaw = flawOf(*scene))
-            throw ksEditorError(file + ": malformed: " + flaw);
-        scene = importer.ApplyPostProcessing(aiProcess_Triangulate | aiProcess_SortByPType |
-                                             aiProcess_JoinIdenticalVertices | aiProcess_GenNormals);
-        if (scene == nullptr)
-            throw ksEditorError(file + ": " + readerError());
+        const ksImportLog log;
+        QStringList repairs;
+        load(repairs);
+        // A file that is refused gives one line.
+        log.report(warn);
+        for (const QString &text : qAsConst(repairs))
+            warn(text);
     }
 
     ksModelFormat format() const
@@ -113,22 +149,63 @@ public:
     const aiScene *scene = nullptr;
 
 private:
-    std::string readerError() const
+    void load(QStringList &repairs)
     {
-        const QString reason = QString::fromUtf8(importer.GetErrorString()).simplified();
-        if (reason.startsWith(QLatin1String("No suitable reader found")))
-            return "no reader knows this format";
-        return reason.isEmpty() ? "cannot be read" : "cannot be read: " + reason.toStdString();
+        const ksQuietStandardError quiet;
+        // Meshes that are made up where there are bones only.
+        importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
+        // Later stages rely on sound input, so the file is checked as it comes before they run.
+        scene = importer.ReadFile(path.toStdString(), 0);
+        if (scene == nullptr)
+            fail();
+        if (const char *flaw = flawOf(*scene))
+            throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(flaw));
+        // What importers hand over is theirs, but it is not constant.
+        ksModelRepair::repair(const_cast<aiScene &>(*scene),
+                              [&repairs](const QString &text) { repairs += text; });
+        // Where faces share vertices already, the last two steps would refuse the file.
+        const bool isShared = (scene->mFlags & AI_SCENE_FLAGS_NON_VERBOSE_FORMAT) != 0;
+        process(aiProcess_Triangulate | aiProcess_SortByPType |
+                (isShared ? 0U : aiProcess_JoinIdenticalVertices | aiProcess_GenNormals));
     }
 
+    void process(unsigned int steps)
+    {
+        scene = importer.ApplyPostProcessing(steps);
+        if (scene == nullptr)
+            fail();
+    }
+
+    [[noreturn]] void fail() const
+    {
+        const QString reason = QString::fromUtf8(importer.GetErrorString()).simplified();
+        const bool isUnknown = reason.startsWith(QLatin1String("No suitable reader found"));
+        const std::string suffix = '.' + QFileInfo(path).suffix().toStdString();
+        QString text;
+        if (reason.contains(QLatin1String("bad_alloc")))
+            text = QStringLiteral("takes more memory than it is given");
+        else if (const QString damage = damageOf(path); !damage.isEmpty())
+            text = QStringLiteral("is damaged, ") + damage;
+        else if (!isUnknown)
+            text = QStringLiteral("is damaged: ") +
+                   (reason.isEmpty() ? QStringLiteral("its reader gives no reason") : reason);
+        else if (suffix.size() > 1 && importer.IsExtensionSupported(suffix))
+            text = QStringLiteral("is damaged: it does not begin like a file of its format, ") +
+                   QString::fromStdString(suffix);
+        else
+            text = QStringLiteral("no reader knows this format");
+        throw ksEditorError(path + QStringLiteral(": ") + text);
+    }
+
+    const QString path;
     Assimp::Importer importer;
 };
 
-ksModelFile::ksModelFile(const QString &filePath)
-    : path(filePath)
+ksModelFile::ksModelFile(const QString &modelPath, const ksWarn &warn)
+    : path(modelPath)
 {
     checkFile(path);
-    reader = std::make_unique<Reader>(path);
+    reader = std::make_unique<Reader>(path, warn);
 }
 
 ksModelFile::~ksModelFile() = default;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/import/ksWarn.h>
+
 #include <QString>
 
 #include <memory>
@@ -22,11 +24,13 @@ constexpr float ksDegreesPerRadian = 57.29577951F;
 class ksModelFile
 {
 public:
-    /// Reads the model in the file \a filePath: meshes made of triangles, lines or points, each mesh of one
-    /// kind, with normals. Throws ksEditorError when there is no such file, no reader knows its format, or
-    /// what it holds is not a scene: nodes that are missing, faces without corners or with corners that do
-    /// not exist.
-    explicit ksModelFile(const QString &filePath);
+    /// Reads the model in the file \a modelPath: meshes made of triangles, lines or points, each mesh of one
+    /// kind, with normals unless the reader gives meshes that cannot have them. What the reader complains
+    /// about, and what has been repaired, see ksModelRepair, is reported to \a warn. Throws ksEditorError
+    /// when there is no such file, no reader knows its format, the file is damaged, or what it holds is not a
+    /// scene: no root, faces without corners or with corners that do not exist.
+    explicit ksModelFile(
+        const QString &filePath, const ksWarn &warn = [](const QString &) {});
     ~ksModelFile();
     ksModelFile(const ksModelFile &) = delete;
     ksModelFile &operator=(const ksModelFile &) = delete;
@@ -35,6 +39,9 @@ public:
     const aiScene &scene() const;
 
     ksModelFormat format() const;
+
+    /// The path that it has been read from.
+    const QString &filePath() const { return path; }
 
     /// The folder that the file is in; relative paths in the file start there.
     QString folder() const;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksModelText.h>
 #include <editor/import/ksNodeSettingsImporter.h>
 #include <editor/scene/ksLooseNumber.h>
 #include <editor/scene/ksNumericFields.h>
@@ -26,7 +27,7 @@ QVariant toVariant(const aiMetadataEntry &entry)
     case AI_DOUBLE:
         return *static_cast<const double *>(entry.mData);
     case AI_AISTRING:
-        return QString::fromUtf8(static_cast<const aiString *>(entry.mData)->C_Str());
+        return ksModelText::shown(*static_cast<const aiString *>(entry.mData));
     default:
         return {};
     }
@@ -80,7 +81,7 @@ osg::ksNodeSettingsPtr ksNodeSettingsImporter::create(const aiNode &source, cons
         const QVariant value = toVariant(metadata->mValues[i]);
         CPEdit(settings, description->getFieldMask());
         if (!take(field, value))
-            warn(QStringLiteral("node '") + QString::fromUtf8(source.mName.C_Str()) + QStringLiteral("': ") +
+            warn(QStringLiteral("node '") + ksModelText::shown(source.mName) + QStringLiteral("': ") +
                  QString::fromUtf8(name) + QStringLiteral(" is no ") +
                  QString::fromLatin1(field.getType().getCName()));
     }

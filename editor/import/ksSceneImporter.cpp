@@ -1,16 +1,22 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksGltfNodes.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMaterialImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/import/ksModelText.h>
 #include <editor/import/ksNodeSettingsImporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/import/ksTransformImporter.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksMesh.h>
 
+#include <QStringList>
 #include <assimp/scene.h>
 
+#include <deque>
 #include <map>
+#include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -56,26 +62,33 @@ public:
         , materials(model, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
+        if (file.format() == ksModelFormat::Gltf)
+            written = std::make_unique<ksGltfNodes>(file.filePath(), file.scene());
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
             const aiLight *light = file.scene().mLights[i];
-            if (!lights.emplace(light->mName.C_Str(), light).second)
-                warn(QStringLiteral("light '") + QString::fromUtf8(light->mName.C_Str()) +
-                     QStringLiteral("' has the name of another one"));
+            lights[ksModelText::whole(light->mName)].push_back(light);
         }
     }
 
     osg::NodeRefPtr build()
     {
         osg::NodeRefPtr root(buildNode(*file.scene().mRootNode));
-        for (const auto &[name, light] : lights)
-            warn(QStringLiteral("light '") + QString::fromStdString(name) + QStringLiteral("' has no place"));
+        for (const auto &[name, homeless] : lights)
+            for (std::size_t i = 0; !knowsLights() && i < homeless.size(); ++i)
+                warn(QStringLiteral("light '") + QString::fromStdString(name) +
+                     QStringLiteral("' has no place"));
+        for (unsigned int i = 0; i < file.scene().mNumMaterials; ++i)
+            cutNames += ksModelText::mayBeCut(file.scene().mMaterials[i]->GetName()) ? 1 : 0;
+        if (cutNames > 0)
+            warn(QStringLiteral("%1 of the names are longer than the reader has room for, and cut")
+                     .arg(cutNames));
         return root;
     }
 
 private:
     osg::NodePtr buildNode(const aiNode &source)
     {
-        const std::string name = source.mName.C_Str();
+        const std::string name = nameOf(source);
         const osg::NodePtr node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
                                                            ksNodeSettingsImporter::create(source, warn));
         CPEdit(node, osg::Node::ChildrenFieldMask);
@@ -83,12 +96,37 @@ private:
             node->addChild(buildNode(*source.mChildren[i]));
         for (unsigned int i = 0; i < source.mNumMeshes; ++i)
             node->addChild(buildMeshNode(name, source.mMeshes[i]));
-        if (const auto light = lights.find(name); light != lights.end()) {
-            node->addChild(buildLightNode(*light->second));
-            // A second node of that name is not where the light is.
-            lights.erase(light);
-        }
+        if (const aiLight *light = lightOf(source))
+            node->addChild(buildLightNode(name, *light));
         return node;
+    }
+
+    std::string nameOf(const aiNode &node)
+    {
+        const std::string name = written != nullptr ? written->nameOf(node) : std::string();
+        return name.empty() ? nameFrom(node.mName) : name;
+    }
+
+    std::string nameFrom(const aiString &text)
+    {
+        cutNames += ksModelText::mayBeCut(text) ? 1 : 0;
+        return ksModelText::whole(text);
+    }
+
+    bool knowsLights() const { return written != nullptr && written->knowsLights(); }
+
+    /// The light that is at \a node. Where lights have nothing but names, the first light of a name is at the
+    /// first node of that name, and so on.
+    const aiLight *lightOf(const aiNode &node)
+    {
+        if (knowsLights())
+            return written->lightOf(node);
+        const auto found = lights.find(ksModelText::whole(node.mName));
+        if (found == lights.end() || found->second.empty())
+            return nullptr;
+        const aiLight *light = found->second.front();
+        found->second.pop_front();
+        return light;
     }
 
     osg::NodePtr buildMeshNode(const std::string &owner, unsigned int index)
@@ -100,13 +138,13 @@ private:
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
-        return ksContainers::createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh",
+        return ksContainers::createNode(source.mName.length > 0 ? nameFrom(source.mName) : owner + " mesh",
                                         mesh.get(), settings);
     }
 
-    osg::NodePtr buildLightNode(const aiLight &source)
+    osg::NodePtr buildLightNode(const std::string &owner, const aiLight &source)
     {
-        const std::string name = source.mName.C_Str() + std::string(" light");
+        const std::string name = owner + " light";
         const ksLightValues values = ksLightImporter::values(source, file.format());
         const osg::NodePtr light = ksContainers::createNode(name, ksLightImporter::createCore(values));
         if (values.position == osg::Vec3f(0, 0, 0) && values.direction == osg::Vec3f(0, 0, -1))
@@ -122,17 +160,44 @@ private:
     const ksWarn &warn;
     ksMaterialImporter materials;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
-    std::map<std::string, const aiLight *> lights;
+    /// Null unless the file is glTF.
+    std::unique_ptr<ksGltfNodes> written;
+
+    /// Those that have found no place yet, by name, in the order of the file.
+    std::map<std::string, std::deque<const aiLight *>> lights;
+    int cutNames = 0;
 };
+
+/// What of \a scene has no place in a scene of the scene graph, as a list of counts; empty when nothing.
+QString leftOutOf(const aiScene &scene)
+{
+    std::set<std::string> bones;
+    for (unsigned int i = 0; i < scene.mNumMeshes; ++i)
+        for (unsigned int bone = 0; bone < scene.mMeshes[i]->mNumBones; ++bone)
+            bones.insert(scene.mMeshes[i]->mBones[bone]->mName.C_Str());
+    QStringList counts;
+    const auto count = [&counts](std::size_t number, const char *what) {
+        if (number > 0)
+            counts += QString::number(number) + QLatin1Char(' ') + QLatin1String(what) +
+                      (number == 1 ? QString() : QStringLiteral("s"));
+    };
+    count(scene.mNumAnimations, "animation");
+    count(scene.mNumCameras, "camera");
+    count(bones.size(), "bone");
+    return counts.join(QStringLiteral(", "));
+}
 
 } // namespace
 
-ksSceneImporter::ksSceneImporter(ksWarn reportTo)
+ksSceneImporter::ksSceneImporter(ksWarn reportTo, ksWarn leftOutTo)
     : warn(std::move(reportTo))
+    , tellLeftOut(std::move(leftOutTo))
 {}
 
 osg::NodeRefPtr ksSceneImporter::load(const QString &path) const
 {
-    const ksModelFile file(path);
+    const ksModelFile file(path, warn);
+    if (const QString leftOut = leftOutOf(file.scene()); !leftOut.isEmpty())
+        tellLeftOut(leftOut);
     return SceneBuilder(file, warn).build();
 }

@@ -17,13 +17,17 @@
 class ksSceneImporter
 {
 public:
-    /// What is left out of a scene is reported to \a reportTo: textures that cannot be read, lights without a
-    /// place or with the name of another one, settings with unfit values, matrices that no transform gives.
-    explicit ksSceneImporter(ksWarn reportTo);
+    /// What is wrong with a model is reported to \a reportTo: what its reader complains about and what has
+    /// been repaired, see ksModelFile; textures that cannot be read, lights without a place, settings with
+    /// unfit values, matrices that no transform gives, names that the reader has cut. What scenes have no
+    /// place for is told to \a leftOutTo in one line, as in "2 animations, 1 camera, 31 bones".
+    explicit ksSceneImporter(
+        ksWarn reportTo, ksWarn leftOutTo = [](const QString &) {});
 
     /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read.
     osg::NodeRefPtr load(const QString &path) const;
 
 private:
     ksWarn warn;
+    ksWarn tellLeftOut;
 };

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksModelText.h>
 #include <editor/import/ksTransformImporter.h>
 
 #include <assimp/scene.h>
@@ -42,7 +43,7 @@ osg::Transform3DPtr ksTransformImporter::create(const aiNode &node, const ksWarn
 {
     const osg::Transform3DPtr transform = osg::Transform3D::create();
     if (!compose(transform, matrixOf(node.mTransformation)))
-        warn(QStringLiteral("the matrix of node '") + QString::fromUtf8(node.mName.C_Str()) +
+        warn(QStringLiteral("the matrix of node '") + ksModelText::shown(node.mName) +
              QStringLiteral("' is not one of a transform"));
     return transform;
 }

@@ -67,6 +67,25 @@ void ksScriptEngine::addFunction(const QString &name, const std::function<void()
     engine.globalObject().setProperty(name, object.property(QStringLiteral("call")));
 }
 
+void ksScriptEngine::setArguments(const QStringList &arguments)
+{
+    engine.globalObject().setProperty(QStringLiteral("args"), engine.toScriptValue(arguments));
+}
+
+void ksScriptEngine::interrupt()
+{
+    engine.setInterrupted(true);
+}
+
+void ksScriptEngine::refuseInterruption(const QString &path)
+{
+    if (!engine.isInterrupted())
+        return;
+    // Otherwise nothing would run in this engine any more.
+    engine.setInterrupted(false);
+    throw ksScriptError(path + QStringLiteral(": interrupted"));
+}
+
 void ksScriptEngine::run(const QString &path)
 {
     QFile file(path);
@@ -76,9 +95,11 @@ void ksScriptEngine::run(const QString &path)
     // On one line with the script's first, so that lines keep their numbers.
     const QJSValue script =
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
+    refuseInterruption(path);
     refuseError(script, path);
     const QJSValue result = runner.call({script});
     const QJSValue left = host.endMacrosLeft();
+    refuseInterruption(path);
     refuseError(result, path);
     refuseError(left, path);
 }

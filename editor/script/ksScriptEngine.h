@@ -5,6 +5,7 @@
 
 #include <QJSEngine>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <iosfwd>
@@ -23,12 +24,20 @@ public:
     /// the script gets an Error.
     void addFunction(const QString &name, const std::function<void()> &function);
 
+    /// Gives scripts the global array "args", which holds \a arguments.
+    void setArguments(const QStringList &arguments);
+
+    /// Makes run(), which may be going on in another thread, end as if the script had ended by an error.
+    void interrupt();
+
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, when
-    /// the file cannot be read, the script ends by an error or does not end a macro. What it has done by then
-    /// stays done, and no macro is open.
+    /// the file cannot be read, the script ends by an error, is interrupted or does not end a macro. What it
+    /// has done by then stays done, and no macro is open.
     void run(const QString &path);
 
 private:
+    void refuseInterruption(const QString &path);
+
     QJSEngine engine;
     ksScriptHost host;
 

@@ -2,58 +2,138 @@
 #include <editor/ksEditorError.h>
 #include <editor/session/ksEditorOptions.h>
 
+#include <cmath>
+
+namespace {
+
+/// Reads arguments one after the other.
+class Reader
+{
+public:
+    explicit Reader(const QStringList &line)
+        : arguments(line)
+    {}
+
+    ksEditorOptions read()
+    {
+        while (at < arguments.size() && options.task == ksEditorOptions::EditModel)
+            readOne(arguments[at++]);
+        if (options.task == ksEditorOptions::EditModel)
+            check();
+        return options;
+    }
+
+private:
+    void readOne(const QString &argument)
+    {
+        if (argument == QLatin1String("--help"))
+            options.task = ksEditorOptions::ShowHelp;
+        else if (argument == QLatin1String("--version"))
+            options.task = ksEditorOptions::ShowVersion;
+        else if (argument == QLatin1String("--headless"))
+            isHeadless = true;
+        else if (argument == QLatin1String("--quiet"))
+            setDetail(ksRecordStyle::Quiet);
+        else if (argument == QLatin1String("--verbose"))
+            setDetail(ksRecordStyle::Verbose);
+        else if (argument == QLatin1String("--json"))
+            options.record.json = true;
+        else if (argument == QLatin1String("--script"))
+            setOnce(options.script, valueOf(argument, "a file"), "script");
+        else if (argument == QLatin1String("--time-limit"))
+            options.timeLimit = numberOf(argument, "a number of seconds");
+        else if (argument == QLatin1String("--memory-limit"))
+            options.memoryLimit = numberOf(argument, "a number of megabytes");
+        else if (argument == QLatin1String("--")) {
+            options.scriptArguments = arguments.mid(at);
+            hasScriptArguments = true;
+            at = arguments.size();
+        } else if (argument.startsWith(QLatin1Char('-')))
+            throw ksEditorError(QStringLiteral("unknown option ") + argument);
+        else
+            setOnce(options.model, argument, "model");
+    }
+
+    QString valueOf(const QString &option, const char *what)
+    {
+        if (at == arguments.size() || arguments[at].isEmpty())
+            throw ksEditorError(option + QStringLiteral(" needs ") + QLatin1String(what));
+        return arguments[at++];
+    }
+
+    double numberOf(const QString &option, const char *what)
+    {
+        bool isNumber = false;
+        const double number = valueOf(option, what).toDouble(&isNumber);
+        if (!isNumber || !std::isfinite(number) || number <= 0)
+            throw ksEditorError(option + QStringLiteral(" needs ") + QLatin1String(what) +
+                                QStringLiteral(" above 0"));
+        return number;
+    }
+
+    static void setOnce(QString &target, const QString &value, const char *what)
+    {
+        if (!target.isEmpty())
+            throw ksEditorError(QStringLiteral("more than one ") + QLatin1String(what));
+        target = value;
+    }
+
+    void setDetail(ksRecordStyle::Detail detail)
+    {
+        if (options.record.detail != ksRecordStyle::Short && options.record.detail != detail)
+            throw ksEditorError("--quiet and --verbose exclude each other");
+        options.record.detail = detail;
+    }
+
+    void check() const
+    {
+        if (!isHeadless)
+            throw ksEditorError("--headless is missing");
+        if (options.model.isEmpty())
+            throw ksEditorError("no model is given");
+        if (hasScriptArguments && options.script.isEmpty())
+            throw ksEditorError("there are arguments for a script, but there is no script");
+    }
+
+    const QStringList arguments;
+    int at = 0;
+    ksEditorOptions options;
+    bool isHeadless = false;
+    bool hasScriptArguments = false;
+};
+
+} // namespace
+
 QString ksEditorOptions::usage()
 {
-    return QStringLiteral("--headless MODEL [--script FILE]");
+    return QStringLiteral("--headless MODEL [OPTION...] [--script FILE [-- ARGUMENT...]]");
 }
 
-QString ksEditorOptions::help()
+QString ksEditorOptions::help(const QString &ownStatus)
 {
-    return QStringLiteral("  --headless     run without a window\n"
-                          "  MODEL          a file of any format that Assimp reads\n"
-                          "  --script FILE  run a script, written in JavaScript, on the model\n"
-                          "  --help         show this help and exit\n"
-                          "  --version      show the version and exit\n"
-                          "\n"
-                          "Exit status:\n"
-                          "  0  all went well\n"
-                          "  1  the model cannot be read\n"
-                          "  2  the arguments are wrong\n"
-                          "  3  the script cannot be read, or ended by an error\n");
+    return QStringLiteral(
+               "  --headless              run without a window\n"
+               "  MODEL                   a file of any format that Assimp reads\n"
+               "  --script FILE           run a script, written in JavaScript, on the model\n"
+               "  -- ARGUMENT...          what the script finds in its array \"args\"\n"
+               "  --quiet                 write what the script prints and the verdict only\n"
+               "  --verbose               write all there is to say of each step\n"
+               "  --json                  write one JSON object a line\n"
+               "  --time-limit SECONDS    end the edits after that time\n"
+               "  --memory-limit MB       take no more memory than that; by default, leave some of\n"
+               "                          what the machine has\n"
+               "  --help                  show this help and exit\n"
+               "  --version               show the version and exit\n"
+               "\n"
+               "Exit status:\n"
+               "  0  all went well\n"
+               "  1  the model cannot be read\n"
+               "  2  the arguments are wrong\n"
+               "  3  the script cannot be read, ended by an error, or was ended\n") +
+           ownStatus + QStringLiteral("  5  something that was to be written cannot be\n");
 }
 
 ksEditorOptions ksEditorOptions::parse(const QStringList &arguments)
 {
-    ksEditorOptions options;
-    bool headless = false;
-    for (int i = 0; i < arguments.size(); ++i) {
-        const QString &argument = arguments[i];
-        if (argument == QLatin1String("--help")) {
-            options.task = ShowHelp;
-            return options;
-        }
-        if (argument == QLatin1String("--version")) {
-            options.task = ShowVersion;
-            return options;
-        }
-        if (argument == QLatin1String("--headless"))
-            headless = true;
-        else if (argument == QLatin1String("--script")) {
-            if (!options.script.isEmpty())
-                throw ksEditorError("more than one script");
-            if (++i == arguments.size() || arguments[i].isEmpty())
-                throw ksEditorError("--script needs a file");
-            options.script = arguments[i];
-        } else if (argument.startsWith(QLatin1Char('-')))
-            throw ksEditorError(QStringLiteral("unknown option ") + argument);
-        else if (!options.model.isEmpty())
-            throw ksEditorError("more than one model");
-        else
-            options.model = argument;
-    }
-    if (!headless)
-        throw ksEditorError("--headless is missing");
-    if (options.model.isEmpty())
-        throw ksEditorError("no model is given");
-    return options;
+    return Reader(arguments).read();
 }

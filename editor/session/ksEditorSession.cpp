@@ -1,22 +1,37 @@
 // SPDX-License-Identifier: MIT
+#include <editor/history/ksPrintStream.h>
+#include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 #include <editor/script/ksScriptEngine.h>
+#include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksEditorSession.h>
 #include <editor/session/ksOpenScene.h>
+#include <editor/session/ksVerdict.h>
 
-#include <ostream>
+#include <QScopeGuard>
 
 ksEditorSession::ksEditorSession(std::ostream &record, std::ostream &errorStream)
     : ksHeadlessSession("ks-editor", "Edits a 3D model as a script says, and writes a line a step.", record,
                         errorStream)
 {}
 
-int ksEditorSession::edit(osg::NodeRefPtr root, const QString &script)
+int ksEditorSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
+                          ksVerdict &verdict)
 {
     const ksOpenScene scene(root.get());
-    ksRecordedHistory history(root.get(), out);
-    if (!script.isEmpty())
-        ksScriptEngine(history, out).run(script);
-    out << "OK: " << history.stepCount() << " steps\n";
+    ksRecordedHistory history(root.get(), record);
+    const auto count = qScopeGuard([&history, &verdict] {
+        verdict.count(history.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
+    });
+    if (options.script.isEmpty())
+        return Done;
+
+    ksScriptEngine *running = nullptr;
+    const auto interrupt = [&running] { running->interrupt(); };
+    ksPrintStream prints([&record](const QString &line) { record.print(line); }, interrupt);
+    ksScriptEngine engine(history, prints);
+    running = &engine;
+    engine.setArguments(options.scriptArguments);
+    runInterruptibly(options, interrupt, [&engine, &options] { engine.run(options.script); });
     return Done;
 }

@@ -11,5 +11,6 @@ public:
     ksEditorSession(std::ostream &record, std::ostream &errorStream);
 
 private:
-    int edit(osg::NodeRefPtr root, const QString &script) override;
+    int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
+             ksVerdict &verdict) override;
 };

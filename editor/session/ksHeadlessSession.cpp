@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksHeadlessSession.h>
+#include <editor/session/ksInterrupter.h>
+#include <editor/session/ksMemory.h>
+#include <editor/session/ksVerdict.h>
 
 #include <OpenSG/OSGBaseFunctions.h>
 #include <OpenSG/OSGChangeList.h>
@@ -11,16 +15,22 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <csignal>
 #include <cstdlib>
 #include <iostream>
+#include <new>
+#include <unistd.h>
 
 namespace {
 
-/// What Qt and the image readers behind it have to say, in the form of the program's own warnings.
-void showQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+/// Takes what Qt and the image readers behind it have to say, while a program runs.
+std::function<void(const QString &)> qtMessages;
+
+void takeQtMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
-    std::cerr << QCoreApplication::applicationName().toStdString() << ": warning: " << text.toStdString()
-              << std::endl;
+    // One of the image readers says so of every image that is another's.
+    if (!text.startsWith(QLatin1String("QTgaHandler::canRead()")))
+        qtMessages(text);
     if (type == QtFatalMsg)
         std::abort();
 }
@@ -31,6 +41,12 @@ QStringList argumentsOf(int argc, char **argv)
     for (int i = 1; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);
     return arguments;
+}
+
+/// Whether what is written to the file \a descriptor is to be coloured, see https://no-color.org.
+bool showsColours(int descriptor)
+{
+    return isatty(descriptor) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
 }
 
 int countNodes(const osg::NodePtr &root)
@@ -44,34 +60,35 @@ int countNodes(const osg::NodePtr &root)
 
 ksHeadlessSession::ksHeadlessSession(const char *program, const char *summary, std::ostream &record,
                                      std::ostream &errorStream)
-    : out(record)
-    , name(program)
+    : name(program)
     , purpose(summary)
+    , out(record)
     , errors(errorStream)
 {}
 
 int ksHeadlessSession::start(int argc, char **argv)
 {
+    // Who closes the other end of a pipe makes a write fail, which is an error like others.
+    std::signal(SIGPIPE, SIG_IGN);
+    colouredErrors = showsColours(STDERR_FILENO);
     ksEditorOptions options;
     try {
         options = ksEditorOptions::parse(argumentsOf(argc, argv));
     } catch (const ksEditorError &error) {
-        errors << name << ": " << error.what() << "\nusage: " << usage() << '\n';
+        complain(QString::fromUtf8(error.what()));
+        errors << "usage: " << usage().toStdString() << '\n';
         return UsageError;
     }
-    if (options.task == ksEditorOptions::ShowHelp) {
-        out << "Usage: " << usage() << "\n\n"
-            << purpose << "\n\n"
-            << ksEditorOptions::help().toStdString() << ownStatusHelp();
-        return Done;
-    }
-    if (options.task == ksEditorOptions::ShowVersion) {
-        out << name << ' ' << KSUNDO_VERSION << '\n';
-        return Done;
-    }
+    if (options.task == ksEditorOptions::ShowHelp)
+        return show(QStringLiteral("Usage: ") + usage() + QStringLiteral("\n\n") + QLatin1String(purpose) +
+                    QStringLiteral("\n\n") + ksEditorOptions::help(QLatin1String(ownStatusHelp())));
+    if (options.task == ksEditorOptions::ShowVersion)
+        return show(QLatin1String(name) + QStringLiteral(" " KSUNDO_VERSION "\n"));
 
+    options.record.colours = showsColours(STDOUT_FILENO);
     QCoreApplication::setApplicationName(QString::fromLatin1(name));
-    qInstallMessageHandler(showQtMessage);
+    qtMessages = [this](const QString &text) { warn(text); };
+    qInstallMessageHandler(takeQtMessage);
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
     int applicationArguments = 1;
@@ -81,32 +98,114 @@ int ksHeadlessSession::start(int argc, char **argv)
     return exitCode;
 }
 
-std::string ksHeadlessSession::usage() const
+QString ksHeadlessSession::usage() const
 {
-    return std::string(name) + ' ' + ksEditorOptions::usage().toStdString();
+    return QLatin1String(name) + QLatin1Char(' ') + ksEditorOptions::usage();
+}
+
+int ksHeadlessSession::show(const QString &text)
+{
+    out << text.toStdString() << std::flush;
+    if (out)
+        return Done;
+    complain(QStringLiteral("this cannot be written"));
+    return OutputError;
+}
+
+void ksHeadlessSession::warn(const QString &text)
+{
+    ++warnings;
+    const QString label = QStringLiteral("warning:");
+    errors << name << ": "
+           << (colouredErrors ? ksRecord::coloured(label, ksRecord::Tone::Doubtful) : label).toStdString()
+           << ' ' << ksRecord::escaped(text).toStdString() << std::endl;
+}
+
+void ksHeadlessSession::complain(const QString &text) const
+{
+    // The lines of a call stack stay lines.
+    const QString shown = ksRecord::escapedLines(text);
+    errors << name << ": "
+           << (colouredErrors ? ksRecord::coloured(shown, ksRecord::Tone::Bad) : shown).toStdString()
+           << std::endl;
 }
 
 int ksHeadlessSession::run(const ksEditorOptions &options)
 {
-    const auto fail = [this](const ksEditorError &error, ExitCode code) {
-        errors << name << ": " << error.what() << '\n';
-        return static_cast<int>(code);
-    };
-    try {
-        return edit(load(options.model), options.script);
-    } catch (const ksScriptError &error) {
-        return fail(error, ScriptError);
-    } catch (const ksEditorError &error) {
-        return fail(error, ModelError);
+    warnings = 0;
+    ksRecord record(out, options.record);
+    ksVerdict verdict;
+    QString error;
+    int exitCode = runSteps(options, record, verdict, error);
+    if (!record.failure().isEmpty()) {
+        complain(record.failure());
+        return OutputError;
     }
+    if (!error.isEmpty())
+        complain(error);
+    verdict.count(warnings, QStringLiteral("warning"), QStringLiteral("warnings"));
+    try {
+        verdict.write(record, exitCode == Done, error);
+    } catch (const ksOutputError &failure) {
+        complain(QString::fromUtf8(failure.what()));
+        exitCode = OutputError;
+    }
+    return exitCode;
 }
 
-osg::NodeRefPtr ksHeadlessSession::load(const QString &model) const
+int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict,
+                                QString &error)
 {
-    const ksSceneImporter importer(
-        [this](const QString &warning) { errors << name << ": warning: " << warning.toStdString() << '\n'; });
-    osg::NodeRefPtr root(importer.load(model));
-    out << "model " << QFileInfo(model).fileName().toStdString() << ": " << countNodes(root.get())
-        << " nodes\n";
+    bool isLoaded = false;
+    try {
+        return edit(load(options, record, isLoaded), options, record, verdict);
+    } catch (const ksOutputError &failure) {
+        error = QString::fromUtf8(failure.what());
+        return OutputError;
+    } catch (const ksEditorError &failure) {
+        error = QString::fromUtf8(failure.what());
+    } catch (const std::bad_alloc &) {
+        error = (isLoaded && !options.script.isEmpty() ? options.script : options.model) +
+                QStringLiteral(": out of memory");
+    }
+    if (isLoaded)
+        return ScriptError;
+    verdict.remark(QStringLiteral("no scene"));
+    return ModelError;
+}
+
+osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded)
+{
+    const ksMemoryGuard guard(ksMemory::limit(options.memoryLimit, QFileInfo(options.model).size()));
+    QString leftOut;
+    const ksSceneImporter importer([this](const QString &warning) { warn(warning); },
+                                   [&leftOut](const QString &what) { leftOut = what; });
+    osg::NodeRefPtr root(importer.load(options.model));
+    isLoaded = true;
+    const QString file = QFileInfo(options.model).fileName();
+    const int nodes = countNodes(root.get());
+    if (options.record.detail != ksRecordStyle::Quiet) {
+        record.line(QStringLiteral("model %1: %2 nodes").arg(file).arg(nodes) +
+                    (leftOut.isEmpty() ? QString() : QStringLiteral("; left out: ") + leftOut));
+        record.object({{QStringLiteral("event"), QStringLiteral("model")},
+                       {QStringLiteral("file"), file},
+                       {QStringLiteral("leftOut"), leftOut},
+                       {QStringLiteral("nodes"), nodes}});
+    }
     return root;
+}
+
+void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
+                                         const std::function<void()> &interrupt,
+                                         const std::function<void()> &work)
+{
+    const ksInterrupter interrupter(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt);
+    try {
+        work();
+    } catch (const ksScriptError &) {
+        if (interrupter.reason().isEmpty())
+            throw;
+        throw ksScriptError((options.script.isEmpty() ? options.model : options.script) +
+                            QStringLiteral(": ") + interrupter.reason());
+    }
 }

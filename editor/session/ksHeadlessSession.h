@@ -6,9 +6,12 @@
 
 #include <QString>
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 
+class ksRecord;
+class ksVerdict;
 struct ksEditorOptions;
 
 /// One run of a program without a window: opens a model and edits it.
@@ -21,7 +24,8 @@ public:
         Done = 0,
         ModelError = 1,
         UsageError = 2,
-        ScriptError = 3
+        ScriptError = 3,
+        OutputError = 5
     };
 
     /// \a program is what the program is called in all that it says, \a summary what it does, in a sentence.
@@ -34,29 +38,44 @@ public:
     ksHeadlessSession &operator=(const ksHeadlessSession &) = delete;
 
     /// What main() does: starts the scene graph and Qt, runs the session that the command line asks for, and
-    /// returns the exit code. Or shows the help or the version.
+    /// returns the exit code. Or shows the help or the version. What the two streams have is coloured where
+    /// they are a terminal's and the environment does not have NO_COLOR.
     int start(int argc, char **argv);
 
     /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
-    /// the script cannot, or ends by an error, else what edit() returns. The scene has been released then.
+    /// the script cannot, ends by an error or is ended, OutputError when something cannot be written, else
+    /// what edit() returns. The record closes with a verdict, however the session ends. The scene has been
+    /// released then.
     virtual int run(const ksEditorOptions &options);
 
 protected:
-    /// Edits the scene below \a root, and lets go of it, by the script in the file \a script, which may be
-    /// empty. Returns the exit code. May throw ksEditorError.
-    virtual int edit(osg::NodeRefPtr root, const QString &script) = 0;
+    /// Edits the scene below \a root, and lets go of it, by the script of \a options, if there is one.
+    /// Returns the exit code. What is counted goes to \a verdict, also when an error ends the edits. May
+    /// throw ksEditorError.
+    virtual int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
+                     ksVerdict &verdict) = 0;
 
     /// What the help says of exit codes that are the program's own, a line each.
     virtual const char *ownStatusHelp() const { return ""; }
 
-    std::ostream &out;
+    /// Runs \a work. At a signal, or at a limit of \a options, \a interrupt is called by another thread,
+    /// which must make \a work throw ksScriptError; that then says what it was.
+    static void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
+                                 const std::function<void()> &work);
 
 private:
-    osg::NodeRefPtr load(const QString &model) const;
+    int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);
+    osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded);
+    int show(const QString &text);
+    void warn(const QString &text);
+    void complain(const QString &text) const;
 
-    std::string usage() const;
+    QString usage() const;
 
     const char *const name;
     const char *const purpose;
+    std::ostream &out;
     std::ostream &errors;
+    bool colouredErrors = false;
+    int warnings = 0;
 };

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <editor/session/ksMemory.h>
 #include <tests/editor/ksEditorFixture.h>
 #include <tests/editor/ksProgram.h>
 
 #include <QFile>
+
+#include <csignal>
 
 namespace {
 
@@ -10,7 +13,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string Usage = "ks-editor --headless MODEL [--script FILE]\n";
+const std::string Usage = "ks-editor --headless MODEL [OPTION...] [--script FILE [-- ARGUMENT...]]\n";
 
 ksProgram runEditor(const QStringList &arguments)
 {
@@ -29,7 +32,7 @@ TEST(ksEditorProgram, OpensTheRoom)
     const ksProgram run = runEditor({QStringLiteral("--headless"), ksRoomFile()});
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_EQ(run.output, "model room.gltf: 58 nodes\nOK: 0 steps\n");
+    EXPECT_EQ(run.output, "model room.gltf: 58 nodes; left out: 1 camera\nOK: 0 steps, 0 warnings\n");
 }
 
 TEST(ksEditorProgram, RunsTheScriptOfTheRoom)
@@ -37,7 +40,7 @@ TEST(ksEditorProgram, RunsTheScriptOfTheRoom)
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_THAT(run.output, EndsWith(" steps\n"));
+    EXPECT_THAT(run.output, EndsWith(" steps, 0 warnings\n"));
 }
 
 TEST(ksEditorProgram, ShowsTheUsageForAWrongCommandLine)
@@ -81,7 +84,7 @@ TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)
         EXPECT_EQ(run.exitCode, 1) << name;
         EXPECT_THAT(run.errors, StartsWith("ks-editor: " + folder.path(name).toStdString() + ": ")) << name;
         EXPECT_EQ(run.errorLines(), 1) << run.errors;
-        EXPECT_EQ(run.output, "") << name;
+        EXPECT_EQ(run.output, "FAILED: no scene, 0 warnings\n") << name;
     }
 }
 
@@ -101,6 +104,67 @@ TEST(ksEditorProgram, SaysInOneLineWhereAScriptFailed)
         const ksProgram run = runScript(path);
         EXPECT_EQ(run.exitCode, 3) << script;
         EXPECT_EQ(run.errors, "ks-editor: " + path.toStdString() + error + '\n');
+    }
+}
+
+/// One that writes to a terminal, which nothing is here.
+TEST(ksEditorProgram, WritesNoColoursIntoFiles)
+{
+    const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
+    EXPECT_THAT(run.output, testing::Not(HasSubstr("\x1b")));
+}
+
+TEST(ksEditorProgram, EndsOrderlyWhenItIsInterrupted)
+{
+    const ksTestFolder folder;
+    const QString script = folder.write("script.js", "scene.find('Table').set('travMask', 1, 'Hide');\n"
+                                                     "history.beginMacro('Half');\n"
+                                                     "while (true) {}\n");
+    QProcess process;
+    process.setEnvironment(QProcess::systemEnvironment());
+    process.start(QStringLiteral(KS_EDITOR),
+                  {QStringLiteral("--headless"), ksRoomFile(), QStringLiteral("--script"), script});
+    // The first line of a step is out as soon as it is done.
+    QByteArray output;
+    while (!output.contains("step 1: Hide"))
+        if (process.waitForReadyRead(-1))
+            output += process.readAllStandardOutput();
+        else
+            break;
+    ASSERT_EQ(kill(static_cast<pid_t>(process.processId()), SIGINT), 0);
+    ASSERT_TRUE(process.waitForFinished(-1));
+    output += process.readAllStandardOutput();
+    EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+    EXPECT_EQ(process.exitCode(), 3);
+    EXPECT_EQ(process.readAllStandardError().toStdString(),
+              "ks-editor: " + script.toStdString() + ": interrupted\n");
+    EXPECT_THAT(output.toStdString(), testing::ContainsRegex("\nFAILED: [0-9] steps?, 0 warnings\n$"));
+}
+
+/// It announces a thousand million corners, which would take 12 GB.
+TEST(ksEditorProgram, RefusesAModelThatTakesAllMemory)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers reserve more memory than there is";
+    const ksTestFolder folder;
+    const ksProgram run =
+        runEditor({QStringLiteral("--headless"), folder.write("bomb.off", "OFF\n1000000000 1 0\n0 0 0\n")});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "ks-editor: " + folder.path("bomb.off").toStdString() +
+                              ": takes more memory than it is given\n");
+}
+
+TEST(ksEditorProgram, FailsWhenItsOutputIsClosed)
+{
+    for (const QString &argument : {QStringLiteral("--help"), QStringLiteral("--version"), ksRoomFile()}) {
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QStringLiteral(KS_EDITOR), {QStringLiteral("--headless"), argument});
+        ASSERT_TRUE(process.waitForFinished(-1));
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(process.exitCode(), 5) << argument.toStdString();
+        EXPECT_THAT(process.readAllStandardError().toStdString(),
+                    testing::MatchesRegex("ks-editor: .* cannot be written.*\n"));
     }
 }
 

@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <editor/edits/ksFieldEdits.h>
+#include <editor/history/ksRecord.h>
 #include <editor/ksEditorError.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -73,7 +74,8 @@ protected:
     std::string label() const { return ksContainers::label(childSettings()).toStdString(); }
 
     std::ostringstream out;
-    ksTranscript transcript{out};
+    ksRecord record{out, {ksRecordStyle::Verbose}};
+    ksTranscript transcript{record};
     ksUndoStack stack;
     ksCheckedHistory history{root, transcript, &stack};
 };
@@ -458,7 +460,8 @@ TEST(ksCheckedHistory, LetsGoOfTheScene)
     const std::ptrdiff_t before = ksLivingContainers();
     {
         std::ostringstream out;
-        ksTranscript transcript(out);
+        ksRecord record(out, {ksRecordStyle::Verbose});
+        ksTranscript transcript(record);
         ksUndoStack stack;
         const osg::NodePtr root = osg::Node::create();
         const ksCheckedHistory history(root, transcript, &stack);

@@ -3,6 +3,7 @@
 #include <checker/history/ksTranscript.h>
 #include <editor/edits/ksConstraintEdits.h>
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/history/ksRecord.h>
 #include <tests/editor/ksTransformScene.h>
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
@@ -46,7 +47,8 @@ protected:
     }
 
     std::ostringstream out;
-    ksTranscript transcript{out};
+    ksRecord record{out, {ksRecordStyle::Verbose}};
+    ksTranscript transcript{record};
     ksUndoStack stack;
 };
 
@@ -72,7 +74,8 @@ protected:
 
     const osg::AimConstraintPtr aim = ksConstraintEdits::makeAim(child, {root, child}, {child});
     std::ostringstream out;
-    ksTranscript transcript{out};
+    ksRecord record{out, {ksRecordStyle::Verbose}};
+    ksTranscript transcript{record};
     ksUndoStack stack;
 };
 

@@ -1,18 +1,68 @@
 // SPDX-License-Identifier: MIT
 #include <checker/history/ksTranscript.h>
+#include <editor/history/ksRecord.h>
 
 #include <gmock/gmock.h>
 
 #include <sstream>
 
-TEST(ksTranscript, WritesABlockPerStep)
+namespace {
+
+/// Two parts of two steps, of which the last has a fault.
+std::string transcriptIn(const ksRecordStyle &style)
 {
     std::ostringstream out;
-    ksTranscript transcript(out);
-    transcript.line(QStringLiteral("model"));
+    ksRecord record(out, style);
+    ksTranscript transcript(record);
+    transcript.beginPart(QStringLiteral("Fields"));
     transcript.step(QStringLiteral("undo"));
     transcript.note(QStringLiteral("check"), QStringLiteral("fine"));
     transcript.step(QStringLiteral("redo"));
-    EXPECT_EQ(out.str(), "model\nstep 1: undo\n  check    fine\nstep 2: redo\n");
-    EXPECT_EQ(transcript.stepCount(), 2);
+    transcript.beginPart(QStringLiteral("Texts"));
+    transcript.step(QStringLiteral("add"));
+    transcript.note(QStringLiteral("changed"), QStringLiteral("a"));
+    transcript.fault(QStringLiteral("DIFFERS"), QStringLiteral("b"), 2);
+    transcript.note(QStringLiteral("check"), QStringLiteral("c"));
+    transcript.finish();
+    EXPECT_EQ(transcript.stepCount(), 3);
+    EXPECT_EQ(transcript.faultCount(), 2);
+    return out.str();
+}
+
+} // namespace
+
+TEST(ksTranscript, WritesABlockPerStepWhenItIsVerbose)
+{
+    EXPECT_EQ(transcriptIn({ksRecordStyle::Verbose}),
+              "step 1: undo\n  check    fine\nstep 2: redo\nFields: 2 steps, no difference\n"
+              "step 3: add\n  changed  a\n  DIFFERS  b\n  check    c\nTexts: 1 step, 2 DIFFERENCES\n");
+}
+
+TEST(ksTranscript, WritesPartsAndFaultySteps)
+{
+    EXPECT_EQ(transcriptIn({}), "Fields: 2 steps, no difference\n"
+                                "step 3: add\n  changed  a\n  DIFFERS  b\n  check    c\n"
+                                "Texts: 1 step, 2 DIFFERENCES\n");
+}
+
+TEST(ksTranscript, WritesFaultsAlsoWhenItIsQuiet)
+{
+    EXPECT_EQ(transcriptIn({ksRecordStyle::Quiet}),
+              "step 3: add\n  changed  a\n  DIFFERS  b\n  check    c\n");
+}
+
+TEST(ksTranscript, WritesAnObjectPerStep)
+{
+    EXPECT_EQ(
+        transcriptIn({ksRecordStyle::Short, true}),
+        R"({"event":"step","notes":[{"check":"fine"}],"step":1,"text":"undo"})"
+        "\n"
+        R"({"event":"step","notes":[],"step":2,"text":"redo"})"
+        "\n"
+        R"({"differences":0,"event":"part","steps":2,"text":"Fields"})"
+        "\n"
+        R"({"event":"step","notes":[{"changed":"a"},{"DIFFERS":"b"},{"check":"c"}],"step":3,"text":"add"})"
+        "\n"
+        R"({"differences":2,"event":"part","steps":1,"text":"Texts"})"
+        "\n");
 }

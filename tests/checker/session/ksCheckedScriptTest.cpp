@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <checker/session/ksCheckedScript.h>
+#include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/session/ksOpenScene.h>
 #include <tests/editor/script/ksScriptFixture.h>
@@ -34,7 +35,8 @@ protected:
     std::ostringstream out;
     osg::NodeRefPtr room{ksSceneImporter([](const QString &) {}).load(ksRoomFile())};
     const ksOpenScene scene{room.get()};
-    ksTranscript transcript{out};
+    ksRecord record{out, {ksRecordStyle::Verbose}};
+    ksTranscript transcript{record};
     ksUndoStack stack;
     ksCheckedHistory history{room, transcript, &stack};
     ksCheckedScript engine{history, out};

@@ -20,13 +20,12 @@ protected:
     {
         out.str({});
         errors.str({});
-        ksEditorOptions options;
         options.model = model;
-        if (!script.empty())
-            options.script = folder.write("script.js", script);
+        options.script = script.empty() ? QString() : folder.write("script.js", script);
         return ksCheckedSession(out, errors).run(options);
     }
 
+    ksEditorOptions options;
     ksTestFolder folder;
     std::ostringstream out;
     std::ostringstream errors;
@@ -39,10 +38,11 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
     const std::ptrdiff_t before = ksLivingContainers();
     EXPECT_EQ(run(ksRoomFile()), 0);
     EXPECT_EQ(errors.str(), "");
-    EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nstep 1: add "));
+    EXPECT_THAT(out.str(),
+                StartsWith("model room.gltf: 58 nodes; left out: 1 camera\nAdd what the scene lacks: "));
     const std::string all = std::to_string(ksCommandClasses::all().size());
     EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences, " +
-                                                  all + " of " + all + " command classes\n$"));
+                                                  all + " of " + all + " command classes, 0 warnings\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -50,9 +50,41 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
 TEST_F(ksCheckedSessionTest, RunsAScriptInstead)
 {
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\n"
+                         "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
+}
+
+TEST_F(ksCheckedSessionTest, WritesEveryStepWhenItIsVerbose)
+{
+    options.record.detail = ksRecordStyle::Verbose;
+    EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\nstep 1: check\n"
                          "  check    index 0 of 0, 270 containers: no difference\n"
-                         "OK: 1 steps, 270 containers, 0 differences\n");
+                         "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
+}
+
+/// What a script prints stands before the step that comes next.
+TEST_F(ksCheckedSessionTest, WritesAnObjectPerStep)
+{
+    options.record.json = true;
+    EXPECT_EQ(run(ksRoomFile(), "check(); print('hello');"), 0);
+    EXPECT_THAT(out.str(), HasSubstr(R"("step":1,"text":"check"})"
+                                     "\n"
+                                     R"({"event":"print","text":"hello"})"
+                                     "\n"));
+    EXPECT_THAT(out.str(), testing::EndsWith(R"("event":"verdict","steps":2,"verdict":"OK","warnings":0})"
+                                             "\n"));
+}
+
+TEST_F(ksCheckedSessionTest, EndsTheTourThatTakesTooLong)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    options.timeLimit = 1e-9;
+    EXPECT_EQ(run(ksRoomFile()), ksCheckedSession::ScriptError);
+    EXPECT_EQ(errors.str(), "ks-checker: " + ksRoomFile().toStdString() + ": ended after 1e-09 seconds\n");
+    EXPECT_THAT(out.str(), testing::ContainsRegex(
+                               "\nFAILED: [0-9]+ steps?, 270 containers, 0 differences, 0 warnings\n$"));
+    EXPECT_EQ(ksLivingContainers(), before);
 }
 
 /// A constraint below its own target, and a light below its own visibility reference.
@@ -67,7 +99,6 @@ TEST_F(ksCheckedSessionTest, ReleasesContainersThatReferToEachOther)
 
 TEST_F(ksCheckedSessionTest, RunsTheScriptOfTheRoom)
 {
-    ksEditorOptions options;
     options.model = ksRoomFile();
     options.script = QStringLiteral(KS_ROOM_SCRIPT);
     EXPECT_EQ(ksCheckedSession(out, errors).run(options), 0) << errors.str();
@@ -82,6 +113,8 @@ TEST_F(ksCheckedSessionTest, ReportsAScriptsError)
               ksCheckedSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-checker: " + folder.path("script.js").toStdString() +
                                 ":3: Error: 'three' does not fit the field 'layer', SFUInt8\n");
+    EXPECT_THAT(out.str(),
+                testing::EndsWith("\nFAILED: 2 steps, 270 containers, 0 differences, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -98,8 +131,8 @@ TEST_F(ksCheckedSessionTest, FailsWhenACheckFailed)
     EXPECT_EQ(run(ksRoomFile(), "print('nothing');"), ksCheckedSession::DifferenceFound);
     settings->setLayer(0);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
-    EXPECT_THAT(out.str(),
-                testing::ContainsRegex("\nFAILED: 1 steps, 270 containers, [1-9][0-9]* differences\n$"));
+    EXPECT_THAT(out.str(), testing::ContainsRegex(
+                               "\nFAILED: 1 step, 270 containers, [1-9][0-9]* differences?, 0 warnings\n$"));
 }
 
 TEST_F(ksCheckedSessionTest, ReportsAModelThatCannotBeRead)
@@ -107,7 +140,7 @@ TEST_F(ksCheckedSessionTest, ReportsAModelThatCannotBeRead)
     const QString path = folder.path("missing.gltf");
     EXPECT_EQ(run(path), ksCheckedSession::ModelError);
     EXPECT_EQ(errors.str(), "ks-checker: " + path.toStdString() + ": no such file\n");
-    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(out.str(), "FAILED: no scene, 0 warnings\n");
 }
 
 TEST_F(ksCheckedSessionTest, WarnsOfMissingTexturesAndGoesOn)

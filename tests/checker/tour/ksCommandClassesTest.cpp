@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <checker/tour/ksCommandClasses.h>
+#include <editor/history/ksRecord.h>
 #include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksMultiCommand.h>
@@ -30,7 +31,8 @@ using ksCommandClassesTest = ksEditorFixture;
 TEST_F(ksCommandClassesTest, AreMissedByName)
 {
     std::ostringstream out;
-    ksTranscript transcript(out);
+    ksRecord record(out, {ksRecordStyle::Verbose});
+    ksTranscript transcript(record);
     ksUndoStack stack;
     ksCheckedHistory history(root, transcript, &stack);
     EXPECT_EQ(ksCommandClasses::countIn(history), 0);

@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <checker/tour/ksTourExtras.h>
+#include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -79,7 +80,8 @@ TEST_F(ksTourExtrasTest, ComeAndGoWithTheHistory)
     const std::ptrdiff_t before = ksLivingContainers();
     {
         std::ostringstream out;
-        ksTranscript transcript(out);
+        ksRecord record(out, {ksRecordStyle::Verbose});
+        ksTranscript transcript(record);
         ksCheckedHistory history(root, transcript);
         ksTourTargets targets(root);
         const ksTourExtras extras(targets);

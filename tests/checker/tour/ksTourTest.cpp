@@ -3,7 +3,9 @@
 #include <checker/history/ksTranscript.h>
 #include <checker/tour/ksCommandClasses.h>
 #include <checker/tour/ksTour.h>
+#include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
+#include <editor/ksEditorError.h>
 #include <editor/session/ksOpenScene.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -31,7 +33,8 @@ protected:
     void tour(const osg::NodePtr &root)
     {
         const ksOpenScene scene(root);
-        ksTranscript transcript(out);
+        ksRecord record(out, {ksRecordStyle::Verbose});
+        ksTranscript transcript(record);
         ksCheckedHistory history(root, transcript);
         const ksSceneSnapshot before(root, {});
         ksTour(history).run();
@@ -158,6 +161,43 @@ TEST_F(ksTourTest, WorksOnASingleNode)
     tourOneNode();
 }
 
+/// Wherever it is ended, what it has made is released, and the checks find nothing.
+TEST_F(ksTourTest, LeavesNothingBehindWhenItIsEnded)
+{
+    // At the beginning of each part, and now and then on the way through the history.
+    constexpr int Parts = 12;
+    bool isOver = false;
+    for (int last = 1; !isOver; last += last < Parts ? 1 : last) {
+        const std::ptrdiff_t before = ksLivingContainers();
+        {
+            const osg::NodeRefPtr node(osg::Node::create());
+            {
+                CPEdit(node.get(), osg::Node::AttachmentsFieldMask);
+                node->addAttachment(osg::ksNodeSettings::create());
+            }
+            const ksOpenScene scene(node.get());
+            ksRecord record(out, {ksRecordStyle::Quiet});
+            ksTranscript transcript(record);
+            ksCheckedHistory history(node, transcript);
+            int calls = 0;
+            const auto stopAtLast = [&calls, last] {
+                if (++calls == last)
+                    throw ksScriptError("ended");
+            };
+            try {
+                ksTour(history, stopAtLast).run();
+                isOver = true;
+            } catch (const ksScriptError &) {
+                EXPECT_EQ(calls, last);
+            }
+            EXPECT_EQ(history.stack()->index(), 0);
+            EXPECT_TRUE(history.check()) << last;
+        }
+        EXPECT_EQ(ksLivingContainers(), before) << last;
+    }
+    EXPECT_EQ(out.str(), "");
+}
+
 /// The root of the whole scene graph may not be linked to lights; where nobody says which node that is, it
 /// is.
 TEST_F(ksTourTest, NoticesThatTheApplicationDoesNotKnowTheScene)
@@ -167,7 +207,8 @@ TEST_F(ksTourTest, NoticesThatTheApplicationDoesNotKnowTheScene)
         CPEdit(node.get(), osg::Node::AttachmentsFieldMask);
         node->addAttachment(osg::ksNodeSettings::create());
     }
-    ksTranscript transcript(out);
+    ksRecord record(out, {ksRecordStyle::Verbose});
+    ksTranscript transcript(record);
     ksCheckedHistory history(node, transcript);
     ksTour(history).run();
     EXPECT_GT(history.differenceCount(), 0);

@@ -6,7 +6,9 @@
 #include <ksTextureManager.h>
 
 #include <QBuffer>
+#include <QDir>
 #include <QImage>
+#include <QImageReader>
 
 #include <vector>
 
@@ -93,6 +95,38 @@ TEST_F(ksImageImporterTest, ReadsFilesWithTheWrongSuffix)
 {
     ASSERT_TRUE(picture().save(folder.path("picture.jpg"), "png"));
     EXPECT_NE(importer.image("picture.jpg"), osg::NullFC);
+}
+
+TEST_F(ksImageImporterTest, FindsFilesInAnotherCase)
+{
+    ASSERT_TRUE(QDir().mkpath(folder.path("Textures/Wood")));
+    ASSERT_TRUE(picture().save(folder.path("Textures/Wood/Oak.PNG"), "png"));
+    for (const char *name :
+         {"textures/wood/oak.png", "TEXTURES\\Wood\\OAK.png", "./textures/../Textures/wood/Oak.png"})
+        EXPECT_NE(importer.image(name), osg::NullFC) << name;
+    EXPECT_THAT(warnings, IsEmpty());
+    EXPECT_EQ(importer.image("textures/wood"), osg::NullFC);
+    EXPECT_THAT(warnings, ElementsAre("texture textures/wood: no such file"));
+}
+
+TEST_F(ksImageImporterTest, ReadsTgaImages)
+{
+    std::string content("\0\0\2\0\0\0\0\0\0\0\0\0\4\0\4\0\30\0", 18);
+    for (int pixel = 0; pixel < 16; ++pixel)
+        content += "\x0A\x14\x1E";
+    folder.write("paint.tga", content);
+    const osg::ImagePtr image = importer.image("paint.tga");
+    if (QImageReader::supportedImageFormats().contains("tga")) {
+        ASSERT_NE(image, osg::NullFC);
+        EXPECT_EQ(image->getWidth(), 4);
+        EXPECT_EQ(pixels(image)[0], 30);
+        EXPECT_EQ(pixels(image)[2], 10);
+        EXPECT_THAT(warnings, IsEmpty());
+    } else {
+        EXPECT_THAT(warnings,
+                    ElementsAre("texture paint.tga: Qt's reader of such images is missing: install the "
+                                "package qt5-image-formats-plugins"));
+    }
 }
 
 TEST_F(ksImageImporterTest, WarnsOnceOfWhatCannotBeRead)

@@ -3,11 +3,18 @@
 #include <tests/editor/ksEditorFixture.h>
 
 #include <QDir>
+#include <assimp/Exporter.hpp>
+#include <assimp/Importer.hpp>
+#include <assimp/postprocess.h>
 #include <assimp/scene.h>
 
+#include <cmath>
 #include <unistd.h>
+#include <vector>
 
 namespace {
+
+using testing::ElementsAre;
 
 const char *const Triangle = "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n";
 
@@ -18,13 +25,18 @@ protected:
     std::string reasonAgainst(const std::string &name) const
     {
         const std::string path = folder.path(name).toStdString();
-        const std::string error = ksErrorOf([&] { ksModelFile file(folder.path(name)); });
+        const std::string error = ksErrorOf([&] {
+            const ksModelFile file(folder.path(name), [](const QString &warning) {
+                ADD_FAILURE() << "a file that is refused gives one line: " << warning.toStdString();
+            });
+        });
         EXPECT_EQ(error.substr(0, path.size()), path);
         EXPECT_EQ(error.find('\n'), std::string::npos);
         return error.substr(std::min(error.size(), path.size()));
     }
 
     ksTestFolder folder;
+    std::vector<std::string> warnings;
 };
 
 } // namespace
@@ -71,7 +83,7 @@ TEST_F(ksModelFileTest, SaysWhatIsWrongWithAFile)
     folder.write("notes.txt", "not a model");
     EXPECT_EQ(reasonAgainst("notes.txt"), ": no reader knows this format");
     folder.write("broken.obj", "v 0 0 0\nf 1 2 3\n");
-    EXPECT_THAT(reasonAgainst("broken.obj"), testing::StartsWith(": cannot be read: "));
+    EXPECT_THAT(reasonAgainst("broken.obj"), testing::StartsWith(": is damaged: "));
     EXPECT_EQ(reasonAgainst(""), ": is a folder, not a model file");
 }
 
@@ -84,14 +96,74 @@ TEST_F(ksModelFileTest, RefusesFilesThatMayNotBeRead)
     EXPECT_EQ(reasonAgainst("secret.obj"), ": may not be read");
 }
 
-/// The readers let these through.
+TEST_F(ksModelFileTest, SaysWhereADamagedFileIsDamaged)
+{
+    folder.write("object.gltf", "{\"asset\": {\"version\": \"2.0\"},\n \"nodes\": [ {\"name\": \"x\" ]\n}");
+    EXPECT_EQ(reasonAgainst("object.gltf"), ": is damaged, line 2, column 27: unterminated object");
+    folder.write("tags.dae", "<COLLADA xmlns=\"http://www.collada.org/2005/11/COLLADASchema\">\n</wrong>");
+    EXPECT_THAT(reasonAgainst("tags.dae"), testing::StartsWith(": is damaged, line 2, column "));
+    folder.write("short.glb", "glTF");
+    EXPECT_THAT(reasonAgainst("short.glb"), testing::StartsWith(": is damaged: "));
+    folder.write("text.glb", "something else");
+    EXPECT_EQ(reasonAgainst("text.glb"), ": is damaged: it does not begin like a file of its format, .glb");
+}
+
+/// The readers let this through.
 TEST_F(ksModelFileTest, RefusesScenesThatAreNotSound)
 {
     folder.write("corners.off", "OFF\n4 2 0\n0 0 0\n1 0 0\n0 1 0\n1 1 0\n3 0 1 2\n");
-    EXPECT_EQ(reasonAgainst("corners.off"), ": malformed: a mesh has a face with corners that do not exist");
+    EXPECT_EQ(reasonAgainst("corners.off"), ": is damaged: a mesh has a face with corners that do not exist");
+}
+
+/// The reader of this format loses all nodes but the last.
+TEST_F(ksModelFileTest, KeepsWhatMissingNodesShow)
+{
     const std::string face = "0.5 0.5 0.5 0 0 0 0 1 0 1 0 0\n";
-    folder.write("node.raw", "Rock\n" + face + "Moss\n" + face);
-    EXPECT_EQ(reasonAgainst("node.raw"), ": malformed: a node is missing");
+    const ksModelFile file(folder.write("nodes.raw", "Rock\n" + face + "Moss\n" + face),
+                           [this](const QString &text) { warnings.push_back(text.toStdString()); });
+    EXPECT_THAT(warnings, ElementsAre("the reader has lost 1 of the nodes; what they show is at the root"));
+    EXPECT_EQ(file.scene().mNumMeshes, 2u);
+    EXPECT_EQ(file.scene().mRootNode->mNumMeshes, 1u);
+    ASSERT_EQ(file.scene().mRootNode->mNumChildren, 1u);
+    ASSERT_NE(file.scene().mRootNode->mChildren[0], nullptr);
+    EXPECT_NE(file.scene().mRootNode->mMeshes[0], file.scene().mRootNode->mChildren[0]->mMeshes[0]);
+}
+
+TEST_F(ksModelFileTest, NamesNumbersThatAreNotFinite)
+{
+    folder.write("m.mtl", "newmtl glass\nKd 0.5 inf 0\n");
+    const ksModelFile file(folder.write("nan.obj", "mtllib m.mtl\no Pane\nv nan 0 0\nv 1 inf 0\nv 0 1 0\n"
+                                                   "usemtl glass\nf 1 2 3\n"),
+                           [this](const QString &text) { warnings.push_back(text.toStdString()); });
+    EXPECT_THAT(
+        warnings,
+        ElementsAre("mesh 'Pane': numbers that are not finite count as 0, in 2 positions",
+                    "material 'glass': $clr.diffuse has numbers that are not finite, which count as 0"));
+    const aiMesh &mesh = *file.scene().mMeshes[0];
+    for (unsigned int i = 0; i < mesh.mNumVertices; ++i)
+        EXPECT_TRUE(std::isfinite(mesh.mVertices[i].x) && std::isfinite(mesh.mVertices[i].y));
+}
+
+/// Its vertices are shared between faces, so that normals could not be made.
+TEST_F(ksModelFileTest, ReadsAModelWithoutNormalsWhoseVerticesAreShared)
+{
+    Assimp::Importer importer;
+    const std::string square =
+        folder.write("square.obj", "v 0 0 0\nv 1 0 0\nv 1 1 0\nf 1 2 3\nf 1 3 2\n").toStdString();
+    const aiScene *scene = importer.ReadFile(square, aiProcess_JoinIdenticalVertices);
+    ASSERT_NE(scene, nullptr);
+    const QString path = folder.path("square.assbin");
+    ASSERT_EQ(Assimp::Exporter().Export(scene, "assbin", path.toStdString()), aiReturn_SUCCESS);
+    const ksModelFile file(path);
+    EXPECT_EQ(file.scene().mMeshes[0]->mNumVertices, 3u);
+    EXPECT_EQ(file.scene().mMeshes[0]->mNumFaces, 2u);
+}
+
+TEST_F(ksModelFileTest, ShowsWhatTheReaderComplainsAbout)
+{
+    const ksModelFile file(folder.write("odd.obj", std::string("mtllib missing.mtl\n") + Triangle),
+                           [this](const QString &text) { warnings.push_back(text.toStdString()); });
+    EXPECT_THAT(warnings, testing::Contains("OBJ: Unable to locate material file missing.mtl"));
 }
 
 /// One of the readers writes to standard error by itself.

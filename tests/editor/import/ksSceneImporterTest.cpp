@@ -32,6 +32,15 @@ protected:
         return names;
     }
 
+    /// More than Assimp has room for, in characters of two bytes.
+    static std::string longName()
+    {
+        std::string name;
+        for (int i = 0; i < 800; ++i)
+            name += "\xc3\xbc";
+        return name;
+    }
+
     std::vector<std::string> warnings;
 };
 
@@ -270,22 +279,98 @@ TEST_F(ksSceneImporterTest, WarnsOfMissingTextures)
     EXPECT_EQ(material->getColorComponentData(0)->getImage(), osg::NullFC);
 }
 
-TEST_F(ksSceneImporterTest, WarnsOfLightsWithTheSameName)
+/// The light of each node, though nodes have one name, and some share a light.
+TEST_F(ksSceneImporterTest, KeepsLightsOfNodesWithTheSameName)
 {
     const ksTestFolder folder;
     const osg::NodeRefPtr root(load(folder.write("lamps.gltf", R"({
 "asset": { "version": "2.0" },
 "extensionsUsed": ["KHR_lights_punctual"],
-"extensions": { "KHR_lights_punctual": { "lights": [{ "type": "point" }, { "type": "point" }] } },
+"extensions": { "KHR_lights_punctual": { "lights": [
+    { "type": "point", "intensity": 2 }, { "type": "point", "intensity": 3 }, { "type": "spot", "spot": {}, "intensity": 4 }] } },
 "nodes": [
+    { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 2 } } },
     { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 0 } } },
-    { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 1 } } }],
-"scenes": [{ "nodes": [0, 1] }],
+    { "name": "Lamp" },
+    { "name": "Lamp", "extensions": { "KHR_lights_punctual": { "light": 1 } } },
+    { "name": "Torch", "extensions": { "KHR_lights_punctual": { "light": 0 } } }],
+"scenes": [{ "nodes": [0, 1, 2, 3, 4] }],
 "scene": 0
 })")));
-    EXPECT_THAT(warnings, ElementsAre("light 'Lamp' has the name of another one"));
-    EXPECT_THAT(childNames(root->getChild(0)), ElementsAre("Lamp light"));
-    EXPECT_THAT(childNames(root->getChild(1)), IsEmpty());
+    EXPECT_THAT(warnings, IsEmpty());
+    std::vector<float> intensities;
+    for (osg::UInt32 i = 0; i < root->getNChildren(); ++i) {
+        const osg::NodePtr node = root->getChild(i);
+        const bool isLit = node->getNChildren() > 0;
+        EXPECT_EQ(childNames(node).size(), isLit ? 1u : 0u);
+        intensities.push_back(isLit ? osg::UberLightPtr::dcast(node->getChild(0)->getCore())->getIntensity()
+                                    : 0);
+    }
+    EXPECT_THAT(intensities, ElementsAre(4, 2, 0, 3, 2));
+}
+
+/// A format whose lights have nothing but names.
+TEST_F(ksSceneImporterTest, TakesLightsOfOneNameInOrder)
+{
+    const ksTestFolder folder;
+    const auto torch = [](int id) {
+        const std::string number = std::to_string(id);
+        return "    NodeAttribute: 1" + number +
+               ", \"NodeAttribute::Torch\", \"Light\" {\n    }\n    Model: 2" + number +
+               ", \"Model::Torch\", \"Light\" {\n        Version: 232\n    }\n";
+    };
+    const auto connection = [](int id) {
+        const std::string number = std::to_string(id);
+        return "    C: \"OO\",2" + number + ",0\n    C: \"OO\",1" + number + ",2" + number + "\n";
+    };
+    const osg::NodeRefPtr root(load(
+        folder.write("torches.fbx", "; FBX 7.4.0 project file\nFBXHeaderExtension: {\n    FBXHeaderVersion: "
+                                    "1003\n    FBXVersion: 7400\n}\nObjects: {\n" +
+                                        torch(0) + torch(1) + torch(2) + "}\nConnections: {\n" +
+                                        connection(0) + connection(1) + connection(2) + "}\n")));
+    int lights = 0;
+    ksContainers::visitNodes(root, [&lights](const osg::NodePtr &node) {
+        lights += osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC ? 1 : 0;
+    });
+    EXPECT_EQ(lights, 3);
+    for (const std::string &warning : warnings)
+        EXPECT_THAT(warning, testing::Not(testing::HasSubstr("light")));
+}
+
+TEST_F(ksSceneImporterTest, KeepsNamesOfAnyLength)
+{
+    const ksTestFolder folder;
+    const std::string head = R"({ "asset": { "version": "2.0" }, "scene": 0, "scenes": [{ "nodes": [0] }],
+        "nodes": [{ "name": ")";
+    const osg::NodeRefPtr root(load(folder.write("long.gltf", head + longName() + "\" }] }")));
+    EXPECT_EQ(osg::getName(root.get()), longName());
+    EXPECT_THAT(warnings, IsEmpty());
+}
+
+/// Of most formats the reader cuts them, but a character is left out as a whole.
+TEST_F(ksSceneImporterTest, WarnsOfNamesThatTheReaderCuts)
+{
+    const ksTestFolder folder;
+    const std::string name = longName();
+    const osg::NodeRefPtr root(load(
+        folder.write("long.bvh", "HIERARCHY\nROOT " + name +
+                                     "\n{\n OFFSET 0 0 0\n CHANNELS 0\n End Site\n {\n  OFFSET 0 1 0\n }\n}\n"
+                                     "MOTION\nFrames: 1\nFrame Time: 0.1\n\n")));
+    EXPECT_EQ(osg::getName(root.get()), name.substr(0, 1022));
+    EXPECT_THAT(warnings, ElementsAre("2 of the names are longer than the reader has room for, and cut"));
+}
+
+TEST_F(ksSceneImporterTest, CountsWhatIsLeftOut)
+{
+    std::vector<std::string> leftOut;
+    const ksSceneImporter importer(
+        [](const QString &) {}, [&leftOut](const QString &what) { leftOut.push_back(what.toStdString()); });
+    importer.load(ksRoomFile());
+    EXPECT_THAT(leftOut, ElementsAre("1 camera"));
+    leftOut.clear();
+    const ksTestFolder folder;
+    importer.load(folder.write("triangle.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n"));
+    EXPECT_THAT(leftOut, IsEmpty());
 }
 
 /// Lights of this format shine down the y axis of their nodes.

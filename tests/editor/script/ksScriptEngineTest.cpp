@@ -120,8 +120,8 @@ TEST_F(ksScriptEngineTest, EditsThroughTheHistory)
         "own.set('locked', true);");
     EXPECT_EQ(stack.count(), 3);
     EXPECT_EQ(childSettings()->getLayer(), 10);
-    EXPECT_THAT(out.str(), HasSubstr("add \"Set layer of 'Child'\""));
-    EXPECT_THAT(out.str(), HasSubstr("add \"Raise the layer\""));
+    EXPECT_THAT(out.str(), HasSubstr("step 1: Set layer of 'Child': "));
+    EXPECT_THAT(out.str(), HasSubstr("step 2: Raise the layer: "));
     run("while (history.index > 0) history.undo(); print(history.index, history.count);");
     EXPECT_EQ(childSettings()->getLayer(), 0);
     run("history.redo();");
@@ -132,7 +132,7 @@ TEST_F(ksScriptEngineTest, DragsMergeIntoOneStep)
 {
     EXPECT_EQ(
         run("scene.find('Child').attachment('ksNodeSettings').drag('opacity', [0.75, 0.5, 0.25], 'Fade');"),
-        "step 1: drag \"Fade\", 3 events\n");
+        "step 1: Fade: ksNodeSettings 'Child' opacity 1 -> 0.25\n");
     EXPECT_EQ(stack.count(), 1);
     EXPECT_EQ(childSettings()->getOpacity(), 0.25F);
     run("history.undo();");
@@ -327,6 +327,7 @@ TEST_F(ksScriptEngineTest, KnowsContainersThatHaveGone)
     const std::string id = std::to_string(childSettings().getFieldContainerId());
     child->subAttachment(childSettings());
     osg::endEditCP(child, osg::Node::AttachmentsFieldMask);
+    ksSyncAspects();
     for (const char *use : {"gone.name;", "gone.get('layer');", "gone.set('layer', 1);", "gone.core;",
                             "history.batch('b', [[gone, 'layer', 1]]);"})
         EXPECT_EQ(errorOf(use), ":1: Error: the container " + id + " has gone") << use;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 #include <editor/script/ksScriptEngine.h>
 #include <tests/editor/ksEditorFixture.h>
@@ -36,7 +37,7 @@ protected:
         std::istringstream lines(run(script));
         std::string kept;
         for (std::string line; std::getline(lines, line);)
-            if (line.rfind("step ", 0) != 0 && line.rfind("  ", 0) != 0)
+            if (line.rfind("step", 0) != 0 && line.rfind("all steps ", 0) != 0)
                 kept += line + '\n';
         return kept;
     }
@@ -54,6 +55,7 @@ protected:
     ksTestFolder folder;
     std::ostringstream out;
     ksUndoStack stack;
-    ksRecordedHistory history{this->root, out, &stack};
+    ksRecord record{out};
+    ksRecordedHistory history{this->root, record, &stack};
     ksScriptEngine engine{history, out};
 };

@@ -45,5 +45,5 @@ TEST_F(ksScriptRegistryTest, GivesContainersTheirParts)
 TEST_F(ksScriptRegistryTest, GivesScriptsTheirGlobals)
 {
     EXPECT_EQ(run("print(almanac.steps()); scene.root.set('travMask', 1); print(almanac.steps());"),
-              "0\nstep 1: add \"Set travMask of 'Root'\"\n1\n");
+              "0\nstep 1: Set travMask of 'Root': Node 'Root' travMask 4294967295 -> 1\n1\n");
 }

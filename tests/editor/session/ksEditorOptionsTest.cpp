@@ -34,6 +34,32 @@ TEST(ksEditorOptions, TakesAQuestionAboutTheProgram)
     EXPECT_EQ(parse("--version --what").task, ksEditorOptions::ShowVersion);
 }
 
+TEST(ksEditorOptions, TakesArgumentsOfTheScript)
+{
+    const ksEditorOptions options = parse("--headless room.gltf --script room.js -- --quiet a.obj -- --help");
+    EXPECT_EQ(options.model, QStringLiteral("room.gltf"));
+    EXPECT_EQ(options.task, ksEditorOptions::EditModel);
+    EXPECT_EQ(options.record.detail, ksRecordStyle::Short);
+    EXPECT_EQ(options.scriptArguments.join(QLatin1Char(' ')), QStringLiteral("--quiet a.obj -- --help"));
+    EXPECT_TRUE(parse("--headless room.gltf --script room.js --").scriptArguments.isEmpty());
+}
+
+TEST(ksEditorOptions, TakesHowTheRecordIsWritten)
+{
+    EXPECT_EQ(parse("--headless room.gltf").record.detail, ksRecordStyle::Short);
+    EXPECT_EQ(parse("--headless room.gltf --quiet").record.detail, ksRecordStyle::Quiet);
+    EXPECT_EQ(parse("--headless --verbose room.gltf").record.detail, ksRecordStyle::Verbose);
+    EXPECT_FALSE(parse("--headless room.gltf").record.json);
+    EXPECT_TRUE(parse("--json --headless room.gltf").record.json);
+}
+
+TEST(ksEditorOptions, TakesLimits)
+{
+    EXPECT_EQ(parse("--headless room.gltf").timeLimit, 0);
+    EXPECT_EQ(parse("--headless room.gltf --time-limit 0.5").timeLimit, 0.5);
+    EXPECT_EQ(parse("--headless room.gltf --memory-limit 512").memoryLimit, 512);
+}
+
 TEST(ksEditorOptions, RefusesAnythingElse)
 {
     EXPECT_EQ(refusal(""), "--headless is missing");
@@ -43,4 +69,13 @@ TEST(ksEditorOptions, RefusesAnythingElse)
     EXPECT_EQ(refusal("--headless room.gltf --fast"), "unknown option --fast");
     EXPECT_EQ(refusal("--headless room.gltf --script"), "--script needs a file");
     EXPECT_EQ(refusal("--headless room.gltf --script a.js --script b.js"), "more than one script");
+    EXPECT_EQ(refusal("--headless room.gltf -- a"),
+              "there are arguments for a script, but there is no script");
+    EXPECT_EQ(refusal("--headless room.gltf --quiet --verbose"), "--quiet and --verbose exclude each other");
+    for (const char *number : {"", " 0", " -1", " nan", " inf", " soon", " --quiet"}) {
+        EXPECT_EQ(refusal((std::string("--headless room.gltf --time-limit") + number).c_str()),
+                  "--time-limit needs a number of seconds" + std::string(*number != 0 ? " above 0" : ""));
+    }
+    EXPECT_EQ(refusal("--headless room.gltf --memory-limit 0"),
+              "--memory-limit needs a number of megabytes above 0");
 }

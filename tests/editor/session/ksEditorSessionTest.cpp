@@ -20,7 +20,6 @@ protected:
     {
         out.str({});
         errors.str({});
-        ksEditorOptions options;
         options.model = model;
         options.script = script;
         return ksEditorSession(out, errors).run(options);
@@ -28,6 +27,7 @@ protected:
 
     int runScript(const std::string &script) { return run(ksRoomFile(), folder.write("script.js", script)); }
 
+    ksEditorOptions options;
     ksTestFolder folder;
     std::ostringstream out;
     std::ostringstream errors;
@@ -39,7 +39,7 @@ TEST_F(ksEditorSessionTest, OpensAModel)
 {
     const std::ptrdiff_t before = ksLivingContainers();
     EXPECT_EQ(run(ksRoomFile()), ksEditorSession::Done);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nOK: 0 steps\n");
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nOK: 0 steps, 0 warnings\n");
     EXPECT_EQ(errors.str(), "");
     EXPECT_EQ(ksLivingContainers(), before);
 }
@@ -48,14 +48,16 @@ TEST_F(ksEditorSessionTest, RunsAScript)
 {
     EXPECT_EQ(runScript("print('hello'); scene.find('Table').set('travMask', 1, 'Hide'); history.undo();"),
               ksEditorSession::Done);
-    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: add \"Hide\"\nstep 2: undo \"Hide\"\n"
-                         "OK: 2 steps\n");
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\n"
+                         "step 1: Hide: Node 'Table' travMask 4294967295 -> 1\n"
+                         "step 1 undone: Hide: Node 'Table' travMask 1 -> 4294967295\n"
+                         "OK: 1 step, 0 warnings\n");
 }
 
 TEST_F(ksEditorSessionTest, RunsTheScriptOfTheRoom)
 {
     EXPECT_EQ(run(ksRoomFile(), QStringLiteral(KS_ROOM_SCRIPT)), ksEditorSession::Done) << errors.str();
-    EXPECT_THAT(out.str(), ContainsRegex("\nOK: [0-9]+ steps\n$"));
+    EXPECT_THAT(out.str(), ContainsRegex("\nOK: [0-9]+ steps, 0 warnings\n$"));
 }
 
 /// A constraint below its own target, and a light below its own visibility reference.
@@ -76,6 +78,7 @@ TEST_F(ksEditorSessionTest, ReportsAScriptsError)
               ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
                                 ":3: Error: 'one' does not fit the field 'travMask', SFUInt32\n");
+    EXPECT_THAT(out.str(), EndsWith("\nFAILED: 1 step, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
     EXPECT_EQ(run(ksRoomFile(), folder.path("missing.js")), ksEditorSession::ScriptError);
@@ -87,7 +90,7 @@ TEST_F(ksEditorSessionTest, ReportsAModelThatCannotBeRead)
     const QString path = folder.path("missing.gltf");
     EXPECT_EQ(run(path), ksEditorSession::ModelError);
     EXPECT_EQ(errors.str(), "ks-editor: " + path.toStdString() + ": no such file\n");
-    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(out.str(), "FAILED: no scene, 0 warnings\n");
 }
 
 TEST_F(ksEditorSessionTest, WarnsOfMissingTexturesAndGoesOn)
@@ -98,4 +101,79 @@ TEST_F(ksEditorSessionTest, WarnsOfMissingTexturesAndGoesOn)
     EXPECT_EQ(run(model), ksEditorSession::Done);
     EXPECT_EQ(errors.str(), "ks-editor: warning: texture wood.png: no such file\n");
     EXPECT_THAT(out.str(), StartsWith("model m.obj: "));
+    EXPECT_THAT(out.str(), EndsWith("\nOK: 0 steps, 1 warning\n"));
+}
+
+TEST_F(ksEditorSessionTest, GivesArgumentsToTheScript)
+{
+    options.scriptArguments = QStringList{QStringLiteral("--fast"), QStringLiteral("two words")};
+    EXPECT_EQ(runScript("print(args.length, Array.isArray(args.slice()), args.join('|'));"),
+              ksEditorSession::Done);
+    EXPECT_THAT(out.str(), testing::HasSubstr("\n2 true --fast|two words\n"));
+    options.scriptArguments.clear();
+    EXPECT_EQ(runScript("print(args.length);"), ksEditorSession::Done);
+    EXPECT_THAT(out.str(), testing::HasSubstr("\n0\n"));
+}
+
+TEST_F(ksEditorSessionTest, WritesTheRecordAsItIsTold)
+{
+    const std::string script = "print('hello'); scene.find('Table').set('travMask', 1, 'Hide');";
+    options.record.detail = ksRecordStyle::Quiet;
+    EXPECT_EQ(runScript(script), ksEditorSession::Done);
+    EXPECT_EQ(out.str(), "hello\nOK: 1 step, 0 warnings\n");
+    options.record.json = true;
+    EXPECT_EQ(runScript(script), ksEditorSession::Done);
+    EXPECT_EQ(out.str(), R"({"event":"print","text":"hello"})"
+                         "\n"
+                         R"({"event":"verdict","steps":1,"verdict":"OK","warnings":0})"
+                         "\n");
+    options.record.detail = ksRecordStyle::Short;
+    EXPECT_EQ(runScript("\nnothing();"), ksEditorSession::ScriptError);
+    EXPECT_EQ(out.str(), R"({"event":"model","file":"room.gltf","leftOut":"1 camera","nodes":58})"
+                         "\n"
+                         R"({"error":")" +
+                             folder.path("script.js").toStdString() +
+                             R"(:2: ReferenceError: nothing is not defined","event":"verdict",)"
+                             R"("steps":0,"verdict":"FAILED","warnings":0})"
+                             "\n");
+}
+
+/// It is neither caught nor answered by more of the same.
+TEST_F(ksEditorSessionTest, EndsAScriptThatTakesTooLong)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    options.timeLimit = 0.05;
+    EXPECT_EQ(runScript("scene.find('Table').set('travMask', 1);\n"
+                        "history.beginMacro('Half');\n"
+                        "scene.find('Table').set('travMask', 2);\n"
+                        "while (true) { try { while (true) {} } catch (error) {} finally {} }"),
+              ksEditorSession::ScriptError);
+    EXPECT_EQ(errors.str(),
+              "ks-editor: " + folder.path("script.js").toStdString() + ": ended after 0.05 seconds\n");
+    EXPECT_THAT(out.str(), testing::HasSubstr("\nFAILED: "));
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+TEST_F(ksEditorSessionTest, EndsAScriptThatTakesTooMuchMemory)
+{
+    options.memoryLimit = 1;
+    EXPECT_EQ(runScript("while (true) {}"), ksEditorSession::ScriptError);
+    EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() + ": out of memory\n");
+}
+
+TEST_F(ksEditorSessionTest, FailsWhenTheRecordCannotBeWritten)
+{
+    for (const char *script : {"scene.find('Table').set('travMask', 1);", "while (true) print('more');",
+                               "try { scene.find('Table').set('travMask', 1); } catch (error) {}", ""}) {
+        errors.str({});
+        options.model = ksRoomFile();
+        options.script = folder.write("script.js", script);
+        std::ofstream full("/dev/full");
+        ASSERT_TRUE(full) << "there is no /dev/full";
+        options.record.detail = ksRecordStyle::Quiet;
+        if (std::string(script).find("set") != std::string::npos)
+            options.record.detail = ksRecordStyle::Short;
+        EXPECT_EQ(ksEditorSession(full, errors).run(options), ksEditorSession::OutputError) << script;
+        EXPECT_EQ(errors.str(), "ks-editor: the record cannot be written: No space left on device\n");
+    }
 }

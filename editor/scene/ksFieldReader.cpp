@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksFieldReader.h>
+#include <editor/scene/ksFieldReader.h>
 #include <editor/scene/ksFieldReferences.h>
 
 #include <OpenSG/OSGMFBaseTypes.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <checker/history/ksFieldReader.h>
+#include <editor/scene/ksFieldReader.h>
 #include <tests/editor/ksEditorFixture.h>
 
 #include <OpenSG/OSGMFBaseTypes.h>

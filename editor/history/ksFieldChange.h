@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <OpenSG/OSGFieldContainerPtr.h>
+
+#include <QString>
+
+#include <vector>
+
+class QJsonObject;
+
+/// A field of one container that has changed.
+struct ksFieldChange
+{
+    osg::FieldContainerPtr container;
+    QString field;
+
+    /// What it held and what it holds now, made for reading: long lists are cut short.
+    QString before;
+    QString after;
+
+    /// What became of a list of containers, as in "+ Node 'Lamp'"; empty for other fields.
+    QString entries;
+
+    /// The change on a line of its own, with the container's id.
+    QString inFull() const;
+
+    /// The change as an object of JSON.
+    QJsonObject toJson() const;
+
+    /// \a changes in a few words: the first ones, with their values where these are short, and how many there
+    /// are besides.
+    static QString summary(const std::vector<ksFieldChange> &changes);
+
+    /// What the calling thread has changed, as its change list has it, since aspect 1 last followed, which it
+    /// does now. Fields that hold what they held are left out, and so are those that tell who refers to a
+    /// container, and containers that are new: the field that leads there has changed as well. Takes as long
+    /// as there are changes, however large the scene is.
+    static std::vector<ksFieldChange> take();
+};

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+
+class QString;
+struct aiLight;
+struct aiNode;
+struct aiScene;
+
+/// What a glTF 2 file says of its nodes and Assimp does not hand over: names of any length, and which light
+/// each has, whatever else has its name.
+class ksGltfNodes
+{
+public:
+    /// Reads the document in the file \a path, text or binary, that \a scene comes from. Knows of no node
+    /// when the two do not fit together.
+    ksGltfNodes(const QString &path, const aiScene &scene);
+
+    /// Whether it knows the lights of all nodes.
+    bool knowsLights() const { return hasLights; }
+
+    /// The light of \a node; null when there is none.
+    const aiLight *lightOf(const aiNode &node) const;
+
+    /// The name of \a node; empty when there is none.
+    std::string nameOf(const aiNode &node) const;
+
+private:
+    class Reader;
+
+    bool hasLights = false;
+    std::map<const aiNode *, const aiLight *> lights;
+    std::map<const aiNode *, std::string> names;
+};

@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include <editor/import/ksImportLog.h>
+
+#include <assimp/DefaultLogger.hpp>
+#include <assimp/LogStream.hpp>
+
+namespace {
+
+constexpr int MostMessages = 10;
+
+} // namespace
+
+class ksImportLog::Stream : public Assimp::LogStream
+{
+public:
+    explicit Stream(ksImportLog &owner)
+        : log(owner)
+    {}
+
+    void write(const char *message) override { log.take(QString::fromUtf8(message)); }
+
+private:
+    ksImportLog &log;
+};
+
+ksImportLog::ksImportLog()
+{
+    Assimp::DefaultLogger::create(nullptr, Assimp::Logger::NORMAL, 0);
+    // It belongs to the logger.
+    Assimp::DefaultLogger::get()->attachStream(new Stream(*this), Assimp::Logger::Warn | Assimp::Logger::Err);
+}
+
+ksImportLog::~ksImportLog()
+{
+    Assimp::DefaultLogger::kill();
+}
+
+void ksImportLog::take(const QString &message)
+{
+    // "Warn,  T0: " or the like comes first.
+    const QString text = message.mid(message.indexOf(QStringLiteral(": ")) + 2).trimmed();
+    if (++counts[text] == 1)
+        messages += text;
+}
+
+void ksImportLog::report(const ksWarn &warn) const
+{
+    for (int i = 0; i < messages.size() && i < MostMessages; ++i) {
+        const int count = counts[messages[i]];
+        warn(count == 1 ? messages[i] : messages[i] + QStringLiteral(" (%1 times)").arg(count));
+    }
+    if (messages.size() > MostMessages)
+        warn(
+            QStringLiteral("... and %1 more of the reader's complaints").arg(messages.size() - MostMessages));
+}

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include <editor/session/ksInterrupter.h>
+#include <editor/session/ksMemory.h>
+
+#include <QElapsedTimer>
+
+#include <array>
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr int MillisecondsBetweenLooks = 20;
+
+constexpr std::array Signals = {SIGINT, SIGTERM};
+
+/// What a signal handler may do is write a byte into a pipe, whose ends these are.
+std::array<int, 2> pipeEnds = {-1, -1};
+
+constexpr char Signalled = 's';
+constexpr char Ended = 'e';
+
+void notice(char what)
+{
+    const ssize_t written = write(pipeEnds[1], &what, 1);
+    static_cast<void>(written);
+}
+
+void handleSignal(int)
+{
+    notice(Signalled);
+}
+
+std::array<struct sigaction, Signals.size()> previousActions;
+
+} // namespace
+
+ksInterrupter::ksInterrupter(double seconds, qint64 bytes, std::function<void()> interrupt)
+    : timeLimit(seconds)
+    , memoryLimit(bytes)
+    , call(std::move(interrupt))
+{
+    const int made = pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK);
+    static_cast<void>(made);
+    struct sigaction action = {};
+    action.sa_handler = &handleSignal;
+    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
+    for (std::size_t i = 0; i < Signals.size(); ++i)
+        sigaction(Signals[i], &action, &previousActions[i]);
+    thread = std::thread(&ksInterrupter::watch, this);
+}
+
+ksInterrupter::~ksInterrupter()
+{
+    for (std::size_t i = 0; i < Signals.size(); ++i)
+        sigaction(Signals[i], &previousActions[i], nullptr);
+    notice(Ended);
+    thread.join();
+    for (int &end : pipeEnds)
+        close(std::exchange(end, -1));
+}
+
+QString ksInterrupter::reason() const
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    return found;
+}
+
+void ksInterrupter::watch()
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (true) {
+        pollfd waiting = {pipeEnds[0], POLLIN, 0};
+        poll(&waiting, 1, MillisecondsBetweenLooks);
+        char what = 0;
+        if (read(pipeEnds[0], &what, 1) == 1 && what == Ended)
+            return;
+        QString reason;
+        if (what == Signalled)
+            reason = QStringLiteral("interrupted");
+        else if (timeLimit > 0 && static_cast<double>(timer.elapsed()) >= timeLimit * 1000)
+            reason = QStringLiteral("ended after %1 seconds").arg(timeLimit);
+        else if (ksMemory::used() > memoryLimit)
+            reason = QStringLiteral("out of memory");
+        if (reason.isEmpty() || !ksInterrupter::reason().isEmpty())
+            continue;
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            found = reason;
+        }
+        call();
+    }
+}
