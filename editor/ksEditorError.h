@@ -22,3 +22,10 @@ class ksScriptError : public ksEditorError
 public:
     using ksEditorError::ksEditorError;
 };
+
+/// A file that cannot be written. The message names the file.
+class ksOutputError : public ksEditorError
+{
+public:
+    using ksEditorError::ksEditorError;
+};

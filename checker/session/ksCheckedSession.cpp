@@ -60,6 +60,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const QString &script)
             ksCheckedScript(history, out).run(script);
         history.check();
         differences = history.differenceCount();
+        saveOutput(history.root());
     }
 
     if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {

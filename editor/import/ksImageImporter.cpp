@@ -11,6 +11,8 @@
 #include <QUrl>
 #include <assimp/scene.h>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -50,18 +52,20 @@ struct Layout
     int channels;
 };
 
-Layout layoutFor(const QImage &image)
+constexpr Layout Layouts[] = {{QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4},
+                              {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1},
+                              {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3}};
+
+const Layout &layoutFor(const QImage &image)
 {
     if (image.hasAlphaChannel())
-        return {QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4};
-    if (image.isGrayscale())
-        return {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1};
-    return {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3};
+        return Layouts[0];
+    return image.isGrayscale() ? Layouts[1] : Layouts[2];
 }
 
-osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+/// The pixels of \a source, from the lower left.
+std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
 {
-    const Layout layout = layoutFor(source);
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
 
     // Lines of a QImage are padded, those of the scene graph's images are not.
@@ -73,9 +77,15 @@ osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
         const uchar *line = pixels.constScanLine(y);
         data.insert(data.end(), line, line + lineLength);
     }
+    return data;
+}
 
+osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+{
+    const Layout &layout = layoutFor(source);
     const osg::ImagePtr image = osg::Image::create();
-    image->set(layout.pixelFormat, pixels.width(), pixels.height(), 1, 1, 1, 0, data.data());
+    image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
+               pixelsOf(source, layout).data());
     CPEdit(image, osg::Image::NameFieldMask);
     image->setName(name);
     return image;
@@ -99,29 +109,48 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     return images.emplace(name, shared).first->second.get();
 }
 
+void ksImageImporter::readPixels(const std::string &name, const osg::ImagePtr &image) const
+{
+    const QImage source = read(name);
+    if (source.isNull())
+        return;
+    const auto *layout = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &known) {
+        return known.pixelFormat == image->getPixelFormat();
+    });
+    if (layout == std::end(Layouts) || source.width() != image->getWidth() ||
+        source.height() != image->getHeight())
+        warn(QStringLiteral("texture ") + QString::fromStdString(name) + QStringLiteral(" has changed"));
+    else
+        image->getPixel().getValues() = pixelsOf(source, *layout);
+}
+
 osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
+{
+    const QImage image = read(name);
+    return image.isNull() ? osg::ImagePtr() : toSceneImage(image, name);
+}
+
+QImage ksImageImporter::read(const std::string &name) const
 {
     const QString shown = QString::fromStdString(name);
     if (const aiTexture *texture = file.scene().GetEmbeddedTexture(name.c_str())) {
         const QImage image = embeddedImage(*texture);
         if (!image.isNull())
-            return toSceneImage(image, name);
+            return image;
         warn(QStringLiteral("texture ") + shown + QStringLiteral(" within the model cannot be read"));
-        return osg::NullFC;
+        return {};
     }
 
     const QString path = locate(file.folder(), name);
     if (path.isEmpty()) {
         warn(QStringLiteral("texture ") + shown + QStringLiteral(": no such file"));
-        return osg::NullFC;
+        return {};
     }
     QImageReader reader(path);
     // The content decides: models name textures with the wrong suffix often enough.
     reader.setDecideFormatFromContent(true);
     const QImage image = reader.read();
-    if (image.isNull()) {
+    if (image.isNull())
         warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") + reader.errorString());
-        return osg::NullFC;
-    }
-    return toSceneImage(image, name);
+    return image;
 }

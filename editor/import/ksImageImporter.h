@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 
+class QImage;
 class ksModelFile;
 
 /// Makes images of the scene graph from the textures of a model file. A texture that several materials use
@@ -24,7 +25,12 @@ public:
     /// bits a channel, grey, RGB or RGBA, and start at the lower left.
     osg::ImagePtr image(const std::string &name);
 
+    /// Gives \a image the pixels of the one that the model calls \a name. Reports it when that cannot be
+    /// read, or has another size than \a image; then there is no change. The edit is up to the caller.
+    void readPixels(const std::string &name, const osg::ImagePtr &image) const;
+
 private:
+    QImage read(const std::string &name) const;
     osg::ImagePtr createImage(const std::string &name) const;
 
     const ksModelFile &file;

@@ -2,9 +2,11 @@
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksQuietStandardError.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksGltfNames.h>
 
 #include <QFileInfo>
 #include <assimp/Importer.hpp>
+#include <assimp/commonMetaData.h>
 #include <assimp/config.h>
 #include <assimp/importerdesc.h>
 #include <assimp/postprocess.h>
@@ -65,6 +67,14 @@ const char *flawOfMesh(const aiScene &scene, const aiMesh &mesh)
     return nullptr;
 }
 
+/// Whether the file says so: what other programs write is theirs, even if it was the editor's before.
+bool isSavedByEditor(const aiScene &scene)
+{
+    aiString generator;
+    return scene.mMetaData != nullptr && scene.mMetaData->Get(AI_METADATA_SOURCE_GENERATOR, generator) &&
+           QString::fromUtf8(generator.C_Str()) == ksGltfNames::generator();
+}
+
 const char *flawOf(const aiScene &scene)
 {
     if (const char *flaw = flawOfNodes(scene, scene.mRootNode))
@@ -90,6 +100,8 @@ public:
             throw ksEditorError(file + ": " + readerError());
         if (const char *flaw = flawOf(*scene))
             throw ksEditorError(file + ": malformed: " + flaw);
+        if (isSavedByEditor(*scene))
+            return;
         scene = importer.ApplyPostProcessing(aiProcess_Triangulate | aiProcess_SortByPType |
                                              aiProcess_JoinIdenticalVertices | aiProcess_GenNormals);
         if (scene == nullptr)
@@ -124,8 +136,8 @@ private:
     Assimp::Importer importer;
 };
 
-ksModelFile::ksModelFile(const QString &filePath)
-    : path(filePath)
+ksModelFile::ksModelFile(const QString &modelPath)
+    : path(modelPath)
 {
     checkFile(path);
     reader = std::make_unique<Reader>(path);

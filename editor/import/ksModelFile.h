@@ -22,11 +22,11 @@ constexpr float ksDegreesPerRadian = 57.29577951F;
 class ksModelFile
 {
 public:
-    /// Reads the model in the file \a filePath: meshes made of triangles, lines or points, each mesh of one
-    /// kind, with normals. Throws ksEditorError when there is no such file, no reader knows its format, or
-    /// what it holds is not a scene: nodes that are missing, faces without corners or with corners that do
-    /// not exist.
-    explicit ksModelFile(const QString &filePath);
+    /// Reads the model in the file \a modelPath: meshes made of triangles, lines or points, each mesh of one
+    /// kind, with normals. What the editor has saved stays as it is. Throws ksEditorError when there is no
+    /// such file, no reader knows its format, or what it holds is not a scene: nodes that are missing, faces
+    /// without corners or with corners that do not exist.
+    explicit ksModelFile(const QString &modelPath);
     ~ksModelFile();
     ksModelFile(const ksModelFile &) = delete;
     ksModelFile &operator=(const ksModelFile &) = delete;
@@ -35,6 +35,8 @@ public:
     const aiScene &scene() const;
 
     ksModelFormat format() const;
+
+    const QString &filePath() const { return path; }
 
     /// The folder that the file is in; relative paths in the file start there.
     QString folder() const;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksExtrasReader.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMaterialImporter.h>
+#include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksNodeSettingsImporter.h>
 #include <editor/import/ksSceneImporter.h>
@@ -17,33 +19,10 @@
 
 namespace {
 
-osg::ksMeshPtr createMesh(const aiMesh &source, const osg::MaterialPtr &material)
+/// Exactly: Assimp calls small moves the identity, too.
+bool isIdentity(const aiMatrix4x4 &matrix)
 {
-    const osg::ksMeshPtr mesh = osg::ksMesh::create();
-    CPEdit(mesh, osg::FieldBits::AllFields);
-    mesh->setMaterial(material);
-
-    mesh->getPositions().reserve(source.mNumVertices);
-    for (unsigned int i = 0; i < source.mNumVertices; ++i) {
-        const aiVector3D &position = source.mVertices[i];
-        mesh->getPositions().push_back(osg::Pnt3f(position.x, position.y, position.z));
-    }
-    for (unsigned int i = 0; source.HasNormals() && i < source.mNumVertices; ++i) {
-        const aiVector3D &normal = source.mNormals[i];
-        mesh->getNormals().push_back(osg::Vec3f(normal.x, normal.y, normal.z));
-    }
-    for (unsigned int i = 0; source.HasTextureCoords(0) && i < source.mNumVertices; ++i) {
-        const aiVector3D &coordinates = source.mTextureCoords[0][i];
-        mesh->getTexCoords().push_back(osg::Vec2f(coordinates.x, coordinates.y));
-    }
-    for (unsigned int i = 0; i < source.mNumFaces; ++i) {
-        const aiFace &face = source.mFaces[i];
-        for (unsigned int corner = 0; corner < face.mNumIndices; ++corner)
-            mesh->getIndices().push_back(face.mIndices[corner]);
-    }
-    // The file has been read in such a way that all faces of a mesh are of one kind.
-    mesh->setCornersPerFace(static_cast<osg::UInt8>(source.mNumFaces > 0 ? source.mFaces[0].mNumIndices : 1));
-    return mesh;
+    return matrix == aiMatrix4x4();
 }
 
 /// Builds the scene of one model file.
@@ -54,6 +33,7 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
+        , saved(model, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
@@ -76,19 +56,37 @@ private:
     osg::NodePtr buildNode(const aiNode &source)
     {
         const std::string name = source.mName.C_Str();
-        const osg::NodePtr node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
-                                                           ksNodeSettingsImporter::create(source, warn));
+        osg::NodePtr node = saved.node(source);
+        if (node == osg::NullFC)
+            node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
+                                            ksNodeSettingsImporter::create(source, warn));
         CPEdit(node, osg::Node::ChildrenFieldMask);
         for (unsigned int i = 0; i < source.mNumChildren; ++i)
             node->addChild(buildNode(*source.mChildren[i]));
-        for (unsigned int i = 0; i < source.mNumMeshes; ++i)
+        // What the node itself is stands for its first mesh, or its light.
+        const bool isMesh = osg::ksMeshPtr::dcast(node->getCore()) != osg::NullFC;
+        const bool isLight = osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
+        for (unsigned int i = isMesh ? 1 : 0; i < source.mNumMeshes; ++i)
             node->addChild(buildMeshNode(name, source.mMeshes[i]));
         if (const auto light = lights.find(name); light != lights.end()) {
-            node->addChild(buildLightNode(*light->second));
+            if (!isLight)
+                node->addChild(buildLightNode(*light->second));
             // A second node of that name is not where the light is.
             lights.erase(light);
         }
-        return node;
+        return placed(node, source);
+    }
+
+    /// \a node itself, or a new node above it when \a source has a place that the node's core has not.
+    osg::NodePtr placed(const osg::NodePtr &node, const aiNode &source) const
+    {
+        if (osg::TransformPtr::dcast(node->getCore()) != osg::NullFC || isIdentity(source.mTransformation))
+            return node;
+        const osg::NodePtr place = ksContainers::createNode(source.mName.C_Str() + std::string(" place"),
+                                                            ksTransformImporter::create(source, warn));
+        CPEdit(place, osg::Node::ChildrenFieldMask);
+        place->addChild(node);
+        return place;
     }
 
     osg::NodePtr buildMeshNode(const std::string &owner, unsigned int index)
@@ -96,12 +94,21 @@ private:
         const aiMesh &source = *file.scene().mMeshes[index];
         osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
         if (mesh.get() == osg::NullFC)
-            mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source, materials.material(source.mMaterialIndex)));
+            mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source));
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
         return ksContainers::createNode(source.mName.length > 0 ? source.mName.C_Str() : owner + " mesh",
                                         mesh.get(), settings);
+    }
+
+    osg::ksMeshPtr createMesh(const aiMesh &source)
+    {
+        const osg::ksMeshPtr mesh = osg::ksMesh::create();
+        CPEdit(mesh, osg::FieldBits::AllFields);
+        mesh->setMaterial(materials.material(source.mMaterialIndex));
+        ksMeshImporter::read(source, mesh);
+        return mesh;
     }
 
     osg::NodePtr buildLightNode(const aiLight &source)
@@ -121,6 +128,7 @@ private:
     const ksModelFile &file;
     const ksWarn &warn;
     ksMaterialImporter materials;
+    ksExtrasReader saved;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
     std::map<std::string, const aiLight *> lights;
 };

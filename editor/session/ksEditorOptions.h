@@ -23,6 +23,9 @@ struct ksEditorOptions
     /// The script to run on it; empty if none.
     QString script;
 
+    /// The file to save the edited model in; empty if none.
+    QString output;
+
     /// How the arguments are to be written.
     static QString usage();
 

@@ -17,6 +17,7 @@ int ksEditorSession::edit(osg::NodeRefPtr root, const QString &script)
     ksRecordedHistory history(root.get(), out);
     if (!script.isEmpty())
         ksScriptEngine(history, out).run(script);
+    saveOutput(root.get());
     out << "OK: " << history.stepCount() << " steps\n";
     return Done;
 }

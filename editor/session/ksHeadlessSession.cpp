@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/export/ksSceneExporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
@@ -90,10 +91,16 @@ int ksHeadlessSession::run(const ksEditorOptions &options)
         errors << name << ": " << error.what() << '\n';
         return static_cast<int>(code);
     };
+    output = options.output;
     try {
+        // Not only when all the work is done.
+        if (!output.isEmpty())
+            ksSceneExporter::checkPath(output);
         return edit(load(options.model), options.script);
     } catch (const ksScriptError &error) {
         return fail(error, ScriptError);
+    } catch (const ksOutputError &error) {
+        return fail(error, OutputError);
     } catch (const ksEditorError &error) {
         return fail(error, ModelError);
     }
@@ -107,4 +114,12 @@ osg::NodeRefPtr ksHeadlessSession::load(const QString &model) const
     out << "model " << QFileInfo(model).fileName().toStdString() << ": " << countNodes(root.get())
         << " nodes\n";
     return root;
+}
+
+void ksHeadlessSession::saveOutput(const osg::NodePtr &root) const
+{
+    if (output.isEmpty())
+        return;
+    ksSceneExporter::save(root, output);
+    out << "saved " << QFileInfo(output).fileName().toStdString() << '\n';
 }

@@ -21,7 +21,8 @@ public:
         Done = 0,
         ModelError = 1,
         UsageError = 2,
-        ScriptError = 3
+        ScriptError = 3,
+        OutputError = 5
     };
 
     /// \a program is what the program is called in all that it says, \a summary what it does, in a sentence.
@@ -38,13 +39,17 @@ public:
     int start(int argc, char **argv);
 
     /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
-    /// the script cannot, or ends by an error, else what edit() returns. The scene has been released then.
+    /// the script cannot, or ends by an error, OutputError when the edited scene cannot be saved, which is
+    /// not tried when something else went wrong, else what edit() returns. The scene has been released then.
     virtual int run(const ksEditorOptions &options);
 
 protected:
     /// Edits the scene below \a root, and lets go of it, by the script in the file \a script, which may be
     /// empty. Returns the exit code. May throw ksEditorError.
     virtual int edit(osg::NodeRefPtr root, const QString &script) = 0;
+
+    /// Saves the scene below \a root as the options say, if they do. For edit() to call when all is well.
+    void saveOutput(const osg::NodePtr &root) const;
 
     std::ostream &out;
 
@@ -56,4 +61,5 @@ private:
     const char *const name;
     const char *const purpose;
     std::ostream &errors;
+    QString output;
 };

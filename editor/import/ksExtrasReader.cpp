@@ -1,0 +1,363 @@
+// SPDX-License-Identifier: MIT
+#include <editor/import/ksExtrasReader.h>
+#include <editor/import/ksMeshImporter.h>
+#include <editor/import/ksModelFile.h>
+#include <editor/scene/ksFieldJson.h>
+#include <editor/scene/ksGltfNames.h>
+#include <editor/scene/ksSavedFields.h>
+
+#include <OpenSG/OSGFieldContainerFactory.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+#include <OpenSG/OSGSimpleTexturedMaterial.h>
+#include <OpenSG/OSGTransform.h>
+#include <ksTextureManager.h>
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QtEndian>
+#include <assimp/scene.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+bool hasExtras(const aiNode &node)
+{
+    const QByteArray key = ksGltfNames::extras().toLatin1();
+    if (node.mMetaData != nullptr && node.mMetaData->HasKey(key.constData()))
+        return true;
+    return std::any_of(node.mChildren, node.mChildren + node.mNumChildren,
+                       [](const aiNode *child) { return hasExtras(*child); });
+}
+
+/// The document in the file \a path, text or binary; empty when there is none.
+QJsonObject readDocument(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QByteArray content = file.readAll();
+    constexpr int HeaderSize = 20;
+    if (content.startsWith("glTF") && content.size() >= HeaderSize) {
+        constexpr int OffsetOfLength = 12;
+        const quint32 length = qFromLittleEndian<quint32>(content.constData() + OffsetOfLength);
+        const auto available = static_cast<quint32>(content.size() - HeaderSize);
+        content = content.mid(HeaderSize, static_cast<int>(std::min(length, available)));
+    }
+    return QJsonDocument::fromJson(content).object();
+}
+
+QJsonValue extrasIn(const QJsonValue &owner)
+{
+    return owner[QLatin1String("extras")][ksGltfNames::extras()];
+}
+
+/// Whether two matrices differ by more than the rounding that other programs may have done.
+bool differ(const osg::Matrix &a, const osg::Matrix &b)
+{
+    constexpr float Rounding = 1e-5F;
+    for (osg::UInt32 column = 0; column < 4; ++column) {
+        float size = 0;
+        float difference = 0;
+        for (osg::UInt32 row = 0; row < 4; ++row) {
+            size = std::max({size, std::abs(a[column][row]), std::abs(b[column][row])});
+            difference = std::max(difference, std::abs(a[column][row] - b[column][row]));
+        }
+        if (difference > size * Rounding)
+            return true;
+    }
+    return false;
+}
+
+osg::Matrix matrixOf(const aiNode &node)
+{
+    const aiMatrix4x4 &m = node.mTransformation;
+    return osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4, m.d1, m.d2,
+                       m.d3, m.d4);
+}
+
+/// Whether a file holds the matrix.
+bool isFinite(const osg::Matrix &matrix)
+{
+    return std::all_of(matrix.getValues(), matrix.getValues() + osg::Matrix::Size,
+                       [](float value) { return std::isfinite(value); });
+}
+
+bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
+{
+    while (node != osg::NullFC && node != upper)
+        node = node->getParent();
+    return node != osg::NullFC;
+}
+
+/// Whether texture coordinates are the same up to the rounding of measuring them from the other side.
+bool areClose(const osg::MFVec2f &a, const osg::MFVec2f &b)
+{
+    constexpr float Rounding = 1e-6F;
+    return std::equal(
+        a.begin(), a.end(), b.begin(), b.end(), [](const osg::Vec2f &one, const osg::Vec2f &other) {
+            return one[0] == other[0] && std::abs(one[1] - other[1]) <= Rounding * (1 + std::abs(other[1]));
+        });
+}
+
+/// Whether \a container has what its kind has to have.
+bool isSound(const QJsonArray &container)
+{
+    return container.size() == 3 && container.at(0).toInt() > 0 && container.at(1).isString() &&
+           container.at(2).isObject();
+}
+
+} // namespace
+
+ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo)
+    : warn(reportTo)
+    , scene(model.scene())
+    , imageImporter(model, reportTo)
+{
+    const aiNode &root = *scene.mRootNode;
+    if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
+        return;
+    const QJsonObject document = readDocument(model.filePath());
+    const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
+    const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
+    const QJsonArray all = document[QLatin1String("nodes")].toArray();
+    // Several roots have got a common one.
+    if (roots.size() == 1)
+        collect(root, all, roots.at(0));
+    else
+        for (int i = 0; i < roots.size() && roots.size() == static_cast<int>(root.mNumChildren); ++i)
+            collect(*root.mChildren[i], all, roots.at(i));
+
+    for (Entry &entry : entries)
+        createContainers(entry);
+    for (const Entry &entry : entries)
+        readMesh(entry);
+    for (const Entry &entry : entries)
+        readContainers(entry);
+    readImages(document[QLatin1String("images")].toArray());
+    for (const auto &[id, container] : containers) {
+        CPEdit(container.get(), osg::FieldBits::AllFields);
+    }
+    for (const Entry &entry : entries)
+        adaptToModel(entry);
+}
+
+osg::NodePtr ksExtrasReader::node(const aiNode &source) const
+{
+    const auto found = nodes.find(&source);
+    return found != nodes.end() ? found->second : osg::NodePtr();
+}
+
+void ksExtrasReader::collect(const aiNode &source, const QJsonArray &all, const QJsonValue &index)
+{
+    const QJsonValue node = all.at(index.toInt(-1));
+    const QString name = node[QLatin1String("name")].toString();
+    if (const QJsonValue extras = extrasIn(node); !extras.isUndefined())
+        entries.push_back({&source, name, QJsonDocument::fromJson(extras.toString().toUtf8()).array()});
+    const QJsonArray children = node[QLatin1String("children")].toArray();
+    for (int i = 0; i < children.size() && children.size() == static_cast<int>(source.mNumChildren); ++i)
+        collect(*source.mChildren[i], all, children.at(i));
+}
+
+void ksExtrasReader::createContainers(Entry &entry)
+{
+    std::map<int, osg::RefPtr<osg::FieldContainerPtr>> created;
+    for (const QJsonValue &element : entry.containers) {
+        const QJsonArray container = element.toArray();
+        const QByteArray type = container.at(1).toString().toLatin1();
+        const osg::FieldContainerPtr made =
+            osg::FieldContainerFactory::the()->createFieldContainer(type.constData());
+        const int id = container.at(0).toInt();
+        if (!isSound(container) || made == osg::NullFC || find(id) != osg::NullFC ||
+            !created.emplace(id, osg::RefPtr<osg::FieldContainerPtr>(made)).second)
+            break;
+    }
+    const int nodeId = entry.containers.at(0)[0].toInt();
+    const bool isComplete = static_cast<int>(created.size()) == entry.containers.size();
+    const auto own = created.find(nodeId);
+    const osg::NodePtr node = own == created.end() ? osg::NodePtr() : osg::NodePtr::dcast(own->second.get());
+    if (!isComplete || node == osg::NullFC) {
+        report(entry, QStringLiteral("its extras are damaged, or those of another node"));
+        entry.containers = {};
+        return;
+    }
+    nodes.emplace(entry.source, node);
+    nodeIds.insert(node.getFieldContainerId());
+    containers.insert(created.begin(), created.end());
+}
+
+void ksExtrasReader::readMesh(const Entry &entry)
+{
+    const QJsonValue coreId = entry.containers.at(0)[2][QLatin1String("core")];
+    const auto mesh = osg::ksMeshPtr::dcast(find(coreId));
+    // A mesh that nodes share is the same in each.
+    if (mesh != osg::NullFC && mesh->getPositions().empty() && entry.source->mNumMeshes > 0) {
+        ksMeshImporter::read(*scene.mMeshes[entry.source->mMeshes[0]], mesh);
+        meshesOfModel.insert(mesh.getFieldContainerId());
+    }
+}
+
+void ksExtrasReader::readContainers(const Entry &entry)
+{
+    for (const QJsonValue &element : entry.containers) {
+        const osg::FieldContainerPtr container = find(element[0]);
+        const QJsonObject fields = element[2].toObject();
+        for (auto field = fields.begin(); field != fields.end(); ++field)
+            readField(entry, container, field.key(), field.value());
+    }
+}
+
+void ksExtrasReader::readField(const Entry &entry, const osg::FieldContainerPtr &container,
+                               const QString &name, const QJsonValue &value)
+{
+    using Reference = ksSavedFields::Reference;
+    const osg::FieldDescription *description =
+        container->getType().findFieldDescription(name.toLatin1().constData());
+    bool isRead = description != nullptr && ksSavedFields::isSaved(container, *description);
+    if (isRead) {
+        osg::Field &field = *container->getField(description->getFieldId());
+        const Reference reference = ksSavedFields::referenceOf(container, *description);
+        switch (reference) {
+        case Reference::None:
+            isRead = readValue(container, field, value);
+            break;
+        case Reference::Id:
+            isRead = ksFieldJson::readFieldText(field, std::to_string(find(value).getFieldContainerId()));
+            break;
+        case Reference::Attachments:
+            isRead = readAttachments(container, value);
+            break;
+        case Reference::Core:
+            osg::NodePtr::dcast(container)->setCore(osg::NodeCorePtr::dcast(find(value)));
+            isRead = osg::NodePtr::dcast(container)->getCore() != osg::NullFC;
+            break;
+        case Reference::Children:
+            isRead = readChildren(container, value);
+            break;
+        case Reference::Texture:
+            osg::SimpleTexturedMaterialPtr::dcast(container)->setImage(osg::ImagePtr::dcast(find(value)));
+            isRead = osg::SimpleTexturedMaterialPtr::dcast(container)->getImage() != osg::NullFC;
+            break;
+        case Reference::Counted:
+        case Reference::Uncounted:
+            isRead = readReferences(field, value, reference == Reference::Counted);
+            break;
+        }
+    }
+    if (!isRead)
+        report(entry, QStringLiteral("its extras are not sound in %1.%2")
+                          .arg(QString::fromLatin1(container->getTypeName()), name));
+}
+
+bool ksExtrasReader::readValue(const osg::FieldContainerPtr &container, osg::Field &field,
+                               const QJsonValue &value) const
+{
+    if (meshesOfModel.count(container.getFieldContainerId()) == 0)
+        return ksFieldJson::read(field, value);
+    // The extras know the model's texture coordinates more exactly, but only as long as they are the same.
+    auto *coordinates = dynamic_cast<osg::MFVec2f *>(&field);
+    if (coordinates == nullptr)
+        return true;
+    osg::MFVec2f exact;
+    const bool isRead = ksFieldJson::read(exact, value);
+    if (isRead && areClose(exact, *coordinates))
+        coordinates->swap(exact);
+    return isRead;
+}
+
+bool ksExtrasReader::readReferences(osg::Field &field, const QJsonValue &value, bool areCounted)
+{
+    const QJsonArray ids = value.isArray() ? value.toArray() : QJsonArray{value};
+    std::vector<osg::FieldContainerPtr> found;
+    std::string text;
+    for (const QJsonValue &id : ids)
+        if (const osg::FieldContainerPtr container = find(id)) {
+            text += (found.empty() ? "" : ", ") + std::to_string(container.getFieldContainerId());
+            found.push_back(container);
+        }
+    if (!ksFieldJson::readFieldText(field, text))
+        return false;
+    if (areCounted)
+        std::for_each(found.begin(), found.end(),
+                      [](const osg::FieldContainerPtr &container) { osg::addRefCP(container); });
+    return static_cast<int>(found.size()) == ids.size();
+}
+
+bool ksExtrasReader::readAttachments(const osg::FieldContainerPtr &container, const QJsonValue &value) const
+{
+    bool areFound = value.isArray();
+    for (const QJsonValue &element : value.toArray()) {
+        const auto attachment = osg::AttachmentPtr::dcast(find(element[0]));
+        const auto binding = static_cast<osg::UInt16>(element[1].toInt());
+        osg::AttachmentContainerPtr::dcast(container)->addAttachment(attachment, binding);
+        areFound = areFound && attachment != osg::NullFC;
+    }
+    return areFound;
+}
+
+bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const QJsonValue &value) const
+{
+    const osg::NodePtr parent = osg::NodePtr::dcast(container);
+    bool areFound = value.isArray();
+    for (const QJsonValue &id : value.toArray()) {
+        const osg::NodePtr child = osg::NodePtr::dcast(find(id));
+        const bool isFree = child != osg::NullFC && child->getParent() == osg::NullFC &&
+                            !isAtOrAbove(child, parent) && nodeIds.count(child.getFieldContainerId()) == 0;
+        if (isFree)
+            parent->addChild(child);
+        areFound = areFound && isFree;
+    }
+    return areFound;
+}
+
+void ksExtrasReader::readImages(const QJsonArray &images)
+{
+    int embedded = 0;
+    for (const QJsonValue &entry : images) {
+        const QString uri = entry[QLatin1String("uri")].toString();
+        const bool isFile = !uri.isEmpty() && !uri.startsWith(QLatin1String("data:"));
+        // Assimp counts those within the file.
+        const std::string name = isFile ? uri.toStdString() : '*' + std::to_string(embedded++);
+        if (const auto image = osg::ImagePtr::dcast(find(extrasIn(entry))))
+            imageImporter.readPixels(name, image);
+    }
+    for (const auto &[id, container] : containers)
+        if (const auto image = osg::ImagePtr::dcast(container.get())) {
+            if (!image->getPixel().empty() && image->getPixel().size() != image->getSize()) {
+                warn(QStringLiteral("image '%1' has not the pixels that its size asks for")
+                         .arg(QString::fromStdString(image->getName())));
+                image->clearData();
+            }
+            ksTextureManager::the()->getImage(image, false);
+        }
+}
+
+void ksExtrasReader::adaptToModel(const Entry &entry)
+{
+    const osg::NodePtr own = node(*entry.source);
+    if (own == osg::NullFC)
+        return;
+    const char *name = osg::getName(own);
+    if (!entry.name.isEmpty() && entry.name != QString::fromUtf8(name))
+        osg::setName(own, entry.name.toStdString());
+
+    const osg::TransformPtr transform = osg::TransformPtr::dcast(own->getCore());
+    const osg::Matrix placed = matrixOf(*entry.source);
+    if (transform == osg::NullFC ||
+        !differ(isFinite(transform->getMatrix()) ? transform->getMatrix() : osg::Matrix(), placed))
+        return;
+    CPEdit(transform, osg::Transform::MatrixFieldMask);
+    transform->setMatrix(placed);
+}
+
+osg::FieldContainerPtr ksExtrasReader::find(const QJsonValue &id) const
+{
+    const auto found = containers.find(id.toInt());
+    return found != containers.end() ? found->second.get() : osg::FieldContainerPtr();
+}
+
+void ksExtrasReader::report(const Entry &entry, const QString &text) const
+{
+    warn(QStringLiteral("node '") + entry.name + QStringLiteral("': ") + text);
+}
