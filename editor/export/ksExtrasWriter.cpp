@@ -65,7 +65,7 @@ int ksExtrasWriter::idOf(const osg::FieldContainerPtr &container)
 QJsonArray ksExtrasWriter::write(const osg::FieldContainerPtr &container)
 {
     QJsonObject fields;
-    const osg::FieldContainerPtr fresh = container->getType().getPrototype();
+    const std::vector<QJsonValue> &fresh = valuesWhenNew(container->getType());
     const auto add = [this, &container, &fresh, &fields](const osg::FieldDescription &description,
                                                          const osg::Field &field) {
         if (isElsewhere(container, description.getFieldId()))
@@ -74,7 +74,7 @@ QJsonArray ksExtrasWriter::write(const osg::FieldContainerPtr &container)
         switch (ksSavedFields::referenceOf(container, description)) {
         case ksSavedFields::Reference::None:
             value = ksFieldJson::write(field);
-            if (value == ksFieldJson::write(*fresh->getField(description.getFieldId())))
+            if (value == fresh[description.getFieldId()])
                 return;
             break;
         case ksSavedFields::Reference::Children:
@@ -82,6 +82,11 @@ QJsonArray ksExtrasWriter::write(const osg::FieldContainerPtr &container)
             if (placed.count(container.getFieldContainerId()) > 0)
                 return;
             value = references(field);
+            break;
+        case ksSavedFields::Reference::Parents:
+            if (field.getSize() < 2)
+                return;
+            value = parents(field);
             break;
         case ksSavedFields::Reference::Attachments:
             value = attachments(field);
@@ -94,6 +99,20 @@ QJsonArray ksExtrasWriter::write(const osg::FieldContainerPtr &container)
     };
     ksSavedFields::visit(container, add);
     return {idOf(container), QString::fromLatin1(container->getTypeName()), fields};
+}
+
+const std::vector<QJsonValue> &ksExtrasWriter::valuesWhenNew(const osg::FieldContainerType &type)
+{
+    std::vector<QJsonValue> &values = newValues[&type];
+    if (values.empty()) {
+        const osg::FieldContainerPtr fresh = type.getPrototype();
+        values.resize(type.getNumFieldDescs() + 1);
+        ksSavedFields::visit(fresh, [&](const osg::FieldDescription &description, const osg::Field &field) {
+            if (ksSavedFields::referenceOf(fresh, description) == ksSavedFields::Reference::None)
+                values[description.getFieldId()] = ksFieldJson::write(field);
+        });
+    }
+    return values;
 }
 
 QJsonValue ksExtrasWriter::references(const osg::Field &field)
@@ -113,6 +132,15 @@ QJsonValue ksExtrasWriter::attachments(const osg::Field &field)
     for (const auto &[key, attachment] : static_cast<const osg::SFAttachmentMap &>(field).getValue())
         list.append(QJsonArray{reach(attachment.getFieldContainerId()), static_cast<int>(key & BindingBits)});
     return list.isEmpty() ? QJsonValue() : QJsonValue(list);
+}
+
+QJsonValue ksExtrasWriter::parents(const osg::Field &field)
+{
+    QJsonArray list;
+    // They do not belong to the scene just because of what they share with it.
+    for (const osg::UInt32 id : idsIn(field))
+        list.append(idOf(osg::FieldContainerFactory::the()->getContainer(id)));
+    return list;
 }
 
 int ksExtrasWriter::reach(osg::UInt32 id)

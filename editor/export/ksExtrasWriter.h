@@ -6,6 +6,7 @@
 #include <OpenSG/OSGNode.h>
 
 #include <QJsonArray>
+#include <QJsonValue>
 #include <QString>
 
 #include <deque>
@@ -35,11 +36,16 @@ private:
     QJsonArray write(const osg::FieldContainerPtr &container);
     QJsonValue references(const osg::Field &field);
     QJsonValue attachments(const osg::Field &field);
+    QJsonValue parents(const osg::Field &field);
     int reach(osg::UInt32 id);
+
+    /// What the fields of a new container of \a type have, by their ids.
+    const std::vector<QJsonValue> &valuesWhenNew(const osg::FieldContainerType &type);
 
     const IsElsewhere isElsewhere;
     std::unordered_map<osg::UInt32, int> ids;
     std::unordered_set<osg::UInt32> placed;
     std::unordered_set<osg::UInt32> known;
+    std::unordered_map<const osg::FieldContainerType *, std::vector<QJsonValue>> newValues;
     std::deque<osg::FieldContainerPtr> pending;
 };

@@ -359,9 +359,15 @@ private:
 
 void write(const QByteArray &content, const QString &path)
 {
-    // Without a buffer of its own the file knows why a write failed.
     QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || file.write(content) != content.size() || !file.commit())
+    // Without a buffer, and asked again, the file knows why it took less.
+    bool isOpen = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    for (qint64 done = 0; isOpen && done < content.size();) {
+        const qint64 written = file.write(content.constData() + done, content.size() - done);
+        isOpen = written > 0;
+        done += written;
+    }
+    if (!isOpen || !file.commit())
         throw ksEditorError(file.errorString());
 }
 

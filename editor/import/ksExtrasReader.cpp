@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksExtrasReader.h>
+#include <editor/import/ksGltfFile.h>
 #include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/scene/ksFieldJson.h>
@@ -12,9 +13,7 @@
 #include <OpenSG/OSGTransform.h>
 #include <ksTextureManager.h>
 
-#include <QFile>
 #include <QJsonDocument>
-#include <QtEndian>
 #include <assimp/scene.h>
 
 #include <algorithm>
@@ -29,23 +28,6 @@ bool hasExtras(const aiNode &node)
         return true;
     return std::any_of(node.mChildren, node.mChildren + node.mNumChildren,
                        [](const aiNode *child) { return hasExtras(*child); });
-}
-
-/// The document in the file \a path, text or binary; empty when there is none.
-QJsonObject readDocument(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QByteArray content = file.readAll();
-    constexpr int HeaderSize = 20;
-    if (content.startsWith("glTF") && content.size() >= HeaderSize) {
-        constexpr int OffsetOfLength = 12;
-        const quint32 length = qFromLittleEndian<quint32>(content.constData() + OffsetOfLength);
-        const auto available = static_cast<quint32>(content.size() - HeaderSize);
-        content = content.mid(HeaderSize, static_cast<int>(std::min(length, available)));
-    }
-    return QJsonDocument::fromJson(content).object();
 }
 
 QJsonValue extrasIn(const QJsonValue &owner)
@@ -118,7 +100,8 @@ ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo)
     const aiNode &root = *scene.mRootNode;
     if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
         return;
-    const QJsonObject document = readDocument(model.filePath());
+    const ksGltfFile file(model.filePath());
+    const QJsonObject &document = file.document();
     const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
     const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
     const QJsonArray all = document[QLatin1String("nodes")].toArray();
@@ -135,7 +118,9 @@ ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo)
         readMesh(entry);
     for (const Entry &entry : entries)
         readContainers(entry);
-    readImages(document[QLatin1String("images")].toArray());
+    readImages(file);
+    for (const Entry &entry : entries)
+        orderParents(entry);
     for (const auto &[id, container] : containers) {
         CPEdit(container.get(), osg::FieldBits::AllFields);
     }
@@ -239,6 +224,9 @@ void ksExtrasReader::readField(const Entry &entry, const osg::FieldContainerPtr 
             osg::SimpleTexturedMaterialPtr::dcast(container)->setImage(osg::ImagePtr::dcast(find(value)));
             isRead = osg::SimpleTexturedMaterialPtr::dcast(container)->getImage() != osg::NullFC;
             break;
+        case Reference::Parents:
+            isRead = value.isArray();
+            break;
         case Reference::Counted:
         case Reference::Uncounted:
             isRead = readReferences(field, value, reference == Reference::Counted);
@@ -311,16 +299,20 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
     return areFound;
 }
 
-void ksExtrasReader::readImages(const QJsonArray &images)
+void ksExtrasReader::readImages(const ksGltfFile &file)
 {
-    int embedded = 0;
-    for (const QJsonValue &entry : images) {
-        const QString uri = entry[QLatin1String("uri")].toString();
-        const bool isFile = !uri.isEmpty() && !uri.startsWith(QLatin1String("data:"));
-        // Assimp counts those within the file.
-        const std::string name = isFile ? uri.toStdString() : '*' + std::to_string(embedded++);
-        if (const auto image = osg::ImagePtr::dcast(find(extrasIn(entry))))
-            imageImporter.readPixels(name, image);
+    const QJsonArray all = file.document().value(QLatin1String("images")).toArray();
+    for (int i = 0; i < all.size(); ++i) {
+        const auto image = osg::ImagePtr::dcast(find(extrasIn(all.at(i))));
+        if (image == osg::NullFC)
+            continue;
+        // Other programs may have put it in a file of its own.
+        QImage source = file.image(i);
+        if (source.isNull())
+            source = imageImporter.read(all.at(i)[QLatin1String("uri")].toString().toStdString());
+        if (!ksImageImporter::setPixels(image, source))
+            warn(QStringLiteral("image '%1' is damaged, or has another size")
+                     .arg(QString::fromStdString(image->getName())));
     }
     for (const auto &[id, container] : containers)
         if (const auto image = osg::ImagePtr::dcast(container.get())) {
@@ -331,6 +323,26 @@ void ksExtrasReader::readImages(const QJsonArray &images)
             }
             ksTextureManager::the()->getImage(image, false);
         }
+}
+
+void ksExtrasReader::orderParents(const Entry &entry)
+{
+    for (const QJsonValue &element : entry.containers) {
+        std::unordered_map<osg::UInt32, int> order;
+        for (const QJsonValue &id : element[2][QLatin1String("parents")].toArray())
+            order.emplace(find(id).getFieldContainerId(), static_cast<int>(order.size()));
+        const auto sort = [&order](auto &parents) {
+            std::stable_sort(parents.begin(), parents.end(), [&order](const auto &one, const auto &other) {
+                return order[one.getFieldContainerId()] < order[other.getFieldContainerId()];
+            });
+        };
+        if (order.empty())
+            continue;
+        if (const auto core = osg::NodeCorePtr::dcast(find(element[0])))
+            sort(core->getParents());
+        else if (const auto attachment = osg::AttachmentPtr::dcast(find(element[0])))
+            sort(attachment->getParents());
+    }
 }
 
 void ksExtrasReader::adaptToModel(const Entry &entry)

@@ -17,6 +17,7 @@
 
 struct aiNode;
 struct aiScene;
+class ksGltfFile;
 class ksModelFile;
 
 /// Brings back the containers that a glTF file keeps in its extras, see ksGltfNames::extras().
@@ -55,7 +56,8 @@ private:
     bool readReferences(osg::Field &field, const QJsonValue &value, bool areCounted);
     bool readAttachments(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
     bool readChildren(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
-    void readImages(const QJsonArray &images);
+    void readImages(const ksGltfFile &file);
+    void orderParents(const Entry &entry);
     void adaptToModel(const Entry &entry);
 
     osg::FieldContainerPtr find(const QJsonValue &id) const;

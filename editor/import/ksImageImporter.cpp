@@ -109,19 +109,16 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     return images.emplace(name, shared).first->second.get();
 }
 
-void ksImageImporter::readPixels(const std::string &name, const osg::ImagePtr &image) const
+bool ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
 {
-    const QImage source = read(name);
-    if (source.isNull())
-        return;
     const auto *layout = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &known) {
         return known.pixelFormat == image->getPixelFormat();
     });
-    if (layout == std::end(Layouts) || source.width() != image->getWidth() ||
+    if (layout == std::end(Layouts) || source.isNull() || source.width() != image->getWidth() ||
         source.height() != image->getHeight())
-        warn(QStringLiteral("texture ") + QString::fromStdString(name) + QStringLiteral(" has changed"));
-    else
-        image->getPixel().getValues() = pixelsOf(source, *layout);
+        return false;
+    image->getPixel().getValues() = pixelsOf(source, *layout);
+    return true;
 }
 
 osg::ImagePtr ksImageImporter::createImage(const std::string &name) const

@@ -25,12 +25,14 @@ public:
     /// bits a channel, grey, RGB or RGBA, and start at the lower left.
     osg::ImagePtr image(const std::string &name);
 
-    /// Gives \a image the pixels of the one that the model calls \a name. Reports it when that cannot be
-    /// read, or has another size than \a image; then there is no change. The edit is up to the caller.
-    void readPixels(const std::string &name, const osg::ImagePtr &image) const;
+    /// Reads what the model calls \a name; null, after a warning, when that cannot be done.
+    QImage read(const std::string &name) const;
+
+    /// Gives \a image the pixels of \a source. False, and no change, when that is null or of another size. The edit is
+    /// up to the caller.
+    static bool setPixels(const osg::ImagePtr &image, const QImage &source);
 
 private:
-    QImage read(const std::string &name) const;
     osg::ImagePtr createImage(const std::string &name) const;
 
     const ksModelFile &file;

@@ -12,8 +12,17 @@
 
 #include <algorithm>
 #include <memory>
+#include <type_traits>
 
 namespace {
+
+/// \a field as one of the class \a FieldT; null when it is another.
+template <class FieldT, class T>
+auto as(T &field)
+{
+    using Result = std::conditional_t<std::is_const_v<T>, const FieldT, FieldT>;
+    return field.getType() == FieldT::getClassType() ? static_cast<Result *>(&field) : nullptr;
+}
 
 QJsonValue bytesToJson(const void *bytes, std::size_t count)
 {
@@ -63,15 +72,15 @@ std::optional<std::string> ksFieldJson::readText(const QJsonValue &value)
 
 QJsonValue ksFieldJson::write(const osg::Field &field)
 {
-    if (const auto *text = dynamic_cast<const osg::SFString *>(&field))
+    if (const auto *text = as<osg::SFString>(field))
         return writeText(text->getValue());
-    if (const auto *texts = dynamic_cast<const osg::MFString *>(&field)) {
+    if (const auto *texts = as<osg::MFString>(field)) {
         QJsonArray list;
         for (const std::string &text : texts->getValues())
             list.append(writeText(text));
         return list;
     }
-    if (const auto *bytes = dynamic_cast<const osg::MFUInt8 *>(&field))
+    if (const auto *bytes = as<osg::MFUInt8>(field))
         return bytesToJson(bytes->getValues().data(), bytes->getValues().size());
     std::string text;
     return QString::fromStdString(field.getValueByStr(text));
@@ -79,13 +88,13 @@ QJsonValue ksFieldJson::write(const osg::Field &field)
 
 bool ksFieldJson::read(osg::Field &field, const QJsonValue &value)
 {
-    if (auto *single = dynamic_cast<osg::SFString *>(&field)) {
+    if (auto *single = as<osg::SFString>(field)) {
         const std::optional<std::string> text = readText(value);
         if (text)
             single->setValue(*text);
         return text.has_value();
     }
-    if (auto *list = dynamic_cast<osg::MFString *>(&field)) {
+    if (auto *list = as<osg::MFString>(field)) {
         osg::MFString::StorageType texts;
         for (const QJsonValue &element : value.toArray())
             if (const std::optional<std::string> text = readText(element))
@@ -95,7 +104,7 @@ bool ksFieldJson::read(osg::Field &field, const QJsonValue &value)
         list->setValues(texts);
         return true;
     }
-    if (auto *bytes = dynamic_cast<osg::MFUInt8 *>(&field)) {
+    if (auto *bytes = as<osg::MFUInt8>(field)) {
         const std::optional<QByteArray> values = bytesFromJson(value);
         if (values)
             bytes->getValues().assign(values->begin(), values->end());

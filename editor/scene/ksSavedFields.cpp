@@ -21,14 +21,20 @@ bool isField(const osg::FieldContainerPtr &container, const osg::FieldDescriptio
            container->getType().isDerivedFrom(ContainerT::getClassType());
 }
 
+bool isParents(const osg::FieldContainerPtr &container, const osg::FieldDescription &description)
+{
+    return isField<osg::NodeCore>(container, description, osg::NodeCore::ParentsFieldId) ||
+           isField<osg::Attachment>(container, description, osg::Attachment::ParentsFieldId);
+}
+
 } // namespace
 
 bool ksSavedFields::isSaved(const osg::FieldContainerPtr &container, const osg::FieldDescription &description)
 {
-    return !description.isInternal() &&
+    return isParents(container, description) || (!description.isInternal() &&
            !isField<osg::Node>(container, description, osg::Node::VolumeFieldId) &&
            !isField<osg::Transform3D>(container, description, osg::Transform3D::MatrixFieldId) &&
-           !isField<osg::Image>(container, description, osg::Image::ParentsFieldId);
+           !isField<osg::Image>(container, description, osg::Image::ParentsFieldId));
 }
 
 ksSavedFields::Reference ksSavedFields::referenceOf(const osg::FieldContainerPtr &container,
@@ -45,6 +51,8 @@ ksSavedFields::Reference ksSavedFields::referenceOf(const osg::FieldContainerPtr
         return Reference::Core;
     if (isField<osg::Node>(container, description, osg::Node::ChildrenFieldId))
         return Reference::Children;
+    if (isParents(container, description))
+        return Reference::Parents;
     if (isField<osg::SimpleTexturedMaterial>(container, description,
                                              osg::SimpleTexturedMaterial::ImageFieldId))
         return Reference::Texture;
