@@ -28,8 +28,8 @@ public:
     /// Reads what the model calls \a name; null, after a warning, when that cannot be done.
     QImage read(const std::string &name) const;
 
-    /// Gives \a image the pixels of \a source. False, and no change, when that is null or of another size. The edit is
-    /// up to the caller.
+    /// Gives \a image the pixels of \a source. False, and no change, when that is null or of another size.
+    /// The edit is up to the caller.
     static bool setPixels(const osg::ImagePtr &image, const QImage &source);
 
 private:

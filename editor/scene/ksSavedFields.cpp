@@ -31,10 +31,11 @@ bool isParents(const osg::FieldContainerPtr &container, const osg::FieldDescript
 
 bool ksSavedFields::isSaved(const osg::FieldContainerPtr &container, const osg::FieldDescription &description)
 {
-    return isParents(container, description) || (!description.isInternal() &&
-           !isField<osg::Node>(container, description, osg::Node::VolumeFieldId) &&
-           !isField<osg::Transform3D>(container, description, osg::Transform3D::MatrixFieldId) &&
-           !isField<osg::Image>(container, description, osg::Image::ParentsFieldId));
+    return isParents(container, description) ||
+           (!description.isInternal() &&
+            !isField<osg::Node>(container, description, osg::Node::VolumeFieldId) &&
+            !isField<osg::Transform3D>(container, description, osg::Transform3D::MatrixFieldId) &&
+            !isField<osg::Image>(container, description, osg::Image::ParentsFieldId));
 }
 
 ksSavedFields::Reference ksSavedFields::referenceOf(const osg::FieldContainerPtr &container,

@@ -32,8 +32,8 @@ enum class Reference
     /// By the handles of a node's children, which know the node.
     Children,
 
-    /// By the handles of those that have it as core or attachment. There they are what makes the reference; it is
-    /// their order that nothing else says.
+    /// By the handles of those that have it as core or attachment. There they are what makes the reference;
+    /// it is their order that nothing else says.
     Parents,
 
     /// By the handle of an image, which knows the material that it is the texture of.

@@ -49,7 +49,7 @@ TEST(ksCheckerProgram, GoesByItsOwnName)
     const ksProgram usage = runChecker({});
     EXPECT_EQ(usage.exitCode, 2);
     EXPECT_EQ(usage.errors,
-              "ks-checker: --headless is missing\nusage: ks-checker --headless MODEL [--script FILE]\n");
+              "ks-checker: --headless is missing\nusage: ks-checker --headless MODEL [--script FILE] [--output FILE]\n");
     const ksProgram model = runChecker({QStringLiteral("--headless"), folder.path("missing.gltf")});
     EXPECT_EQ(model.exitCode, 1);
     EXPECT_EQ(model.errors, "ks-checker: " + folder.path("missing.gltf").toStdString() + ": no such file\n");

@@ -10,7 +10,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string Usage = "ks-editor --headless MODEL [--script FILE]\n";
+const std::string Usage = "ks-editor --headless MODEL [--script FILE] [--output FILE]\n";
 
 ksProgram runEditor(const QStringList &arguments)
 {

@@ -22,12 +22,14 @@ protected:
         errors.str({});
         ksEditorOptions options;
         options.model = model;
+        options.output = output;
         if (!script.empty())
             options.script = folder.write("script.js", script);
         return ksCheckedSession(out, errors).run(options);
     }
 
     ksTestFolder folder;
+    QString output;
     std::ostringstream out;
     std::ostringstream errors;
 };
@@ -53,6 +55,15 @@ TEST_F(ksCheckedSessionTest, RunsAScriptInstead)
     EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
                          "  check    index 0 of 0, 270 containers: no difference\n"
                          "OK: 1 steps, 270 containers, 0 differences\n");
+}
+
+TEST_F(ksCheckedSessionTest, SavesTheScene)
+{
+    output = folder.path("out.glb");
+    EXPECT_EQ(run(ksRoomFile(), "scene.find('Table').set('travMask', 1);"), 0);
+    EXPECT_THAT(out.str(), HasSubstr("\nsaved out.glb\nOK: "));
+    EXPECT_EQ(run(output, "if (scene.find('Table').get('travMask') !== 1) throw new Error();"), 0)
+        << errors.str();
 }
 
 /// A constraint below its own target, and a light below its own visibility reference.

@@ -33,7 +33,8 @@
 #include <type_traits>
 #include <vector>
 
-/// Gives a scene something of every kind that a scene can have, and every field of every container another value.
+/// Gives a scene something of every kind that a scene can have, and every field of every container another
+/// value.
 class ksEverythingEdited
 {
 public:
@@ -148,7 +149,8 @@ private:
         for (const osg::UInt32 format :
              {osg::Image::OSG_L_PF, osg::Image::OSG_RGB_PF, osg::Image::OSG_RGBA_PF, osg::Image::OSG_BGR_PF,
               osg::Image::OSG_LA_PF})
-            for (const osg::Int32 type : {osg::Image::OSG_UINT8_IMAGEDATA, osg::Image::OSG_UINT16_IMAGEDATA}) {
+            for (const osg::Int32 type :
+                 {osg::Image::OSG_UINT8_IMAGEDATA, osg::Image::OSG_UINT16_IMAGEDATA}) {
                 const osg::ColorComponentPtr component = osg::ColorComponent::create();
                 component->setImage(makeImage(format, type));
                 layers->addColorComponent(component);
@@ -179,10 +181,9 @@ private:
     {
         CPEdit(container, osg::FieldBits::AllFields);
         ksSavedFields::visit(container, [&](const osg::FieldDescription &description, osg::Field &field) {
-            const bool isLayout =
-                osg::ImagePtr::dcast(container) != osg::NullFC &&
-                ((description.getFieldMask() & osg::Image::LayoutFieldMask) != 0 ||
-                 description.getFieldId() == osg::Image::DimensionFieldId);
+            const bool isLayout = osg::ImagePtr::dcast(container) != osg::NullFC &&
+                                  ((description.getFieldMask() & osg::Image::LayoutFieldMask) != 0 ||
+                                   description.getFieldId() == osg::Image::DimensionFieldId);
             const bool isOrder = std::string(description.getCName()) == "eulerRotationOrder";
             const bool isOfFaces = osg::ksMeshPtr::dcast(container) != osg::NullFC &&
                                    description.getFieldId() == osg::ksMesh::CornersPerFaceFieldId;
@@ -214,8 +215,8 @@ private:
                 changeNumber(typed.getValue().getValues()[i]);
         };
         if (ksNumericFields::visit(field, changeOne) ||
-            ksNumericFields::visitAs<osg::Vec2f, osg::Vec3f, osg::Vec4f, osg::Pnt3f, osg::Color3f, osg::Color4f,
-                                     osg::Quaternion, osg::Matrix>(field, changeAll))
+            ksNumericFields::visitAs<osg::Vec2f, osg::Vec3f, osg::Vec4f, osg::Pnt3f, osg::Color3f,
+                                     osg::Color4f, osg::Quaternion, osg::Matrix>(field, changeAll))
             return;
         if (auto *flag = dynamic_cast<osg::SFBool *>(&field))
             flag->setValue(!flag->getValue());
