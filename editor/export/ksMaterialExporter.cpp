@@ -49,6 +49,34 @@ void setTexture(aiMaterial &target, const std::string &path, aiTextureType type)
         target.AddProperty(&text, AI_MATKEY_TEXTURE(type, 0));
 }
 
+/// Black when there is none.
+aiColor3D colour(const aiMaterial &material, const char *key, unsigned int type, unsigned int index)
+{
+    aiColor3D value;
+    material.Get(key, type, index, value);
+    return value;
+}
+
+/// 1, as in glTF, when there is none.
+float number(const aiMaterial &material, const char *key, unsigned int type, unsigned int index)
+{
+    float value = 1;
+    material.Get(key, type, index, value);
+    return value;
+}
+
+bool isClose(float a, float b)
+{
+    // Half of a step of colours that are counted from 0 to 255.
+    constexpr float Visible = 1.0F / 512;
+    return std::abs(a - b) <= Visible;
+}
+
+bool isClose(const aiColor3D &a, const aiColor3D &b)
+{
+    return isClose(a.r, b.r) && isClose(a.g, b.g) && isClose(a.b, b.b);
+}
+
 osg::ColorComponentPtr findComponent(const osg::UberMaterial &material, const char *name)
 {
     for (const osg::ColorComponentPtr &component : material.getColorComponentData()) {
@@ -119,6 +147,19 @@ std::unique_ptr<aiMaterial> ksMaterialExporter::create(const osg::MaterialPtr &m
         setColour(*result, aiColor3D(0.8F, 0.8F, 0.8F));
     setNumber(*result, share(opacity), AI_MATKEY_OPACITY);
     return result;
+}
+
+bool ksMaterialExporter::lookTheSame(const aiMaterial &one, const aiMaterial &other)
+{
+    const auto hasTexture = [](const aiMaterial &material, aiTextureType type) {
+        return material.GetTextureCount(type) > 0;
+    };
+    return isClose(colour(one, AI_MATKEY_BASE_COLOR), colour(other, AI_MATKEY_BASE_COLOR)) &&
+           isClose(colour(one, AI_MATKEY_COLOR_EMISSIVE), colour(other, AI_MATKEY_COLOR_EMISSIVE)) &&
+           isClose(number(one, AI_MATKEY_ROUGHNESS_FACTOR), number(other, AI_MATKEY_ROUGHNESS_FACTOR)) &&
+           isClose(number(one, AI_MATKEY_METALLIC_FACTOR), number(other, AI_MATKEY_METALLIC_FACTOR)) &&
+           hasTexture(one, aiTextureType_BASE_COLOR) == hasTexture(other, aiTextureType_BASE_COLOR) &&
+           hasTexture(one, aiTextureType_EMISSIVE) == hasTexture(other, aiTextureType_EMISSIVE);
 }
 
 QJsonObject ksMaterialExporter::textureTransform(const osg::MaterialPtr &material)

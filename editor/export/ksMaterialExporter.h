@@ -29,6 +29,10 @@ public:
     static std::unique_ptr<aiMaterial> create(const osg::MaterialPtr &material, float opacity,
                                               const TexturePath &texturePath);
 
+    /// Whether two materials for Assimp look the same, but for their opacity and for what their textures
+    /// show. What the eye cannot tell apart is the same, since other programs round.
+    static bool lookTheSame(const aiMaterial &one, const aiMaterial &other);
+
     /// How the textures of \a material lie on surfaces, as KHR_texture_transform has it; empty when they do
     /// as they are.
     static QJsonObject textureTransform(const osg::MaterialPtr &material);

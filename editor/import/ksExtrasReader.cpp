@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <editor/export/ksLightExporter.h>
+#include <editor/export/ksMaterialExporter.h>
 #include <editor/import/ksExtrasReader.h>
 #include <editor/import/ksGltfFile.h>
+#include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/scene/ksFieldJson.h>
 #include <editor/scene/ksGltfNames.h>
+#include <editor/scene/ksNodeSettings.h>
 #include <editor/scene/ksSavedFields.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
@@ -73,6 +77,29 @@ bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
     return node != osg::NullFC;
 }
 
+/// Whether two numbers differ by no more than the rounding that other programs may have done.
+bool isClose(double a, double b)
+{
+    constexpr double Rounding = 1e-4;
+    return std::abs(a - b) <= Rounding * std::max(std::abs(a), std::abs(b));
+}
+
+/// The same for what JSON holds, of which only what \a expected has counts.
+bool isClose(const QJsonValue &actual, const QJsonValue &expected)
+{
+    if (expected.isDouble())
+        return actual.isDouble() && isClose(actual.toDouble(), expected.toDouble());
+    const QJsonArray list = expected.toArray();
+    for (int i = 0; i < list.size(); ++i)
+        if (!isClose(actual[i], list.at(i)))
+            return false;
+    const QJsonObject members = expected.toObject();
+    for (auto member = members.begin(); member != members.end(); ++member)
+        if (!isClose(actual[member.key()], member.value()))
+            return false;
+    return expected.isArray() || expected.isObject() || actual == expected;
+}
+
 /// Whether texture coordinates are the same up to the rounding of measuring them from the other side.
 bool areClose(const osg::MFVec2f &a, const osg::MFVec2f &b)
 {
@@ -92,10 +119,12 @@ bool isSound(const QJsonArray &container)
 
 } // namespace
 
-ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo)
+ksExtrasReader::ksExtrasReader(const ksModelFile &model, ksMaterialImporter &modelMaterials,
+                               const ksWarn &reportTo)
     : warn(reportTo)
     , scene(model.scene())
-    , imageImporter(model, reportTo)
+    , materials(modelMaterials)
+    , images(model, reportTo)
 {
     const aiNode &root = *scene.mRootNode;
     if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
@@ -104,13 +133,12 @@ ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo)
     const QJsonObject &document = file.document();
     const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
     const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
-    const QJsonArray all = document[QLatin1String("nodes")].toArray();
     // Several roots have got a common one.
     if (roots.size() == 1)
-        collect(root, all, roots.at(0));
+        collect(root, document, roots.at(0));
     else
         for (int i = 0; i < roots.size() && roots.size() == static_cast<int>(root.mNumChildren); ++i)
-            collect(*root.mChildren[i], all, roots.at(i));
+            collect(*root.mChildren[i], document, roots.at(i));
 
     for (Entry &entry : entries)
         createContainers(entry);
@@ -134,15 +162,23 @@ osg::NodePtr ksExtrasReader::node(const aiNode &source) const
     return found != nodes.end() ? found->second : osg::NodePtr();
 }
 
-void ksExtrasReader::collect(const aiNode &source, const QJsonArray &all, const QJsonValue &index)
+void ksExtrasReader::collect(const aiNode &source, const QJsonObject &document, const QJsonValue &index)
 {
-    const QJsonValue node = all.at(index.toInt(-1));
-    const QString name = node[QLatin1String("name")].toString();
-    if (const QJsonValue extras = extrasIn(node); !extras.isUndefined())
-        entries.push_back({&source, name, QJsonDocument::fromJson(extras.toString().toUtf8()).array()});
+    const QJsonValue node = document[QLatin1String("nodes")][index.toInt(-1)];
+    if (const QJsonValue extras = extrasIn(node); !extras.isUndefined()) {
+        const QJsonValue surface = document[QLatin1String("meshes")][node[QLatin1String("mesh")].toInt(-1)]
+                                           [QLatin1String("primitives")][0][QLatin1String("material")];
+        const QString lights = QStringLiteral("KHR_lights_punctual");
+        const QJsonValue light = node[QLatin1String("extensions")][lights][QLatin1String("light")];
+        entries.push_back(
+            {&source, node[QLatin1String("name")].toString(),
+             extrasIn(document[QLatin1String("materials")][surface.toInt(-1)]),
+             document[QLatin1String("extensions")][lights][QLatin1String("lights")][light.toInt(-1)],
+             QJsonDocument::fromJson(extras.toString().toUtf8()).array()});
+    }
     const QJsonArray children = node[QLatin1String("children")].toArray();
     for (int i = 0; i < children.size() && children.size() == static_cast<int>(source.mNumChildren); ++i)
-        collect(*source.mChildren[i], all, children.at(i));
+        collect(*source.mChildren[i], document, children.at(i));
 }
 
 void ksExtrasReader::createContainers(Entry &entry)
@@ -306,13 +342,13 @@ void ksExtrasReader::readImages(const ksGltfFile &file)
         const auto image = osg::ImagePtr::dcast(find(extrasIn(all.at(i))));
         if (image == osg::NullFC)
             continue;
+        imagesOfModel.insert(image.getFieldContainerId());
         // Other programs may have put it in a file of its own.
         QImage source = file.image(i);
         if (source.isNull())
-            source = imageImporter.read(all.at(i)[QLatin1String("uri")].toString().toStdString());
-        if (!ksImageImporter::setPixels(image, source))
-            warn(QStringLiteral("image '%1' is damaged, or has another size")
-                     .arg(QString::fromStdString(image->getName())));
+            source = images.read(all.at(i)[QLatin1String("uri")].toString().toStdString());
+        if (!source.isNull())
+            ksImageImporter::setPixels(image, source);
     }
     for (const auto &[id, container] : containers)
         if (const auto image = osg::ImagePtr::dcast(container.get())) {
@@ -353,6 +389,8 @@ void ksExtrasReader::adaptToModel(const Entry &entry)
     const char *name = osg::getName(own);
     if (!entry.name.isEmpty() && entry.name != QString::fromUtf8(name))
         osg::setName(own, entry.name.toStdString());
+    adaptMaterial(entry, own);
+    adaptLight(entry, own);
 
     const osg::TransformPtr transform = osg::TransformPtr::dcast(own->getCore());
     const osg::Matrix placed = matrixOf(*entry.source);
@@ -361,6 +399,46 @@ void ksExtrasReader::adaptToModel(const Entry &entry)
         return;
     CPEdit(transform, osg::Transform::MatrixFieldMask);
     transform->setMatrix(placed);
+}
+
+void ksExtrasReader::adaptMaterial(const Entry &entry, const osg::NodePtr &node)
+{
+    const auto mesh = osg::ksMeshPtr::dcast(node->getCore());
+    if (mesh == osg::NullFC || meshesOfModel.count(mesh.getFieldContainerId()) == 0 ||
+        entry.source->mNumMeshes == 0)
+        return;
+    const unsigned int index = scene.mMeshes[entry.source->mMeshes[0]]->mMaterialIndex;
+    auto material = osg::MaterialPtr::dcast(find(entry.materialId));
+    const auto made = ksMaterialExporter::create(material, 1, [this](const osg::ImagePtr &image) {
+        return std::string(imagesOfModel.count(image.getFieldContainerId()) > 0 ? "there" : "");
+    });
+    if (!ksMaterialExporter::lookTheSame(*made, *scene.mMaterials[index]))
+        material = materials.material(index);
+    if (material != mesh->getMaterial()) {
+        CPEdit(mesh, osg::ksMesh::MaterialFieldMask);
+        mesh->setMaterial(material);
+    }
+    const auto settings =
+        osg::ksNodeSettingsPtr::dcast(node->findAttachment(osg::ksNodeSettings::getClassType()));
+    if (settings != osg::NullFC && std::isfinite(settings->getOpacity()) &&
+        !isClose(std::clamp(settings->getOpacity(), 0.0F, 1.0F), materials.opacity(index))) {
+        CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
+        settings->setOpacity(materials.opacity(index));
+    }
+}
+
+void ksExtrasReader::adaptLight(const Entry &entry, const osg::NodePtr &node) const
+{
+    const auto light = osg::UberLightPtr::dcast(node->getCore());
+    if (light == osg::NullFC || !entry.light.isObject())
+        return;
+    const QJsonObject there = entry.light.toObject();
+    const QJsonObject made = ksLightExporter::toGltf(light, {});
+    for (const char *member : {"type", "color", "intensity", "spot"})
+        if (!isClose(there[QLatin1String(member)], made[QLatin1String(member)])) {
+            ksLightImporter::apply(ksLightImporter::values(there), light);
+            return;
+        }
 }
 
 osg::FieldContainerPtr ksExtrasReader::find(const QJsonValue &id) const

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/import/ksImageImporter.h>
+#include <editor/import/ksMaterialImporter.h>
 #include <editor/import/ksWarn.h>
 
 #include <OpenSG/OSGNode.h>
@@ -22,14 +22,15 @@ class ksModelFile;
 
 /// Brings back the containers that a glTF file keeps in its extras, see ksGltfNames::extras().
 ///
-/// What other programs have changed since counts: names and places of nodes, children, geometry. Extras that
-/// are not sound, or those of a node that was copied together with them, are left out after a warning, and so
-/// is every single value in them that does not fit its field.
+/// What other programs have changed since counts: names and places of nodes, children, geometry, what
+/// surfaces look like, lights. Extras that are not sound, or those of a node that was copied together with
+/// them, are left out after a warning, and so is every single value in them that does not fit its field.
 class ksExtrasReader
 {
 public:
-    /// Makes all containers that \a model has extras of. \a model must outlive the reader.
-    ksExtrasReader(const ksModelFile &model, const ksWarn &reportTo);
+    /// Makes all containers that \a model has extras of. \a modelMaterials makes materials of the model that
+    /// are not those of the extras any more. All must outlive the reader.
+    ksExtrasReader(const ksModelFile &model, ksMaterialImporter &modelMaterials, const ksWarn &reportTo);
 
     /// The node that \a source has the extras of, with its core and attachments, but only such children as
     /// are no nodes of the model; its parent is up to the caller. NullFC when there are none.
@@ -42,11 +43,15 @@ private:
         const aiNode *source;
         QString name;
 
+        /// The extras of the material that its mesh has, and its light; undefined when there is none.
+        QJsonValue materialId;
+        QJsonValue light;
+
         /// What the extras hold.
         QJsonArray containers;
     };
 
-    void collect(const aiNode &source, const QJsonArray &all, const QJsonValue &index);
+    void collect(const aiNode &source, const QJsonObject &document, const QJsonValue &index);
     void createContainers(Entry &entry);
     void readMesh(const Entry &entry);
     void readContainers(const Entry &entry);
@@ -59,19 +64,23 @@ private:
     void readImages(const ksGltfFile &file);
     void orderParents(const Entry &entry);
     void adaptToModel(const Entry &entry);
+    void adaptMaterial(const Entry &entry, const osg::NodePtr &node);
+    void adaptLight(const Entry &entry, const osg::NodePtr &node) const;
 
     osg::FieldContainerPtr find(const QJsonValue &id) const;
     void report(const Entry &entry, const QString &text) const;
 
     const ksWarn &warn;
     const aiScene &scene;
-    ksImageImporter imageImporter;
+    ksMaterialImporter &materials;
+    ksImageImporter images;
     std::vector<Entry> entries;
     std::unordered_map<const aiNode *, osg::NodePtr> nodes;
     std::unordered_set<osg::UInt32> nodeIds;
 
-    /// Those whose geometry is the model's.
+    /// Those whose geometry, and whose pixels, are the model's.
     std::unordered_set<osg::UInt32> meshesOfModel;
+    std::unordered_set<osg::UInt32> imagesOfModel;
 
     /// By their ids in the file.
     std::map<int, osg::RefPtr<osg::FieldContainerPtr>> containers;

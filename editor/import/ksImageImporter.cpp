@@ -82,10 +82,8 @@ std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
 
 osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
 {
-    const Layout &layout = layoutFor(source);
     const osg::ImagePtr image = osg::Image::create();
-    image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
-               pixelsOf(source, layout).data());
+    ksImageImporter::setPixels(image, source);
     CPEdit(image, osg::Image::NameFieldMask);
     image->setName(name);
     return image;
@@ -109,16 +107,19 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     return images.emplace(name, shared).first->second.get();
 }
 
-bool ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
+void ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
 {
-    const auto *layout = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &known) {
-        return known.pixelFormat == image->getPixelFormat();
+    const auto *known = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &layout) {
+        return layout.pixelFormat == image->getPixelFormat();
     });
-    if (layout == std::end(Layouts) || source.isNull() || source.width() != image->getWidth() ||
-        source.height() != image->getHeight())
-        return false;
-    image->getPixel().getValues() = pixelsOf(source, *layout);
-    return true;
+    if (known != std::end(Layouts) && source.width() == image->getWidth() &&
+        source.height() == image->getHeight()) {
+        image->getPixel().getValues() = pixelsOf(source, *known);
+        return;
+    }
+    const Layout &layout = layoutFor(source);
+    image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
+               pixelsOf(source, layout).data());
 }
 
 osg::ImagePtr ksImageImporter::createImage(const std::string &name) const

@@ -28,9 +28,9 @@ public:
     /// Reads what the model calls \a name; null, after a warning, when that cannot be done.
     QImage read(const std::string &name) const;
 
-    /// Gives \a image the pixels of \a source. False, and no change, when that is null or of another size.
-    /// The edit is up to the caller.
-    static bool setPixels(const osg::ImagePtr &image, const QImage &source);
+    /// Gives \a image the pixels of \a source, which must not be null, in its own pixel format when it is of
+    /// the same size, else in the one that fits. The edit is up to the caller.
+    static void setPixels(const osg::ImagePtr &image, const QImage &source);
 
 private:
     osg::ImagePtr createImage(const std::string &name) const;

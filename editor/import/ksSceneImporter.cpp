@@ -33,7 +33,7 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
-        , saved(model, reportTo)
+        , saved(model, materials, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {

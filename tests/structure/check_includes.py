@@ -44,7 +44,7 @@ ROOMS = {
     "editor/scene": LIBRARY + ["editor"],
     "editor/edits": SCENE,
     "editor/history": SCENE,
-    "editor/import": EDITS,
+    "editor/import": EDITS + ["editor/export"],
     "editor/export": SCENE,
     "editor/script": EDITS + ["editor/export"],
     "editor/session": EDITOR,

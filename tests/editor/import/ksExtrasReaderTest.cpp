@@ -3,9 +3,12 @@
 #include <tests/editor/export/ksSceneText.h>
 
 #include <OSGTransform3D.h>
+#include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGTransform.h>
+
+#include <QImage>
 
 #include <functional>
 
@@ -20,9 +23,9 @@ using testing::StartsWith;
 class ksExtrasReaderTest : public ksSavedSceneFixture
 {
 protected:
-    int positionOf(const char *name) const
+    int positionOf(const char *name, const char *list = "nodes") const
     {
-        const QJsonArray nodes = document.value(QLatin1String("nodes")).toArray();
+        const QJsonArray nodes = document.value(QLatin1String(list)).toArray();
         for (int i = 0; i < nodes.size(); ++i)
             if (nodes.at(i)[QLatin1String("name")] == QLatin1String(name))
                 return i;
@@ -30,15 +33,24 @@ protected:
         return 0;
     }
 
-    /// Has \a edit change the node called \a name.
-    void editNode(const char *name, const std::function<void(QJsonObject &)> &edit)
+    /// Has \a change change the element of \a list at \a position, or the one called \a name.
+    void edit(const char *list, int position, const std::function<void(QJsonObject &)> &change)
     {
-        QJsonArray nodes = document.value(QLatin1String("nodes")).toArray();
-        const int position = positionOf(name);
-        QJsonObject node = nodes.at(position).toObject();
-        edit(node);
-        nodes.replace(position, node);
-        document.insert(QStringLiteral("nodes"), nodes);
+        QJsonArray all = document.value(QLatin1String(list)).toArray();
+        QJsonObject element = all.at(position).toObject();
+        change(element);
+        all.replace(position, element);
+        document.insert(QLatin1String(list), all);
+    }
+
+    void edit(const char *list, const char *name, const std::function<void(QJsonObject &)> &change)
+    {
+        edit(list, positionOf(name, list), change);
+    }
+
+    void editNode(const char *name, const std::function<void(QJsonObject &)> &change)
+    {
+        edit("nodes", name, change);
     }
 
     QString extrasOf(const char *name) const
@@ -68,6 +80,17 @@ protected:
     static osg::Matrix matrixOf(const osg::NodePtr &node)
     {
         return osg::TransformPtr::dcast(node->getCore())->getMatrix();
+    }
+
+    static osg::MaterialPtr materialOf(const osg::NodePtr &root, const char *name)
+    {
+        return osg::ksMeshPtr::dcast(ksFindNode(root, name)->getCore())->getMaterial();
+    }
+
+    static osg::ImagePtr imageOfFloor(const osg::NodePtr &root)
+    {
+        const auto planks = osg::UberMaterialPtr::dcast(materialOf(root, "FloorPlate"));
+        return planks->getColorComponentData(0)->getImage();
     }
 
     osg::NodeRefPtr room{open(ksRoomFile())};
@@ -142,16 +165,23 @@ TEST_F(ksExtrasReaderTest, LeavesOutChildrenThatCannotBe)
 
 TEST_F(ksExtrasReaderTest, LeavesOutImagesThatAreDamaged)
 {
-    QJsonArray images = document.value(QLatin1String("images")).toArray();
-    QJsonObject image = images.at(0).toObject();
-    image.insert(QStringLiteral("bufferView"), 0);
-    images.replace(0, image);
-    document.insert(QStringLiteral("images"), images);
+    edit("images", 0, [](QJsonObject &image) { image.insert(QStringLiteral("bufferView"), 0); });
     const osg::NodeRefPtr root = open();
-    EXPECT_THAT(warnings, Contains(StartsWith("image '")));
-    const auto floor = osg::ksMeshPtr::dcast(ksFindNode(root, "FloorPlate")->getCore());
-    const auto planks = osg::UberMaterialPtr::dcast(floor->getMaterial());
-    EXPECT_TRUE(planks->getColorComponentData(0)->getImage()->getPixel().empty());
+    EXPECT_THAT(warnings, Contains(StartsWith("texture ")));
+    EXPECT_TRUE(imageOfFloor(root)->getPixel().empty());
+}
+
+TEST_F(ksExtrasReaderTest, TakesOverImagesThatOtherProgramsReplaced)
+{
+    QImage(5, 4, QImage::Format_RGB32).save(folder.path("new.png"));
+    edit("images", 0, [](QJsonObject &image) {
+        image.remove(QStringLiteral("bufferView"));
+        image.insert(QStringLiteral("uri"), QStringLiteral("new.png"));
+    });
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings, IsEmpty());
+    EXPECT_EQ(imageOfFloor(root)->getWidth(), 5);
+    EXPECT_EQ(imageOfFloor(root)->getPixel().size(), imageOfFloor(root)->getSize());
 }
 
 TEST_F(ksExtrasReaderTest, OpensAFileWithoutExtras)
@@ -223,6 +253,72 @@ TEST_F(ksExtrasReaderTest, TakesOverNamesAndTheTree)
     EXPECT_EQ(ksFindNode(root, "Flower"), osg::NullFC);
     EXPECT_EQ(ksFindNode(root, "Novel")->getParent(), ksFindNode(root, "Table"));
     EXPECT_EQ(ksSettingsOf(ksFindNode(root, "Vase"))->getPickId(), 4000000000u);
+}
+
+TEST_F(ksExtrasReaderTest, TakesOverWhatOtherProgramsPainted)
+{
+    edit("materials", "Walnut", [](QJsonObject &material) {
+        const QJsonArray green{0.1, 0.9, 0.2, 0.5};
+        material.insert(QStringLiteral("pbrMetallicRoughness"),
+                        QJsonObject{{QStringLiteral("baseColorFactor"), green},
+                                    {QStringLiteral("metallicFactor"), 0.25},
+                                    {QStringLiteral("roughnessFactor"), 0.75}});
+        material.insert(QStringLiteral("alphaMode"), QStringLiteral("BLEND"));
+    });
+    // The vase is of brass now.
+    const QJsonValue vase =
+        document.value(QLatin1String("nodes"))[positionOf("VaseBody")][QLatin1String("mesh")];
+    const int brass = positionOf("Brass", "materials");
+    edit("meshes", vase.toInt(), [brass](QJsonObject &mesh) {
+        QJsonObject primitive = mesh.value(QLatin1String("primitives"))[0].toObject();
+        primitive.insert(QStringLiteral("material"), brass);
+        mesh.insert(QStringLiteral("primitives"), QJsonArray{primitive});
+    });
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings, IsEmpty());
+    const auto walnut = osg::UBRDFMaterialPtr::dcast(materialOf(root, "TableTop"));
+    EXPECT_EQ(walnut->getBaseColor(), osg::Vec3f(0.1F, 0.9F, 0.2F));
+    EXPECT_EQ(walnut->getMetalness(), 0.25F);
+    EXPECT_EQ(walnut->getRoughness(), 0.75F);
+    EXPECT_EQ(materialOf(root, "BackPlate"), walnut);
+    EXPECT_EQ(ksSettingsOf(ksFindNode(root, "TableTop"))->getOpacity(), 0.5F);
+    EXPECT_STREQ(osg::getName(materialOf(root, "VaseBody")), "Brass");
+    EXPECT_EQ(materialOf(root, "VaseBody"), materialOf(root, "PoleRod"));
+}
+
+TEST_F(ksExtrasReaderTest, TakesOverLights)
+{
+    QJsonArray lights =
+        document
+            .value(QLatin1String("extensions"))[QLatin1String("KHR_lights_punctual")][QLatin1String("lights")]
+            .toArray();
+    ASSERT_EQ(lights.size(), 3);
+    QJsonObject bulb = lights.at(0).toObject();
+    bulb.insert(QStringLiteral("color"), QJsonArray{0, 1, 0});
+    bulb.insert(QStringLiteral("intensity"), 7);
+    lights.replace(0, bulb);
+    QJsonObject spot = lights.at(1).toObject();
+    spot.insert(QStringLiteral("spot"),
+                QJsonObject{{QStringLiteral("innerConeAngle"), 0}, {QStringLiteral("outerConeAngle"), 1}});
+    lights.replace(1, spot);
+    lights.replace(2, QJsonObject{{QStringLiteral("type"), QStringLiteral("directional")}});
+    document.insert(QStringLiteral("extensions"),
+                    QJsonObject{{QStringLiteral("KHR_lights_punctual"),
+                                 QJsonObject{{QStringLiteral("lights"), lights}}}});
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings, IsEmpty());
+    const auto lightOf = [&root](const char *name) {
+        return osg::UberLightPtr::dcast(ksFindNode(root, name)->getCore());
+    };
+    EXPECT_EQ(lightOf("LampBulb light")->getDiffuse(), osg::Vec3f(0, 1, 0));
+    EXPECT_EQ(lightOf("LampBulb light")->getIntensity(), 7);
+    EXPECT_EQ(lightOf("LampBulb light")->getAttenuation(), osg::UberLight::Quadratic);
+    EXPECT_EQ(lightOf("LampBulb light")->getConeAngle(), 360);
+    EXPECT_NEAR(lightOf("CeilingSpot light")->getConeAngle(), 0.1F, 1e-4F);
+    EXPECT_NEAR(lightOf("CeilingSpot light")->getPenumbraAngle(), 114.49F, 1e-2F);
+    EXPECT_EQ(lightOf("Sun light")->getDiffuse(), osg::Vec3f(1, 1, 1));
+    EXPECT_EQ(lightOf("Sun light")->getConeAngle(), 180);
+    EXPECT_EQ(lightOf("Sun light")->getAttenuation(), osg::UberLight::None);
 }
 
 /// A program that copies a node copies its extras as well.
