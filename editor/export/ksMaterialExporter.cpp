@@ -182,7 +182,7 @@ QJsonObject ksMaterialExporter::textureTransform(const osg::MaterialPtr &materia
     const double sine = std::sin(angle);
     const double cosine = std::cos(angle);
     return {{QStringLiteral("scale"), QJsonArray{double(scale[0]), double(scale[1])}},
-            {QStringLiteral("rotation"), -angle},
+            {QStringLiteral("rotation"), angle},
             {QStringLiteral("offset"),
              QJsonArray{offset[0] - sine * scale[1], 1 - cosine * scale[1] - offset[1]}}};
 }

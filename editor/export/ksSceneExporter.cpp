@@ -240,15 +240,21 @@ private:
 
     void completeMeshes(ksGltfDocument &document) const
     {
-        // The exporter would give every normal the length 1.
+        QJsonArray all = document.json.value(QLatin1String("meshes")).toArray();
         for (std::size_t i = 0; i < meshes.size(); ++i) {
+            const int position = static_cast<int>(i);
+            QJsonObject entry = all.at(position).toObject();
+            insertName(entry, ksContainers::nameOf(meshes[i]));
+            // The exporter would give every normal the length 1.
+            const QJsonValue normal = entry.value(
+                QLatin1String("primitives"))[0][QLatin1String("attributes")][QLatin1String("NORMAL")];
             const osg::MFVec3f::StorageType &normals = meshes[i]->getNormals().getValues();
-            const QJsonValue attributes = document.json.value(QLatin1String(
-                "meshes"))[static_cast<int>(i)][QLatin1String("primitives")][0][QLatin1String("attributes")];
             if (!normals.empty())
-                document.replaceBytes(attributes[QLatin1String("NORMAL")].toInt(), normals.data(),
-                                      normals.size() * sizeof(osg::Vec3f));
+                document.replaceBytes(normal.toInt(), normals.data(), normals.size() * sizeof(osg::Vec3f));
+            all.replace(position, entry);
         }
+        if (!all.isEmpty())
+            document.json.insert(QStringLiteral("meshes"), all);
     }
 
     void completeNodes(ksGltfDocument &document, ksExtrasWriter &extras) const

@@ -84,7 +84,10 @@ protected:
 
     static osg::MaterialPtr materialOf(const osg::NodePtr &root, const char *name)
     {
-        return osg::ksMeshPtr::dcast(ksFindNode(root, name)->getCore())->getMaterial();
+        const osg::NodePtr node = ksFindNode(root, name);
+        const auto own = osg::ksMeshPtr::dcast(node->getCore());
+        return (own != osg::NullFC ? own : osg::ksMeshPtr::dcast(node->getChild(0)->getCore()))
+            ->getMaterial();
     }
 
     static osg::ImagePtr imageOfFloor(const osg::NodePtr &root)
@@ -184,8 +187,12 @@ TEST_F(ksExtrasReaderTest, TakesOverImagesThatOtherProgramsReplaced)
     EXPECT_EQ(imageOfFloor(root)->getPixel().size(), imageOfFloor(root)->getSize());
 }
 
+/// As any other program would.
 TEST_F(ksExtrasReaderTest, OpensAFileWithoutExtras)
 {
+    const auto layingOf = [](const osg::NodePtr &root) {
+        return osg::UberMaterialPtr::dcast(materialOf(root, "RugPlate"))->getComponentSettings();
+    };
     QJsonArray nodes = document.value(QLatin1String("nodes")).toArray();
     for (int i = 0; i < nodes.size(); ++i) {
         QJsonObject node = nodes.at(i).toObject();
@@ -197,6 +204,11 @@ TEST_F(ksExtrasReaderTest, OpensAFileWithoutExtras)
     EXPECT_THAT(warnings, IsEmpty());
     EXPECT_TRUE(matrixOf(ksFindNode(root, "Chair")).equals(matrixOf(ksFindNode(room, "Chair")), 1e-6F));
     EXPECT_NE(ksFindNode(root, "LampBulb light light"), osg::NullFC);
+    constexpr float Tolerance = 1e-5F;
+    for (osg::UInt32 i = 0; i < 2; ++i) {
+        EXPECT_NEAR(layingOf(root)->getMappingScale()[i], layingOf(room)->getMappingScale()[i], Tolerance);
+        EXPECT_NEAR(layingOf(root)->getMappingOffset()[i], layingOf(room)->getMappingOffset()[i], Tolerance);
+    }
 }
 
 TEST_F(ksExtrasReaderTest, TakesOverWhatOtherProgramsMoved)
