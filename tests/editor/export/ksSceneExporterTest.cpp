@@ -8,6 +8,7 @@
 
 #include <OSGUBRDFMaterial.h>
 #include <OpenSG/OSGTransform.h>
+#include <ksTextureManager.h>
 
 #include <QDir>
 #include <QImage>
@@ -263,6 +264,17 @@ TEST_F(ksSavedRoomTest, GivesOtherProgramsItsLights)
     const aiLight *sun = findLight(scene, "Sun light");
     ASSERT_NE(sun, nullptr);
     EXPECT_EQ(sun->mType, aiLightSource_DIRECTIONAL);
+}
+
+/// Else containers would go too early, or never.
+TEST_F(ksSceneExporterTest, GivesContainersTheSameReferences)
+{
+    // Images of other scenes are not to be shared.
+    ksTextureManager::the()->clear();
+    const osg::NodeRefPtr root = open(ksRoomFile());
+    const ksEverythingEdited edited(root.get());
+    const osg::NodeRefPtr again = reopened(root);
+    EXPECT_EQ(ksDifference(ksSceneText::countsOf(root), ksSceneText::countsOf(again)), "");
 }
 
 TEST_F(ksSceneExporterTest, KeepsGeometryAsItIs)

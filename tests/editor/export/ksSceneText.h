@@ -19,16 +19,27 @@
 class ksSceneText
 {
 public:
-    static std::vector<std::string> of(const osg::NodePtr &root)
+    static std::vector<std::string> of(const osg::NodePtr &root) { return ksSceneText(root).lines; }
+
+    /// The same for the numbers of references that are held on each container.
+    static std::vector<std::string> countsOf(const osg::NodePtr &root)
     {
-        ksSceneText text;
-        text.reach(root.getFieldContainerId());
-        for (std::size_t i = 0; i < text.order.size(); ++i)
-            text.write(osg::FieldContainerPtr(text.order[i]));
-        return text.lines;
+        ksSceneText text(root);
+        std::vector<std::string> counts;
+        for (const osg::FieldContainerPtr &container : text.order)
+            counts.push_back(text.reach(container.getFieldContainerId()) + ' ' + container->getTypeName() +
+                             " has " + std::to_string(container.getRefCount()));
+        return counts;
     }
 
 private:
+    explicit ksSceneText(const osg::NodePtr &root)
+    {
+        reach(root.getFieldContainerId());
+        for (std::size_t i = 0; i < order.size(); ++i)
+            write(osg::FieldContainerPtr(order[i]));
+    }
+
     std::string reach(osg::UInt32 id)
     {
         const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
