@@ -71,6 +71,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
                 classes = QStringLiteral("%1 of %2 command classes")
                               .arg(ksCommandClasses::countIn(history))
                               .arg(ksCommandClasses::all().size());
+            saveOutput(history.root(), options, record);
         } catch (const ksEditorError &) {
             failure = std::current_exception();
         }

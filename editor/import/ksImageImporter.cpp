@@ -14,6 +14,7 @@
 #include <assimp/scene.h>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -109,18 +110,20 @@ struct Layout
     int channels;
 };
 
-Layout layoutFor(const QImage &image)
+constexpr Layout Layouts[] = {{QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4},
+                              {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1},
+                              {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3}};
+
+const Layout &layoutFor(const QImage &image)
 {
     if (image.hasAlphaChannel())
-        return {QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4};
-    if (image.isGrayscale())
-        return {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1};
-    return {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3};
+        return Layouts[0];
+    return image.isGrayscale() ? Layouts[1] : Layouts[2];
 }
 
-osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+/// The pixels of \a source, from the lower left.
+std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
 {
-    const Layout layout = layoutFor(source);
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
 
     // Lines of a QImage are padded, those of the scene graph's images are not.
@@ -132,9 +135,13 @@ osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
         const uchar *line = pixels.constScanLine(y);
         data.insert(data.end(), line, line + lineLength);
     }
+    return data;
+}
 
+osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+{
     const osg::ImagePtr image = osg::Image::create();
-    image->set(layout.pixelFormat, pixels.width(), pixels.height(), 1, 1, 1, 0, data.data());
+    ksImageImporter::setPixels(image, source);
     CPEdit(image, osg::Image::NameFieldMask);
     image->setName(name);
     return image;
@@ -158,21 +165,42 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     return images.emplace(name, shared).first->second.get();
 }
 
+void ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
+{
+    const auto *known = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &layout) {
+        return layout.pixelFormat == image->getPixelFormat();
+    });
+    if (known != std::end(Layouts) && source.width() == image->getWidth() &&
+        source.height() == image->getHeight()) {
+        image->getPixel().getValues() = pixelsOf(source, *known);
+        return;
+    }
+    const Layout &layout = layoutFor(source);
+    image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
+               pixelsOf(source, layout).data());
+}
+
 osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
+{
+    const QImage image = read(name);
+    return image.isNull() ? osg::ImagePtr() : toSceneImage(image, name);
+}
+
+QImage ksImageImporter::read(const std::string &name) const
 {
     const QString shown = QString::fromStdString(name);
     if (const aiTexture *texture = file.scene().GetEmbeddedTexture(name.c_str())) {
         const QImage image = embeddedImage(*texture);
         if (!image.isNull())
-            return toSceneImage(image, name);
+            return image;
         warn(QStringLiteral("texture ") + shown + QStringLiteral(" within the model cannot be read"));
-        return osg::NullFC;
+        return {};
     }
 
     const QString path = locate(file.folder(), name);
     if (path.isEmpty()) {
         warn(QStringLiteral("texture ") + shown + QStringLiteral(": no such file"));
-        return osg::NullFC;
+        return {};
     }
     QImageReader reader(path);
     // The content decides: models name textures with the wrong suffix often enough. Only that of some formats
@@ -185,7 +213,6 @@ osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
         const QString missing = missingReader(path);
         warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") +
              (missing.isEmpty() ? reader.errorString() : missing));
-        return osg::NullFC;
     }
-    return toSceneImage(image, name);
+    return image;
 }

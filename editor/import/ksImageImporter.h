@@ -9,6 +9,7 @@
 #include <map>
 #include <string>
 
+class QImage;
 class ksModelFile;
 
 /// Makes images of the scene graph from the textures of a model file. A texture that several materials use
@@ -23,6 +24,13 @@ public:
     /// small or capital letters, or the name of a texture within the model. NullFC, after a warning, when it
     /// cannot be read. Images are 8 bits a channel, grey, RGB or RGBA, and start at the lower left.
     osg::ImagePtr image(const std::string &name);
+
+    /// Reads what the model calls \a name; null, after a warning, when that cannot be done.
+    QImage read(const std::string &name) const;
+
+    /// Gives \a image the pixels of \a source, which must not be null, in its own pixel format when it is of
+    /// the same size, else in the one that fits. The edit is up to the caller.
+    static void setPixels(const osg::ImagePtr &image, const QImage &source);
 
 private:
     osg::ImagePtr createImage(const std::string &name) const;

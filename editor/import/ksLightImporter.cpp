@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksLightImporter.h>
 
+#include <QtMath>
 #include <assimp/light.h>
 
 #include <algorithm>
@@ -106,9 +107,37 @@ ksLightValues ksLightImporter::values(const aiLight &light, ksModelFormat format
     return values;
 }
 
+ksLightValues ksLightImporter::values(const QJsonObject &light)
+{
+    aiLight source;
+    const auto intensity = static_cast<float>(light.value(QLatin1String("intensity")).toDouble(1));
+    const QJsonValue color = light.value(QLatin1String("color"));
+    for (int i = 0; i < 3; ++i)
+        source.mColorDiffuse[static_cast<unsigned int>(i)] =
+            intensity * static_cast<float>(color[i].toDouble(1));
+    source.mColorSpecular = source.mColorDiffuse;
+    source.mAttenuationLinear = 0;
+    source.mAttenuationQuadratic = 1;
+    const QString type = light.value(QLatin1String("type")).toString();
+    if (type == QLatin1String("directional"))
+        source.mType = aiLightSource_DIRECTIONAL;
+    else
+        source.mType = type == QLatin1String("spot") ? aiLightSource_SPOT : aiLightSource_POINT;
+    const QJsonValue spot = light.value(QLatin1String("spot"));
+    source.mAngleInnerCone = static_cast<float>(spot[QLatin1String("innerConeAngle")].toDouble());
+    source.mAngleOuterCone = static_cast<float>(spot[QLatin1String("outerConeAngle")].toDouble(M_PI_4));
+    return values(source, ksModelFormat::Gltf);
+}
+
 osg::UberLightPtr ksLightImporter::createCore(const ksLightValues &values)
 {
     const osg::UberLightPtr light = osg::UberLight::create();
+    apply(values, light);
+    return light;
+}
+
+void ksLightImporter::apply(const ksLightValues &values, const osg::UberLightPtr &light)
+{
     CPEdit(light, osg::UberLight::DiffuseFieldMask | osg::UberLight::GlossyFieldMask |
                       osg::UberLight::IntensityFieldMask | osg::UberLight::AttenuationFieldMask |
                       osg::UberLight::ReferenceDistanceFieldMask | osg::UberLight::ConeAngleFieldMask |
@@ -121,5 +150,4 @@ osg::UberLightPtr ksLightImporter::createCore(const ksLightValues &values)
     light->setIntensity(values.intensity);
     light->setConeAngle(values.coneAngle);
     light->setPenumbraAngle(values.penumbraAngle);
-    return light;
 }

@@ -6,6 +6,8 @@
 #include <OSGUberLight.h>
 #include <OpenSG/OSGVector.h>
 
+#include <QJsonObject>
+
 struct aiLight;
 
 /// A light as the scene graph means it, whatever format it came from.
@@ -47,7 +49,13 @@ public:
     /// the intensity is such that the light is as bright as the file says at the reference distance.
     static ksLightValues values(const aiLight &light, ksModelFormat format);
 
+    /// The values of a light of a glTF file, as KHR_lights_punctual has it.
+    static ksLightValues values(const QJsonObject &light);
+
     /// A new light core with \a values, except place and direction: a light core shines from the place of
     /// its node along the negative z axis.
     static osg::UberLightPtr createCore(const ksLightValues &values);
+
+    /// Gives \a light these values, except place and direction, in one edit.
+    static void apply(const ksLightValues &values, const osg::UberLightPtr &light);
 };

@@ -4,6 +4,7 @@
 #include <editor/import/ksModelRepair.h>
 #include <editor/import/ksQuietStandardError.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksGltfNames.h>
 
 #include <QFile>
 #include <QFileInfo>
@@ -11,6 +12,7 @@
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <assimp/Importer.hpp>
+#include <assimp/commonMetaData.h>
 #include <assimp/config.h>
 #include <assimp/importerdesc.h>
 #include <assimp/postprocess.h>
@@ -105,6 +107,14 @@ QString damageOf(const QString &path)
     return {};
 }
 
+/// Whether the file says so: what other programs write is theirs, even if it was the editor's before.
+bool isSavedByEditor(const aiScene &scene)
+{
+    aiString generator;
+    return scene.mMetaData != nullptr && scene.mMetaData->Get(AI_METADATA_SOURCE_GENERATOR, generator) &&
+           QString::fromUtf8(generator.C_Str()) == ksGltfNames::generator();
+}
+
 const char *flawOf(const aiScene &scene)
 {
     if (const char *flaw = flawOfNodes(scene, scene.mRootNode))
@@ -163,6 +173,8 @@ private:
         // What importers hand over is theirs, but it is not constant.
         ksModelRepair::repair(const_cast<aiScene &>(*scene),
                               [&repairs](const QString &text) { repairs += text; });
+        if (isSavedByEditor(*scene))
+            return;
         // Where faces share vertices already, the last two steps would refuse the file.
         const bool isShared = (scene->mFlags & AI_SCENE_FLAGS_NON_VERBOSE_FORMAT) != 0;
         process(aiProcess_Triangulate | aiProcess_SortByPType |

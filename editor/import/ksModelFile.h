@@ -25,10 +25,11 @@ class ksModelFile
 {
 public:
     /// Reads the model in the file \a modelPath: meshes made of triangles, lines or points, each mesh of one
-    /// kind, with normals unless the reader gives meshes that cannot have them. What the reader complains
-    /// about, and what has been repaired, see ksModelRepair, is reported to \a warn. Throws ksEditorError
-    /// when there is no such file, no reader knows its format, the file is damaged, or what it holds is not a
-    /// scene: no root, faces without corners or with corners that do not exist.
+    /// kind, with normals unless the reader gives meshes that cannot have them. What the editor has saved
+    /// stays as it is. What the reader complains about, and what has been repaired, see ksModelRepair, is
+    /// reported to \a warn. Throws ksEditorError when there is no such file, no reader knows its format, the
+    /// file is damaged, or what it holds is not a scene: no root, faces without corners or with corners that
+    /// do not exist.
     explicit ksModelFile(
         const QString &filePath, const ksWarn &warn = [](const QString &) {});
     ~ksModelFile();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksExtrasReader.h>
 #include <editor/import/ksGltfNodes.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMaterialImporter.h>
+#include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksModelText.h>
 #include <editor/import/ksNodeSettingsImporter.h>
@@ -23,33 +25,10 @@
 
 namespace {
 
-osg::ksMeshPtr createMesh(const aiMesh &source, const osg::MaterialPtr &material)
+/// Exactly: Assimp calls small moves the identity, too.
+bool isIdentity(const aiMatrix4x4 &matrix)
 {
-    const osg::ksMeshPtr mesh = osg::ksMesh::create();
-    CPEdit(mesh, osg::FieldBits::AllFields);
-    mesh->setMaterial(material);
-
-    mesh->getPositions().reserve(source.mNumVertices);
-    for (unsigned int i = 0; i < source.mNumVertices; ++i) {
-        const aiVector3D &position = source.mVertices[i];
-        mesh->getPositions().push_back(osg::Pnt3f(position.x, position.y, position.z));
-    }
-    for (unsigned int i = 0; source.HasNormals() && i < source.mNumVertices; ++i) {
-        const aiVector3D &normal = source.mNormals[i];
-        mesh->getNormals().push_back(osg::Vec3f(normal.x, normal.y, normal.z));
-    }
-    for (unsigned int i = 0; source.HasTextureCoords(0) && i < source.mNumVertices; ++i) {
-        const aiVector3D &coordinates = source.mTextureCoords[0][i];
-        mesh->getTexCoords().push_back(osg::Vec2f(coordinates.x, coordinates.y));
-    }
-    for (unsigned int i = 0; i < source.mNumFaces; ++i) {
-        const aiFace &face = source.mFaces[i];
-        for (unsigned int corner = 0; corner < face.mNumIndices; ++corner)
-            mesh->getIndices().push_back(face.mIndices[corner]);
-    }
-    // The file has been read in such a way that all faces of a mesh are of one kind.
-    mesh->setCornersPerFace(static_cast<osg::UInt8>(source.mNumFaces > 0 ? source.mFaces[0].mNumIndices : 1));
-    return mesh;
+    return matrix == aiMatrix4x4();
 }
 
 /// Builds the scene of one model file.
@@ -60,6 +39,7 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
+        , saved(model, materials, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
         if (file.format() == ksModelFormat::Gltf)
@@ -89,16 +69,33 @@ private:
     osg::NodePtr buildNode(const aiNode &source)
     {
         const std::string name = nameOf(source);
-        const osg::NodePtr node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
-                                                           ksNodeSettingsImporter::create(source, warn));
+        osg::NodePtr node = saved.node(source);
+        if (node == osg::NullFC)
+            node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
+                                            ksNodeSettingsImporter::create(source, warn));
         CPEdit(node, osg::Node::ChildrenFieldMask);
         for (unsigned int i = 0; i < source.mNumChildren; ++i)
             node->addChild(buildNode(*source.mChildren[i]));
-        for (unsigned int i = 0; i < source.mNumMeshes; ++i)
+        // What the node itself is stands for its first mesh, or its light.
+        const bool isMesh = osg::ksMeshPtr::dcast(node->getCore()) != osg::NullFC;
+        const bool isLight = osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
+        for (unsigned int i = isMesh ? 1 : 0; i < source.mNumMeshes; ++i)
             node->addChild(buildMeshNode(name, source.mMeshes[i]));
-        if (const aiLight *light = lightOf(source))
+        if (const aiLight *light = lightOf(source); light != nullptr && !isLight)
             node->addChild(buildLightNode(name, *light));
-        return node;
+        return placed(node, source, name);
+    }
+
+    /// \a node itself, or a new node above it when \a source has a place that the node's core has not.
+    osg::NodePtr placed(const osg::NodePtr &node, const aiNode &source, const std::string &name) const
+    {
+        if (osg::TransformPtr::dcast(node->getCore()) != osg::NullFC || isIdentity(source.mTransformation))
+            return node;
+        const osg::NodePtr place =
+            ksContainers::createNode(name + " place", ksTransformImporter::create(source, warn));
+        CPEdit(place, osg::Node::ChildrenFieldMask);
+        place->addChild(node);
+        return place;
     }
 
     std::string nameOf(const aiNode &node)
@@ -134,12 +131,21 @@ private:
         const aiMesh &source = *file.scene().mMeshes[index];
         osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
         if (mesh.get() == osg::NullFC)
-            mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source, materials.material(source.mMaterialIndex)));
+            mesh = osg::RefPtr<osg::ksMeshPtr>(createMesh(source));
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
         return ksContainers::createNode(source.mName.length > 0 ? nameFrom(source.mName) : owner + " mesh",
                                         mesh.get(), settings);
+    }
+
+    osg::ksMeshPtr createMesh(const aiMesh &source)
+    {
+        const osg::ksMeshPtr mesh = osg::ksMesh::create();
+        CPEdit(mesh, osg::FieldBits::AllFields);
+        mesh->setMaterial(materials.material(source.mMaterialIndex));
+        ksMeshImporter::read(source, mesh);
+        return mesh;
     }
 
     osg::NodePtr buildLightNode(const std::string &owner, const aiLight &source)
@@ -159,6 +165,7 @@ private:
     const ksModelFile &file;
     const ksWarn &warn;
     ksMaterialImporter materials;
+    ksExtrasReader saved;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
     /// Null unless the file is glTF.
     std::unique_ptr<ksGltfNodes> written;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksAddChildUndoCommand.h>
 #include <editor/edits/ksConstraintEdits.h>
+#include <editor/export/ksSceneExporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/script/ksScriptHost.h>
@@ -79,6 +80,11 @@ QJSValue ksScriptScene::addAim(const QString &name, const QJSValue &target, cons
                                   ksScriptValues::nodesFrom(sources), ksScriptValues::nodesFrom(upVectors)));
     });
     return added;
+}
+
+void ksScriptScene::save(const QString &path) const
+{
+    host.guard([this, &path] { ksSceneExporter::save(host.history().root(), path); });
 }
 
 QJSValue ksScriptScene::addNode(const QString &name, const osg::NodeCorePtr &core)

@@ -42,6 +42,10 @@ public:
     Q_INVOKABLE QJSValue addAim(const QString &name, const QJSValue &target, const QJSValue &sources,
                                 const QJSValue &upVectors);
 
+    /// Saves the scene in the file \a path, .gltf or .glb. A relative path starts where the editor was
+    /// started. An error in the script when that fails; then a file that is there stays as it is.
+    Q_INVOKABLE void save(const QString &path) const;
+
 private:
     osg::NodePtr findNode(const QString &name) const;
     QJSValue addNode(const QString &name, const osg::NodeCorePtr &core);

@@ -40,6 +40,8 @@ private:
             options.record.json = true;
         else if (argument == QLatin1String("--script"))
             setOnce(options.script, valueOf(argument, "a file"), "script");
+        else if (argument == QLatin1String("--output"))
+            setOnce(options.output, valueOf(argument, "a file"), "output");
         else if (argument == QLatin1String("--time-limit"))
             options.timeLimit = numberOf(argument, "a number of seconds");
         else if (argument == QLatin1String("--memory-limit"))
@@ -106,7 +108,7 @@ private:
 
 QString ksEditorOptions::usage()
 {
-    return QStringLiteral("--headless MODEL [OPTION...] [--script FILE [-- ARGUMENT...]]");
+    return QStringLiteral("--headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]");
 }
 
 QString ksEditorOptions::help(const QString &ownStatus)
@@ -115,6 +117,7 @@ QString ksEditorOptions::help(const QString &ownStatus)
                "  --headless              run without a window\n"
                "  MODEL                   a file of any format that Assimp reads\n"
                "  --script FILE           run a script, written in JavaScript, on the model\n"
+               "  --output FILE           save the edited model in a file, .gltf or .glb\n"
                "  -- ARGUMENT...          what the script finds in its array \"args\"\n"
                "  --quiet                 write what the script prints and the verdict only\n"
                "  --verbose               write all there is to say of each step\n"

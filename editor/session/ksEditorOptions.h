@@ -35,6 +35,9 @@ struct ksEditorOptions
     /// How many megabytes of memory the program may take; 0 is what the machine has to give.
     double memoryLimit = 0;
 
+    /// The file to save the edited model in; empty if none.
+    QString output;
+
     /// How the arguments are to be written.
     static QString usage();
 

@@ -23,9 +23,14 @@ int ksEditorSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, 
     const auto count = qScopeGuard([&history, &verdict] {
         verdict.count(history.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
     });
-    if (options.script.isEmpty())
-        return Done;
+    if (!options.script.isEmpty())
+        runScript(history, options, record);
+    saveOutput(root.get(), options, record);
+    return Done;
+}
 
+void ksEditorSession::runScript(ksEditHistory &history, const ksEditorOptions &options, ksRecord &record)
+{
     ksScriptEngine *running = nullptr;
     const auto interrupt = [&running] { running->interrupt(); };
     ksPrintStream prints([&record](const QString &line) { record.print(line); }, interrupt);
@@ -33,5 +38,4 @@ int ksEditorSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, 
     running = &engine;
     engine.setArguments(options.scriptArguments);
     runInterruptibly(options, interrupt, [&engine, &options] { engine.run(options.script); });
-    return Done;
 }

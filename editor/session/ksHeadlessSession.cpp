@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/export/ksSceneExporter.h>
 #include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/ksEditorError.h>
@@ -158,6 +159,9 @@ int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record
 {
     bool isLoaded = false;
     try {
+        // Not only when all the work is done.
+        if (!options.output.isEmpty())
+            ksSceneExporter::checkPath(options.output);
         return edit(load(options, record, isLoaded), options, record, verdict);
     } catch (const ksOutputError &failure) {
         error = QString::fromUtf8(failure.what());
@@ -208,4 +212,16 @@ void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
         throw ksScriptError((options.script.isEmpty() ? options.model : options.script) +
                             QStringLiteral(": ") + interrupter.reason());
     }
+}
+
+void ksHeadlessSession::saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record)
+{
+    if (options.output.isEmpty())
+        return;
+    ksSceneExporter::save(root, options.output);
+    if (options.record.detail == ksRecordStyle::Quiet)
+        return;
+    const QString file = QFileInfo(options.output).fileName();
+    record.line(QStringLiteral("saved ") + file);
+    record.object({{QStringLiteral("event"), QStringLiteral("saved")}, {QStringLiteral("file"), file}});
 }

@@ -44,8 +44,8 @@ public:
 
     /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
     /// the script cannot, ends by an error or is ended, OutputError when something cannot be written, else
-    /// what edit() returns. The record closes with a verdict, however the session ends. The scene has been
-    /// released then.
+    /// what edit() returns. The edited scene is not saved when something went wrong. The record closes with a
+    /// verdict, however the session ends. The scene has been released then.
     virtual int run(const ksEditorOptions &options);
 
 protected:
@@ -62,6 +62,9 @@ protected:
     /// which must make \a work throw ksScriptError; that then says what it was.
     static void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
                                  const std::function<void()> &work);
+
+    /// Saves the scene below \a root as the options say, if they do. For edit() to call when all is well.
+    static void saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record);
 
 private:
     int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);

@@ -62,7 +62,7 @@ TEST(ksCheckerProgram, GoesByItsOwnName)
     EXPECT_EQ(usage.exitCode, 2);
     EXPECT_EQ(usage.errors,
               "ks-checker: --headless is missing\nusage: ks-checker --headless MODEL [OPTION...] "
-              "[--script FILE [-- ARGUMENT...]]\n");
+              "[--output FILE] [--script FILE [-- ARGUMENT...]]\n");
     const ksProgram model = runChecker({QStringLiteral("--headless"), folder.path("missing.gltf")});
     EXPECT_EQ(model.exitCode, 1);
     EXPECT_EQ(model.errors, "ks-checker: " + folder.path("missing.gltf").toStdString() + ": no such file\n");

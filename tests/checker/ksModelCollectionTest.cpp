@@ -47,16 +47,6 @@ void expectRefusal(const ksProgram &run, const QString &file)
     EXPECT_THAT(run.errors, StartsWith("ks-checker: " + file.toStdString() + ": "));
 }
 
-/// Every n-th file of each format, where n is what the environment says; all files when it says nothing.
-QStringList sampleOf(const QStringList &files)
-{
-    const int step = std::max(1, qEnvironmentVariableIntValue("KS_MODEL_STEP"));
-    QStringList sample;
-    for (int i = 0; i < files.size(); i += step)
-        sample += files[i];
-    return sample;
-}
-
 ksProgram tourOf(const QString &file)
 {
     return {QStringLiteral(KS_CHECKER), {QStringLiteral("--headless"), file}};
@@ -73,7 +63,7 @@ TEST(ksModelCollectionTour, EveryFileIsTouredOrRefused)
     for (const std::string &folder : ksModelCollection::formatFolders()) {
         const QStringList filesOfFolder = ksModelCollection::filesOf(folder);
         count += filesOfFolder.size();
-        files += sampleOf(filesOfFolder);
+        files += ksModelCollection::sampleOf(filesOfFolder);
     }
     if (files.isEmpty())
         GTEST_SKIP() << ksModelCollection::Missing;

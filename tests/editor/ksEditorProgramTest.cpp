@@ -13,7 +13,8 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-const std::string Usage = "ks-editor --headless MODEL [OPTION...] [--script FILE [-- ARGUMENT...]]\n";
+const std::string Usage =
+    "ks-editor --headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]\n";
 
 ksProgram runEditor(const QStringList &arguments)
 {

@@ -7,6 +7,7 @@
 #include <QStringList>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -34,6 +35,16 @@ public:
     static QStringList filesOf(const std::string &folder)
     {
         return filesToTry(collection() + QLatin1Char('/') + QString::fromStdString(folder));
+    }
+
+    /// Every n-th of these, where n is what the environment says; all of them when it says nothing.
+    static QStringList sampleOf(const QStringList &files)
+    {
+        const int step = std::max(1, qEnvironmentVariableIntValue("KS_MODEL_STEP"));
+        QStringList sample;
+        for (int i = 0; i < files.size(); i += step)
+            sample += files[i];
+        return sample;
     }
 
     static std::string testName(const testing::TestParamInfo<std::string> &info)

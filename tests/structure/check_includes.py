@@ -26,7 +26,7 @@ LIBRARY_FOLDERS = ["constraint", "core", "field", "light", "material", "tag", "t
 LIBRARY = PLATFORM + ["ksundo"] + [f"ksundo/{folder}" for folder in LIBRARY_FOLDERS]
 SCENE = LIBRARY + ["editor", "editor/scene"]
 EDITS = SCENE + ["editor/edits", "editor/history"]
-EDITOR = EDITS + ["editor/import", "editor/script", "editor/session"]
+EDITOR = EDITS + ["editor/import", "editor/export", "editor/script", "editor/session"]
 
 ROOMS = {
     "platform/opensg": [],
@@ -44,8 +44,9 @@ ROOMS = {
     "editor/scene": LIBRARY + ["editor"],
     "editor/edits": SCENE,
     "editor/history": SCENE,
-    "editor/import": EDITS,
-    "editor/script": EDITS,
+    "editor/import": EDITS + ["editor/export"],
+    "editor/export": SCENE,
+    "editor/script": EDITS + ["editor/export"],
     "editor/session": EDITOR,
     "checker": ["checker/session"],
     "checker/history": EDITOR,

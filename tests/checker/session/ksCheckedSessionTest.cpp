@@ -87,6 +87,16 @@ TEST_F(ksCheckedSessionTest, EndsTheTourThatTakesTooLong)
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
+TEST_F(ksCheckedSessionTest, SavesTheScene)
+{
+    options.output = folder.path("out.glb");
+    EXPECT_EQ(run(ksRoomFile(), "scene.find('Table').set('travMask', 1);"), 0);
+    EXPECT_THAT(out.str(), HasSubstr("\nsaved out.glb\nOK: "));
+    const QString saved = std::exchange(options.output, {});
+    EXPECT_EQ(run(saved, "if (scene.find('Table').get('travMask') !== 1) throw new Error();"), 0)
+        << errors.str();
+}
+
 /// A constraint below its own target, and a light below its own visibility reference.
 TEST_F(ksCheckedSessionTest, ReleasesContainersThatReferToEachOther)
 {

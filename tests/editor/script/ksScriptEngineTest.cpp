@@ -28,6 +28,15 @@ TEST_F(ksScriptEngineTest, FindsNodes)
               "Root Child true false\nRoot,Child\n");
 }
 
+TEST_F(ksScriptEngineTest, SavesTheScene)
+{
+    const std::string path = folder.path("scene.gltf").toStdString();
+    EXPECT_EQ(run("scene.save('" + path + "');"), "");
+    EXPECT_TRUE(QFile::exists(folder.path("scene.gltf")));
+    EXPECT_EQ(errorOf("\nscene.save('" + path + ".obj');"),
+              ":2: Error: " + path + ".obj: scenes are saved as .gltf or .glb");
+}
+
 TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
 {
     EXPECT_EQ(

@@ -27,6 +27,12 @@ TEST(ksEditorOptions, TakesAModelAndAScript)
     }
 }
 
+TEST(ksEditorOptions, TakesAFileToSaveIn)
+{
+    EXPECT_EQ(parse("--headless room.gltf").output, QString());
+    EXPECT_EQ(parse("--headless --output out.glb room.gltf").output, QStringLiteral("out.glb"));
+}
+
 TEST(ksEditorOptions, TakesAQuestionAboutTheProgram)
 {
     EXPECT_EQ(parse("--headless room.gltf").task, ksEditorOptions::EditModel);
@@ -78,4 +84,6 @@ TEST(ksEditorOptions, RefusesAnythingElse)
     }
     EXPECT_EQ(refusal("--headless room.gltf --memory-limit 0"),
               "--memory-limit needs a number of megabytes above 0");
+    EXPECT_EQ(refusal("--headless room.gltf --output"), "--output needs a file");
+    EXPECT_EQ(refusal("--headless room.gltf --output a.glb --output b.glb"), "more than one output");
 }

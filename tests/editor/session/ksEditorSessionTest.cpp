@@ -5,6 +5,8 @@
 
 #include <ksundo/core/ksUndoStack.h>
 
+#include <QFile>
+
 #include <sstream>
 
 namespace {
@@ -16,12 +18,13 @@ using testing::StartsWith;
 class ksEditorSessionTest : public testing::Test
 {
 protected:
-    int run(const QString &model, const QString &script = {})
+    int run(const QString &model, const QString &script = {}, const QString &output = {})
     {
         out.str({});
         errors.str({});
         options.model = model;
         options.script = script;
+        options.output = output;
         return ksEditorSession(out, errors).run(options);
     }
 
@@ -83,6 +86,38 @@ TEST_F(ksEditorSessionTest, ReportsAScriptsError)
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
     EXPECT_EQ(run(ksRoomFile(), folder.path("missing.js")), ksEditorSession::ScriptError);
     EXPECT_THAT(errors.str(), EndsWith("/missing.js: No such file or directory\n"));
+}
+
+TEST_F(ksEditorSessionTest, SavesWhatTheScriptLeaves)
+{
+    const QString script = folder.write("script.js", "scene.find('Table').set('travMask', 1, 'Hide');");
+    const QString output = folder.path("out.glb");
+    EXPECT_EQ(run(ksRoomFile(), script, output), ksEditorSession::Done) << errors.str();
+    EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nstep 1: add \"Hide\"\nsaved out.glb\nOK: 1 steps\n");
+    const std::ptrdiff_t before = ksLivingContainers();
+    const QString check = folder.write("check.js", "print(scene.find('Table').get('travMask'));");
+    // A file may take the place of the one that it was opened from.
+    EXPECT_EQ(run(output, check, output), ksEditorSession::Done) << errors.str();
+    EXPECT_EQ(out.str(), "model out.glb: 58 nodes\n1\nsaved out.glb\nOK: 0 steps\n");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+TEST_F(ksEditorSessionTest, ReportsWhatCannotBeSaved)
+{
+    EXPECT_EQ(run(ksRoomFile(), {}, folder.path("out.obj")), ksEditorSession::OutputError);
+    EXPECT_EQ(errors.str(),
+              "ks-editor: " + folder.path("out.obj").toStdString() + ": scenes are saved as .gltf or .glb\n");
+    // It is known before the work begins.
+    EXPECT_EQ(out.str(), "");
+    EXPECT_EQ(run(ksRoomFile(), {}, QStringLiteral("/proc/out.gltf")), ksEditorSession::OutputError);
+    EXPECT_THAT(errors.str(), StartsWith("ks-editor: /proc/out.gltf: cannot be saved: "));
+}
+
+TEST_F(ksEditorSessionTest, SavesNothingAfterAnError)
+{
+    const QString script = folder.write("script.js", "nothing();");
+    EXPECT_EQ(run(ksRoomFile(), script, folder.path("out.glb")), ksEditorSession::ScriptError);
+    EXPECT_FALSE(QFile::exists(folder.path("out.glb")));
 }
 
 TEST_F(ksEditorSessionTest, ReportsAModelThatCannotBeRead)

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include <editor/import/ksGltfFile.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrl>
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace {
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool isData(const QString &uri)
+{
+    return uri.startsWith(QLatin1String("data:"));
+}
+
+QByteArray dataIn(const QString &uri)
+{
+    return QByteArray::fromBase64(uri.mid(uri.indexOf(QLatin1Char(',')) + 1).toLatin1());
+}
+
+/// Takes the chunk that \a rest starts with; of one that says it is longer, what there is.
+QByteArray takeChunk(QByteArray &rest)
+{
+    constexpr int HeaderSize = 8;
+    if (rest.size() < HeaderSize)
+        return {};
+    const auto length = qFromLittleEndian<quint32>(rest.constData());
+    const int size = static_cast<int>(std::min(length, static_cast<quint32>(rest.size() - HeaderSize)));
+    const QByteArray content = rest.mid(HeaderSize, size);
+    rest.remove(0, HeaderSize + size);
+    return content;
+}
+
+} // namespace
+
+ksGltfFile::ksGltfFile(const QString &path)
+{
+    QByteArray content = readFile(path);
+    QByteArray binary;
+    if (content.startsWith("glTF")) {
+        constexpr int HeaderSize = 12;
+        content.remove(0, HeaderSize);
+        const QByteArray text = takeChunk(content);
+        binary = takeChunk(content);
+        content = text;
+    }
+    json = QJsonDocument::fromJson(content).object();
+    const QDir folder(QFileInfo(path).absolutePath());
+    for (const QJsonValue &buffer : json.value(QLatin1String("buffers")).toArray()) {
+        const QString uri = buffer[QLatin1String("uri")].toString();
+        if (uri.isEmpty())
+            buffers.push_back(binary);
+        else if (isData(uri))
+            buffers.push_back(dataIn(uri));
+        else
+            buffers.push_back(readFile(folder.absoluteFilePath(QUrl::fromPercentEncoding(uri.toUtf8()))));
+    }
+}
+
+QImage ksGltfFile::image(int index) const
+{
+    const QJsonValue entry = json.value(QLatin1String("images"))[index];
+    const QString uri = entry[QLatin1String("uri")].toString();
+    return QImage::fromData(isData(uri) ? dataIn(uri)
+                                        : bytesOfView(entry[QLatin1String("bufferView")].toInt(-1)));
+}
+
+QByteArray ksGltfFile::bytesOfView(int index) const
+{
+    const QJsonValue view = json.value(QLatin1String("bufferViews"))[index];
+    const auto buffer = static_cast<std::size_t>(view[QLatin1String("buffer")].toInt(-1));
+    if (buffer >= buffers.size())
+        return {};
+    return buffers[buffer].mid(view[QLatin1String("byteOffset")].toInt(),
+                               std::max(view[QLatin1String("byteLength")].toInt(), 0));
+}
