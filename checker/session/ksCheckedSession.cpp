@@ -44,6 +44,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const QString &script)
 {
     ksTranscript transcript(out);
     int differences = 0;
+    int tolerated = 0;
     int containers = 0;
     QString classes;
     {
@@ -60,17 +61,19 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const QString &script)
             ksCheckedScript(history, out).run(script);
         history.check();
         differences = history.differenceCount();
+        tolerated = history.toleratedCount();
     }
 
     if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
         transcript.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left));
         ++differences;
     }
-    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences%5")
+    transcript.line(QStringLiteral("%1: %2 steps, %3 containers, %4 differences, %5 within tolerance%6")
                         .arg(differences == 0 ? QStringLiteral("OK") : QStringLiteral("FAILED"))
                         .arg(transcript.stepCount())
                         .arg(containers)
                         .arg(differences)
+                        .arg(tolerated)
                         .arg(classes));
     return differences == 0 ? static_cast<int>(Done) : DifferenceFound;
 }

@@ -24,6 +24,10 @@ public:
     /// bits a channel, grey, RGB or RGBA, and start at the lower left.
     osg::ImagePtr image(const std::string &name);
 
+    /// The image in the file \a path, likewise; the texture manager knows it. Throws ksEditorError when it
+    /// cannot be read.
+    static osg::ImageRefPtr read(const QString &path);
+
 private:
     osg::ImagePtr createImage(const std::string &name) const;
 

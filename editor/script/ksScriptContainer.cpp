@@ -1,18 +1,28 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksFieldEdits.h>
+#include <editor/edits/ksMeshMaterialUndoCommand.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksMesh.h>
+#include <editor/script/ksScriptCall.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptRegistry.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <memory>
+
+using namespace ksScriptValues;
 
 namespace {
 
@@ -81,6 +91,38 @@ QString ksScriptContainer::name() const
     return guarded(&ksContainers::nameOf);
 }
 
+QString ksScriptContainer::label() const
+{
+    return guarded(&ksContainers::label);
+}
+
+void ksScriptContainer::setName(const QString &name)
+{
+    host.guard([&] {
+        const osg::NodePtr owner = ksContainers::ownerOf(container());
+        const auto named = owner != osg::NullFC ? osg::AttachmentContainerPtr(owner)
+                                                : osg::AttachmentContainerPtr::dcast(container());
+        const osg::AttachmentPtr known =
+            named == osg::NullFC ? osg::AttachmentPtr() : named->findAttachment(osg::Name::getClassType());
+        const QString field = QStringLiteral("name");
+        if (known != osg::NullFC) {
+            if (!ksFieldEdits::holds(known, field, name))
+                host.add(ksFieldEdits::make(QStringLiteral("Rename '") + ksContainers::nameOf(container()) +
+                                                QLatin1Char('\''),
+                                            known, field, name, ksMerging::Never));
+            return;
+        }
+        if (owner == osg::NullFC)
+            throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" cannot be given a name"));
+        const osg::NamePtr made = osg::Name::create();
+        {
+            CPEdit(made, osg::Name::SimpleFieldMask);
+            made->getFieldPtr()->setValue(name.toStdString());
+        }
+        host.add(new ksAttachUndoCommand(owner, made));
+    });
+}
+
 QStringList ksScriptContainer::fields() const
 {
     return guarded([](const osg::FieldContainerPtr &container) {
@@ -126,6 +168,19 @@ QJSValue ksScriptContainer::material() const
         [this](const osg::FieldContainerPtr &container) { return host.object(findMaterial(container)); });
 }
 
+void ksScriptContainer::setMaterial(const QJSValue &material)
+{
+    host.guard([&] {
+        const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container());
+        if (mesh == osg::NullFC)
+            throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" has no mesh"));
+        const auto wanted =
+            material.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(material, "material");
+        if (wanted != mesh->getMaterial())
+            host.add(new ksMeshMaterialUndoCommand(mesh, wanted));
+    });
+}
+
 QJSValue ksScriptContainer::light() const
 {
     return guarded([this](const osg::FieldContainerPtr &container) {
@@ -167,33 +222,68 @@ QJSValue ksScriptContainer::get(const QString &fieldName) const
 
 void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
 {
-    host.guard([&] { host.history().add(make(field, value, text, ksMerging::Never)); });
+    host.guard([&] {
+        if (!holds(field, value))
+            host.add(makeEdit(field, value, text, ksMerging::Never, nullptr));
+    });
 }
 
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
     host.guard([&] {
         const QString title = titleFrom(text);
-        addDrag(values,
-                [&](const QJSValue &value, ksMerging merging) { return make(field, value, title, merging); });
+        addDrag(
+            values,
+            [&](const QJSValue &value, ksMerging merging) {
+                return makeEdit(field, value, title, merging, nullptr);
+            },
+            [&](const QJSValue &value) { return holds(field, value); });
     });
+}
+
+void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSValue &action)
+{
+    host.guard([&] {
+        const QString title = ksFieldEdits::defaultText(container(), field);
+        if (!ksFieldEdits::holds(container(), field, value))
+            host.add(new ksInvokeBoolFieldUndoCommand(title, container(), field.toStdString(), value,
+                                                      ksScriptCall::make(host, action), "call()"));
+    });
+}
+
+QString ksScriptContainer::titleFrom(const QJSValue &text)
+{
+    if (!text.isUndefined() && !text.isString())
+        throw ksEditorError("the text of a step is a text");
+    return text.isUndefined() ? QString() : text.toString();
 }
 
 void ksScriptContainer::addDrag(
     const QJSValue &values,
-    const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make)
+    const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make,
+    const std::function<bool(const QJSValue &value)> &isPresent)
 {
     if (!values.isArray())
         throw ksEditorError("the values of a drag are an array");
-    host.history().drag(values.property(QStringLiteral("length")).toInt(), [&](int event) {
-        return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));
-    });
+    const quint32 count = lengthOf(values);
+    // Commands may look at the value that they follow, so that these only tell whether the values fit.
+    for (quint32 i = 0; i < count; ++i)
+        std::unique_ptr<QUndoCommand>(make(values.property(i), ksMerging::Never));
+    if (count > 0 && !isPresent(values.property(count - 1)))
+        host.history().drag(static_cast<int>(count), [&](int event) {
+            return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));
+        });
 }
 
-QUndoCommand *ksScriptContainer::make(const QString &field, const QJSValue &value, const QString &text,
-                                      ksMerging merging) const
+QUndoCommand *ksScriptContainer::makeEdit(const QString &name, const QJSValue &value, const QString &text,
+                                          ksMerging merging, QUndoCommand *parent) const
 {
     const osg::FieldContainerPtr target = container();
-    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, field) : text;
-    return ksFieldEdits::make(title, target, field, value.toVariant(), merging);
+    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, name) : text;
+    return ksFieldEdits::make(title, target, name, plainFrom(value), merging, parent);
+}
+
+bool ksScriptContainer::holds(const QString &name, const QJSValue &value) const
+{
+    return ksFieldEdits::holds(container(), name, plainFrom(value));
 }

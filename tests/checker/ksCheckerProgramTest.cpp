@@ -26,7 +26,8 @@ TEST(ksCheckerProgram, ToursTheRoom)
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
     EXPECT_THAT(run.output,
-                EndsWith(" 270 containers, 0 differences, " + all + " of " + all + " command classes\n"));
+                testing::ContainsRegex(" 270 containers, 0 differences, [1-9][0-9]* within tolerance, " +
+                                       all + " of " + all + " command classes\n$"));
 }
 
 TEST(ksCheckerProgram, RunsTheScriptOfTheRoom)
@@ -34,7 +35,8 @@ TEST(ksCheckerProgram, RunsTheScriptOfTheRoom)
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(run.errors, "");
-    EXPECT_THAT(run.output, EndsWith(" 270 containers, 0 differences\n"));
+    EXPECT_THAT(run.output,
+                testing::ContainsRegex(" 270 containers, 0 differences, [1-9][0-9]* within tolerance\n$"));
 }
 
 TEST(ksCheckerProgram, GivesTheSameTranscriptAtEveryRun)

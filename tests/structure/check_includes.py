@@ -45,7 +45,7 @@ ROOMS = {
     "editor/edits": SCENE,
     "editor/history": SCENE,
     "editor/import": EDITS,
-    "editor/script": EDITS,
+    "editor/script": EDITS + ["editor/import"],
     "editor/session": EDITOR,
     "checker": ["checker/session"],
     "checker/history": EDITOR,

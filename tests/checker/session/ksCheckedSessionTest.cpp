@@ -41,8 +41,10 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
     EXPECT_EQ(errors.str(), "");
     EXPECT_THAT(out.str(), StartsWith("model room.gltf: 58 nodes\nstep 1: add "));
     const std::string all = std::to_string(ksCommandClasses::all().size());
-    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences, " +
-                                                  all + " of " + all + " command classes\n$"));
+    EXPECT_THAT(out.str(),
+                testing::ContainsRegex(
+                    "\nOK: [0-9]+ steps, 270 containers, 0 differences, [0-9]+ within tolerance, " + all +
+                    " of " + all + " command classes\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -52,7 +54,7 @@ TEST_F(ksCheckedSessionTest, RunsAScriptInstead)
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
     EXPECT_EQ(out.str(), "model room.gltf: 58 nodes\nhello\nstep 1: check\n"
                          "  check    index 0 of 0, 270 containers: no difference\n"
-                         "OK: 1 steps, 270 containers, 0 differences\n");
+                         "OK: 1 steps, 270 containers, 0 differences, 0 within tolerance\n");
 }
 
 /// A constraint below its own target, and a light below its own visibility reference.
@@ -99,7 +101,8 @@ TEST_F(ksCheckedSessionTest, FailsWhenACheckFailed)
     settings->setLayer(0);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
     EXPECT_THAT(out.str(),
-                testing::ContainsRegex("\nFAILED: 1 steps, 270 containers, [1-9][0-9]* differences\n$"));
+                testing::ContainsRegex(
+                    "\nFAILED: 1 steps, 270 containers, [1-9][0-9]* differences, 0 within tolerance\n$"));
 }
 
 TEST_F(ksCheckedSessionTest, ReportsAModelThatCannotBeRead)

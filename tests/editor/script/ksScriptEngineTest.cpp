@@ -164,7 +164,7 @@ TEST_F(ksScriptEngineTest, MacrosAreOneStepAndGiveTheResult)
     EXPECT_EQ(rootSettings()->getLodBias(), 0);
 }
 
-TEST_F(ksScriptEngineTest, MacrosEndAlsoByAnError)
+TEST_F(ksScriptEngineTest, TakesBackAMacroThatEndsByAnError)
 {
     EXPECT_EQ(errorOf("history.macro('Both', function () {\n"
                       "    scene.root.attachment('ksNodeSettings').set('layer', 1);\n"
@@ -172,8 +172,7 @@ TEST_F(ksScriptEngineTest, MacrosEndAlsoByAnError)
                       "});"),
               ":3: ReferenceError: nothing is not defined");
     EXPECT_FALSE(history.isInMacro());
-    EXPECT_EQ(stack.count(), 1);
-    run("history.undo();");
+    EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(rootSettings()->getLayer(), 0);
 }
 
@@ -231,7 +230,8 @@ TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
 {
     const std::string error = "Error: there is no open macro";
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
-    EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"), ":2: " + error);
+    EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"),
+              ":3: Error: the macro 'm' ends with its function");
     // One that is open, but not the script's, stays so.
     history.beginMacro(QStringLiteral("Mine"));
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
@@ -245,16 +245,15 @@ TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
     EXPECT_EQ(stack.count(), 1);
 }
 
-TEST_F(ksScriptEngineTest, EndsMacrosThatAScriptLeavesOpen)
+TEST_F(ksScriptEngineTest, TakesBackMacrosThatAScriptLeavesOpen)
 {
     EXPECT_EQ(errorOf("\nhistory.beginMacro('Outer');\nhistory.beginMacro('Inner');\n"
                       "scene.root.attachment('ksNodeSettings').set('layer', 1);"),
               ":2: Error: the macro 'Outer' is not ended");
     EXPECT_FALSE(history.isInMacro());
-    EXPECT_EQ(stack.count(), 1);
-    run("history.undo();");
+    EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(rootSettings()->getLayer(), 0);
-    run("history.beginMacro('Both'); history.endMacro();");
+    run("history.beginMacro('Both'); scene.root.set('travMask', 1); history.endMacro();");
     EXPECT_EQ(stack.count(), 1);
 }
 
@@ -277,31 +276,36 @@ TEST_F(ksScriptEngineTest, EndsMacrosOfAScriptThatFails)
     EXPECT_EQ(errorOf("\n\nhistory.undo(); history.undo();"), ":3: Error: there is nothing to undo");
 }
 
-TEST_F(ksScriptEngineTest, EndsADragThatFails)
+TEST_F(ksScriptEngineTest, DoesNothingOfADragThatFails)
 {
     EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
                       "own.drag('opacity', [0.5, 0.25, 'three', 0.125]);"),
               ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
-    EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
-    EXPECT_EQ(stack.count(), 1);
-    // What comes next is a step of its own.
-    run("scene.root.attachment('ksNodeSettings').set('opacity', 0.75); history.undo(); history.undo();");
     EXPECT_EQ(rootSettings()->getOpacity(), 1);
+    EXPECT_EQ(stack.count(), 0);
 }
 
-TEST_F(ksScriptEngineTest, RefusesStepsWithinADrag)
+TEST_F(ksScriptEngineTest, ReadsAllValuesBeforeTheyAreUsed)
 {
-    for (const char *call : {"undo", "beginMacro", "endMacro", "clear"})
-        EXPECT_EQ(printed(std::string("var own = scene.root.attachment('ksNodeSettings'), values = [0.5, 0];"
+    for (const char *call : {"undo()", "clear()", "beginMacro('m')"})
+        EXPECT_EQ(errorOf(std::string("var own = scene.root.attachment('ksNodeSettings'), values = [0.5, 0];"
                                       "Object.defineProperty(values, 1, { get: function () {"
-                                      "    try { history.") +
+                                      "    own.set('layer', 1 + own.get('layer')); history.") +
                           call +
-                          "('m'); } catch (error) { print(error.message); } return 0.25; } });"
-                          "history.beginMacro('m'); own.drag('opacity', values); history.endMacro();"),
-                  "not possible within another step\n")
+                          "; return 0.25; } });"
+                          "own.drag('opacity', values); if (history.index === 0) throw 'no drag';"
+                          "if (!" +
+                          (call[0] == 'b' ? "true" : "false") +
+                          ") history.undo();"
+                          "else history.endMacro();"),
+                  "")
             << call;
     EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
-    EXPECT_EQ(stack.count(), 4);
+    EXPECT_EQ(errorOf("var values = [0.5]; Object.defineProperty(values, 0, { get: function () {"
+                      "    scene.root.children[0].remove(); history.clear(); return 0.25; } });\n"
+                      "scene.find('Child').attachment('ksNodeSettings').drag('opacity', values);"),
+              ":2: Error: the container " + std::to_string(childSettings().getFieldContainerId()) +
+                  " has gone");
 }
 
 TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)

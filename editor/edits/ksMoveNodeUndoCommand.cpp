@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include <editor/edits/ksMoveNodeUndoCommand.h>
+
+ksNodePlace ksNodePlace::of(const osg::NodePtr &node)
+{
+    const osg::NodePtr parent = node->getParent();
+    if (parent == osg::NullFC)
+        return {};
+    return {parent.getFieldContainerId(), static_cast<osg::UInt32>(parent->findChild(node))};
+}
+
+ksMoveNodeUndoCommand::ksMoveNodeUndoCommand(const QString &text, const osg::NodePtr &node,
+                                             const ksNodePlace &place)
+    : ksContainerUndoCommand(text, node, ksNodePlace::of(node), place, nullptr)
+    , held(node)
+{}
+
+void ksMoveNodeUndoCommand::apply(const osg::NodePtr &node, const ksNodePlace &from, const ksNodePlace &to)
+{
+    const auto oldParent = ksFindContainer<osg::NodePtr>(from.parent);
+    const auto newParent = ksFindContainer<osg::NodePtr>(to.parent);
+    if (newParent != osg::NullFC) {
+        CPEdit(newParent, osg::Node::ChildrenFieldMask);
+        newParent->insertChild(to.index, node);
+    } else if (oldParent != osg::NullFC) {
+        CPEdit(oldParent, osg::Node::ChildrenFieldMask);
+        oldParent->subChild(node);
+    }
+}
