@@ -26,9 +26,8 @@ class ksScriptHistory : public QObject
     Q_CLASSINFO("endMacro()", "ends the macro that `beginMacro` has begun last")
     Q_CLASSINFO(
         "batch(text, edits, [merging], [action])",
-        "several edits as one step. `edits` is an array of arrays: an object, what `set` and the other edits "
-        "call a value of it, the value. With `merging` true the step merges with a batch of the same values "
-        "right before it. The function `action` is called after each do, undo and redo")
+        "several edits as one step; with `merging` true it merges with a batch of the same values right "
+        "before it; the function `action` is called after each do, undo and redo")
 
     Q_PROPERTY(int index READ index)
     Q_PROPERTY(int count READ count)

@@ -48,7 +48,7 @@ private:
 class ksScriptSurface : public ksScriptContainer
 {
     Q_OBJECT
-    Q_CLASSINFO("environment", "only of physically based materials: the material of what it mirrors, or "
+    Q_CLASSINFO("environment", "the material of what it mirrors, or "
                                "null; setting it to a material is an edit")
 
     Q_PROPERTY(QJSValue environment READ environment WRITE setEnvironment)
