@@ -63,8 +63,18 @@ void ksSceneIndex::note(const osg::FieldContainerPtr &container)
 
 void ksSceneIndex::noteChanges()
 {
+    noteRecorded();
+    recorded = 0;
+}
+
+void ksSceneIndex::noteRecorded()
+{
     const osg::ChangeList &changes = *osg::Thread::getCurrentChangeList();
-    for (auto change = changes.beginChanged(); change != changes.endChanged(); ++change) {
+    if (recorded > changes.sizeChanged())
+        recorded = 0;
+    auto change = changes.beginChanged() + recorded;
+    recorded = changes.sizeChanged();
+    for (; change != changes.endChanged(); ++change) {
         const osg::FieldContainerPtr container = containerOf<osg::FieldContainerPtr>(change->first);
         if (container == osg::NullFC || change->first >= next)
             continue;
@@ -78,7 +88,7 @@ void ksSceneIndex::noteChanges()
 
 void ksSceneIndex::noteNew()
 {
-    noteChanges();
+    noteRecorded();
     const auto &store = *osg::FieldContainerFactory::the()->getFieldContainerStore();
     for (; next < store.size(); ++next) {
         ++visited;

@@ -21,7 +21,7 @@ public:
         : root(sceneRoot)
     {}
 
-    /// Takes note of the names that the change list says have changed.
+    /// Takes note of the names that the change list says have changed, before it is cleared.
     void noteChanges();
 
     /// The first node of the scene called \a name, parents before their children; NullFC when there is none.
@@ -43,6 +43,7 @@ private:
     using Ids = std::vector<osg::UInt32>;
 
     void noteNew();
+    void noteRecorded();
     void note(const osg::FieldContainerPtr &container);
     void noteName(const osg::NodePtr &node);
 
@@ -52,5 +53,8 @@ private:
 
     /// The first id of those that have not been noted yet.
     std::size_t next = 0;
+
+    /// How many changes of the change list have been noted.
+    osg::UInt32 recorded = 0;
     std::size_t visited = 0;
 };

@@ -269,6 +269,7 @@ void ksScriptContainer::addDrag(
     // Commands may look at the value that they follow, so that these only tell whether the values fit.
     for (quint32 i = 0; i < count; ++i)
         std::unique_ptr<QUndoCommand>(make(values.property(i), ksMerging::Never));
+    host.refuseWithinCall();
     if (count > 0 && !isPresent(values.property(count - 1)))
         host.history().drag(static_cast<int>(count), [&](int event) {
             return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));

@@ -20,7 +20,8 @@ QStringList callsOf(const QJSValue &error)
     QStringList calls;
     for (const QString &call : error.property(QStringLiteral("stack")).toString().split(QLatin1Char('\n')))
         if (!call.isEmpty() && !call.contains(ksScriptHost::ownFileName()) &&
-            !call.endsWith(QStringLiteral(":0")) && !call.startsWith(QLatin1Char('[')) && (calls.isEmpty() || calls.last() != call))
+            !call.endsWith(QStringLiteral(":0")) && !call.startsWith(QLatin1Char('[')) &&
+            (calls.isEmpty() || calls.last() != call))
             calls += call;
     return calls;
 }

@@ -20,8 +20,10 @@
 #include <QFileInfo>
 #include <QJSValueIterator>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <cmath>
+#include <memory>
 #include <ostream>
 
 namespace {
@@ -213,12 +215,21 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 
 void ksScriptHost::add(QUndoCommand *command)
 {
+    std::unique_ptr<QUndoCommand> owned(command);
+    refuseWithinCall();
     if (command != nullptr)
-        editHistory.add(command);
+        editHistory.add(owned.release());
+}
+
+void ksScriptHost::refuseWithinCall() const
+{
+    if (calls > 0)
+        throw ksEditorError("not possible within another step");
 }
 
 void ksScriptHost::call(QJSValue function)
 {
+    const QScopedValueRollback<int> calling(calls, calls + 1);
     const QJSValue result = function.call();
     if (result.isError() && failureOfCall.isEmpty())
         failureOfCall = result.toString();

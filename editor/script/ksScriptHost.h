@@ -66,8 +66,12 @@ public:
     /// it is.
     void guard(const std::function<void()> &work) const;
 
-    /// Adds \a command to the history; null, an edit that changes nothing, is no step.
+    /// Adds \a command to the history; null, an edit that changes nothing, is no step. Throws ksEditorError
+    /// while a step calls a function of the script.
     void add(QUndoCommand *command);
+
+    /// Throws ksEditorError while a step calls a function of the script.
+    void refuseWithinCall() const;
 
     /// Calls \a function, which belongs to a step that is being run. Its error is that of the step.
     void call(QJSValue function);
@@ -115,6 +119,9 @@ private:
     std::map<osg::UInt32, QJSValue> objects;
     std::map<std::pair<const QMetaObject *, QStringList>, QJSValue> types;
     std::vector<Macro> macros;
+
+    /// How many functions of the script are called by steps, which must not make steps.
+    int calls = 0;
 
     /// What a function of the script that a step called has thrown.
     mutable QString failureOfCall;

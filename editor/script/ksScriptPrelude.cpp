@@ -4,8 +4,9 @@
 const char *const ksScriptPrelude = R"js((function(write) {
 "use strict";
 
-var natives = new WeakMap();
-var typesOf = new WeakMap();
+// By these, which no script has, the objects made here tell what they stand for.
+var nativeOf = Symbol("native");
+var typeOf = Symbol("type");
 var mostElements = 1000000;
 var deepest = 4;
 
@@ -25,6 +26,10 @@ function isObject(value) {
     return typeof value === "object" && value !== null;
 }
 
+function isOurs(value) {
+    return isObject(value) && value[nativeOf] !== undefined;
+}
+
 function show(value) {
     if (typeof value === "string")
         return "'" + (value.length > 60 ? value.slice(0, 57) + "..." : value) + "'";
@@ -36,7 +41,7 @@ function show(value) {
         return "an array";
     if (!isObject(value))
         return String(value);
-    return natives.has(value) ? String(value) : "an object";
+    return isOurs(value) ? String(value) : "an object";
 }
 
 function pass(value, depth) {
@@ -44,8 +49,8 @@ function pass(value, depth) {
         throw new TypeError("a symbol is no value");
     if (!isObject(value))
         return value;
-    if (natives.has(value))
-        return natives.get(value);
+    if (isOurs(value))
+        return value[nativeOf];
     if (depth === 0)
         throw new RangeError("arrays are nested too deep");
     var copy;
@@ -172,7 +177,7 @@ function isWritable(target, key) {
 var handler = {
     get: function(target, key) {
         if (typeof key === "symbol")
-            return undefined;
+            return key === nativeOf ? target.native : key === typeOf ? target.type : undefined;
         if (isMember(target, key))
             return read(target, key);
         if (key === "toString" || key === "toJSON")
@@ -229,10 +234,7 @@ return {
         Object.keys(content).forEach(function(key) {
             Object.defineProperty(target, key, { value: content[key], configurable: true });
         });
-        var object = new Proxy(target, handler);
-        natives.set(object, native);
-        typesOf.set(object, type);
-        return object;
+        return new Proxy(target, handler);
     },
     addMacro: function(type) {
         type.members.macro.call = function(title, body) {
@@ -268,8 +270,8 @@ return {
                 return;
             }
             var found = [];
-            if (isObject(what) && natives.has(what))
-                found = helpOnType(typesOf.get(what));
+            if (isOurs(what))
+                found = helpOnType(what[typeOf]);
             else
                 types.forEach(function(type) {
                     if (type.name.toLowerCase() === String(what).toLowerCase())

@@ -28,6 +28,76 @@ TEST_F(ksScriptEngineTest, FindsNodes)
               "Root Child true false\nRoot,Child\n");
 }
 
+TEST_F(ksScriptEngineTest, FindsByNamePathAndNumber)
+{
+    EXPECT_EQ(
+        printed("var child = scene.find('Child'), twin = child.add('Child');"
+                "print(scene.findAll('Child').length, scene.findAll('Child')[1] === twin,"
+                "      scene.findAll('x').length);"
+                "print(twin.path, scene.at(twin.path) === twin, scene.at('') === scene.root);"
+                "print(scene.byId(twin.id) === twin, scene.byId(twin.core.id) === twin.core);"
+                "child.name = 'Other'; print(scene.has('Other'), scene.find('Child') === twin);"
+                "history.undo(); print(scene.has('Other'), scene.find('Child') === child);"
+                "child.remove(); print(scene.has('Child')); history.undo(); print(scene.has('Child'));"),
+        "2 true 0\nChild/Child true true\ntrue true\ntrue true\nfalse true\nfalse\ntrue\n");
+    EXPECT_EQ(errorOf("scene.at('Child/Nobody');"), ":1: Error: there is no node at 'Child/Nobody'");
+    EXPECT_EQ(errorOf("scene.byId(0);"), ":1: Error: there is no container 0");
+    EXPECT_EQ(errorOf("scene.byId(1000000);"), ":1: Error: there is no container 1000000");
+}
+
+/// A name is found, and an edit made, without a look at the rest of the scene.
+TEST_F(ksScriptEngineTest, CostsWhatChanges)
+{
+    for (int i = 0; i < 1000; ++i) {
+        CPEdit(child, osg::Node::ChildrenFieldMask);
+        child->addChild(makeNode(("Node " + std::to_string(i)).c_str()));
+    }
+    run("scene.find('Node 0');");
+    const std::size_t before = engine.visitedCount();
+    run("for (var i = 0; i < 100; ++i) { var node = scene.find('Node ' + i);"
+        "    node.attachment('ksNodeSettings').set('layer', 3); node.name = 'Name ' + i;"
+        "    scene.find('Name ' + i).add('New ' + i); history.undo(); history.redo(); }");
+    EXPECT_LT(engine.visitedCount() - before, 2000u);
+}
+
+TEST_F(ksScriptEngineTest, HasAConsole)
+{
+    EXPECT_EQ(run("console.log('one', 2); console.info(null); console.warn('three', [4]); console.error();"),
+              "one 2\nnull\nwarning: three 4\nwarning: \n");
+    std::vector<QString> warnings;
+    engine.setWarningHandler([&warnings](const QString &text) { warnings.push_back(text); });
+    EXPECT_EQ(run("console.warn('five');"), "");
+    EXPECT_EQ(warnings, std::vector<QString>{QStringLiteral("five")});
+}
+
+TEST_F(ksScriptEngineTest, HelpsOut)
+{
+    EXPECT_THAT(run("help();"), HasSubstr("Objects: "));
+    EXPECT_THAT(run("help(scene);"), HasSubstr("  find(name)\n      the first node of that name"));
+    EXPECT_THAT(run("help(scene.root);"), HasSubstr("  translate(value, [options])\n"));
+    EXPECT_THAT(run("help('Tags');"), HasSubstr("  addLayer(tag)\n"));
+    EXPECT_THAT(run("help('coneAngle');"), testing::StartsWith("Light\n  coneAngle\n"));
+    EXPECT_EQ(errorOf("help('nothing');"), ":1: Error: there is no help on 'nothing'");
+}
+
+TEST_F(ksScriptEngineTest, CallsFunctionsOfSteps)
+{
+    EXPECT_EQ(printed("var own = scene.root.attachment('ksNodeSettings');"
+                      "own.switchFlag('locked', true, function () { print('locked', own.get('locked')); });"
+                      "history.undo(); history.redo();"
+                      "history.batch('b', [[own, 'layer', 5]], false, function () {"
+                      "    print('layer', own.get('layer')); });"
+                      "history.undo(); history.redo();"),
+              "locked true\nlocked false\nlayer 5\nlayer 0\nlayer 5\n");
+    EXPECT_EQ(
+        errorOf("var own = scene.root.attachment('ksNodeSettings');"
+                "history.batch('b', [[own, 'layer', 6]], false, function () { own.set('layer', 7); });"),
+        ":1: Error: Error: not possible within another step");
+    EXPECT_EQ(rootSettings()->getLayer(), 6);
+    EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', true, 5);"),
+              ":1: Error: the action is a function");
+}
+
 TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
 {
     EXPECT_EQ(
