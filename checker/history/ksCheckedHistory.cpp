@@ -197,7 +197,9 @@ void ksCheckedHistory::commandPerformed(const QUndoCommand *command, bool added)
 
 void ksCheckedHistory::forgetSnapshots()
 {
-    snapshots.assign(1, ksSceneSnapshot(root(), current));
+    // What only commands and aspect 1 held goes with the latter.
+    takeSnapshots();
+    snapshots.assign(1, current);
 }
 
 void ksCheckedHistory::noteAdded(const QUndoCommand &command)

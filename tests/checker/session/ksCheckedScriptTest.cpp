@@ -108,6 +108,9 @@ const ScriptCase Cases[] = {
      "var shelf = scene.root.add('Shelf'); copy.moveTo(shelf); chair.moveTo(table, 0);"
      "chair.moveTo(table, 1); chair.remove(); shelf.remove(); history.undo(); shelf.name = 'Board';"
      "scene.find('Lamp').variants.add('Corner'); scene.find('Lamp').copy(shelf);"},
+    {"ClearingRemovedNodes",
+     "scene.find('LegFrontLeft').children[0].remove(); scene.find('Chair').remove(); history.clear();"
+     "scene.find('Table').remove();"},
     {"Texts", "var own = scene.find('Table').attachment('ksNodeSettings'); own.set('comment', 'new');"
               "own.drag('comment', ['o', 'oi', 'oil']); scene.find('Table').tags.add('wood');"
               "var tags = scene.find('Table').attachment('TagAttachment');"
