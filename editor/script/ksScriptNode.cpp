@@ -299,8 +299,9 @@ QJSValue ksScriptNode::add(const QString &name)
 {
     QJSValue added;
     host.guard([&] {
+        const osg::NodePtr parent = node();
         const osg::NodePtr made = ksContainers::createNode(name.toStdString(), osg::Transform3D::create());
-        host.add(ksTreeEdits::makeAdd(node(), made));
+        host.add(ksTreeEdits::makeAdd(parent, made));
         added = host.object(made);
     });
     return added;

@@ -406,6 +406,18 @@ TEST_F(ksScriptEngineTest, KnowsContainersThatHaveGone)
         EXPECT_EQ(errorOf(use), ":1: Error: the container " + id + " has gone") << use;
 }
 
+/// Nothing is left of what was to be added to it.
+TEST_F(ksScriptEngineTest, AddsNothingToWhatHasGone)
+{
+    run("gone = scene.find('Child'); gone.remove(); history.clear();");
+    const std::ptrdiff_t before = ksLivingContainers();
+    for (const char *use : {"gone.add('New');", "gone.copy(scene.root);", "scene.root.copy(gone);",
+                            "scene.root.moveTo(gone);", "gone.tags.add('x');", "gone.name = 'x';",
+                            "scene.addAim('Aim', scene.root, gone, []);"})
+        EXPECT_NE(errorOf(use), "") << use;
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksScriptEngineTest, RefusesFilesThatCannotBeRead)
 {
     const QString path = folder.path("missing.js");
