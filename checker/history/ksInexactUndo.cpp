@@ -18,6 +18,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -171,9 +172,8 @@ std::function<ksExpectations()> watchWorldEdit(const ksUndoCommand &command)
     return [] { return ksExpectations(); };
 }
 
-} // namespace
-
-std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command, const osg::NodePtr &root)
+/// What undoing \a command without its children does not bring back, see ksInexactUndo::watch().
+std::function<ksExpectations()> watchOne(const QUndoCommand &command, const osg::NodePtr &root)
 {
     if (dynamic_cast<const ksDeleteConstraintReferenceUndoCommand *>(&command) != nullptr)
         return watchRemoval(root);
@@ -187,4 +187,22 @@ std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command
         return watchSwitch(*flag);
     const auto *edit = dynamic_cast<const ksUndoCommand *>(&command);
     return edit != nullptr ? watchWorldEdit(*edit) : [] { return ksExpectations(); };
+}
+
+} // namespace
+
+std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command, const osg::NodePtr &root)
+{
+    std::vector<std::function<ksExpectations()>> watched = {watchOne(command, root)};
+    for (int i = 0; i < command.childCount(); ++i)
+        watched.push_back(watch(*command.child(i), root));
+    return [watched] {
+        ksExpectations all;
+        for (const std::function<ksExpectations()> &each : watched) {
+            const ksExpectations found = each();
+            all.differences.insert(all.differences.end(), found.differences.begin(), found.differences.end());
+            all.roundings.insert(all.roundings.end(), found.roundings.begin(), found.roundings.end());
+        }
+        return all;
+    };
 }

@@ -3,10 +3,10 @@
 #include <editor/scene/ksContainers.h>
 
 ksMeshMaterialUndoCommand::ksMeshMaterialUndoCommand(const osg::ksMeshPtr &mesh,
-                                                     const osg::MaterialPtr &material)
+                                                     const osg::MaterialPtr &material, QUndoCommand *parent)
     : ksContainerUndoCommand(QStringLiteral("Set material of '") + ksContainers::nameOf(mesh) +
                                  QLatin1Char('\''),
-                             mesh, false, true, nullptr)
+                             mesh, false, true, parent)
     , oldMaterial(mesh->getMaterial())
     , newMaterial(material)
 {}

@@ -15,7 +15,8 @@ class ksMeshMaterialUndoCommand
 
 public:
     /// \a material may be null.
-    ksMeshMaterialUndoCommand(const osg::ksMeshPtr &mesh, const osg::MaterialPtr &material);
+    ksMeshMaterialUndoCommand(const osg::ksMeshPtr &mesh, const osg::MaterialPtr &material,
+                              QUndoCommand *parent = nullptr);
 
 private:
     friend ksContainerUndoCommand;

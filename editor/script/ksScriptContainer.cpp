@@ -2,6 +2,7 @@
 #include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksMeshMaterialUndoCommand.h>
+#include <editor/import/ksImageImporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldReferences.h>
@@ -12,6 +13,7 @@
 #include <editor/script/ksScriptValues.h>
 
 #include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/field/ksImageFieldUndoCommand.h>
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 
 #include <OSGUberLight.h>
@@ -62,6 +64,40 @@ osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
             if (component->getImage() != osg::NullFC)
                 return component->getImage();
     return osg::NullFC;
+}
+
+/// The mesh whose material is meant by \a name as a value of \a container; NullFC when it is none. Throws
+/// ksEditorError when a node has no mesh.
+osg::ksMeshPtr meshOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    if (name != QLatin1String("material"))
+        return osg::NullFC;
+    const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container);
+    if (mesh == osg::NullFC)
+        throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no mesh"));
+    return mesh;
+}
+
+osg::MaterialPtr materialFrom(const QJSValue &value)
+{
+    return value.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(value, "material");
+}
+
+/// The colour component whose image is meant by \a name as a value of \a container; NullFC when it is none.
+osg::ColorComponentPtr componentOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    return name == QLatin1String("image") ? osg::ColorComponentPtr::dcast(container)
+                                          : osg::ColorComponentPtr();
+}
+
+/// An image, that in a file, or none for null.
+osg::ImageRefPtr imageFrom(const ksScriptHost &host, const QJSValue &value)
+{
+    if (value.isNull())
+        return {};
+    if (value.isString())
+        return ksImageImporter::read(host.pathFrom(value.toString()));
+    return osg::ImageRefPtr(containerFrom<osg::ImagePtr>(value, "image"));
 }
 
 } // namespace
@@ -170,15 +206,7 @@ QJSValue ksScriptContainer::material() const
 
 void ksScriptContainer::setMaterial(const QJSValue &material)
 {
-    host.guard([&] {
-        const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container());
-        if (mesh == osg::NullFC)
-            throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" has no mesh"));
-        const auto wanted =
-            material.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(material, "material");
-        if (wanted != mesh->getMaterial())
-            host.add(new ksMeshMaterialUndoCommand(mesh, wanted));
-    });
+    host.guard([&] { perform({QStringLiteral("material"), material, {}, {}}); });
 }
 
 QJSValue ksScriptContainer::light() const
@@ -222,23 +250,33 @@ QJSValue ksScriptContainer::get(const QString &fieldName) const
 
 void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
 {
-    host.guard([&] {
-        if (!holds(field, value))
-            host.add(makeEdit(field, value, text, ksMerging::Never, nullptr));
-    });
+    host.guard([&] { perform({field, value, {}, text}); });
 }
 
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
-    host.guard([&] {
-        const QString title = titleFrom(text);
-        addDrag(
-            values,
-            [&](const QJSValue &value, ksMerging merging) {
-                return makeEdit(field, value, title, merging, nullptr);
-            },
-            [&](const QJSValue &value) { return holds(field, value); });
-    });
+    host.guard([&] { performDrag({field, {}, {}, titleFrom(text)}, values); });
+}
+
+void ksScriptContainer::perform(const ksScriptEdit &edit)
+{
+    if (!holds(edit))
+        host.add(makeEdit(edit));
+}
+
+void ksScriptContainer::performDrag(ksScriptEdit edit, const QJSValue &values)
+{
+    addDrag(
+        values,
+        [&](const QJSValue &value, ksMerging merging) {
+            edit.value = value;
+            edit.merging = merging;
+            return makeEdit(edit);
+        },
+        [&](const QJSValue &value) {
+            edit.value = value;
+            return holds(edit);
+        });
 }
 
 void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSValue &action)
@@ -276,15 +314,26 @@ void ksScriptContainer::addDrag(
         });
 }
 
-QUndoCommand *ksScriptContainer::makeEdit(const QString &name, const QJSValue &value, const QString &text,
-                                          ksMerging merging, QUndoCommand *parent) const
+QUndoCommand *ksScriptContainer::makeEdit(const ksScriptEdit &edit) const
 {
     const osg::FieldContainerPtr target = container();
-    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, name) : text;
-    return ksFieldEdits::make(title, target, name, plainFrom(value), merging, parent);
+    if (!edit.options.isUndefined())
+        throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' takes no options"));
+    if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
+        return new ksMeshMaterialUndoCommand(mesh, materialFrom(edit.value), edit.parent);
+    if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
+        return new ksImageFieldUndoCommand(component, "image", imageFrom(host, edit.value).get(),
+                                           edit.parent);
+    const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(target, edit.name) : edit.text;
+    return ksFieldEdits::make(title, target, edit.name, plainFrom(edit.value), edit.merging, edit.parent);
 }
 
-bool ksScriptContainer::holds(const QString &name, const QJSValue &value) const
+bool ksScriptContainer::holds(const ksScriptEdit &edit) const
 {
-    return ksFieldEdits::holds(container(), name, plainFrom(value));
+    const osg::FieldContainerPtr target = container();
+    if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
+        return mesh->getMaterial() == materialFrom(edit.value);
+    if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
+        return component->getImage() == imageFrom(host, edit.value).get();
+    return ksFieldEdits::holds(target, edit.name, plainFrom(edit.value));
 }

@@ -13,6 +13,26 @@
 
 #include <functional>
 
+/// What a script wants to be the value of something.
+struct ksScriptEdit
+{
+    /// The name of a field, or of a value that the object's class knows.
+    QString name;
+
+    QJSValue value;
+
+    /// See ksScriptNode; undefined for none.
+    QJSValue options;
+
+    /// The text of the step; empty for the usual one.
+    QString text;
+
+    ksMerging merging = ksMerging::Never;
+
+    /// Of the command.
+    QUndoCommand *parent = nullptr;
+};
+
 /// A container of the scene in a script.
 ///
 /// It knows its container by id. Using it after the container has gone is an error in the script. Properties
@@ -90,13 +110,15 @@ public:
                                   const QJSValue &text = QJSValue());
     Q_INVOKABLE void switchFlag(const QString &field, bool value, const QJSValue &action);
 
-    /// A new command that sets the property or field \a name to \a value. It belongs to the caller
-    /// unless there is a \a parent. Throws ksEditorError when the value does not fit.
-    virtual QUndoCommand *makeEdit(const QString &name, const QJSValue &value, const QString &text,
-                                   ksMerging merging, QUndoCommand *parent) const;
+    /// A new command for \a edit, which belongs to the caller unless that has a parent. Throws ksEditorError
+    /// when there is no such value, or the new one does not fit.
+    virtual QUndoCommand *makeEdit(const ksScriptEdit &edit) const;
 
-    /// Whether the property or field \a name has \a value.
-    virtual bool holds(const QString &name, const QJSValue &value) const;
+    /// Whether the value is there already. Throws as makeEdit() does.
+    virtual bool holds(const ksScriptEdit &edit) const;
+
+    /// Makes \a edit a step, unless the value is there already.
+    void perform(const ksScriptEdit &edit);
 
 protected:
     /// What \a read answers, or undefined with an error in the script when it throws ksEditorError.
@@ -111,9 +133,12 @@ protected:
     /// What a script gives as the text of a step; empty when it gives none.
     static QString titleFrom(const QJSValue &text);
 
+    /// Performs \a edit with each of \a values, an array, as a drag. Throws ksEditorError, before it does
+    /// anything, when it is no array or a value does not fit.
+    void performDrag(ksScriptEdit edit, const QJSValue &values);
+
     /// Adds the commands that \a make gives for each of \a values, an array, as a drag, unless the last is
-    /// what \a isPresent tells to be there already. Throws ksEditorError, before it does anything, when it is
-    /// no array or a value does not fit.
+    /// what \a isPresent tells to be there already. Throws as performDrag() does.
     void addDrag(const QJSValue &values,
                  const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make,
                  const std::function<bool(const QJSValue &value)> &isPresent);

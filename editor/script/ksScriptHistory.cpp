@@ -73,13 +73,17 @@ void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool mer
         for (quint32 i = 0; i < count; ++i) {
             const QJSValue entry = edits.property(i);
             const auto *target = qobject_cast<ksScriptContainer *>(entry.property(0).toQObject());
-            if (target == nullptr || lengthOf(entry) != 3 || !entry.property(1).isString())
+            const quint32 parts = lengthOf(entry);
+            if (target == nullptr || parts < 3 || parts > 4 || !entry.property(1).isString())
                 throw ksEditorError("an edit of a batch is an array of a container, a field and a value");
-            const QString name = entry.property(1).toString();
-            const QJSValue value = entry.property(2);
-            target->makeEdit(name, value, text, merging ? ksMerging::WithPrevious : ksMerging::Never,
-                             batch.get());
-            changes = changes || !target->holds(name, value);
+            const ksScriptEdit edit{entry.property(1).toString(),
+                                    entry.property(2),
+                                    entry.property(3),
+                                    text,
+                                    merging ? ksMerging::WithPrevious : ksMerging::Never,
+                                    batch.get()};
+            changes = changes || !target->holds(edit);
+            target->makeEdit(edit);
         }
         if (changes)
             host.add(batch.release());

@@ -62,20 +62,20 @@ ksLightValue ksScriptLight::valueFrom(const ksLightProperty &property, const QJS
     return wanted;
 }
 
-QUndoCommand *ksScriptLight::makeEdit(const QString &name, const QJSValue &value, const QString &text,
-                                      ksMerging merging, QUndoCommand *parent) const
+QUndoCommand *ksScriptLight::makeEdit(const ksScriptEdit &edit) const
 {
-    const ksLightProperty *property = ksLightEdits::find(name);
-    if (property == nullptr)
-        return ksScriptContainer::makeEdit(name, value, text, merging, parent);
-    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(node(), name) : text;
-    return ksMergingAs(merging, property->make(title, node(), valueFrom(*property, value), parent));
+    const ksLightProperty *property = ksLightEdits::find(edit.name);
+    if (property == nullptr || !edit.options.isUndefined())
+        return ksScriptContainer::makeEdit(edit);
+    const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(node(), edit.name) : edit.text;
+    return ksMergingAs(edit.merging,
+                       property->make(title, node(), valueFrom(*property, edit.value), edit.parent));
 }
 
-bool ksScriptLight::holds(const QString &name, const QJSValue &value) const
+bool ksScriptLight::holds(const ksScriptEdit &edit) const
 {
-    const ksLightProperty *property = ksLightEdits::find(name);
+    const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr)
-        return ksScriptContainer::holds(name, value);
-    return property->read(node()).isSame(valueFrom(*property, value));
+        return ksScriptContainer::holds(edit);
+    return property->read(node()).isSame(valueFrom(*property, edit.value));
 }

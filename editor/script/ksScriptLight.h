@@ -49,9 +49,8 @@ public:
     Q_INVOKABLE void drag(const QString &property, const QJSValue &values,
                           const QJSValue &text = QJSValue()) override;
 
-    QUndoCommand *makeEdit(const QString &name, const QJSValue &value, const QString &text, ksMerging merging,
-                           QUndoCommand *parent) const override;
-    bool holds(const QString &name, const QJSValue &value) const override;
+    QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
+    bool holds(const ksScriptEdit &edit) const override;
 
 private:
     QJSValue value(const char *name) const;

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
-#include <editor/import/ksImageImporter.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksReferenceCycles.h>
 #include <editor/script/ksScriptMaterial.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
-#include <ksundo/field/ksImageFieldUndoCommand.h>
 #include <ksundo/material/ksColorComponentUndoCommand.h>
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
@@ -24,6 +22,8 @@ namespace {
 
 const ksScriptRegistry::Wrapper<osg::UberMaterialPtr, ksScriptMaterial> materialWrapper;
 const ksScriptRegistry::Wrapper<osg::UBRDFMaterialPtr, ksScriptSurface> surfaceWrapper;
+
+const QLatin1String Environment("environment");
 
 /// The command that sets the field called \a field of a part of a material.
 ksFieldBaseUndoCommand *makeInner(const osg::FieldContainerPtr &part, const QString &field,
@@ -105,14 +105,8 @@ void ksScriptMaterial::setAllComponents(const QString &field, const QJSValue &va
 void ksScriptMaterial::setImage(int index, const QJSValue &image)
 {
     host.guard([&] {
-        const auto target = osg::ColorComponentPtr::dcast(component(index));
-        osg::ImageRefPtr wanted;
-        if (image.isString())
-            wanted = ksImageImporter::read(host.pathFrom(image.toString()));
-        else if (!image.isNull())
-            wanted = osg::ImageRefPtr(containerFrom<osg::ImagePtr>(image, "image"));
-        if (wanted.get() != target->getImage())
-            host.add(new ksImageFieldUndoCommand(target, "image", wanted.get()));
+        ksScriptContainer part(host, component(index).getFieldContainerId());
+        part.perform({QStringLiteral("image"), image, {}, {}});
     });
 }
 
@@ -127,11 +121,23 @@ QUndoCommand *ksScriptMaterial::make(const osg::FieldContainerPtr &part, const Q
 
 void ksScriptSurface::setEnvironment(const QJSValue &material)
 {
-    host.guard([&] {
-        const auto own = osg::UBRDFMaterialPtr::dcast(container());
-        const auto wanted = containerFrom<osg::MaterialPtr>(material, "material");
-        ksReferenceCycles::refuse(own, wanted);
-        if (own->getEnvironment() != wanted)
-            host.add(new ksSetEnvironmentUndoCommand(own, wanted));
-    });
+    host.guard([&] { perform({Environment, material, {}, {}}); });
+}
+
+QUndoCommand *ksScriptSurface::makeEdit(const ksScriptEdit &edit) const
+{
+    if (edit.name != Environment)
+        return ksScriptContainer::makeEdit(edit);
+    const auto own = osg::UBRDFMaterialPtr::dcast(container());
+    const auto wanted = containerFrom<osg::MaterialPtr>(edit.value, "material");
+    ksReferenceCycles::refuse(own, wanted);
+    return new ksSetEnvironmentUndoCommand(own, wanted, edit.parent);
+}
+
+bool ksScriptSurface::holds(const ksScriptEdit &edit) const
+{
+    if (edit.name != Environment)
+        return ksScriptContainer::holds(edit);
+    return osg::UBRDFMaterialPtr::dcast(container())->getEnvironment() ==
+           containerFrom<osg::MaterialPtr>(edit.value, "material");
 }

@@ -58,4 +58,7 @@ public:
 
     QJSValue environment() const { return get(QStringLiteral("environment")); }
     void setEnvironment(const QJSValue &material);
+
+    QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
+    bool holds(const ksScriptEdit &edit) const override;
 };

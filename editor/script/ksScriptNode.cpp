@@ -26,6 +26,9 @@ namespace {
 
 const ksScriptRegistry::Wrapper<osg::NodePtr, ksScriptNode> wrapper;
 
+const QLatin1String Rotation("rotation");
+const QLatin1String RotationOrder("rotationOrder");
+
 std::string orderFrom(const QString &order)
 {
     static const QStringList orders = {QStringLiteral("XYZ"), QStringLiteral("XZY"), QStringLiteral("YXZ"),
@@ -169,12 +172,7 @@ QString ksScriptNode::rotationOrder() const
 
 void ksScriptNode::setRotationOrder(const QString &order)
 {
-    host.guard([&] {
-        const ksTransformTarget own = target(QJSValue());
-        const std::string wanted = orderFrom(order);
-        if (ksNodeUtils::getTransformNodeEulerRotationOrder(own.node, -1) != wanted)
-            host.add(ksMergingAs(ksMerging::Never, new ksEulerRotationOrderUndoCommand(own.node, wanted)));
-    });
+    host.guard([&] { perform({RotationOrder, order, {}, {}}); });
 }
 
 void ksScriptNode::translate(const QJSValue &value, const QJSValue &options)
@@ -209,68 +207,61 @@ QJSValue ksScriptNode::getTransform(const QString &property, const QJSValue &opt
 void ksScriptNode::setTransform(const QString &property, const QJSValue &value, const QJSValue &options)
 {
     host.guard([&] {
-        const ksTransformProperty &wanted = propertyFrom(property);
-        const ksTransformTarget aim = target(wanted, options);
-        if (!areSame(wanted.read(aim), vectorFrom(value, property)))
-            host.add(make(wanted, aim, value, ksMerging::Never));
+        propertyFrom(property);
+        perform({property, value, options, {}});
     });
 }
 
 void ksScriptNode::drag(const QString &property, const QJSValue &values, const QJSValue &options)
 {
-    const ksTransformProperty *wanted = ksTransformEdits::find(property);
-    if (wanted == nullptr) {
+    if (ksTransformEdits::find(property) == nullptr)
         ksScriptContainer::drag(property, values, options);
-        return;
-    }
-    host.guard([&] {
-        const ksTransformTarget aim = target(*wanted, options);
-        addDrag(
-            values,
-            [&](const QJSValue &value, ksMerging merging) { return make(*wanted, aim, value, merging); },
-            [&](const QJSValue &value) { return areSame(wanted->read(aim), vectorFrom(value, property)); });
-    });
-}
-
-QUndoCommand *ksScriptNode::make(const ksTransformProperty &property, const ksTransformTarget &aim,
-                                 const QJSValue &value, ksMerging merging, QUndoCommand *parent)
-{
-    const osg::Vec3f wanted = vectorFrom(value, QString::fromLatin1(property.name));
-    return ksMergingAs(merging, property.make(aim, wanted, {}, parent));
-}
-
-QUndoCommand *ksScriptNode::makeEdit(const QString &name, const QJSValue &value, const QString &text,
-                                     ksMerging merging, QUndoCommand *parent) const
-{
-    const ksTransformProperty *property = ksTransformEdits::find(name);
-    if (property == nullptr)
-        return ksScriptContainer::makeEdit(name, value, text, merging, parent);
-    return make(*property, target(*property, QJSValue()), value, merging, parent);
-}
-
-bool ksScriptNode::holds(const QString &name, const QJSValue &value) const
-{
-    const ksTransformProperty *property = ksTransformEdits::find(name);
-    if (property == nullptr)
-        return ksScriptContainer::holds(name, value);
-    return areSame(property->read(target(*property, QJSValue())), vectorFrom(value, name));
+    else
+        host.guard([&] { performDrag({property, {}, options, {}}, values); });
 }
 
 void ksScriptNode::turn(const QJSValue &quaternion)
 {
-    host.guard([&] {
-        const ksTransformTarget own = target(QJSValue());
-        const std::array<float, 4> q = numbersFrom<4>(quaternion, QStringLiteral("quaternion"));
-        osg::Quaternion rotation(q[0], q[1], q[2], q[3]);
-        if (rotation.length() == 0)
-            throw ksEditorError("a quaternion of length 0 is no rotation");
-        rotation.normalize();
-        if (osg::Transform3DPtr::dcast(own.node->getCore())->getRotation() == rotation)
-            return;
-        const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
-        host.add(
-            ksMergingAs(ksMerging::Never, new ksRotationAsQuaternionUndoCommand(text, own.node, rotation)));
-    });
+    host.guard([&] { perform({Rotation, quaternion, {}, {}}); });
+}
+
+osg::Quaternion ksScriptNode::rotationFrom(const QJSValue &value) const
+{
+    const std::array<float, 4> q = numbersFrom<4>(value, QStringLiteral("quaternion"));
+    osg::Quaternion rotation(q[0], q[1], q[2], q[3]);
+    if (rotation.length() == 0)
+        throw ksEditorError("a quaternion of length 0 is no rotation");
+    rotation.normalize();
+    return rotation;
+}
+
+QUndoCommand *ksScriptNode::makeEdit(const ksScriptEdit &edit) const
+{
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
+        return ksMergingAs(edit.merging, property->make(target(*property, edit.options),
+                                                        vectorFrom(edit.value, edit.name), {}, edit.parent));
+    if (!edit.options.isUndefined() || (edit.name != Rotation && edit.name != RotationOrder))
+        return ksScriptContainer::makeEdit(edit);
+    const ksTransformTarget own = target(QJSValue());
+    if (edit.name == RotationOrder)
+        return ksMergingAs(edit.merging, new ksEulerRotationOrderUndoCommand(
+                                             own.node, orderFrom(shown(edit.value)), edit.parent));
+    const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
+    return ksMergingAs(edit.merging, new ksRotationAsQuaternionUndoCommand(
+                                         text, own.node, rotationFrom(edit.value), edit.parent));
+}
+
+bool ksScriptNode::holds(const ksScriptEdit &edit) const
+{
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
+        return areSame(property->read(target(*property, edit.options)), vectorFrom(edit.value, edit.name));
+    if (edit.name == RotationOrder)
+        return ksNodeUtils::getTransformNodeEulerRotationOrder(target(QJSValue()).node, -1) ==
+               orderFrom(shown(edit.value));
+    if (edit.name == Rotation)
+        return ksNodeUtils::getTransform3D(target(QJSValue()).node, -1)->getRotation() ==
+               rotationFrom(edit.value);
+    return ksScriptContainer::holds(edit);
 }
 
 void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)

@@ -77,14 +77,13 @@ public:
     Q_INVOKABLE void moveTo(const QJSValue &parent, int index = -1);
     Q_INVOKABLE void remove();
 
-    QUndoCommand *makeEdit(const QString &name, const QJSValue &value, const QString &text, ksMerging merging,
-                           QUndoCommand *parent) const override;
-    bool holds(const QString &name, const QJSValue &value) const override;
+    /// Also knows the values of transforms, "rotationOrder", and "rotation", which is what turn() sets.
+    QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
+    bool holds(const ksScriptEdit &edit) const override;
 
 private:
     osg::NodePtr node() const;
     ksTransformTarget target(const QJSValue &options) const;
     ksTransformTarget target(const ksTransformProperty &property, const QJSValue &options) const;
-    static QUndoCommand *make(const ksTransformProperty &property, const ksTransformTarget &aim,
-                              const QJSValue &value, ksMerging merging, QUndoCommand *parent = nullptr);
+    osg::Quaternion rotationFrom(const QJSValue &value) const;
 };

@@ -123,6 +123,13 @@ const ScriptCase Cases[] = {
                      "    [lamp, 'intensity', x], [vase.attachment('ksNodeSettings'), 'comment', 'x' + x],"
                      "    [scene.find('Rug').material.components[0], 'color', [x, x, x]]], merging); }"
                      "move(1); move(2, true); if (history.count !== 1) throw 'not merged';"},
+    {"BatchesOfEverything",
+     "var vase = scene.find('Vase'), clock = scene.find('Clock').material, rug = scene.find('Rug');"
+     "history.batch('All', [[vase, 'rotation', [0, 0.6, 0, 0.8]], [vase, 'rotationOrder', 'ZYX'],"
+     "    [scene.find('Flower'), 'translation', [1, 2, 3], { world: true }],"
+     "    [clock, 'environment', rug.material], [rug.material.components[0], 'image', "
+     "scene.find('Picture').image],"
+     "    [scene.find('Floor'), 'material', rug.material]]);"},
     {"TakingBack",
      "var vase = scene.find('Vase'); vase.scale([2, 2, 2]);"
      "try { history.macro('m', function () { vase.turn([0, 0.6, 0, 0.8]); vase.rotate([1, 2, 3]);"
