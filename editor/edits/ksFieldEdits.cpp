@@ -62,11 +62,11 @@ public:
     {
         const auto useNumber = [this, &use](auto &typed) {
             using T = typename std::decay_t<decltype(typed)>::StoredType;
-            use(typed, numberFrom<T>(value));
+            use(typed, this->numberFrom<T>(value));
         };
         const auto useTuple = [this, &use](auto &typed) {
             using T = typename std::decay_t<decltype(typed)>::StoredType;
-            use(typed, tupleFrom<T>());
+            use(typed, this->tupleFrom<T>());
         };
         if (ksNumericFields::visit(*found, useNumber) ||
             ksNumericFields::visitAs<osg::Vec2f, osg::Vec3f, osg::Vec4f, osg::Pnt3f, osg::Color3f,

@@ -2,10 +2,9 @@
 #include <editor/edits/ksFieldRanges.h>
 #include <editor/ksEditorError.h>
 
-#include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGSFVecTypes.h>
+#include <OpenSG/OSGSFMathTypes.h>
 
 #include <cmath>
 #include <limits>

@@ -138,7 +138,8 @@ TEST_F(ksScriptingPage, DescribesWhatThereIs)
         for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type)) {
             const QByteArray name = member.name.toLatin1();
             if (member.isProperty) {
-                EXPECT_GE(type.indexOfProperty(name.constData()), 0) << type.className() << ' ' << name.toStdString();
+                EXPECT_GE(type.indexOfProperty(name.constData()), 0)
+                    << type.className() << ' ' << name.toStdString();
                 continue;
             }
             int least = 1000;

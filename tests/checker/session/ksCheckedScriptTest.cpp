@@ -250,3 +250,25 @@ TEST_F(ksCheckedScriptErrorTest, MakesCommandsOfEveryClass)
     EXPECT_EQ(history.differenceCount(), 0) << out.str();
     EXPECT_EQ(ksCommandClasses::countIn(history), 52);
 }
+
+namespace {
+
+class ksRandomScriptTest : public ksCheckedScriptTest
+{};
+
+} // namespace
+
+TEST_P(ksRandomScriptTest, FindsNothing)
+{
+    std::ostringstream edits;
+    edits << std::ifstream(KS_RANDOM_SCRIPT).rdbuf();
+    EXPECT_EQ(errorOf(GetParam().script + edits.str()), "");
+    EXPECT_EQ(history.differenceCount(), 0) << out.str();
+    EXPECT_GT(transcript.stepCount(), 100);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ksRandomScriptTest,
+                         testing::Values(ScriptCase{"One", "var seed = 1;"},
+                                         ScriptCase{"Two", "var seed = 2;"},
+                                         ScriptCase{"Three", "var seed = 3;"}),
+                         [](const auto &info) { return std::string(info.param.name); });
