@@ -4,7 +4,7 @@
 
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldContainerType.h>
-#include <OpenSG/OSGSFMathTypes.h>
+#include <OpenSG/OSGSFBaseTypes.h>
 
 #include <cmath>
 #include <limits>

@@ -19,9 +19,11 @@ QString named(const char *what, const QString &text)
 /// Whether \a macro and the macros in it have no commands.
 bool isEmpty(const QUndoCommand &macro)
 {
-    for (int i = 0; i < macro.childCount(); ++i)
-        if (typeid(*macro.child(i)) != typeid(QUndoCommand) || !isEmpty(*macro.child(i)))
+    for (int i = 0; i < macro.childCount(); ++i) {
+        const QUndoCommand &child = *macro.child(i);
+        if (typeid(child) != typeid(QUndoCommand) || !isEmpty(child))
             return false;
+    }
     return true;
 }
 
