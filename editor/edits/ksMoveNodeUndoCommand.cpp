@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksMoveNodeUndoCommand.h>
+#include <editor/scene/ksReferenceCycles.h>
 
 ksNodePlace ksNodePlace::of(const osg::NodePtr &node)
 {
@@ -14,6 +15,13 @@ ksMoveNodeUndoCommand::ksMoveNodeUndoCommand(const QString &text, const osg::Nod
     : ksContainerUndoCommand(text, node, ksNodePlace::of(node), place, nullptr)
     , held(node)
 {}
+
+ksMoveNodeUndoCommand::~ksMoveNodeUndoCommand()
+{
+    const osg::NodePtr node = held.get();
+    if (after.parent == 0 && node != osg::NullFC && node->getParent() == osg::NullFC)
+        ksReferenceCycles::release(node);
+}
 
 void ksMoveNodeUndoCommand::apply(const osg::NodePtr &node, const ksNodePlace &from, const ksNodePlace &to)
 {

@@ -29,6 +29,9 @@ public:
     /// place without a parent is out of the tree.
     ksMoveNodeUndoCommand(const QString &text, const osg::NodePtr &node, const ksNodePlace &place);
 
+    /// A node that the command has taken out goes for good: circles of references below it are broken.
+    ~ksMoveNodeUndoCommand() override;
+
 private:
     friend ksContainerUndoCommand;
 

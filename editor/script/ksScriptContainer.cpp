@@ -260,8 +260,12 @@ void ksScriptContainer::drag(const QString &field, const QJSValue &values, const
 
 void ksScriptContainer::perform(const ksScriptEdit &edit)
 {
-    if (!holds(edit))
-        host.add(makeEdit(edit));
+    if (holds(edit))
+        return;
+    std::unique_ptr<QUndoCommand> command(makeEdit(edit));
+    if (!edit.text.isEmpty())
+        command->setText(edit.text);
+    host.add(command.release());
 }
 
 void ksScriptContainer::performDrag(ksScriptEdit edit, const QJSValue &values)

@@ -411,9 +411,9 @@ TEST_F(ksScriptEngineTest, AddsNothingToWhatHasGone)
 {
     run("gone = scene.find('Child'); gone.remove(); history.clear();");
     const std::ptrdiff_t before = ksLivingContainers();
-    for (const char *use : {"gone.add('New');", "gone.copy(scene.root);", "scene.root.copy(gone);",
-                            "scene.root.moveTo(gone);", "gone.tags.add('x');", "gone.name = 'x';",
-                            "scene.addAim('Aim', scene.root, gone, []);"})
+    for (const char *use :
+         {"gone.add('New');", "gone.copy(scene.root);", "scene.root.copy(gone);", "scene.root.moveTo(gone);",
+          "gone.tags.add('x');", "gone.name = 'x';", "scene.addAim('Aim', scene.root, gone, []);"})
         EXPECT_NE(errorOf(use), "") << use;
     EXPECT_EQ(ksLivingContainers(), before);
 }

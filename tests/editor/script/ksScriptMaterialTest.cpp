@@ -127,8 +127,10 @@ TEST_F(ksScriptMaterialTest, TakesImagesFromFiles)
 
 TEST_F(ksScriptMaterialTest, GivesMeshesMaterials)
 {
-    runOnMaterials("scene.find('Metal').material = cloth; print(scene.find('Metal').material === cloth);");
+    runOnMaterials("scene.find('Metal').set('material', cloth, 'Dress'); print(scene.find('Metal').material "
+                   "=== cloth);");
     EXPECT_EQ(osg::ksMeshPtr::dcast(ksFindNode(root, "Metal")->getCore())->getMaterial(), cloth);
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Dress"));
     run("history.undo(); scene.find('Metal').material = null; history.undo();");
     EXPECT_EQ(osg::ksMeshPtr::dcast(ksFindNode(root, "Metal")->getCore())->getMaterial(), metal);
     EXPECT_EQ(errorOf("scene.find('Child').material = null;"),

@@ -75,7 +75,9 @@ TEST_F(ksEditorSessionTest, ReleasesContainersThatReferToEachOtherForGood)
     EXPECT_EQ(runScript("scene.addAim('Aim', scene.root, [], []); var lamp = scene.find('Lamp');"
                         "scene.find('LampBulb').light.visibilityReference = lamp;"
                         "var links = scene.addLinkSet('Links'); links.add([lamp, scene.find('Table')]);"
-                        "links.addLights(lamp); scene.find('Links').moveTo(lamp); history.clear();"),
+                        "links.addLights(lamp); scene.find('Links').moveTo(lamp);"
+                        "var spot = scene.find('CeilingSpot'); spot.light.visibilityReference = spot;"
+                        "spot.remove(); history.clear();"),
               ksEditorSession::Done);
     EXPECT_EQ(ksLivingContainers(), before);
 }
