@@ -67,6 +67,9 @@ public:
     /// How many differences and failed verifications there have been.
     int differenceCount() const { return faults; }
 
+    /// How often something was accepted that is not as it was, but as expect() says.
+    int toleratedCount() const { return tolerated; }
+
     /// Whether a command with the id \a commandId has been added, on its own, in a macro or as another one's
     /// child.
     bool hasAdded(int commandId) const { return addedIds.count(commandId) > 0; }
@@ -120,4 +123,5 @@ private:
     int draggedIndex = 0;
     bool isSnapshotDue = false;
     int faults = 0;
+    int tolerated = 0;
 };

@@ -28,8 +28,12 @@ struct ksExpectedRounding
     osg::UInt32 container;
     osg::UInt32 field;
 
-    /// How far each number may be from what it was.
+    /// How far each number may be from what it was, as a part of the largest one of the value, which of a
+    /// matrix is each column.
     double tolerance;
+
+    /// What it is a part of where that is more: the length of the value where it is calculated.
+    double length;
 
     /// Where the numbers come from, for the transcript.
     QString reason;

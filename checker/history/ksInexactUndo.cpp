@@ -6,8 +6,11 @@
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 #include <ksundo/core/ksFindContainer.h>
+#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
+#include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
+#include <OpenSG/OSGSFBaseTypes.h>
 #include <ksMessage.h>
 #include <ksNodeUtils.h>
 
@@ -15,6 +18,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace {
 
@@ -62,6 +66,17 @@ std::function<ksExpectations()> watchRemoval(const osg::NodePtr &root)
     };
 }
 
+/// Adds to \a inexact that the rotation of \a transform is calculated anew.
+void addRoundings(ksExpectations &inexact, const osg::Transform3DPtr &transform, const QString &reason)
+{
+    constexpr double Precision = 1e-5;
+    constexpr osg::UInt32 Fields[] = {osg::Transform3D::RotationFieldId,
+                                      osg::Transform3D::EulerRotationFieldId,
+                                      osg::Transform3D::MatrixFieldId};
+    for (const osg::UInt32 field : Fields)
+        inexact.roundings.push_back({transform.getFieldContainerId(), field, Precision, 0, reason});
+}
+
 std::function<ksExpectations()> watchTurn(const osg::NodePtr &root)
 {
     struct Turn
@@ -76,20 +91,66 @@ std::function<ksExpectations()> watchTurn(const osg::NodePtr &root)
     return [before] {
         ksExpectations inexact;
         for (const auto &[transform, turn] : before)
-            if (ksFieldReader::text(*transform->getSFEulerRotation()) != turn.angles)
-                inexact.differences.push_back(
-                    {transform.getFieldContainerId(), osg::Transform3D::EulerRotationFieldId, turn.angles,
-                     turn.anglesAnew,
-                     QStringLiteral("undoing a turn by a quaternion calculates the angles anew")});
+            if (ksFieldReader::text(*transform->getSFEulerRotation()) != turn.angles) {
+                const QString reason =
+                    QStringLiteral("undoing a turn by a quaternion calculates the angles anew");
+                inexact.differences.push_back({transform.getFieldContainerId(),
+                                               osg::Transform3D::EulerRotationFieldId, turn.angles,
+                                               turn.anglesAnew, reason});
+                addRoundings(inexact, transform, reason);
+            }
         return inexact;
     };
+}
+
+/// The transforms of the scene, those of variants, too, with their rotations.
+std::map<osg::Transform3DPtr, osg::Quaternion> readRotations(const osg::NodePtr &root)
+{
+    std::map<osg::Transform3DPtr, osg::Quaternion> rotations;
+    ksContainers::visitNodes(root, [&](const osg::NodePtr &node) {
+        const auto variants = static_cast<int>(ksNodeUtils::getTransformVariantCount(node));
+        for (int index = -1; index < variants; ++index)
+            if (const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(node, index))
+                rotations.emplace(transform, transform->getRotation());
+    });
+    return rotations;
+}
+
+std::function<ksExpectations()> watchAngles(const osg::NodePtr &root)
+{
+    return [before = readRotations(root)] {
+        const QString reason = QStringLiteral("undoing an edit of angles calculates the rotation anew");
+        ksExpectations inexact;
+        for (const auto &[transform, rotation] : before)
+            if (transform->getRotation() != rotation)
+                addRoundings(inexact, transform, reason);
+        return inexact;
+    };
+}
+
+/// The flag that \a command switches is not switched back, but by the next redo.
+std::function<ksExpectations()> watchSwitch(const ksInvokeBoolFieldUndoCommand &command)
+{
+    ksMessage message;
+    command.makeMessage(message);
+    const auto *container = message.get<unsigned int>("container");
+    const auto *field = message.get<unsigned int>("fieldId");
+    ksExpectations inexact;
+    if (container != nullptr && field != nullptr) {
+        const std::string off = ksFieldReader::text(osg::SFBool(false));
+        const std::string on = ksFieldReader::text(osg::SFBool(true));
+        const QString reason =
+            QStringLiteral("undoing a flag that calls a method does nothing, redoing it swaps the flag");
+        inexact.differences = {{*container, *field, off, on, reason}, {*container, *field, on, off, reason}};
+    }
+    return [inexact] { return inexact; };
 }
 
 /// Tells whether \a command edits \a property of \a target: it would merge with such an edit then.
 bool edits(const ksUndoCommand &command, const ksTransformProperty &property, const ksTransformTarget &target)
 {
     const std::unique_ptr<ksUndoCommand> edit(
-        ksMergingAs(ksMerging::WithPrevious, property.make(target, osg::Vec3f(), {})));
+        ksMergingAs(ksMerging::WithPrevious, property.make(target, osg::Vec3f(), {}, nullptr)));
     return command.canMergeWith(edit.get());
 }
 
@@ -111,14 +172,37 @@ std::function<ksExpectations()> watchWorldEdit(const ksUndoCommand &command)
     return [] { return ksExpectations(); };
 }
 
-} // namespace
-
-std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command, const osg::NodePtr &root)
+/// What undoing \a command without its children does not bring back, see ksInexactUndo::watch().
+std::function<ksExpectations()> watchOne(const QUndoCommand &command, const osg::NodePtr &root)
 {
     if (dynamic_cast<const ksDeleteConstraintReferenceUndoCommand *>(&command) != nullptr)
         return watchRemoval(root);
     if (dynamic_cast<const ksRotationAsQuaternionUndoCommand *>(&command) != nullptr)
         return watchTurn(root);
+    if (dynamic_cast<const ksRotationUndoCommand *>(&command) != nullptr ||
+        dynamic_cast<const ksTransformationUndoCommand *>(&command) != nullptr ||
+        dynamic_cast<const ksEulerRotationOrderUndoCommand *>(&command) != nullptr)
+        return watchAngles(root);
+    if (const auto *flag = dynamic_cast<const ksInvokeBoolFieldUndoCommand *>(&command))
+        return watchSwitch(*flag);
     const auto *edit = dynamic_cast<const ksUndoCommand *>(&command);
     return edit != nullptr ? watchWorldEdit(*edit) : [] { return ksExpectations(); };
+}
+
+} // namespace
+
+std::function<ksExpectations()> ksInexactUndo::watch(const QUndoCommand &command, const osg::NodePtr &root)
+{
+    std::vector<std::function<ksExpectations()>> watched = {watchOne(command, root)};
+    for (int i = 0; i < command.childCount(); ++i)
+        watched.push_back(watch(*command.child(i), root));
+    return [watched] {
+        ksExpectations all;
+        for (const std::function<ksExpectations()> &each : watched) {
+            const ksExpectations found = each();
+            all.differences.insert(all.differences.end(), found.differences.begin(), found.differences.end());
+            all.roundings.insert(all.roundings.end(), found.roundings.begin(), found.roundings.end());
+        }
+        return all;
+    };
 }

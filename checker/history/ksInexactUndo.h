@@ -10,7 +10,8 @@
 class QUndoCommand;
 
 /// What undoing a command does not bring back bit for bit, although the command does what it should: values
-/// in world space, the angles of a turn by a quaternion, the order of a constraint's sources.
+/// in world space, the angles of a turn by a quaternion, a rotation whose angles were edited, the order of a
+/// constraint's sources, a flag that calls a method.
 namespace ksInexactUndo {
 
 /// To be called before \a command runs, which is about to edit the scene below \a root. The function that it

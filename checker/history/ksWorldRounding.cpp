@@ -65,20 +65,20 @@ double ksWorldRounding::inWorld() const
     return Precision * (world + stretchOf(toWorld(target.node)) * parent);
 }
 
-double ksWorldRounding::inParent() const
+double ksWorldRounding::lengthInParent() const
 {
     osg::Matrix4d toParent = toWorld(target.node);
     toParent.invert();
-    return Precision * (parent + stretchOf(toParent) * world);
+    return parent + stretchOf(toParent) * world;
 }
 
 std::vector<ksExpectedRounding> ksWorldRounding::expected() const
 {
     const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(target.node, target.index);
     const osg::UInt32 id = transform.getFieldContainerId();
-    const double tolerance = inParent();
+    const double length = lengthInParent();
     const QString reason = QStringLiteral("a value in world space");
-    return {
-        {id, property.field, tolerance, reason},
-        {id, osg::Transform3D::MatrixFieldId, tolerance * (1 + stretchOf(transform->getMatrix())), reason}};
+    return {{id, property.field, Precision, length, reason},
+            {id, osg::Transform3D::MatrixFieldId, Precision, length * (1 + stretchOf(transform->getMatrix())),
+             reason}};
 }

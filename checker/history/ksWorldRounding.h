@@ -7,7 +7,7 @@
 #include <vector>
 
 /// How exactly a position comes back that has been edited in world space, since every step converts it: to
-/// 1e-5 of the lengths involved.
+/// 1e-5 of what the position is in the two spaces.
 class ksWorldRounding
 {
 public:
@@ -29,7 +29,7 @@ public:
     std::vector<ksExpectedRounding> expected() const;
 
 private:
-    double inParent() const;
+    double lengthInParent() const;
 
     const ksTransformProperty &property;
     const ksTransformTarget target;

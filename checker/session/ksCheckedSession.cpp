@@ -57,6 +57,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
 {
     ksTranscript transcript(record);
     int differences = 0;
+    int tolerated = 0;
     int containers = 0;
     QString classes;
     std::exception_ptr failure;
@@ -78,6 +79,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
         if (record.failure().isEmpty())
             history.check();
         differences = history.differenceCount();
+        tolerated = history.toleratedCount();
     }
     transcript.finish();
 
@@ -88,6 +90,7 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
     verdict.count(transcript.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
     verdict.count(containers, QStringLiteral("container"), QStringLiteral("containers"));
     verdict.count(differences, QStringLiteral("difference"), QStringLiteral("differences"));
+    verdict.count(tolerated, QStringLiteral("within tolerance"), QStringLiteral("within tolerance"));
     if (!classes.isEmpty())
         verdict.remark(classes);
     if (failure != nullptr)

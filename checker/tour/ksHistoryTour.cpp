@@ -72,7 +72,7 @@ void ksHistoryTour::dragAndMerge()
     const osg::ksNodeSettingsPtr settings = targets.settings.front();
     const float before = settings->getOpacity();
     for (int event = 0; event < DragEvents; ++event)
-        add(dragEvent(settings, 0.5F - static_cast<float>(event) / 64, event > 0), event > 0 ? 0 : 1);
+        add(dragEvent(settings, 0.5F - static_cast<float>(event) / 256, event > 0), event > 0 ? 0 : 1);
     history.undo();
     history.verify(settings->getOpacity() == before, QStringLiteral("one undo takes the whole drag back"));
     history.redo();

@@ -73,7 +73,7 @@ void ksLightTour::dragValue(const ksLightProperty &property, const osg::NodePtr 
     const float intensity = ksLights::getLightValue(light);
     drag(DragEvents, [&](int event) {
         return ksMergingAs(ksMergingOfEvent(event), property.make(text(light, property.name), light,
-                                                                  dragged(property, before, event)));
+                                                                  dragged(property, before, event), nullptr));
     });
     const ksLightValue after = dragged(property, before, DragEvents - 1);
     const bool keepsIntensity = property.name != std::string("intensity");

@@ -155,7 +155,8 @@ void ksTransformTour::dragValue(const ksTransformProperty &property, const ksTra
         const osg::Vec3f value = dragged(before, event);
         const ksCallLog::Lines more = callsWith(value);
         calls.insert(calls.end(), more.begin(), more.end());
-        return ksMergingAs(ksMergingOfEvent(event), property.make(target, value, log.writer("changed")));
+        return ksMergingAs(ksMergingOfEvent(event),
+                           property.make(target, value, log.writer("changed"), nullptr));
     });
     verifyCalls(log, calls);
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
+#include <editor/edits/ksFieldRanges.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksLooseNumber.h>
@@ -7,29 +8,133 @@
 
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 #include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/field/ksStringFieldUndoCommand.h>
+#include <ksundo/field/ksStringsFieldUndoCommand.h>
 
+#include <OSGTransform3D.h>
+#include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGFieldDescription.h>
+#include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGSFBaseTypes.h>
+#include <OpenSG/OSGSFVecTypes.h>
+
+#include <cstring>
 
 namespace {
 
-[[noreturn]] void refuseValue(const osg::Field &field, const QString &name, const QVariant &value)
+QString shown(const QVariant &value)
 {
-    const QString shown = value.isValid() ? value.toString() : QStringLiteral("undefined");
-    throw ksEditorError(QLatin1Char('\'') + shown + QStringLiteral("' does not fit the field '") + name +
-                        QStringLiteral("', ") + QString::fromLatin1(field.getType().getCName()));
+    switch (static_cast<int>(value.type())) {
+    case QVariant::Invalid:
+        return QStringLiteral("undefined");
+    case QVariant::List:
+        return QStringLiteral("a list");
+    default:
+        return value.toString();
+    }
 }
 
-osg::Field &findField(const osg::FieldContainerPtr &container, const QString &name)
+/// A field that is to be edited, and what it is to hold.
+class Edit
 {
-    const osg::FieldDescription *description =
-        ksFieldBaseUndoCommand::findField(container, name.toStdString());
-    osg::Field *field = description != nullptr ? description->getField(container) : nullptr;
-    if (field == nullptr)
-        throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no field '") + name +
-                            QStringLiteral("' that can be edited"));
-    return *field;
-}
+public:
+    Edit(const osg::FieldContainerPtr &target, const QString &field, const QVariant &given)
+        : container(target)
+        , value(given)
+    {
+        const osg::FieldDescription *description =
+            ksFieldBaseUndoCommand::findField(container, field.toStdString());
+        found = description != nullptr ? description->getField(container) : nullptr;
+        if (found == nullptr)
+            throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no field '") + field +
+                                QStringLiteral("' that can be edited"));
+        name = QString::fromLatin1(description->getCName());
+        const bool isRotation =
+            name == QLatin1String("eulerRotation") || name == QLatin1String("eulerRotationOrder");
+        if (isRotation && osg::Transform3DPtr::dcast(container) != osg::NullFC)
+            throw ksEditorError(QStringLiteral("the field '") + name + QStringLiteral("' of ") +
+                                ksContainers::label(container) + QStringLiteral(" is edited by its node"));
+    }
+
+    /// Calls \a use(field, value), both of the field's own type.
+    template <class Use>
+    void visit(const Use &use) const
+    {
+        const auto useNumber = [this, &use](auto &typed) {
+            using T = typename std::decay_t<decltype(typed)>::StoredType;
+            use(typed, this->numberFrom<T>(value));
+        };
+        const auto useTuple = [this, &use](auto &typed) {
+            using T = typename std::decay_t<decltype(typed)>::StoredType;
+            use(typed, this->tupleFrom<T>());
+        };
+        if (ksNumericFields::visit(*found, useNumber) ||
+            ksNumericFields::visitAs<osg::Vec2f, osg::Vec3f, osg::Vec4f, osg::Pnt3f, osg::Color3f,
+                                     osg::Color4f>(*found, useTuple))
+            return;
+        if (found->getType() == osg::SFBool::getClassType()) {
+            refuseUnless(value.userType() == QMetaType::Bool);
+            use(static_cast<osg::SFBool &>(*found), value.toBool());
+        } else if (found->getType() == osg::SFString::getClassType()) {
+            refuseUnless(value.userType() == QMetaType::QString);
+            use(static_cast<osg::SFString &>(*found), value.toString().toStdString());
+        } else if (found->getType() == osg::MFString::getClassType()) {
+            use(static_cast<osg::MFString &>(*found), textsFrom());
+        } else
+            throw ksEditorError(QStringLiteral("the field '") + name + QStringLiteral("' of ") +
+                                ksContainers::label(container) + QStringLiteral(" is an ") +
+                                QString::fromLatin1(found->getType().getCName()) +
+                                QStringLiteral(", which cannot be edited"));
+    }
+
+private:
+    void refuseUnless(bool fits) const
+    {
+        if (!fits)
+            throw ksEditorError(QLatin1Char('\'') + shown(value) +
+                                QStringLiteral("' does not fit the field '") + name + QStringLiteral("', ") +
+                                QString::fromLatin1(found->getType().getCName()));
+    }
+
+    template <class T>
+    T numberFrom(const QVariant &given) const
+    {
+        const std::optional<T> number = ksLooseNumber::to<T>(given);
+        refuseUnless(number.has_value());
+        if constexpr (std::is_floating_point_v<T>)
+            ksFieldRanges::check(container, name, {static_cast<double>(*number)});
+        return *number;
+    }
+
+    template <class T>
+    T tupleFrom() const
+    {
+        const QVariantList list = value.toList();
+        refuseUnless(list.size() == static_cast<int>(T::Size));
+        T tuple;
+        for (int i = 0; i < list.size(); ++i)
+            tuple[static_cast<osg::UInt32>(i)] = numberFrom<float>(list[i]);
+        return tuple;
+    }
+
+    osg::MFString textsFrom() const
+    {
+        const bool isList =
+            value.userType() == QMetaType::QVariantList || value.userType() == QMetaType::QStringList;
+        refuseUnless(isList);
+        osg::MFString texts;
+        for (const QVariant &text : value.toList()) {
+            refuseUnless(text.userType() == QMetaType::QString);
+            texts.push_back(text.toString().toStdString());
+        }
+        return texts;
+    }
+
+    const osg::FieldContainerPtr container;
+    QString name;
+    const QVariant value;
+    osg::Field *found;
+};
 
 } // namespace
 
@@ -37,29 +142,37 @@ ksFieldBaseUndoCommand *ksFieldEdits::make(const QString &text, const osg::Field
                                            const QString &field, const QVariant &value, ksMerging merging,
                                            QUndoCommand *parent)
 {
-    osg::Field &target = findField(container, field);
     const std::string name = field.toStdString();
     ksFieldBaseUndoCommand *command = nullptr;
-
-    const auto makeNumeric = [&](auto &typed) {
-        using T = typename std::decay_t<decltype(typed)>::StoredType;
-        const std::optional<T> number = ksLooseNumber::to<T>(value);
-        if (!number)
-            refuseValue(target, field, value);
-        command = new ksFieldUndoCommand<T>(text, container, name, *number, parent);
-    };
-    if (!ksNumericFields::visit(target, makeNumeric)) {
-        if (target.getType() != osg::SFBool::getClassType())
-            throw ksEditorError(QStringLiteral("the field '") + field + QStringLiteral("' of ") +
-                                ksContainers::label(container) + QStringLiteral(" is an ") +
-                                QString::fromLatin1(target.getType().getCName()) +
-                                QStringLiteral(", which cannot be edited"));
-        if (value.userType() != QMetaType::Bool)
-            refuseValue(target, field, value);
-        command = new ksBoolFieldUndoCommand(text, container, name, value.toBool(), parent);
-    }
+    Edit(container, field, value).visit([&](auto &, const auto &wanted) {
+        using T = std::decay_t<decltype(wanted)>;
+        if constexpr (std::is_same_v<T, bool>)
+            command = new ksBoolFieldUndoCommand(text, container, name, wanted, parent);
+        else if constexpr (std::is_same_v<T, std::string>)
+            command = new ksStringFieldUndoCommand(text, container, name, wanted, parent);
+        else if constexpr (std::is_same_v<T, osg::MFString>)
+            command = new ksStringsFieldUndoCommand(text, container, name, wanted, parent);
+        else
+            command = new ksFieldUndoCommand<T>(text, container, name, wanted, parent);
+    });
     ksMergingAs(merging, command);
     return command;
+}
+
+bool ksFieldEdits::holds(const osg::FieldContainerPtr &container, const QString &field, const QVariant &value)
+{
+    bool same = false;
+    Edit(container, field, value).visit([&same](const auto &typed, const auto &wanted) {
+        using T = std::decay_t<decltype(wanted)>;
+        if constexpr (std::is_same_v<T, osg::MFString>)
+            same = typed == wanted;
+        else if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
+            same = typed.getValue() == wanted;
+        else // exactly, which their own comparison is not
+            same =
+                std::memcmp(typed.getValue().getValues(), wanted.getValues(), T::Size * sizeof(float)) == 0;
+    });
+    return same;
 }
 
 QString ksFieldEdits::defaultText(const osg::FieldContainerPtr &container, const QString &field)

@@ -1,11 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksLightEdits.h>
+#include <editor/scene/ksContainers.h>
 
+#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/field/ksFieldUndoCommand.h>
+#include <ksundo/light/ksAddNodeAsVisibilityReferenceUndoCommand.h>
 #include <ksundo/light/ksLightValueUndoCommands.h>
 
 #include <ksLights.h>
 
 #include <algorithm>
+#include <memory>
 #include <type_traits>
 
 namespace {
@@ -34,12 +39,13 @@ struct Row
             return {static_cast<float>(Get(light)), 0, 0};
     }
 
-    static ksUndoCommand *make(const QString &text, const osg::NodePtr &light, const ksLightValue &value)
+    static ksUndoCommand *make(const QString &text, const osg::NodePtr &light, const ksLightValue &value,
+                               QUndoCommand *parent)
     {
         if constexpr (IsColour)
-            return new Command(text, light, value);
+            return new Command(text, light, value, parent);
         else
-            return new Command(text, light, static_cast<Value>(value[0]));
+            return new Command(text, light, static_cast<Value>(value[0]), parent);
     }
 
     static ksLightProperty named(const char *name)
@@ -47,6 +53,15 @@ struct Row
         return {name, IsColour ? 3 : 1, &accepts, &read, &make};
     }
 };
+
+/// Adds to \a batch a command that sets the mark of \a node to what it is now, or takes it away.
+void addMark(QUndoCommand *batch, const osg::NodePtr &node, bool keeps)
+{
+    const osg::UInt32 flags = node->getExternalFlags();
+    const osg::UInt32 mark = osg::NodeExternalFlags::VisibilityReference;
+    new ksFieldUndoCommand<osg::UInt32>(QString(), node, "externalFlags", keeps ? flags : flags & ~mark,
+                                        batch);
+}
 
 } // namespace
 
@@ -70,4 +85,32 @@ const ksLightProperty *ksLightEdits::find(const QString &name)
             return name == QLatin1String(property.name);
         });
     return found != properties().end() ? &*found : nullptr;
+}
+
+QUndoCommand *ksLightEdits::makeVisibilityReference(const osg::UberLightPtr &light, const osg::NodePtr &node,
+                                                    const std::vector<osg::UberLightPtr> &lights)
+{
+    const osg::NodePtr before = light->getVisibilityReference();
+    if (before == node)
+        return nullptr;
+    const auto isShared = [&light, &lights](const osg::NodePtr &reference) {
+        return std::any_of(lights.begin(), lights.end(), [&](const osg::UberLightPtr &other) {
+            return other != light && other->getVisibilityReference() == reference;
+        });
+    };
+    const QString name = ksContainers::nameOf(light);
+    auto batch = std::make_unique<ksMultiCommand>(QStringLiteral("Set visibilityReference of '") + name +
+                                                  QLatin1Char('\''));
+    // Either command clears the mark when it takes a reference away, which undoing the addition does, too. So
+    // the mark is set before them, for the undo, and after them.
+    for (const osg::NodePtr &each : {before, node})
+        if (each != osg::NullFC)
+            addMark(batch.get(), each, true);
+    if (before != osg::NullFC)
+        new ksAddNodeAsVisibilityReferenceUndoCommand(light, before, true, batch.get());
+    if (node != osg::NullFC)
+        new ksAddNodeAsVisibilityReferenceUndoCommand(light, node, false, batch.get());
+    if (before != osg::NullFC)
+        addMark(batch.get(), before, isShared(before));
+    return batch.release();
 }

@@ -3,6 +3,7 @@
 
 #include <ksundo/core/ksUndoCommand.h>
 
+#include <OSGUberLight.h>
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGVector.h>
 
@@ -27,8 +28,10 @@ struct ksLightProperty
 
     ksLightValue (*read)(const osg::NodePtr &light);
 
-    /// A new command that sets the property of \a light, a node, to \a value. The caller owns it.
-    ksUndoCommand *(*make)(const QString &text, const osg::NodePtr &light, const ksLightValue &value);
+    /// A new command that sets the property of \a light, a node, to \a value. The caller owns it unless there
+    /// is a \a parent.
+    ksUndoCommand *(*make)(const QString &text, const osg::NodePtr &light, const ksLightValue &value,
+                           QUndoCommand *parent);
 };
 
 /// The edits of lights that the editor offers.
@@ -43,5 +46,11 @@ const std::vector<ksLightProperty> &properties();
 
 /// The one called \a name, or null.
 const ksLightProperty *find(const QString &name);
+
+/// A new command that makes \a node, which may be null, the visibility reference of \a light in the place of
+/// the one it has. A node that another of \a lights refers to as well keeps its mark. The caller owns the
+/// command; null when the light refers to the node already.
+QUndoCommand *makeVisibilityReference(const osg::UberLightPtr &light, const osg::NodePtr &node,
+                                      const std::vector<osg::UberLightPtr> &lights);
 
 } // namespace ksLightEdits

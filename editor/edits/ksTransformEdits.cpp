@@ -29,14 +29,14 @@ struct Row
     }
 
     static ksUndoCommand *make(const ksTransformTarget &target, const osg::Vec3f &value,
-                               const ksTransformCallback &callback)
+                               const ksTransformCallback &callback, QUndoCommand *parent)
     {
         if constexpr (HasCallback)
-            return new Command(target.node, value, Mode(target.world)..., nullptr, callback, target.index);
+            return new Command(target.node, value, Mode(target.world)..., parent, callback, target.index);
         else if constexpr (HasIndex)
-            return new Command(target.node, value, Mode(target.world)..., nullptr, target.index);
+            return new Command(target.node, value, Mode(target.world)..., parent, target.index);
         else
-            return new Command(target.node, value, nullptr);
+            return new Command(target.node, value, parent);
     }
 
     static ksTransformProperty named(const char *name, osg::UInt32 field)
@@ -51,10 +51,10 @@ osg::Vec3f readDirection(const ksTransformTarget &target)
 }
 
 ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &value,
-                             const ksTransformCallback &)
+                             const ksTransformCallback &, QUndoCommand *parent)
 {
     return new ksRotationPivotDirectionUndoCommand(target.node, value, target.directionAxis,
-                                                   target.directionOn, nullptr, target.index);
+                                                   target.directionOn, parent, target.index);
 }
 
 } // namespace

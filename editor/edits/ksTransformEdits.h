@@ -49,9 +49,10 @@ struct ksTransformProperty
 
     osg::Vec3f (*read)(const ksTransformTarget &target);
 
-    /// A new command that sets the property of \a target to \a value. The caller owns it.
+    /// A new command that sets the property of \a target to \a value. The caller owns it unless there is a \a
+    /// parent.
     ksUndoCommand *(*make)(const ksTransformTarget &target, const osg::Vec3f &value,
-                           const ksTransformCallback &callback);
+                           const ksTransformCallback &callback, QUndoCommand *parent);
 };
 
 /// The edits of transforms that the editor offers.

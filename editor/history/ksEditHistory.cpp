@@ -1,17 +1,30 @@
 // SPDX-License-Identifier: MIT
 #include <editor/history/ksEditHistory.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksReferenceCycles.h>
 
 #include <QScopedValueRollback>
 #include <QUndoCommand>
 
 #include <memory>
+#include <typeinfo>
 
 namespace {
 
 QString named(const char *what, const QString &text)
 {
     return QLatin1String(what) + QStringLiteral(" \"") + text + QLatin1Char('"');
+}
+
+/// Whether \a macro and the macros in it have no commands.
+bool isEmpty(const QUndoCommand &macro)
+{
+    for (int i = 0; i < macro.childCount(); ++i) {
+        const QUndoCommand &child = *macro.child(i);
+        if (typeid(child) != typeid(QUndoCommand) || !isEmpty(child))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
@@ -35,6 +48,9 @@ void ksEditHistory::close()
     while (undoStack->canUndo())
         undoStack->undo();
     undoStack->clear();
+    // What was done before the stack was cleared stays.
+    if (root() != osg::NullFC)
+        ksReferenceCycles::release(root());
     sceneRoot = osg::NodeRefPtr();
 }
 
@@ -51,13 +67,18 @@ void ksEditHistory::step(const QString &what, const std::function<void()> &actio
 void ksEditHistory::finish(const std::function<void()> &action)
 {
     const QScopedValueRollback<bool> guard(stepping, true);
+    const auto end = [this] {
+        if (stepObserver)
+            stepObserver();
+        finishStep();
+    };
     try {
         action();
     } catch (...) {
-        finishStep();
+        end();
         throw;
     }
-    finishStep();
+    end();
 }
 
 void ksEditHistory::add(QUndoCommand *command)
@@ -122,14 +143,27 @@ void ksEditHistory::beginMacro(const QString &text)
     ++openMacros;
 }
 
-void ksEditHistory::endMacro()
+void ksEditHistory::endMacro(bool keep)
 {
     refuseWithinStep();
     if (openMacros == 0)
         throw ksEditorError("there is no open macro");
     // It counts as ended already when those who are told of it throw.
     --openMacros;
-    finish([this] { undoStack->endMacro(); });
+    finish([this, keep] {
+        undoStack->endMacro();
+        if (openMacros == 0 && (!keep || isEmpty(*undoStack->currentCommand())))
+            dropLast();
+    });
+}
+
+void ksEditHistory::dropLast()
+{
+    undoStack->undo();
+    // The stack forgets what is undone when a command comes, and does not keep one that is obsolete.
+    auto command = std::make_unique<QUndoCommand>();
+    command->setObsolete(true);
+    undoStack->add(command.release());
 }
 
 void ksEditHistory::refuseWithinStep() const

@@ -9,6 +9,7 @@
 #include <QString>
 
 #include <functional>
+#include <utility>
 
 class QUndoCommand;
 
@@ -51,7 +52,14 @@ public:
     /// Not possible within a step; nor is endMacro() without an open macro. When somebody who is told of the
     /// end throws, the macro has ended all the same.
     void beginMacro(const QString &text);
-    void endMacro();
+
+    /// A macro in which nothing was done leaves no command. Nor does one that is not to be kept: what it did
+    /// is undone. Only the outermost macro may be dropped so.
+    void endMacro(bool keep = true);
+
+    /// Has \a observer called at the end of each step, while the change list still tells what it changed. One
+    /// at a time; an empty one ends that.
+    void setObserver(std::function<void()> observer) { stepObserver = std::move(observer); }
 
     bool isInMacro() const { return openMacros > 0; }
 
@@ -74,8 +82,8 @@ protected:
     bool isStepping() const { return stepping; }
 
     /// Ends open macros, undoes everything, since containers may refer to each other in a circle by now,
-    /// clears the stack and lets go of the scene; none of this is a step. The destructor does so at the
-    /// latest.
+    /// clears the stack, breaks the circles that are left, and lets go of the scene; none of this is a step.
+    /// The destructor does so at the latest.
     void close();
 
 private:
@@ -87,12 +95,16 @@ private:
     /// Runs \a action, the rest of a step, and finishes the step, also when that throws.
     void finish(const std::function<void()> &action);
 
+    /// Undoes the command that was added last and forgets it.
+    void dropLast();
+
     /// Throw when a step is being run, and when a macro is open, too.
     void refuseWithinStep() const;
     void refuseWithinStepOrMacro() const;
 
     osg::NodeRefPtr sceneRoot;
     ksUndoStack *undoStack;
+    std::function<void()> stepObserver;
     int openMacros = 0;
     bool stepping = false;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksImageImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/ksEditorError.h>
 
 #include <ksTextureManager.h>
 
@@ -215,4 +216,15 @@ QImage ksImageImporter::read(const std::string &name) const
              (missing.isEmpty() ? reader.errorString() : missing));
     }
     return image;
+}
+
+osg::ImageRefPtr ksImageImporter::read(const QString &path)
+{
+    QImageReader reader(path);
+    reader.setDecideFormatFromContent(true);
+    const QImage image = reader.read();
+    if (image.isNull())
+        throw ksEditorError(path + QStringLiteral(": ") + reader.errorString());
+    const osg::ImageRefPtr created(toSceneImage(image, QFileInfo(path).fileName().toStdString()));
+    return osg::ImageRefPtr(ksTextureManager::the()->getImage(created, true));
 }

@@ -8,10 +8,11 @@
 class ksScriptConstraint : public ksScriptContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("remove(nodes)", "removes a node, or those of an array, from the sources, the up vectors and "
+                                 "the target; that there is nothing to remove is an error")
 
 public:
     using ksScriptContainer::ksScriptContainer;
 
-    /// Removes a node, or those of an array, from the sources, the up vectors and the target.
     Q_INVOKABLE void remove(const QJSValue &nodes);
 };

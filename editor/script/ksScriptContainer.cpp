@@ -1,18 +1,30 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksFieldEdits.h>
+#include <editor/edits/ksMeshMaterialUndoCommand.h>
+#include <editor/import/ksImageImporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksMesh.h>
+#include <editor/script/ksScriptCall.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptRegistry.h>
+#include <editor/script/ksScriptValues.h>
 
 #include <ksundo/core/ksUndoCommand.h>
+#include <ksundo/field/ksImageFieldUndoCommand.h>
+#include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGSimpleAttachments.h>
+
+#include <memory>
+
+using namespace ksScriptValues;
 
 namespace {
 
@@ -54,6 +66,40 @@ osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
     return osg::NullFC;
 }
 
+/// The mesh whose material is meant by \a name as a value of \a container; NullFC when it is none. Throws
+/// ksEditorError when a node has no mesh.
+osg::ksMeshPtr meshOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    if (name != QLatin1String("material"))
+        return osg::NullFC;
+    const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container);
+    if (mesh == osg::NullFC)
+        throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no mesh"));
+    return mesh;
+}
+
+osg::MaterialPtr materialFrom(const QJSValue &value)
+{
+    return value.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(value, "material");
+}
+
+/// The colour component whose image is meant by \a name as a value of \a container; NullFC when it is none.
+osg::ColorComponentPtr componentOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    return name == QLatin1String("image") ? osg::ColorComponentPtr::dcast(container)
+                                          : osg::ColorComponentPtr();
+}
+
+/// An image, that in a file, or none for null.
+osg::ImageRefPtr imageFrom(const ksScriptHost &host, const QJSValue &value)
+{
+    if (value.isNull())
+        return {};
+    if (value.isString())
+        return ksImageImporter::read(host.pathFrom(value.toString()));
+    return osg::ImageRefPtr(containerFrom<osg::ImagePtr>(value, "image"));
+}
+
 } // namespace
 
 ksScriptContainer::ksScriptContainer(ksScriptHost &scriptHost, osg::UInt32 id)
@@ -79,6 +125,38 @@ QString ksScriptContainer::type() const
 QString ksScriptContainer::name() const
 {
     return guarded(&ksContainers::nameOf);
+}
+
+QString ksScriptContainer::label() const
+{
+    return guarded(&ksContainers::label);
+}
+
+void ksScriptContainer::setName(const QString &name)
+{
+    host.guard([&] {
+        const osg::NodePtr owner = ksContainers::ownerOf(container());
+        const auto named = owner != osg::NullFC ? osg::AttachmentContainerPtr(owner)
+                                                : osg::AttachmentContainerPtr::dcast(container());
+        const osg::AttachmentPtr known =
+            named == osg::NullFC ? osg::AttachmentPtr() : named->findAttachment(osg::Name::getClassType());
+        const QString field = QStringLiteral("name");
+        if (known != osg::NullFC) {
+            if (!ksFieldEdits::holds(known, field, name))
+                host.add(ksFieldEdits::make(QStringLiteral("Rename '") + ksContainers::nameOf(container()) +
+                                                QLatin1Char('\''),
+                                            known, field, name, ksMerging::Never));
+            return;
+        }
+        if (owner == osg::NullFC)
+            throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" cannot be given a name"));
+        const osg::NamePtr made = osg::Name::create();
+        {
+            CPEdit(made, osg::Name::SimpleFieldMask);
+            made->getFieldPtr()->setValue(name.toStdString());
+        }
+        host.add(new ksAttachUndoCommand(owner, made));
+    });
 }
 
 QStringList ksScriptContainer::fields() const
@@ -126,6 +204,11 @@ QJSValue ksScriptContainer::material() const
         [this](const osg::FieldContainerPtr &container) { return host.object(findMaterial(container)); });
 }
 
+void ksScriptContainer::setMaterial(const QJSValue &material)
+{
+    host.guard([&] { perform({QStringLiteral("material"), material, {}, {}}); });
+}
+
 QJSValue ksScriptContainer::light() const
 {
     return guarded([this](const osg::FieldContainerPtr &container) {
@@ -167,33 +250,94 @@ QJSValue ksScriptContainer::get(const QString &fieldName) const
 
 void ksScriptContainer::set(const QString &field, const QJSValue &value, const QString &text)
 {
-    host.guard([&] { host.history().add(make(field, value, text, ksMerging::Never)); });
+    host.guard([&] { perform({field, value, {}, text}); });
 }
 
 void ksScriptContainer::drag(const QString &field, const QJSValue &values, const QJSValue &text)
 {
+    host.guard([&] { performDrag({field, {}, {}, titleFrom(text)}, values); });
+}
+
+void ksScriptContainer::perform(const ksScriptEdit &edit)
+{
+    if (holds(edit))
+        return;
+    std::unique_ptr<QUndoCommand> command(makeEdit(edit));
+    if (!edit.text.isEmpty())
+        command->setText(edit.text);
+    host.add(command.release());
+}
+
+void ksScriptContainer::performDrag(ksScriptEdit edit, const QJSValue &values)
+{
+    addDrag(
+        values,
+        [&](const QJSValue &value, ksMerging merging) {
+            edit.value = value;
+            edit.merging = merging;
+            return makeEdit(edit);
+        },
+        [&](const QJSValue &value) {
+            edit.value = value;
+            return holds(edit);
+        });
+}
+
+void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSValue &action)
+{
     host.guard([&] {
-        const QString title = titleFrom(text);
-        addDrag(values,
-                [&](const QJSValue &value, ksMerging merging) { return make(field, value, title, merging); });
+        const QString title = ksFieldEdits::defaultText(container(), field);
+        if (!ksFieldEdits::holds(container(), field, value))
+            host.add(new ksInvokeBoolFieldUndoCommand(title, container(), field.toStdString(), value,
+                                                      ksScriptCall::make(host, action), "call()"));
     });
+}
+
+QString ksScriptContainer::titleFrom(const QJSValue &text)
+{
+    if (!text.isUndefined() && !text.isString())
+        throw ksEditorError("the text of a step is a text");
+    return text.isUndefined() ? QString() : text.toString();
 }
 
 void ksScriptContainer::addDrag(
     const QJSValue &values,
-    const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make)
+    const std::function<QUndoCommand *(const QJSValue &value, ksMerging merging)> &make,
+    const std::function<bool(const QJSValue &value)> &isPresent)
 {
     if (!values.isArray())
         throw ksEditorError("the values of a drag are an array");
-    host.history().drag(values.property(QStringLiteral("length")).toInt(), [&](int event) {
-        return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));
-    });
+    const quint32 count = lengthOf(values);
+    // Commands may look at the value that they follow, so that these only tell whether the values fit.
+    for (quint32 i = 0; i < count; ++i)
+        std::unique_ptr<QUndoCommand>(make(values.property(i), ksMerging::Never));
+    host.refuseWithinCall();
+    if (count > 0 && !isPresent(values.property(count - 1)))
+        host.history().drag(static_cast<int>(count), [&](int event) {
+            return make(values.property(static_cast<quint32>(event)), ksMergingOfEvent(event));
+        });
 }
 
-QUndoCommand *ksScriptContainer::make(const QString &field, const QJSValue &value, const QString &text,
-                                      ksMerging merging) const
+QUndoCommand *ksScriptContainer::makeEdit(const ksScriptEdit &edit) const
 {
     const osg::FieldContainerPtr target = container();
-    const QString title = text.isEmpty() ? ksFieldEdits::defaultText(target, field) : text;
-    return ksFieldEdits::make(title, target, field, value.toVariant(), merging);
+    if (!edit.options.isUndefined())
+        throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' takes no options"));
+    if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
+        return new ksMeshMaterialUndoCommand(mesh, materialFrom(edit.value), edit.parent);
+    if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
+        return new ksImageFieldUndoCommand(component, "image", imageFrom(host, edit.value).get(),
+                                           edit.parent);
+    const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(target, edit.name) : edit.text;
+    return ksFieldEdits::make(title, target, edit.name, plainFrom(edit.value), edit.merging, edit.parent);
+}
+
+bool ksScriptContainer::holds(const ksScriptEdit &edit) const
+{
+    const osg::FieldContainerPtr target = container();
+    if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
+        return mesh->getMaterial() == materialFrom(edit.value);
+    if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
+        return component->getImage() == imageFrom(host, edit.value).get();
+    return ksFieldEdits::holds(target, edit.name, plainFrom(edit.value));
 }

@@ -5,48 +5,74 @@
 #include <editor/script/ksScriptRegistry.h>
 
 #include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStringList>
 
 namespace {
 
-/// Adds what is easier said in JavaScript, and gives the function that runs a script. A macro ends where its
-/// function ends, whichever way it does. What a script throws becomes an Error, which the engine can tell
-/// from a result.
-constexpr const char *Prelude = R"((function(global) {
-    global.history.macro = function(text, body) {
-        global.history.beginMacro(text);
-        try {
-            return body();
-        } finally {
-            global.history.endMacro();
-        }
-    };
-    global.print = function() { global.history.print(Array.prototype.map.call(arguments, String).join(" ")); };
-    return function(script) {
-        try {
-            script();
-        } catch (thrown) {
-            throw thrown instanceof Error ? thrown : new Error("uncaught " + thrown);
-        }
-    };
-})(this))";
+constexpr int MostCalls = 10;
+
+/// The calls that \a error comes out of, the innermost first, each as "function@file:line"; those of the
+/// editor's own code are left out, and those in the middle of an endless recursion.
+QStringList callsOf(const QJSValue &error)
+{
+    QStringList calls;
+    for (const QString &call : error.property(QStringLiteral("stack")).toString().split(QLatin1Char('\n')))
+        if (!call.isEmpty() && !call.contains(ksScriptHost::ownFileName()) &&
+            !call.endsWith(QStringLiteral(":0")) && !call.startsWith(QLatin1Char('[')) &&
+            (calls.isEmpty() || calls.last() != call))
+            calls += call;
+    return calls;
+}
+
+QString lineOf(const QString &call)
+{
+    return call.mid(call.lastIndexOf(QLatin1Char(':')) + 1);
+}
 
 /// Where in the script \a error comes from, ":" and a line; empty when it comes from none.
 QString placeOf(const QJSValue &error)
 {
-    if (!error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName()))
-        return QLatin1Char(':') + error.property(QStringLiteral("lineNumber")).toString();
-    const QStringList calls = error.property(QStringLiteral("stack")).toString().split(QLatin1Char('\n'));
-    for (const QString &call : calls)
-        if (!call.contains(ksScriptHost::ownFileName()))
-            return call.mid(call.lastIndexOf(QLatin1Char(':')));
-    return QString();
+    const QStringList calls = callsOf(error);
+    if (!calls.isEmpty())
+        return QLatin1Char(':') + lineOf(calls.first());
+    return error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName())
+               ? QString()
+               : QLatin1Char(':') + error.property(QStringLiteral("lineNumber")).toString();
+}
+
+/// The call stack of \a error, a line each; empty when the script has called nothing.
+QString stackOf(const QJSValue &error, const QString &file)
+{
+    const QStringList calls = callsOf(error);
+    QString text;
+    for (int i = 0; calls.size() > 1 && i < calls.size() && i < MostCalls; ++i) {
+        const QString function = calls[i].section(QLatin1Char('@'), 0, 0);
+        text += QStringLiteral("\n    at ") + (function.isEmpty() ? QString() : function + QLatin1Char(' ')) +
+                file + QLatin1Char(':') + lineOf(calls[i]);
+    }
+    if (calls.size() > MostCalls)
+        text += QStringLiteral("\n    and %1 more").arg(calls.size() - MostCalls);
+    return text;
+}
+
+/// What \a error says. The engine wraps the error of an object that has no such method in one of its own.
+QString messageOf(const QJSValue &error)
+{
+    static const QRegularExpression wrapped(
+        QStringLiteral("^TypeError: Property '[^']*' of object (TypeError: .*) is not a function$"));
+    const QString message = error.toString();
+    const QRegularExpressionMatch match = wrapped.match(message);
+    return match.hasMatch() ? match.captured(1) : message;
 }
 
 /// Throws ksScriptError when \a result is an error of the script \a path.
 void refuseError(const QJSValue &result, const QString &path)
 {
     if (result.isError())
-        throw ksScriptError(path + placeOf(result) + QStringLiteral(": ") + result.toString());
+        throw ksScriptError(path + placeOf(result) + QStringLiteral(": ") + messageOf(result) +
+                            stackOf(result, QFileInfo(path).fileName()));
 }
 
 } // namespace
@@ -55,10 +81,18 @@ ksScriptEngine::ksScriptEngine(ksEditHistory &history, std::ostream &out)
     : host(engine, history, out)
 {
     QJSValue global = engine.globalObject();
-    ksScriptRegistry::makeGlobals(host, [this, &global](const char *name, QObject *object) {
-        global.setProperty(QLatin1String(name), engine.newQObject(object));
+    QJSValue names = engine.newArray();
+    quint32 count = 0;
+    ksScriptRegistry::makeGlobals(host, [&](const char *name, QObject *object) {
+        global.setProperty(QLatin1String(name), host.object(object, engine.newObject()));
+        names.setProperty(count++, QLatin1String(name));
     });
-    runner = engine.evaluate(QString::fromLatin1(Prelude), ksScriptHost::ownFileName());
+    QJSValue types = engine.newArray();
+    count = 0;
+    ksScriptRegistry::visitClasses([&](const QMetaObject &type, const QStringList &parts) {
+        types.setProperty(count++, host.type(type, parts));
+    });
+    host.prelude("setGlobals").call({global, names, types});
 }
 
 void ksScriptEngine::addFunction(const QString &name, const std::function<void()> &function)
@@ -97,7 +131,8 @@ void ksScriptEngine::run(const QString &path)
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
     refuseInterruption(path);
     refuseError(script, path);
-    const QJSValue result = runner.call({script});
+    host.setScriptFile(path);
+    const QJSValue result = host.prelude("run").call({script});
     const QJSValue left = host.endMacrosLeft();
     refuseInterruption(path);
     refuseError(result, path);

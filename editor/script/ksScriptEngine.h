@@ -7,8 +7,10 @@
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
 #include <functional>
 #include <iosfwd>
+#include <utility>
 
 /// Runs JavaScript files on the scene.
 ///
@@ -24,15 +26,25 @@ public:
     /// the script gets an Error.
     void addFunction(const QString &name, const std::function<void()> &function);
 
+    /// Who is told of the warnings of scripts; without one they go to where their output goes.
+    void setWarningHandler(std::function<void(const QString &)> handler)
+    {
+        host.setWarningHandler(std::move(handler));
+    }
+
+    /// What it costs to find nodes, see ksSceneIndex::visitedCount().
+    std::size_t visitedCount() { return host.index().visitedCount(); }
+
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);
 
     /// Makes run(), which may be going on in another thread, end as if the script had ended by an error.
     void interrupt();
 
-    /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, when
-    /// the file cannot be read, the script ends by an error, is interrupted or does not end a macro. What it
-    /// has done by then stays done, and no macro is open.
+    /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and
+    /// the call stack on lines of its own if there is one, when the file cannot be read, the script ends by
+    /// an error, is interrupted or does not end a macro. The steps that it has done by then stay; a macro
+    /// that is open then is taken back.
     void run(const QString &path);
 
 private:
@@ -40,7 +52,4 @@ private:
 
     QJSEngine engine;
     ksScriptHost host;
-
-    /// Takes a function and runs it.
-    QJSValue runner;
 };

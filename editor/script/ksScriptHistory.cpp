@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include <editor/edits/ksFieldEdits.h>
 #include <editor/ksEditorError.h>
+#include <editor/script/ksScriptCall.h>
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
+#include <editor/script/ksScriptValues.h>
 
-#include <ksundo/core/ksMultiCommand.h>
+#include <ksundo/field/ksInvokeMultiCommand.h>
 
 #include <memory>
-#include <ostream>
+
+using namespace ksScriptValues;
 
 namespace {
 
@@ -56,23 +58,35 @@ void ksScriptHistory::clear()
     host.guard([this] { host.history().clear(); });
 }
 
-void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool merging)
+void ksScriptHistory::batch(const QString &text, const QJSValue &edits, bool merging, const QJSValue &action)
 {
     host.guard([&] {
         if (!edits.isArray())
             throw ksEditorError("the edits of a batch are an array");
-        const quint32 count = edits.property(QStringLiteral("length")).toUInt();
-        auto batch = std::make_unique<ksMultiCommand>(text);
+        const quint32 count = lengthOf(edits);
+        std::unique_ptr<ksMultiCommand> batch;
+        if (action.isUndefined())
+            batch = std::make_unique<ksMultiCommand>(text);
+        else
+            batch = std::make_unique<ksInvokeMultiCommand>(text, ksScriptCall::make(host, action), "call()");
+        bool changes = false;
         for (quint32 i = 0; i < count; ++i) {
             const QJSValue entry = edits.property(i);
             const auto *target = qobject_cast<ksScriptContainer *>(entry.property(0).toQObject());
-            if (target == nullptr)
+            const quint32 parts = lengthOf(entry);
+            if (target == nullptr || parts < 3 || parts > 4 || !entry.property(1).isString())
                 throw ksEditorError("an edit of a batch is an array of a container, a field and a value");
-            ksFieldEdits::make(text, target->container(), entry.property(1).toString(),
-                               entry.property(2).toVariant(),
-                               merging ? ksMerging::WithPrevious : ksMerging::Never, batch.get());
+            const ksScriptEdit edit{entry.property(1).toString(),
+                                    entry.property(2),
+                                    entry.property(3),
+                                    text,
+                                    merging ? ksMerging::WithPrevious : ksMerging::Never,
+                                    batch.get()};
+            changes = changes || !target->holds(edit);
+            target->makeEdit(edit);
         }
-        host.history().add(batch.release());
+        if (changes)
+            host.add(batch.release());
     });
 }
 
@@ -86,7 +100,12 @@ void ksScriptHistory::endMacro()
     host.guard([this] { host.endMacro(); });
 }
 
-void ksScriptHistory::print(const QString &text)
+void ksScriptHistory::openMacro(const QString &text)
 {
-    host.out() << text.toStdString() << '\n';
+    host.guard([&] { host.openMacro(text); });
+}
+
+void ksScriptHistory::closeMacro(bool succeeded)
+{
+    host.guard([&] { host.closeMacro(succeeded); });
 }

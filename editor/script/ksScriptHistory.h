@@ -9,14 +9,26 @@ class ksScriptHost;
 
 /// The undo history in a script: the global object "history". What is not possible at the moment, see
 /// ksEditHistory, is an error in the script.
-///
-/// Besides what is declared here, a script has history.macro(text, function): what the function does becomes
-/// one step, also when it ends by an error.
 class ksScriptHistory : public QObject
 {
     Q_OBJECT
+    Q_CLASSINFO("index", "the number of steps that are done")
+    Q_CLASSINFO("count", "the number of all steps, done and undone")
+    Q_CLASSINFO("undo()", "one step back")
+    Q_CLASSINFO("redo()", "one step forth")
+    Q_CLASSINFO("mark()", "remembers the index")
+    Q_CLASSINFO("reset()", "undoes or redoes until the index is the remembered one, 0 if there is none")
+    Q_CLASSINFO("clear()", "forgets all steps")
+    Q_CLASSINFO("macro(text, body)", "what the function `body` does becomes one step called `text`; when it "
+                                     "ends by an error, what it did is taken back. Returns what it returns")
+    Q_CLASSINFO("beginMacro(text)", "begins a macro; one that is open at the end of the script, or of the "
+                                    "function of one around it, is an error")
+    Q_CLASSINFO("endMacro()", "ends the macro that `beginMacro` has begun last")
+    Q_CLASSINFO(
+        "batch(text, edits, [merging], [action])",
+        "several edits as one step; with `merging` true it merges with a batch of the same values right "
+        "before it; the function `action` is called after each do, undo and redo")
 
-    /// The number of steps that are done, and of all steps, done and undone.
     Q_PROPERTY(int index READ index)
     Q_PROPERTY(int count READ count)
 
@@ -27,30 +39,19 @@ public:
     int index() const;
     int count() const;
 
-    /// One step each.
     Q_INVOKABLE void undo();
     Q_INVOKABLE void redo();
-
-    /// Remembers the index.
     Q_INVOKABLE void mark();
-
-    /// Undoes or redoes until the index is the remembered one, 0 if there is none.
     Q_INVOKABLE void reset();
-
-    /// Forgets all steps.
     Q_INVOKABLE void clear();
-
-    /// Does several edits as one step called \a text. \a edits is an array of arrays: container, field,
-    /// value. The step merges with a batch of the same fields right before it when \a merging is true.
-    Q_INVOKABLE void batch(const QString &text, const QJSValue &edits, bool merging = false);
-
-    /// The two ends of history.macro(). A macro that is still open when the script ends is an error of the
-    /// script, too.
+    Q_INVOKABLE void batch(const QString &text, const QJSValue &edits, bool merging = false,
+                           const QJSValue &action = QJSValue());
     Q_INVOKABLE void beginMacro(const QString &text);
     Q_INVOKABLE void endMacro();
 
-    /// Writes \a text, and a line end, to where the script's output goes.
-    Q_INVOKABLE void print(const QString &text);
+    /// The two ends of macro(), see ksScriptHost.
+    Q_INVOKABLE void openMacro(const QString &text);
+    Q_INVOKABLE void closeMacro(bool succeeded);
 
 private:
     ksScriptHost &host;

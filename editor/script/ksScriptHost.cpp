@@ -2,18 +2,29 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
+#include <editor/script/ksScriptConsole.h>
+#include <editor/script/ksScriptDescription.h>
+#include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptPrelude.h>
 #include <editor/script/ksScriptRegistry.h>
 
 #include <OpenSG/OSGColor.h>
+#include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGSFAttachmentMap.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFMathTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 
+#include <QDir>
+#include <QFileInfo>
+#include <QJSValueIterator>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <cmath>
+#include <memory>
+#include <ostream>
 
 namespace {
 
@@ -31,12 +42,29 @@ QJSValue numberValue(T number)
     return QJSValue(real);
 }
 
-constexpr const char *DefineMember = R"((function(object, name, member) {
-    Object.defineProperty(object, name, {
-        get: function() { return member; },
-        set: function() { throw new TypeError('Cannot assign to read-only property "' + name + '"'); }
-    });
-}))";
+/// A description of \a member for ksScriptPrelude.
+QJSValue describe(QJSEngine &engine, const ksScriptMember &member)
+{
+    QJSValue object = engine.newObject();
+    object.setProperty(QStringLiteral("name"), member.name);
+    object.setProperty(QStringLiteral("signature"), member.signature);
+    object.setProperty(QStringLiteral("about"), member.about);
+    object.setProperty(QStringLiteral("isProperty"), member.isProperty);
+    object.setProperty(QStringLiteral("type"), member.type);
+    object.setProperty(QStringLiteral("isWritable"), member.isWritable);
+    object.setProperty(QStringLiteral("least"), member.least);
+    object.setProperty(QStringLiteral("isVariadic"), member.isVariadic);
+    QJSValue parameters = engine.newArray(static_cast<uint>(member.parameters.size()));
+    quint32 index = 0;
+    for (const ksScriptKind &parameter : member.parameters) {
+        QJSValue entry = engine.newObject();
+        entry.setProperty(QStringLiteral("name"), parameter.name);
+        entry.setProperty(QStringLiteral("type"), parameter.type);
+        parameters.setProperty(index++, entry);
+    }
+    object.setProperty(QStringLiteral("parameters"), parameters);
+    return object;
+}
 
 } // namespace
 
@@ -44,8 +72,41 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     : scriptEngine(engine)
     , editHistory(history)
     , output(out)
-    , defineMember(engine.evaluate(QString::fromLatin1(DefineMember), ownFileName()))
-{}
+    , sceneIndex(history.root())
+{
+    const QJSValue console = engine.newQObject(new ksScriptConsole(*this));
+    preludeFunctions = engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
+                           .call({console.property(QStringLiteral("write"))});
+    history.setObserver([this] { sceneIndex.noteChanges(); });
+}
+
+ksScriptHost::~ksScriptHost()
+{
+    editHistory.setObserver({});
+}
+
+void ksScriptHost::setWarningHandler(std::function<void(const QString &)> handler)
+{
+    warningHandler = std::move(handler);
+}
+
+void ksScriptHost::warn(const QString &text) const
+{
+    if (warningHandler)
+        warningHandler(text);
+    else
+        output << "warning: " << text.toStdString() << '\n';
+}
+
+QString ksScriptHost::pathFrom(const QString &name) const
+{
+    return QFileInfo(scriptFile).absoluteDir().absoluteFilePath(name);
+}
+
+QJSValue ksScriptHost::prelude(const char *name) const
+{
+    return preludeFunctions.property(QLatin1String(name));
+}
 
 QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
 {
@@ -57,11 +118,43 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
         return known->second;
 
     QObject *made = ksScriptRegistry::makeObject(*this, container);
-    const QJSValue object = scriptEngine.newQObject(made);
-    ksScriptRegistry::makeParts(*this, container, *made, [this, &object](const char *name, QObject *part) {
-        defineMember.call({object, QLatin1String(name), scriptEngine.newQObject(part)});
+    QJSValue parts = scriptEngine.newObject();
+    ksScriptRegistry::makeParts(*this, container, *made, [this, &parts](const char *name, QObject *part) {
+        parts.setProperty(QLatin1String(name), object(part, scriptEngine.newObject()));
     });
-    return objects.emplace(id, object).first->second;
+    return objects.emplace(id, object(made, parts)).first->second;
+}
+
+QJSValue ksScriptHost::object(QObject *native, const QJSValue &parts)
+{
+    QStringList names;
+    for (QJSValueIterator part(parts); part.next();)
+        names += part.name();
+    return prelude("wrap").call({scriptEngine.newQObject(native), type(*native->metaObject(), names), parts});
+}
+
+QJSValue ksScriptHost::type(const QMetaObject &type, const QStringList &parts)
+{
+    const auto known = types.find({&type, parts});
+    if (known != types.end())
+        return known->second;
+
+    std::vector<const QMetaObject *> line;
+    for (const QMetaObject *base = &type; base != nullptr; base = base->superClass())
+        line.insert(line.begin(), base);
+    QJSValue members = scriptEngine.newArray();
+    quint32 count = 0;
+    for (const QMetaObject *base : line)
+        for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(*base))
+            members.setProperty(count++, describe(scriptEngine, member));
+    const QJSValue made =
+        prelude("makeType")
+            .call({ksScriptDescription::nameOf(type), members, scriptEngine.toScriptValue(parts)});
+    if (&type == &ksScriptHistory::staticMetaObject)
+        prelude("addMacro").call({made});
+    if (&type == &ksScriptConsole::staticMetaObject)
+        prelude("addConsole").call({made});
+    return types.emplace(std::make_pair(&type, parts), made).first->second;
 }
 
 QJSValue ksScriptHost::value(osg::Field &field)
@@ -82,6 +175,12 @@ QJSValue ksScriptHost::value(osg::Field &field)
         return QJSValue(flag->getValue());
     if (const auto *text = dynamic_cast<const osg::SFString *>(&field))
         return QJSValue(QString::fromStdString(text->getValue()));
+    if (const auto *texts = dynamic_cast<const osg::MFString *>(&field)) {
+        QStringList list;
+        for (const std::string &text : texts->getValues())
+            list += QString::fromStdString(text);
+        return scriptEngine.toScriptValue(list);
+    }
     if (ksFieldReferences::arePossibleIn(field))
         return containers(field);
     std::string text;
@@ -105,35 +204,107 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 {
     try {
         work();
+        const QString failure = std::exchange(failureOfCall, QString());
+        if (!failure.isEmpty())
+            throw ksEditorError(failure);
     } catch (const std::exception &error) {
+        failureOfCall.clear();
         scriptEngine.throwError(QString::fromUtf8(error.what()));
     }
 }
 
-void ksScriptHost::beginMacro(const QString &text)
+void ksScriptHost::add(QUndoCommand *command)
+{
+    std::unique_ptr<QUndoCommand> owned(command);
+    refuseWithinCall();
+    if (command != nullptr)
+        editHistory.add(owned.release());
+}
+
+void ksScriptHost::refuseWithinCall() const
+{
+    if (calls > 0)
+        throw ksEditorError("not possible within another step");
+}
+
+void ksScriptHost::call(QJSValue function)
+{
+    const QScopedValueRollback<int> calling(calls, calls + 1);
+    const QJSValue result = function.call();
+    if (result.isError() && failureOfCall.isEmpty())
+        failureOfCall = result.toString();
+}
+
+void ksScriptHost::open(const QString &text, bool isOfFunction)
 {
     editHistory.beginMacro(text);
-    openMacros.push_back(scriptEngine.newErrorObject(
-        QJSValue::GenericError, QStringLiteral("the macro '") + text + QStringLiteral("' is not ended")));
+    macros.push_back(
+        {text,
+         scriptEngine.newErrorObject(QJSValue::GenericError,
+                                     QStringLiteral("the macro '") + text + QStringLiteral("' is not ended")),
+         isOfFunction,
+         {}});
+}
+
+void ksScriptHost::close(bool keep)
+{
+    // It may end and throw, or not end.
+    const int depth = editHistory.macroDepth();
+    const Macro last = macros.back();
+    const auto forget = qScopeGuard([this, depth] {
+        if (editHistory.macroDepth() < depth)
+            macros.pop_back();
+    });
+    if (!keep && macros.size() > 1)
+        macros[macros.size() - 2].failure =
+            last.failure.isEmpty()
+                ? QStringLiteral("the macro '") + last.text + QStringLiteral("' has failed")
+                : last.failure;
+    editHistory.endMacro(keep);
+}
+
+void ksScriptHost::beginMacro(const QString &text)
+{
+    open(text, false);
 }
 
 void ksScriptHost::endMacro()
 {
-    if (openMacros.empty())
+    if (macros.empty())
         throw ksEditorError("there is no open macro");
-    // It may end and throw, or not end.
-    const int depth = editHistory.macroDepth();
-    const auto forget = qScopeGuard([this, depth] {
-        if (editHistory.macroDepth() < depth)
-            openMacros.pop_back();
-    });
-    editHistory.endMacro();
+    if (macros.back().isOfFunction)
+        throw ksEditorError(QStringLiteral("the macro '") + macros.back().text +
+                            QStringLiteral("' ends with its function"));
+    const QString failure = macros.back().failure;
+    close(failure.isEmpty());
+    if (!failure.isEmpty())
+        throw ksEditorError(failure);
+}
+
+void ksScriptHost::openMacro(const QString &text)
+{
+    open(text, true);
+}
+
+void ksScriptHost::closeMacro(bool succeeded)
+{
+    QString failure;
+    while (!macros.back().isOfFunction) {
+        failure = macros.back().opened.property(QStringLiteral("message")).toString();
+        close(false);
+    }
+    if (!macros.back().failure.isEmpty())
+        failure = failure.isEmpty() ? macros.back().failure : failure;
+    close(succeeded && failure.isEmpty());
+    // The error that the function ended by says more.
+    if (succeeded && !failure.isEmpty())
+        throw ksEditorError(failure);
 }
 
 QJSValue ksScriptHost::endMacrosLeft()
 {
-    QJSValue first = openMacros.empty() ? QJSValue() : openMacros.front();
-    while (!openMacros.empty())
-        endMacro();
+    const QJSValue first = macros.empty() ? QJSValue() : macros.front().opened;
+    while (!macros.empty())
+        close(false);
     return first;
 }

@@ -2,16 +2,19 @@
 #pragma once
 
 #include <editor/history/ksEditHistory.h>
+#include <editor/scene/ksSceneIndex.h>
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 
 #include <QJSEngine>
 #include <QJSValue>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <utility>
 #include <vector>
 
 /// What the objects of a script share: the engine, the history that they edit through, and one script object
@@ -21,6 +24,9 @@ class ksScriptHost
 public:
     /// What scripts print goes to \a out. All three must outlive the host.
     ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostream &out);
+    ~ksScriptHost();
+    ksScriptHost(const ksScriptHost &) = delete;
+    ksScriptHost &operator=(const ksScriptHost &) = delete;
 
     /// The file that what the editor itself evaluates seems to come from.
     static QString ownFileName() { return QStringLiteral("ks-editor:prelude"); }
@@ -28,40 +34,95 @@ public:
     QJSEngine &engine() const { return scriptEngine; }
     ksEditHistory &history() const { return editHistory; }
     std::ostream &out() const { return output; }
+    ksSceneIndex &index() { return sceneIndex; }
+
+    /// Who is told of warnings; without one they go to out().
+    void setWarningHandler(std::function<void(const QString &)> handler);
+    void warn(const QString &text) const;
+
+    /// The file of the script that runs; paths in it start at its folder.
+    void setScriptFile(const QString &path) { scriptFile = path; }
+    QString pathFrom(const QString &name) const;
+
+    /// The functions of ksScriptPrelude.
+    QJSValue prelude(const char *name) const;
 
     /// The script object for \a container, see ksScriptRegistry; null for NullFC.
     QJSValue object(const osg::FieldContainerPtr &container);
 
+    /// The script object for \a native, which belongs to the engine unless it has a parent, with \a parts.
+    QJSValue object(QObject *native, const QJSValue &parts);
+
+    /// What scripts know of the class \a type, whose objects have parts of these names.
+    QJSValue type(const QMetaObject &type, const QStringList &parts);
+
     /// What \a field holds, as a script sees it: numbers, bools and texts as such, 64-bit integers that a
     /// script's numbers cannot hold as text, vectors, colours and matrices (column by column) as arrays of
-    /// numbers, containers as objects or null, lists of containers as arrays. Anything else as the text that
-    /// the scene graph has for it.
+    /// numbers, lists of texts as arrays, containers as objects or null, lists of containers as arrays.
+    /// Anything else as the text that the scene graph has for it.
     QJSValue value(osg::Field &field);
 
     /// Runs \a work; when it throws, the script gets an Error with the exception's message at the place where
     /// it is.
     void guard(const std::function<void()> &work) const;
 
-    /// Opens a macro in the history and ends the latest that the script has opened. Throws ksEditorError when
-    /// there is none.
+    /// Adds \a command to the history; null, an edit that changes nothing, is no step. Throws ksEditorError
+    /// while a step calls a function of the script.
+    void add(QUndoCommand *command);
+
+    /// Throws ksEditorError while a step calls a function of the script.
+    void refuseWithinCall() const;
+
+    /// Calls \a function, which belongs to a step that is being run. Its error is that of the step.
+    void call(QJSValue function);
+
+    /// Opens a macro in the history and ends the latest that the script has opened so. Throws ksEditorError
+    /// when there is none, or when that is the one of a function.
     void beginMacro(const QString &text);
     void endMacro();
 
-    /// Ends the macros that the script has left open. Returns an Error that says where it opened the first of
-    /// them; undefined when there were none.
+    /// The two ends of a macro that is a function's. One that did not succeed is taken back, or makes the one
+    /// around it fail. Throws ksEditorError when the function has left a macro open, or caught the error of
+    /// one that failed.
+    void openMacro(const QString &text);
+    void closeMacro(bool succeeded);
+
+    /// Takes back the macros that the script has left open. Returns an Error that says where it opened the
+    /// first of them; undefined when there were none.
     QJSValue endMacrosLeft();
 
 private:
+    struct Macro
+    {
+        QString text;
+
+        /// An Error from where it was opened.
+        QJSValue opened;
+
+        bool isOfFunction;
+
+        /// The error of a macro in it; empty when there was none.
+        QString failure;
+    };
+
     QJSValue containers(const osg::Field &field);
+    void open(const QString &text, bool isOfFunction);
+    void close(bool keep);
 
     QJSEngine &scriptEngine;
     ksEditHistory &editHistory;
     std::ostream &output;
+    std::function<void(const QString &)> warningHandler;
+    QString scriptFile;
+    QJSValue preludeFunctions;
+    ksSceneIndex sceneIndex;
     std::map<osg::UInt32, QJSValue> objects;
+    std::map<std::pair<const QMetaObject *, QStringList>, QJSValue> types;
+    std::vector<Macro> macros;
 
-    /// Takes an object, a name and another object, which becomes a read-only member of the first.
-    QJSValue defineMember;
+    /// How many functions of the script are called by steps, which must not make steps.
+    int calls = 0;
 
-    /// For each macro that the script has open an Error from where it did so, in case it does not end it.
-    std::vector<QJSValue> openMacros;
+    /// What a function of the script that a step called has thrown.
+    mutable QString failureOfCall;
 };

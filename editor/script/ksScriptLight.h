@@ -1,26 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/edits/ksLightEdits.h>
 #include <editor/script/ksScriptContainer.h>
-
-struct ksLightProperty;
 
 /// A light of the scene, which is the core of a node, in a script: what a container has, and the light's
 /// values. Setting one is an edit. Colours are arrays of three numbers, angles are in degrees.
 class ksScriptLight : public ksScriptContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("diffuse", "the colour that matt surfaces reflect")
+    Q_CLASSINFO("glossy", "the colour that shiny surfaces reflect")
+    Q_CLASSINFO("intensity", "what both are multiplied by")
+    Q_CLASSINFO("penumbraAngle", "of a spot light: what is added to its cone, over which it fades out")
+    Q_CLASSINFO("coneAngle", "of a spot light: the opening of its cone, 0 to 180")
+    Q_CLASSINFO("attenuation",
+                "0 for none, 1 for a linear, 2 for a quadratic one; setting it leaves the intensity")
+    Q_CLASSINFO("visibilityReference", "the node that must be visible for the light to shine, or null")
+    Q_CLASSINFO("drag(property, values, [text])", "sets one of these but the last to each of an array of "
+                                                  "values, in one step; what is none of them is a field")
 
     Q_PROPERTY(QJSValue diffuse READ diffuse WRITE setDiffuse)
     Q_PROPERTY(QJSValue glossy READ glossy WRITE setGlossy)
     Q_PROPERTY(QJSValue intensity READ intensity WRITE setIntensity)
     Q_PROPERTY(QJSValue penumbraAngle READ penumbraAngle WRITE setPenumbraAngle)
     Q_PROPERTY(QJSValue coneAngle READ coneAngle WRITE setConeAngle)
-
-    /// 0 for none, 1 for a linear, 2 for a quadratic one. Setting it leaves the intensity.
     Q_PROPERTY(QJSValue attenuation READ attenuation WRITE setAttenuation)
-
-    /// The node that must be visible for the light to shine, or null.
     Q_PROPERTY(QJSValue visibilityReference READ visibilityReference WRITE setVisibilityReference)
 
 public:
@@ -41,14 +46,15 @@ public:
     QJSValue visibilityReference() const { return value("visibilityReference"); }
     void setVisibilityReference(const QJSValue &node);
 
-    /// Sets one of the values above, except the last, to each of \a values, an array: the edits merge into
-    /// one, which is called \a text. What is no such value is a field of the light.
     Q_INVOKABLE void drag(const QString &property, const QJSValue &values,
                           const QJSValue &text = QJSValue()) override;
+
+    QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
+    bool holds(const ksScriptEdit &edit) const override;
 
 private:
     QJSValue value(const char *name) const;
     void setValue(const char *name, const QJSValue &value);
-    QUndoCommand *make(const ksLightProperty &property, const QJSValue &value, const QString &text,
-                       ksMerging merging) const;
+    osg::NodePtr node() const;
+    ksLightValue valueFrom(const ksLightProperty &property, const QJSValue &value) const;
 };

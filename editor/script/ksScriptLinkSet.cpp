@@ -40,16 +40,20 @@ void ksScriptLinkSet::edit(const QJSValue &nodes, bool lights, bool removing)
     host.guard([&] {
         const auto set = osg::LightLinkSetPtr::dcast(container());
         const std::vector<osg::NodePtr> given = nodesFrom(nodes);
+        bool changes = false;
         for (const osg::NodePtr &node : given) {
             const bool isReplaced =
                 lights && (node->getExternalFlags() & osg::NodeExternalFlags::Instance) != 0;
             const bool isListed = lights ? set->containsLight(node) : set->containsSceneNode(node);
             if (removing && !isReplaced && !isListed)
                 throw ksEditorError(ksContainers::label(node) + QStringLiteral(" is not linked"));
+            changes = changes || removing || isReplaced || !isListed;
         }
+        if (!changes)
+            return;
         const unsigned int list = lights ? ksLightEdits::LightList : ksLightEdits::SceneNodeList;
-        host.history().add(nodes.isArray()
-                               ? new ksAddNodeToLightLinkSetUndoCommand(set, given, list, removing)
-                               : new ksAddNodeToLightLinkSetUndoCommand(set, given.front(), list, removing));
+        host.add(nodes.isArray()
+                     ? new ksAddNodeToLightLinkSetUndoCommand(set, given, list, removing)
+                     : new ksAddNodeToLightLinkSetUndoCommand(set, given.front(), list, removing));
     });
 }

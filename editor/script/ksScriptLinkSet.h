@@ -9,6 +9,10 @@
 class ksScriptLinkSet : public ksScriptContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("add(nodes)", "adds nodes that are shone on; those that are already are left out")
+    Q_CLASSINFO("remove(nodes)", "removes nodes that are shone on; one that is not is an error")
+    Q_CLASSINFO("addLights(nodes)", "adds lights; those that are there already are left out")
+    Q_CLASSINFO("removeLights(nodes)", "removes lights; one that is not there is an error")
 
 public:
     using ksScriptContainer::ksScriptContainer;

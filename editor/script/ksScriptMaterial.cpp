@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksReferenceCycles.h>
 #include <editor/script/ksScriptMaterial.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
-#include <ksundo/field/ksFieldUndoCommand.h>
-#include <ksundo/field/ksImageFieldUndoCommand.h>
+#include <ksundo/material/ksColorComponentUndoCommand.h>
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
 #include <ksundo/material/ksSetEnvironmentUndoCommand.h>
@@ -23,18 +23,13 @@ namespace {
 const ksScriptRegistry::Wrapper<osg::UberMaterialPtr, ksScriptMaterial> materialWrapper;
 const ksScriptRegistry::Wrapper<osg::UBRDFMaterialPtr, ksScriptSurface> surfaceWrapper;
 
+const QLatin1String Environment("environment");
+
 /// The command that sets the field called \a field of a part of a material.
 ksFieldBaseUndoCommand *makeInner(const osg::FieldContainerPtr &part, const QString &field,
                                   const QJSValue &value, ksMerging merging, QUndoCommand *parent = nullptr)
 {
-    const std::string name = field.toStdString();
-    const osg::Field *target = part->getField(name.c_str());
-    if (target == nullptr || target->getType() != osg::SFVec3f::getClassType())
-        return ksFieldEdits::make(QString(), part, field, value.toVariant(), merging, parent);
-    auto *command =
-        new ksFieldUndoCommand<osg::Vec3f>(QString(), part, name, vectorFrom(value, field), parent);
-    ksMergingAs(merging, command);
-    return command;
+    return ksFieldEdits::make(QString(), part, field, plainFrom(value), merging, parent);
 }
 
 } // namespace
@@ -48,25 +43,46 @@ osg::FieldContainerPtr ksScriptMaterial::component(int index) const
     return all[static_cast<osg::UInt32>(index)];
 }
 
+void ksScriptMaterial::setPart(const osg::FieldContainerPtr &part, const QString &field,
+                               const QJSValue &value)
+{
+    if (part == osg::NullFC)
+        throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" has no settings"));
+    if (!ksFieldEdits::holds(part, field, plainFrom(value)))
+        host.add(make(part, field, value, ksMerging::Never));
+}
+
 void ksScriptMaterial::setComponent(int index, const QString &field, const QJSValue &value)
 {
-    host.guard([&] { host.history().add(make(component(index), field, value, ksMerging::Never)); });
+    host.guard([&] { setPart(component(index), field, value); });
+}
+
+void ksScriptMaterial::setComponentQuietly(int index, const QString &field, const QJSValue &value)
+{
+    host.guard([&] {
+        const osg::FieldContainerPtr part = component(index);
+        if (!ksFieldEdits::holds(part, field, plainFrom(value)))
+            host.add(ksMergingAs(ksMerging::Never,
+                                 new ksColorComponentUndoCommand(
+                                     ksFieldEdits::defaultText(container(), field),
+                                     makeInner(part, field, value, ksMerging::Never), part, container())));
+    });
 }
 
 void ksScriptMaterial::setSettings(const QString &field, const QJSValue &value)
 {
-    host.guard([&] {
-        const auto material = osg::UberMaterialPtr::dcast(container());
-        host.history().add(make(material->getComponentSettings(), field, value, ksMerging::Never));
-    });
+    host.guard(
+        [&] { setPart(osg::UberMaterialPtr::dcast(container())->getComponentSettings(), field, value); });
 }
 
 void ksScriptMaterial::dragComponent(int index, const QString &field, const QJSValue &values)
 {
     host.guard([&] {
-        addDrag(values, [&](const QJSValue &value, ksMerging merging) {
-            return make(component(index), field, value, merging);
-        });
+        const osg::FieldContainerPtr part = component(index);
+        addDrag(
+            values,
+            [&](const QJSValue &value, ksMerging merging) { return make(part, field, value, merging); },
+            [&](const QJSValue &value) { return ksFieldEdits::holds(part, field, plainFrom(value)); });
     });
 }
 
@@ -76,19 +92,21 @@ void ksScriptMaterial::setAllComponents(const QString &field, const QJSValue &va
         const auto material = osg::UberMaterialPtr::dcast(container());
         auto batch = std::make_unique<ksMaterialMultiUndoCommand>(ksFieldEdits::defaultText(material, field),
                                                                   material, material->getComponentSettings());
-        for (const osg::ColorComponentPtr &each : material->getColorComponentData())
+        bool changes = false;
+        for (const osg::ColorComponentPtr &each : material->getColorComponentData()) {
             makeInner(each, field, value, ksMerging::Never, batch.get());
-        host.history().add(batch.release());
+            changes = changes || !ksFieldEdits::holds(each, field, plainFrom(value));
+        }
+        if (changes)
+            host.add(batch.release());
     });
 }
 
 void ksScriptMaterial::setImage(int index, const QJSValue &image)
 {
     host.guard([&] {
-        const osg::FieldContainerPtr target = component(index);
-        const osg::ImagePtr wanted =
-            image.isNull() ? osg::ImagePtr() : containerFrom<osg::ImagePtr>(image, "image");
-        host.history().add(new ksImageFieldUndoCommand(target, "image", wanted));
+        ksScriptContainer part(host, component(index).getFieldContainerId());
+        part.perform({QStringLiteral("image"), image, {}, {}});
     });
 }
 
@@ -96,8 +114,6 @@ QUndoCommand *ksScriptMaterial::make(const osg::FieldContainerPtr &part, const Q
                                      const QJSValue &value, ksMerging merging) const
 {
     const auto material = osg::UberMaterialPtr::dcast(container());
-    if (part == osg::NullFC)
-        throw ksEditorError(ksContainers::label(material) + QStringLiteral(" has no settings"));
     return ksMergingAs(merging, new ksMaterialUndoCommand(ksFieldEdits::defaultText(material, field),
                                                           makeInner(part, field, value, merging), material,
                                                           material->getComponentSettings()));
@@ -105,9 +121,23 @@ QUndoCommand *ksScriptMaterial::make(const osg::FieldContainerPtr &part, const Q
 
 void ksScriptSurface::setEnvironment(const QJSValue &material)
 {
-    host.guard([&] {
-        host.history().add(
-            new ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr::dcast(container()),
-                                            containerFrom<osg::MaterialPtr>(material, "material")));
-    });
+    host.guard([&] { perform({Environment, material, {}, {}}); });
+}
+
+QUndoCommand *ksScriptSurface::makeEdit(const ksScriptEdit &edit) const
+{
+    if (edit.name != Environment)
+        return ksScriptContainer::makeEdit(edit);
+    const auto own = osg::UBRDFMaterialPtr::dcast(container());
+    const auto wanted = containerFrom<osg::MaterialPtr>(edit.value, "material");
+    ksReferenceCycles::refuse(own, wanted);
+    return new ksSetEnvironmentUndoCommand(own, wanted, edit.parent);
+}
+
+bool ksScriptSurface::holds(const ksScriptEdit &edit) const
+{
+    if (edit.name != Environment)
+        return ksScriptContainer::holds(edit);
+    return osg::UBRDFMaterialPtr::dcast(container())->getEnvironment() ==
+           containerFrom<osg::MaterialPtr>(edit.value, "material");
 }

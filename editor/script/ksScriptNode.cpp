@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/edits/ksTreeEdits.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksNodePaths.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptNode.h>
 #include <editor/script/ksScriptRegistry.h>
@@ -9,6 +11,8 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
+#include <OSGPrecision.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
 #include <QJSValueIterator>
@@ -21,6 +25,9 @@ using namespace ksScriptValues;
 namespace {
 
 const ksScriptRegistry::Wrapper<osg::NodePtr, ksScriptNode> wrapper;
+
+const QLatin1String Rotation("rotation");
+const QLatin1String RotationOrder("rotationOrder");
 
 std::string orderFrom(const QString &order)
 {
@@ -46,7 +53,7 @@ template <class Take>
 void visitMembers(const QJSValue &object, const Take &take)
 {
     if (!object.isObject() || object.isArray())
-        throw ksEditorError(QLatin1Char('\'') + object.toString() +
+        throw ksEditorError(QLatin1Char('\'') + shown(object) +
                             QStringLiteral("' is no object with members"));
     for (QJSValueIterator member(object); member.next();)
         take(member.name(), member.value());
@@ -70,13 +77,44 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
     else if (name == QLatin1String("inheritType"))
         values.inheritType = numberFrom<int>(value, name);
     else if (name == QLatin1String("eulerRotationOrder"))
-        values.eulerRotationOrder = orderFrom(value.toString());
+        values.eulerRotationOrder = orderFrom(shown(value));
     else if (name == QLatin1String("rotationDirectionOn"))
         values.rotationDirectionOn = flagFrom(value, name);
     else if (name == QLatin1String("rotationDirectionMode"))
         values.rotationDirectionMode = numberFrom<int>(value, name);
     else
         throw ksEditorError(QStringLiteral("a transformation has no '") + name + QLatin1Char('\''));
+}
+
+/// Throws ksEditorError when positions in world space have none in the space of \a node's parent.
+void refuseUnreachable(const osg::NodePtr &node)
+{
+    osg::Matrix4d toWorld;
+    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
+            toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
+    if (!toWorld.invert())
+        throw ksEditorError(
+            ksContainers::label(node) +
+            QStringLiteral(" cannot be placed in world space: what is above it is flattened"));
+}
+
+bool areSame(const osg::Vec3f &left, const osg::Vec3f &right)
+{
+    return left.isSame(right);
+}
+
+bool areSame(const ksTransformation &left, const ksTransformation &right)
+{
+    return left.translation.isSame(right.translation) && left.rotation.isSame(right.rotation) &&
+           left.scale.isSame(right.scale) && left.shear.isSame(right.shear) &&
+           left.scalePivot.isSame(right.scalePivot) && left.rotatePivot.isSame(right.rotatePivot) &&
+           left.scalePivotTranslation.isSame(right.scalePivotTranslation) &&
+           left.rotatePivotTranslation.isSame(right.rotatePivotTranslation) &&
+           left.inheritType == right.inheritType && left.eulerRotationOrder == right.eulerRotationOrder &&
+           left.rotationDirectionOn == right.rotationDirectionOn &&
+           left.rotationDirection.isSame(right.rotationDirection) &&
+           left.rotationDirectionMode == right.rotationDirectionMode;
 }
 
 } // namespace
@@ -119,6 +157,8 @@ ksTransformTarget ksScriptNode::target(const ksTransformProperty &property, cons
         throw ksEditorError(name + QStringLiteral(" has no world space"));
     if (result.index >= 0 && !property.hasIndex)
         throw ksEditorError(name + QStringLiteral(" can be edited in the node's own transform only"));
+    if (result.world)
+        refuseUnreachable(result.node);
     return result;
 }
 
@@ -132,11 +172,7 @@ QString ksScriptNode::rotationOrder() const
 
 void ksScriptNode::setRotationOrder(const QString &order)
 {
-    host.guard([&] {
-        const ksTransformTarget own = target(QJSValue());
-        host.history().add(
-            ksMergingAs(ksMerging::Never, new ksEulerRotationOrderUndoCommand(own.node, orderFrom(order))));
-    });
+    host.guard([&] { perform({RotationOrder, order, {}, {}}); });
 }
 
 void ksScriptNode::translate(const QJSValue &value, const QJSValue &options)
@@ -171,42 +207,61 @@ QJSValue ksScriptNode::getTransform(const QString &property, const QJSValue &opt
 void ksScriptNode::setTransform(const QString &property, const QJSValue &value, const QJSValue &options)
 {
     host.guard([&] {
-        const ksTransformProperty &wanted = propertyFrom(property);
-        host.history().add(make(wanted, target(wanted, options), value, ksMerging::Never));
+        propertyFrom(property);
+        perform({property, value, options, {}});
     });
 }
 
 void ksScriptNode::drag(const QString &property, const QJSValue &values, const QJSValue &options)
 {
-    const ksTransformProperty *wanted = ksTransformEdits::find(property);
-    if (wanted == nullptr) {
+    if (ksTransformEdits::find(property) == nullptr)
         ksScriptContainer::drag(property, values, options);
-        return;
-    }
-    host.guard([&] {
-        const ksTransformTarget aim = target(*wanted, options);
-        addDrag(values,
-                [&](const QJSValue &value, ksMerging merging) { return make(*wanted, aim, value, merging); });
-    });
-}
-
-QUndoCommand *ksScriptNode::make(const ksTransformProperty &property, const ksTransformTarget &aim,
-                                 const QJSValue &value, ksMerging merging)
-{
-    const osg::Vec3f wanted = vectorFrom(value, QString::fromLatin1(property.name));
-    return ksMergingAs(merging, property.make(aim, wanted, {}));
+    else
+        host.guard([&] { performDrag({property, {}, options, {}}, values); });
 }
 
 void ksScriptNode::turn(const QJSValue &quaternion)
 {
-    host.guard([&] {
-        const ksTransformTarget own = target(QJSValue());
-        const std::array<float, 4> q = numbersFrom<4>(quaternion, QStringLiteral("quaternion"));
-        const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
-        host.history().add(ksMergingAs(
-            ksMerging::Never,
-            new ksRotationAsQuaternionUndoCommand(text, own.node, osg::Quaternion(q[0], q[1], q[2], q[3]))));
-    });
+    host.guard([&] { perform({Rotation, quaternion, {}, {}}); });
+}
+
+osg::Quaternion ksScriptNode::rotationFrom(const QJSValue &value) const
+{
+    const std::array<float, 4> q = numbersFrom<4>(value, QStringLiteral("quaternion"));
+    osg::Quaternion rotation(q[0], q[1], q[2], q[3]);
+    if (rotation.length() == 0)
+        throw ksEditorError("a quaternion of length 0 is no rotation");
+    rotation.normalize();
+    return rotation;
+}
+
+QUndoCommand *ksScriptNode::makeEdit(const ksScriptEdit &edit) const
+{
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
+        return ksMergingAs(edit.merging, property->make(target(*property, edit.options),
+                                                        vectorFrom(edit.value, edit.name), {}, edit.parent));
+    if (!edit.options.isUndefined() || (edit.name != Rotation && edit.name != RotationOrder))
+        return ksScriptContainer::makeEdit(edit);
+    const ksTransformTarget own = target(QJSValue());
+    if (edit.name == RotationOrder)
+        return ksMergingAs(edit.merging, new ksEulerRotationOrderUndoCommand(
+                                             own.node, orderFrom(shown(edit.value)), edit.parent));
+    const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
+    return ksMergingAs(edit.merging, new ksRotationAsQuaternionUndoCommand(
+                                         text, own.node, rotationFrom(edit.value), edit.parent));
+}
+
+bool ksScriptNode::holds(const ksScriptEdit &edit) const
+{
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
+        return areSame(property->read(target(*property, edit.options)), vectorFrom(edit.value, edit.name));
+    if (edit.name == RotationOrder)
+        return ksNodeUtils::getTransformNodeEulerRotationOrder(target(QJSValue()).node, -1) ==
+               orderFrom(shown(edit.value));
+    if (edit.name == Rotation)
+        return ksNodeUtils::getTransform3D(target(QJSValue()).node, -1)->getRotation() ==
+               rotationFrom(edit.value);
+    return ksScriptContainer::holds(edit);
 }
 
 void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
@@ -215,9 +270,55 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         const ksTransformTarget aim = target(options);
         if (aim.world)
             throw ksEditorError("a transformation has no world space");
-        auto applied = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        const auto before = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        ksTransformation applied = before;
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
-        host.history().add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));
+        if (!areSame(before, applied))
+            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));
     });
+}
+
+QString ksScriptNode::path() const
+{
+    return guarded([](const osg::FieldContainerPtr &container) {
+        return QString::fromStdString(ksNodePaths::of(osg::NodePtr::dcast(container)));
+    });
+}
+
+QJSValue ksScriptNode::add(const QString &name)
+{
+    QJSValue added;
+    host.guard([&] {
+        const osg::NodePtr parent = node();
+        const osg::NodePtr made = ksContainers::createNode(name.toStdString(), osg::Transform3D::create());
+        host.add(ksTreeEdits::makeAdd(parent, made));
+        added = host.object(made);
+    });
+    return added;
+}
+
+QJSValue ksScriptNode::copy(const QJSValue &parent, const QString &name)
+{
+    QJSValue added;
+    host.guard([&] {
+        const auto place = containerFrom<osg::NodePtr>(parent, "node");
+        const osg::NodePtr made = ksTreeEdits::copy(node());
+        if (!name.isEmpty())
+            osg::setName(made, name.toStdString());
+        host.add(ksTreeEdits::makeAdd(place, made));
+        added = host.object(made);
+    });
+    return added;
+}
+
+void ksScriptNode::moveTo(const QJSValue &parent, int index)
+{
+    host.guard(
+        [&] { host.add(ksTreeEdits::makeMove(node(), containerFrom<osg::NodePtr>(parent, "node"), index)); });
+}
+
+void ksScriptNode::remove()
+{
+    host.guard([&] { host.add(ksTreeEdits::makeRemove(node())); });
 }

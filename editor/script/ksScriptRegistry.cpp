@@ -45,3 +45,19 @@ void ksScriptRegistry::makeGlobals(ksScriptHost &host,
     for (const GlobalEntry &global : globals())
         take(global.name, global.make(host));
 }
+
+void ksScriptRegistry::visitClasses(
+    const std::function<void(const QMetaObject &type, const QStringList &parts)> &visit)
+{
+    for (const GlobalEntry &global : globals())
+        visit(*global.meta, {});
+    for (const WrapperEntry &wrapper : wrappers()) {
+        QStringList names;
+        for (const PartEntry &part : parts())
+            if (wrapper.type().isDerivedFrom(part.type()))
+                names += QString::fromLatin1(part.name);
+        visit(*wrapper.meta, names);
+    }
+    for (const PartEntry &part : parts())
+        visit(*part.meta, {});
+}

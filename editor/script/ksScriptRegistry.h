@@ -4,6 +4,7 @@
 #include <OpenSG/OSGFieldContainerPtr.h>
 
 #include <QObject>
+#include <QStringList>
 
 #include <functional>
 #include <type_traits>
@@ -33,9 +34,9 @@ public:
 
         Wrapper()
         {
-            wrappers().push_back({&typeOf<PtrT>, [](ksScriptHost &host, osg::UInt32 id) -> QObject * {
-                                      return new Object(host, id);
-                                  }});
+            wrappers().push_back(
+                {&typeOf<PtrT>, &Object::staticMetaObject,
+                 [](ksScriptHost &host, osg::UInt32 id) -> QObject * { return new Object(host, id); }});
         }
     };
 
@@ -46,7 +47,8 @@ public:
     {
         explicit Part(const char *name)
         {
-            parts().push_back({name, &typeOf<PtrT>, [](ksScriptHost &host, QObject &owner) -> QObject * {
+            parts().push_back({name, &typeOf<PtrT>, &Object::staticMetaObject,
+                               [](ksScriptHost &host, QObject &owner) -> QObject * {
                                    return new Object(host, static_cast<Owner &>(owner));
                                }});
         }
@@ -58,7 +60,8 @@ public:
     {
         explicit Global(const char *name)
         {
-            globals().push_back({name, [](ksScriptHost &host) -> QObject * { return new Object(host); }});
+            globals().push_back({name, &Object::staticMetaObject,
+                                 [](ksScriptHost &host) -> QObject * { return new Object(host); }});
         }
     };
 
@@ -74,6 +77,10 @@ public:
     static void makeGlobals(ksScriptHost &host,
                             const std::function<void(const char *name, QObject *global)> &take);
 
+    /// Calls \a visit with each of these classes and the names of the parts that its objects have.
+    static void
+    visitClasses(const std::function<void(const QMetaObject &type, const QStringList &parts)> &visit);
+
 private:
     /// Types register themselves at the start of the program, too, so that they are asked for later only.
     using Type = const osg::FieldContainerType &(*)();
@@ -81,6 +88,7 @@ private:
     struct WrapperEntry
     {
         Type type;
+        const QMetaObject *meta;
         QObject *(*make)(ksScriptHost &host, osg::UInt32 id);
     };
 
@@ -88,12 +96,14 @@ private:
     {
         const char *name;
         Type type;
+        const QMetaObject *meta;
         QObject *(*make)(ksScriptHost &host, QObject &owner);
     };
 
     struct GlobalEntry
     {
         const char *name;
+        const QMetaObject *meta;
         QObject *(*make)(ksScriptHost &host);
     };
 

@@ -85,7 +85,7 @@ void ksScriptTags::edit(osg::UInt32 field, const QString &tag, bool adding)
                 (adding ? QStringLiteral(" has the tag '") : QStringLiteral(" has no tag '")) + tag +
                 (adding ? QStringLiteral("' already") : QStringLiteral("'")));
         if (tags == osg::NullFC)
-            host.history().add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
-        host.history().add(ksTagEdits::make(node, field, wanted, adding));
+            host.add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
+        host.add(ksTagEdits::make(node, field, wanted, adding));
     });
 }

@@ -14,6 +14,13 @@ class ksScriptHost;
 class ksScriptTags : public QObject
 {
     Q_OBJECT
+    Q_CLASSINFO("user", "the tags of the user, an array of texts")
+    Q_CLASSINFO("layers", "the layers that the node is on")
+    Q_CLASSINFO("add(tag)", "adds a tag; one that is there already is an error. The first of a node is two "
+                            "steps, because it attaches the list")
+    Q_CLASSINFO("addLayer(tag)", "adds a layer, likewise")
+    Q_CLASSINFO("remove(tag)", "removes a tag; that it is not there is an error")
+    Q_CLASSINFO("removeLayer(tag)", "removes a layer, likewise")
 
     Q_PROPERTY(QStringList user READ user)
     Q_PROPERTY(QStringList layers READ layers)
@@ -25,12 +32,9 @@ public:
     QStringList user() const;
     QStringList layers() const;
 
-    /// Adds a tag. The first one of a node attaches the node's tags, which is a step of its own. A tag that
-    /// the node has already is an error in the script.
     Q_INVOKABLE void add(const QString &tag);
     Q_INVOKABLE void addLayer(const QString &tag);
 
-    /// Removes a tag. One that the node does not have is an error in the script.
     Q_INVOKABLE void remove(const QString &tag);
     Q_INVOKABLE void removeLayer(const QString &tag);
 

@@ -2,6 +2,33 @@
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptValues.h>
 
+QString ksScriptValues::shown(const QJSValue &value)
+{
+    if (value.isArray())
+        return QStringLiteral("an array");
+    if (value.isCallable())
+        return QStringLiteral("a function");
+    if (const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject()))
+        return object->label();
+    return value.isObject() ? QStringLiteral("an object") : value.toString();
+}
+
+QVariant ksScriptValues::plainFrom(const QJSValue &value)
+{
+    if (!value.isArray())
+        return value.isNumber() || value.isBool() || value.isString() ? value.toVariant() : QVariant();
+    QVariantList list;
+    const quint32 count = lengthOf(value);
+    for (quint32 i = 0; i < count; ++i)
+        list += plainFrom(value.property(i));
+    return list;
+}
+
+quint32 ksScriptValues::lengthOf(const QJSValue &array)
+{
+    return array.property(QStringLiteral("length")).toUInt();
+}
+
 bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
 {
     if (!value.isBool())
@@ -21,7 +48,7 @@ osg::FieldContainerPtr ksScriptValues::containerFrom(const QJSValue &value)
         return osg::NullFC;
     const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject());
     if (object == nullptr)
-        throw ksEditorError(QLatin1Char('\'') + value.toString() + QStringLiteral("' is no container"));
+        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' is no container"));
     return object->container();
 }
 
@@ -30,7 +57,7 @@ std::vector<osg::NodePtr> ksScriptValues::nodesFrom(const QJSValue &value)
     if (!value.isArray())
         return {containerFrom<osg::NodePtr>(value, "node")};
     std::vector<osg::NodePtr> nodes;
-    const quint32 count = value.property(QStringLiteral("length")).toUInt();
+    const quint32 count = lengthOf(value);
     for (quint32 i = 0; i < count; ++i)
         nodes.push_back(containerFrom<osg::NodePtr>(value.property(i), "node"));
     return nodes;

@@ -10,6 +10,7 @@
 
 #include <QJSValue>
 #include <QString>
+#include <QVariant>
 
 #include <array>
 #include <cmath>
@@ -18,13 +19,22 @@
 /// What scripts hand over, as the editor needs it. What does not fit throws ksEditorError.
 namespace ksScriptValues {
 
+/// What \a value is, for messages: texts and numbers as they are, of others the kind.
+QString shown(const QJSValue &value);
+
+/// Numbers, bools, texts, and lists of these as ksFieldEdits takes them; invalid for anything else.
+QVariant plainFrom(const QJSValue &value);
+
+/// The number of elements of an array.
+quint32 lengthOf(const QJSValue &array);
+
 /// \a value as a \a T; \a name is what it is for.
 template <class T>
 T numberFrom(const QJSValue &value, const QString &name)
 {
-    const auto number = ksLooseNumber::to<T>(value.toVariant());
+    const auto number = ksLooseNumber::to<T>(plainFrom(value));
     if (!number || !std::isfinite(static_cast<double>(*number)))
-        throw ksEditorError(QLatin1Char('\'') + value.toString() + QStringLiteral("' does not fit '") + name +
+        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' does not fit '") + name +
                             QLatin1Char('\''));
     return *number;
 }
@@ -35,7 +45,7 @@ bool flagFrom(const QJSValue &value, const QString &name);
 template <std::size_t Count>
 std::array<float, Count> numbersFrom(const QJSValue &value, const QString &name)
 {
-    if (!value.isArray() || value.property(QStringLiteral("length")).toUInt() != Count)
+    if (!value.isArray() || lengthOf(value) != Count)
         throw ksEditorError(QLatin1Char('\'') + name +
                             QStringLiteral("' is an array of %1 numbers").arg(Count));
     std::array<float, Count> numbers;

@@ -6,6 +6,7 @@
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptRegistry.h>
+#include <editor/script/ksScriptValues.h>
 #include <editor/script/ksScriptVariants.h>
 
 #include <ksundo/transform/ksAddTransformVariantUndoCommand.h>
@@ -18,6 +19,8 @@
 
 #include <set>
 #include <vector>
+
+using namespace ksScriptValues;
 
 namespace {
 
@@ -80,7 +83,7 @@ void ksScriptVariants::add(const QString &name, int index)
     host.guard([&] {
         if (index != length())
             variant(index);
-        host.history().add(new ksAddTransformVariantUndoCommand(
+        host.add(new ksAddTransformVariantUndoCommand(
             node(), ksTransformEdits::makeVariant(node(), name.toStdString()),
             static_cast<unsigned long>(index), nullptr, unheard));
     });
@@ -90,49 +93,63 @@ void ksScriptVariants::remove(int index)
 {
     host.guard([&] {
         variant(index);
-        host.history().add(new ksRemoveTransformSwitchVariantUndoCommand(
-            node(), static_cast<unsigned long>(index), nullptr, unheard));
+        host.add(new ksRemoveTransformSwitchVariantUndoCommand(node(), static_cast<unsigned long>(index),
+                                                               nullptr, unheard));
     });
 }
 
 void ksScriptVariants::rename(int index, const QString &name)
 {
     host.guard([&] {
-        host.history().add(
-            new ksTransformVariantNameUndoCommand(variant(index), name.toStdString(), nullptr, unheard));
+        const osg::TransformVariantPtr renamed = variant(index);
+        if (renamed->getName() != name.toStdString())
+            host.add(new ksTransformVariantNameUndoCommand(renamed, name.toStdString(), nullptr, unheard));
     });
 }
 
 void ksScriptVariants::options(int index, const QJSValue &flags)
 {
     host.guard([&] {
-        const auto bits = ksLooseNumber::to<osg::UInt64>(flags.toVariant());
+        const osg::TransformVariantPtr changed = variant(index);
+        const auto bits = ksLooseNumber::to<osg::UInt64>(plainFrom(flags));
         if (!bits)
-            throw ksEditorError(QLatin1Char('\'') + flags.toString() +
+            throw ksEditorError(QLatin1Char('\'') + shown(flags) +
                                 QStringLiteral("' is no number of 64 bits"));
-        host.history().add(new ksTransformVariantOptionsUndoCommand(variant(index), *bits, nullptr, unheard));
+        if (changed->getApplyFlags() != *bits)
+            host.add(new ksTransformVariantOptionsUndoCommand(changed, *bits, nullptr, unheard));
     });
+}
+
+int ksScriptVariants::indexFrom(const QJSValue &value) const
+{
+    const std::optional<int> index = ksLooseNumber::to<int>(plainFrom(value));
+    if (!index || !value.isNumber())
+        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' is no index"));
+    variant(*index);
+    return *index;
 }
 
 void ksScriptVariants::move(const QJSValue &from, int to)
 {
     host.guard([&] {
         variant(to);
-        if (!from.isArray()) {
-            const int index = ksLooseNumber::to<int>(from.toVariant()).value_or(-1);
-            variant(index);
-            host.history().add(new ksTransformVariantMoveCommand(node(), index, to, nullptr, unheard));
-            return;
-        }
         std::vector<int> indexes;
-        const quint32 count = from.property(QStringLiteral("length")).toUInt();
-        for (quint32 i = 0; i < count; ++i) {
-            indexes.push_back(ksLooseNumber::to<int>(from.property(i).toVariant()).value_or(-1));
-            variant(indexes.back());
-        }
+        if (!from.isArray())
+            indexes.push_back(indexFrom(from));
+        const quint32 count = from.isArray() ? lengthOf(from) : 0;
+        for (quint32 i = 0; i < count; ++i)
+            indexes.push_back(indexFrom(from.property(i)));
         if (std::set<int>(indexes.begin(), indexes.end()).size() != indexes.size() ||
             static_cast<int>(indexes.size()) + to > length())
             throw ksEditorError("the variants to move are different ones, and fit behind their new place");
-        host.history().add(new ksTransformVariantMoveCommand(node(), indexes, to, nullptr, unheard));
+        // Those that stand there already, in that order, stay.
+        bool changes = false;
+        for (std::size_t i = 0; i < indexes.size(); ++i)
+            changes = changes || indexes[i] != to + static_cast<int>(i);
+        if (!changes)
+            return;
+        host.add(from.isArray()
+                     ? new ksTransformVariantMoveCommand(node(), indexes, to, nullptr, unheard)
+                     : new ksTransformVariantMoveCommand(node(), indexes.front(), to, nullptr, unheard));
     });
 }

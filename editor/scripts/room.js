@@ -145,7 +145,7 @@ expect("reference", lamp.visibilityReference, scene.find("LampShade"));
 print("The lamp and the spot shine on the table and what is on it only");
 var links = scene.addLinkSet("Table lights");
 links.addLights([lamp, spot].map(function (light) { return light.get("parents")[0]; }));
-links.add(["Table", "Vase", "Flower", "Book", "Rug"].map(scene.find));
+links.add(["Table", "Vase", "Flower", "Book", "Rug"].map(function (name) { return scene.find(name); }));
 links.remove([scene.find("Vase"), scene.find("Book")]);
 history.undo();
 function namesOf(nodes) {

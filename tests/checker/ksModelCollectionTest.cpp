@@ -32,8 +32,9 @@ void expectTour(const ksProgram &run)
 {
     const std::string all = std::to_string(ksCommandClasses::all().size());
     EXPECT_THAT(resultOf(run.output),
-                testing::MatchesRegex("OK: [0-9]+ steps, [0-9]+ containers, 0 differences, " + all + " of " +
-                                      all + " command classes, [0-9]+ warnings?"));
+                testing::MatchesRegex(
+                    "OK: [0-9]+ steps, [0-9]+ containers, 0 differences, [0-9]+ within tolerance, " + all +
+                    " of " + all + " command classes, [0-9]+ warnings?"));
     std::istringstream lines(run.errors);
     for (std::string line; std::getline(lines, line);)
         EXPECT_THAT(line, StartsWith("ks-checker: warning: "));

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksRecord.h>
-#include <editor/history/ksRecordedHistory.h>
-#include <editor/script/ksScriptHost.h>
+#include <editor/script/ksScriptDescription.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksEditorSession.h>
@@ -9,8 +7,8 @@
 
 #include <QMetaMethod>
 
+#include <algorithm>
 #include <map>
-#include <memory>
 #include <set>
 #include <sstream>
 
@@ -79,47 +77,13 @@ protected:
     std::string page;
 };
 
-/// What \a type declares for scripts beyond its base class.
-std::set<std::string> membersOf(const QMetaObject &type)
+/// The table that the page is to have for \a type, from the descriptions of its members.
+std::string tableOf(const QMetaObject &type)
 {
-    std::set<std::string> names;
-    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
-        names.insert(type.property(i).name());
-    for (int i = type.methodOffset(); i < type.methodCount(); ++i)
-        names.insert(type.method(i).name().toStdString());
-    return names;
-}
-
-/// The classes of the objects that scripts can get at, with their members.
-std::map<std::string, std::set<std::string>> scriptClasses()
-{
-    std::map<std::string, std::set<std::string>> classes;
-    const auto visit = [&classes](const QObject &object) {
-        for (const QMetaObject *type = object.metaObject(); type != &QObject::staticMetaObject;
-             type = type->superClass())
-            classes[type->className()] = membersOf(*type);
-    };
-
-    const osg::NodeRefPtr root(osg::Node::create());
-    std::ostringstream out;
-    ksUndoStack stack;
-    ksRecord record(out);
-    ksRecordedHistory history(root.get(), record, &stack);
-    QJSEngine engine;
-    ksScriptHost host(engine, history, out);
-    ksScriptRegistry::makeGlobals(
-        host, [&visit](const char *, QObject *global) { visit(*std::unique_ptr<QObject>(global)); });
-    auto &factory = *osg::FieldContainerFactory::the();
-    for (auto type = factory.beginTypes(); type != factory.endTypes(); ++type) {
-        const osg::RefPtr<osg::FieldContainerPtr> container(type->second->createFieldContainer());
-        if (container.get() == osg::NullFC)
-            continue;
-        const std::unique_ptr<QObject> object(ksScriptRegistry::makeObject(host, container.get()));
-        visit(*object);
-        ksScriptRegistry::makeParts(host, container.get(), *object,
-                                    [&visit](const char *, QObject *part) { visit(*part); });
-    }
-    return classes;
+    std::string table = "| Member | What it is |\n|---|---|\n";
+    for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))
+        table += "| `" + member.signature.toStdString() + "` | " + member.about.toStdString() + " |\n";
+    return table;
 }
 
 } // namespace
@@ -137,9 +101,10 @@ TEST_F(ksScriptingPage, ShowsWhatTheFirstExampleWrites)
     EXPECT_EQ(blocks("").at(1), run(blocks("js").at(0)));
 }
 
-TEST_F(ksScriptingPage, NamesEverythingThatScriptsSee)
+TEST_F(ksScriptingPage, HasTheReferenceOfTheCode)
 {
     const std::map<std::string, std::string> sections = {
+        {"ksScriptConsole", "Output"},
         {"ksScriptScene", "The scene"},
         {"ksScriptHistory", "The history"},
         {"ksScriptContainer", "Containers"},
@@ -152,15 +117,47 @@ TEST_F(ksScriptingPage, NamesEverythingThatScriptsSee)
         {"ksScriptSurface", "Materials"},
         {"ksScriptConstraint", "Constraints"},
     };
-    const auto classes = scriptClasses();
-    for (const auto &[name, title] : sections)
-        EXPECT_EQ(classes.count(name), 1u) << name;
-    for (const auto &[name, members] : classes) {
-        const auto place = sections.find(name);
-        ASSERT_NE(place, sections.end()) << name << " has no section on the page";
-        for (const std::string &member : members)
-            EXPECT_TRUE(names(section(place->second), member)) << name << ": " << member;
-    }
-    EXPECT_TRUE(names(section("The history"), "macro"));
-    EXPECT_TRUE(names(page, "print"));
+    std::set<std::string> seen;
+    ksScriptRegistry::visitClasses([&](const QMetaObject &type, const QStringList &parts) {
+        const auto place = sections.find(type.className());
+        ASSERT_NE(place, sections.end()) << type.className() << " has no section on the page";
+        EXPECT_THAT(section(place->second), testing::HasSubstr('\n' + tableOf(type) + '\n')) << tableOf(type);
+        for (const QString &part : parts)
+            EXPECT_TRUE(names(page, part.toStdString())) << part.toStdString();
+        seen.insert(type.className());
+    });
+    EXPECT_EQ(seen.size(), sections.size());
+    for (const char *function : {"print", "help"})
+        EXPECT_TRUE(names(section("Output"), function));
+}
+
+/// A description without the member that it is of would promise what is not there.
+TEST_F(ksScriptingPage, DescribesWhatThereIs)
+{
+    ksScriptRegistry::visitClasses([](const QMetaObject &type, const QStringList &) {
+        for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type)) {
+            const QByteArray name = member.name.toLatin1();
+            if (member.isProperty) {
+                EXPECT_GE(type.indexOfProperty(name.constData()), 0)
+                    << type.className() << ' ' << name.toStdString();
+                continue;
+            }
+            int least = 1000;
+            int most = -1;
+            for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+                if (type.method(i).name() == name) {
+                    least = std::min(least, type.method(i).parameterCount());
+                    most = std::max(most, type.method(i).parameterCount());
+                }
+            // What is said in JavaScript has no method.
+            if (most < 0) {
+                EXPECT_TRUE(member.isVariadic || name == "macro")
+                    << type.className() << ' ' << name.toStdString();
+                continue;
+            }
+            EXPECT_EQ(member.least, least) << type.className() << ' ' << name.toStdString();
+            EXPECT_EQ(static_cast<int>(member.parameters.size()), most)
+                << type.className() << ' ' << name.toStdString();
+        }
+    });
 }

@@ -46,7 +46,7 @@ ROOMS = {
     "editor/history": SCENE,
     "editor/import": EDITS + ["editor/export"],
     "editor/export": SCENE,
-    "editor/script": EDITS + ["editor/export"],
+    "editor/script": EDITS + ["editor/export", "editor/import"],
     "editor/session": EDITOR,
     "checker": ["checker/session"],
     "checker/history": EDITOR,

@@ -267,7 +267,7 @@ TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfAFieldWithinItsTolerance)
     };
     history.add(setOpacity(0.5F));
     history.expect(ksExpectedRounding{childSettings().getFieldContainerId(),
-                                      osg::ksNodeSettings::OpacityFieldId, 0.01, QStringLiteral("why")});
+                                      osg::ksNodeSettings::OpacityFieldId, 0.01, 0, QStringLiteral("why")});
     disturb(0.50390625F);
     EXPECT_TRUE(history.check());
     EXPECT_THAT(out.str(),
@@ -284,9 +284,9 @@ TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfAFieldWithinItsTolerance)
 TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfNoOtherField)
 {
     const osg::UInt32 id = childSettings().getFieldContainerId();
-    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::LayerFieldId, 100, QString()});
-    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::CommentFieldId, 100, QString()});
-    history.expect(ksExpectedRounding{id + 1, osg::ksNodeSettings::OpacityFieldId, 100, QString()});
+    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::LayerFieldId, 100, 0, QString()});
+    history.expect(ksExpectedRounding{id, osg::ksNodeSettings::CommentFieldId, 100, 0, QString()});
+    history.expect(ksExpectedRounding{id + 1, osg::ksNodeSettings::OpacityFieldId, 100, 0, QString()});
     {
         CPEditAll(childSettings());
         childSettings()->setOpacity(0.5F);

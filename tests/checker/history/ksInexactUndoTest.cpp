@@ -31,7 +31,7 @@ protected:
               const osg::Vec3f &value) const
     {
         const ksTransformProperty *property = ksTransformEdits::find(QString::fromLatin1(name));
-        history.add(ksMergingAs(ksMerging::Never, property->make(target, value, {})));
+        history.add(ksMergingAs(ksMerging::Never, property->make(target, value, {}, nullptr)));
     }
 
     /// Moves the child, and what its variant 0 stores, by so little that rounding may do it.

@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <checker/session/ksCheckedScript.h>
+#include <checker/tour/ksCommandClasses.h>
 #include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/session/ksOpenScene.h>
@@ -75,6 +76,10 @@ const ScriptCase Cases[] = {
      "var flower = scene.find('Flower');"
      "history.macro('Move', function () {"
      "    flower.drag('translation', [[1, 0, 0], [0.3, 0.7, 0.9]], { world: true }); });"},
+    {"TurnsAndAngles",
+     "var vase = scene.find('Vase'); vase.turn([0.1, -0.6, 0.3, -0.8]); vase.rotate([10, 20, 30]);"
+     "history.undo(); history.redo(); vase.rotationOrder = 'ZXY'; vase.turn([0, 0.70710678, 0, 0.70710678]);"
+     "vase.apply({ eulerRotation: [80, 5, 7], translation: [1e6, 0, 0] }); vase.rotationOrder = 'YXZ';"},
     {"Turns", "var vase = scene.find('Vase'); vase.turn([0, 0.6, 0, 0.8]); vase.turn([0, 0, 0.6, 0.8]);"},
     {"Transformations", "var book = scene.find('Book');"
                         "book.apply({ translation: [1, 2, 3], eulerRotation: [0, 90, 0],"
@@ -91,6 +96,47 @@ const ScriptCase Cases[] = {
      "light.drag('intensity', [2, 3, 4]); light.coneAngle = 30; light.attenuation = 2;"
      "light.visibilityReference = scene.find('Table'); light.visibilityReference = scene.find('Rug');"
      "light.visibilityReference = null;"},
+    {"SharedVisibilityReferences",
+     "var lamp = scene.find('LampBulb').light, spot = scene.find('CeilingSpot').light;"
+     "var shade = scene.find('LampShade'); lamp.visibilityReference = shade; spot.visibilityReference = "
+     "shade;"
+     "lamp.visibilityReference = null; if (shade.get('externalFlags') !== 16) throw 'the mark has gone';"
+     "history.undo(); history.undo(); if (shade.get('externalFlags') !== 16) throw 'the mark has gone';"
+     "history.redo(); spot.visibilityReference = scene.find('Table'); lamp.visibilityReference = null;"
+     "if (shade.get('externalFlags') !== 0) throw 'the mark is there';"},
+    {"Trees",
+     "var table = scene.find('Table'), chair = scene.find('Chair');"
+     "var copy = table.copy(scene.root, 'Second table'); copy.translate([3, 0, 0]); copy.material = null;"
+     "var shelf = scene.root.add('Shelf'); copy.moveTo(shelf); chair.moveTo(table, 0);"
+     "chair.moveTo(table, 1); chair.remove(); shelf.remove(); history.undo(); shelf.name = 'Board';"
+     "scene.find('Lamp').variants.add('Corner'); scene.find('Lamp').copy(shelf);"},
+    {"ClearingRemovedNodes",
+     "scene.find('LegFrontLeft').children[0].remove(); scene.find('Chair').remove(); history.clear();"
+     "scene.find('Table').remove();"},
+    {"Texts", "var own = scene.find('Table').attachment('ksNodeSettings'); own.set('comment', 'new');"
+              "own.drag('comment', ['o', 'oi', 'oil']); scene.find('Table').tags.add('wood');"
+              "var tags = scene.find('Table').attachment('TagAttachment');"
+              "tags.set('systemTags', ['a', 'b']); tags.drag('systemTags', [['c'], ['c', 'd'], []]);"
+              "scene.find('Rug').material.name = 'Wool'; scene.find('Table').name = 'Desk';"},
+    {"MeshMaterials", "var rug = scene.find('Rug'); rug.material = scene.find('Floor').material;"
+                      "rug.material = null; scene.find('Clock').material.set('baseColor', [1, 0, 0.5]);"},
+    {"MixedBatches", "var vase = scene.find('Vase'), lamp = scene.find('LampBulb').light;"
+                     "function move(x, merging) { history.batch('Mix', [[vase, 'translation', [x, 0, 0]],"
+                     "    [lamp, 'intensity', x], [vase.attachment('ksNodeSettings'), 'comment', 'x' + x],"
+                     "    [scene.find('Rug').material.components[0], 'color', [x, x, x]]], merging); }"
+                     "move(1); move(2, true); if (history.count !== 1) throw 'not merged';"},
+    {"BatchesOfEverything",
+     "var vase = scene.find('Vase'), clock = scene.find('Clock').material, rug = scene.find('Rug');"
+     "history.batch('All', [[vase, 'rotation', [0, 0.6, 0, 0.8]], [vase, 'rotationOrder', 'ZYX'],"
+     "    [scene.find('Flower'), 'translation', [1, 2, 3], { world: true }],"
+     "    [clock, 'environment', rug.material], [rug.material.components[0], 'image', "
+     "scene.find('Picture').image],"
+     "    [scene.find('Floor'), 'material', rug.material]]);"},
+    {"TakingBack",
+     "var vase = scene.find('Vase'); vase.scale([2, 2, 2]);"
+     "try { history.macro('m', function () { vase.turn([0, 0.6, 0, 0.8]); vase.rotate([1, 2, 3]);"
+     "    vase.remove(); vase.scale('large'); }); } catch (error) {}"
+     "history.macro('empty', function () {}); vase.scale([3, 3, 3]);"},
     {"Links", "var links = scene.addLinkSet('Links'), lamp = scene.find('LampBulb light');"
               "links.add([scene.find('Table'), lamp]); links.addLights(lamp); links.remove(lamp);"
               "links.removeLights([lamp]); history.undo();"},
@@ -132,7 +178,7 @@ TEST_F(ksCheckedScriptErrorTest, ChecksOnDemand)
     settings->setLayer(0);
 }
 
-/// What a failed script had half done is undone like any other step.
+/// What a failed script had half done is taken back.
 TEST_F(ksCheckedScriptErrorTest, LeavesNothingOpen)
 {
     const std::string own = "var own = scene.find('Table').attachment('ksNodeSettings');\n";
@@ -143,7 +189,88 @@ TEST_F(ksCheckedScriptErrorTest, LeavesNothingOpen)
     EXPECT_EQ(errorOf(own + "history.beginMacro('m'); own.set('layer', 9);"),
               ":2: Error: the macro 'm' is not ended");
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: Error: there is no open macro");
-    EXPECT_EQ(stack.count(), 3);
+    EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(errorOf(own + "own.drag('opacity', [0.75, 0.5]); history.undo();" + BackAndForth), "");
     EXPECT_EQ(history.differenceCount(), 0) << out.str();
 }
+
+namespace {
+
+/// Makes a command of each class of the library.
+constexpr const char *EveryClass = R"js(
+var own = scene.find('Table').attachment('ksNodeSettings');
+var numbers = { layer: 1, lodBias: 1, renderOrder: 1, stencilReference: 1, pickId: 1, sortKey: 1, userFlags: '1',
+                revision: '1', opacity: 0.5, timeOffset: 1, locked: true, comment: 'new' };
+Object.keys(numbers).forEach(function (name) { own.set(name, numbers[name]); });
+own.switchFlag('locked', false, function () {});
+history.batch('Plain', [[own, 'layer', 7]]);
+history.batch('Calling', [[own, 'layer', 8]], false, function () {});
+var vase = scene.find('Vase');
+['translation', 'eulerRotation', 'scale', 'shear', 'scalePivot', 'rotatePivot', 'scalePivotTranslation',
+ 'rotatePivotTranslation', 'rotationOrientation', 'rotationDirection'].forEach(function (name) {
+    vase.setTransform(name, [3, 2, 1]);
+});
+vase.turn([0, 0.6, 0, 0.8]);
+vase.rotationOrder = 'ZYX';
+vase.apply({ scale: [5, 5, 5] });
+var v = vase.variants;
+v.add('One');
+v.add('Two');
+v.move(0, 1);
+v.rename(0, 'Three');
+v.options(0, 1);
+v.remove(0);
+var light = scene.find('CeilingSpot').light;
+light.diffuse = [0.5, 0, 0];
+light.glossy = [0.5, 0, 0];
+light.intensity = 5;
+light.penumbraAngle = 5;
+light.coneAngle = 50;
+light.attenuation = 1;
+light.visibilityReference = vase;
+scene.addLinkSet('Links').add(vase);
+var cloth = scene.find('Rug').material;
+cloth.setComponent(0, 'weight', 0.5);
+cloth.setAllComponents('weight', 0.25);
+cloth.setComponentQuietly(0, 'weight', 0.75);
+cloth.setImage(0, scene.find('Picture').image);
+scene.find('Clock').material.environment = cloth;
+vase.tags.add('glass');
+vase.tags.remove('glass');
+vase.attachment('TagAttachment').set('systemTags', ['glass']);
+scene.recordTag('lost', true);
+scene.recordTag('lost', false, true);
+scene.addAim('Aim', vase, [scene.find('Table')], []).remove(vase);
+)js";
+
+} // namespace
+
+TEST_F(ksCheckedScriptErrorTest, MakesCommandsOfEveryClass)
+{
+    EXPECT_EQ(errorOf(std::string(EveryClass) + BackAndForth), "");
+    ksCommandClasses::verifyIn(history);
+    EXPECT_EQ(history.differenceCount(), 0) << out.str();
+    EXPECT_EQ(ksCommandClasses::countIn(history), 52);
+}
+
+namespace {
+
+class ksRandomScriptTest : public ksCheckedScriptTest
+{};
+
+} // namespace
+
+TEST_P(ksRandomScriptTest, FindsNothing)
+{
+    std::ostringstream edits;
+    edits << std::ifstream(KS_RANDOM_SCRIPT).rdbuf();
+    EXPECT_EQ(errorOf(GetParam().script + edits.str()), "");
+    EXPECT_EQ(history.differenceCount(), 0) << out.str();
+    EXPECT_GT(transcript.stepCount(), 100);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, ksRandomScriptTest,
+                         testing::Values(ScriptCase{"One", "var seed = 1;"},
+                                         ScriptCase{"Two", "var seed = 2;"},
+                                         ScriptCase{"Three", "var seed = 3;"}),
+                         [](const auto &info) { return std::string(info.param.name); });

@@ -41,8 +41,10 @@ TEST_F(ksCheckedSessionTest, ToursTheModel)
     EXPECT_THAT(out.str(),
                 StartsWith("model room.gltf: 58 nodes; left out: 1 camera\nAdd what the scene lacks: "));
     const std::string all = std::to_string(ksCommandClasses::all().size());
-    EXPECT_THAT(out.str(), testing::ContainsRegex("\nOK: [0-9]+ steps, 270 containers, 0 differences, " +
-                                                  all + " of " + all + " command classes, 0 warnings\n$"));
+    EXPECT_THAT(out.str(),
+                testing::ContainsRegex(
+                    "\nOK: [0-9]+ steps, 270 containers, 0 differences, [0-9]+ within tolerance, " + all +
+                    " of " + all + " command classes, 0 warnings\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -51,7 +53,7 @@ TEST_F(ksCheckedSessionTest, RunsAScriptInstead)
 {
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
     EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\n"
-                         "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
+                         "OK: 1 step, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n");
 }
 
 TEST_F(ksCheckedSessionTest, WritesEveryStepWhenItIsVerbose)
@@ -60,7 +62,7 @@ TEST_F(ksCheckedSessionTest, WritesEveryStepWhenItIsVerbose)
     EXPECT_EQ(run(ksRoomFile(), "print('hello');"), 0);
     EXPECT_EQ(out.str(), "model room.gltf: 58 nodes; left out: 1 camera\nhello\nstep 1: check\n"
                          "  check    index 0 of 0, 270 containers: no difference\n"
-                         "OK: 1 step, 270 containers, 0 differences, 0 warnings\n");
+                         "OK: 1 step, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n");
 }
 
 /// What a script prints stands before the step that comes next.
@@ -82,8 +84,10 @@ TEST_F(ksCheckedSessionTest, EndsTheTourThatTakesTooLong)
     options.timeLimit = 1e-9;
     EXPECT_EQ(run(ksRoomFile()), ksCheckedSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-checker: " + ksRoomFile().toStdString() + ": ended after 1e-09 seconds\n");
-    EXPECT_THAT(out.str(), testing::ContainsRegex(
-                               "\nFAILED: [0-9]+ steps?, 270 containers, 0 differences, 0 warnings\n$"));
+    EXPECT_THAT(
+        out.str(),
+        testing::ContainsRegex(
+            "\nFAILED: [0-9]+ steps?, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n$"));
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
@@ -124,7 +128,8 @@ TEST_F(ksCheckedSessionTest, ReportsAScriptsError)
     EXPECT_EQ(errors.str(), "ks-checker: " + folder.path("script.js").toStdString() +
                                 ":3: Error: 'three' does not fit the field 'layer', SFUInt8\n");
     EXPECT_THAT(out.str(),
-                testing::EndsWith("\nFAILED: 2 steps, 270 containers, 0 differences, 0 warnings\n"));
+                testing::EndsWith(
+                    "\nFAILED: 2 steps, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
 }
@@ -141,8 +146,10 @@ TEST_F(ksCheckedSessionTest, FailsWhenACheckFailed)
     EXPECT_EQ(run(ksRoomFile(), "print('nothing');"), ksCheckedSession::DifferenceFound);
     settings->setLayer(0);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
-    EXPECT_THAT(out.str(), testing::ContainsRegex(
-                               "\nFAILED: 1 step, 270 containers, [1-9][0-9]* differences?, 0 warnings\n$"));
+    EXPECT_THAT(
+        out.str(),
+        testing::ContainsRegex(
+            "\nFAILED: 1 step, 270 containers, [1-9][0-9]* differences?, 0 within tolerance, 0 warnings\n$"));
 }
 
 TEST_F(ksCheckedSessionTest, ReportsAModelThatCannotBeRead)

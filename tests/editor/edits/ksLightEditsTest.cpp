@@ -48,7 +48,7 @@ TEST_F(ksLightEditsTest, SetsWhatItReads)
         const ksLightValue value =
             property.components == 3 ? ksLightValue(0.25F, 0.5F, 0.75F) : ksLightValue(2, 0, 0);
         ASSERT_NE(before, value);
-        stack.add(property.make(QStringLiteral("Edit"), child, value));
+        stack.add(property.make(QStringLiteral("Edit"), child, value, nullptr));
         EXPECT_EQ(stack.undoText(), QStringLiteral("Edit"));
         EXPECT_EQ(property.read(child), value);
         stack.undo();

@@ -22,7 +22,7 @@ protected:
     static std::unique_ptr<ksUndoCommand> make(const ksTransformProperty &property,
                                                const ksTransformTarget &target, const osg::Vec3f &value)
     {
-        return std::unique_ptr<ksUndoCommand>(property.make(target, value, {}));
+        return std::unique_ptr<ksUndoCommand>(property.make(target, value, {}, nullptr));
     }
 
     void addVariant() const
@@ -86,8 +86,8 @@ TEST_F(ksTransformEditsTest, PassesCallbacksOn)
 {
     for (const ksTransformProperty &each : ksTransformEdits::properties()) {
         int calls = 0;
-        const std::unique_ptr<ksUndoCommand> command(
-            each.make({child}, {1, 2, 3}, [&calls](unsigned int, const osg::Vec3f &, int) { ++calls; }));
+        const std::unique_ptr<ksUndoCommand> command(each.make(
+            {child}, {1, 2, 3}, [&calls](unsigned int, const osg::Vec3f &, int) { ++calls; }, nullptr));
         command->redo();
         EXPECT_EQ(calls, each.hasCallback ? 1 : 0) << each.name;
     }

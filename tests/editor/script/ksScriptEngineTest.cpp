@@ -37,6 +37,76 @@ TEST_F(ksScriptEngineTest, SavesTheScene)
               ":2: Error: " + path + ".obj: scenes are saved as .gltf or .glb");
 }
 
+TEST_F(ksScriptEngineTest, FindsByNamePathAndNumber)
+{
+    EXPECT_EQ(
+        printed("var child = scene.find('Child'), twin = child.add('Child');"
+                "print(scene.findAll('Child').length, scene.findAll('Child')[1] === twin,"
+                "      scene.findAll('x').length);"
+                "print(twin.path, scene.at(twin.path) === twin, scene.at('') === scene.root);"
+                "print(scene.byId(twin.id) === twin, scene.byId(twin.core.id) === twin.core);"
+                "child.name = 'Other'; print(scene.has('Other'), scene.find('Child') === twin);"
+                "history.undo(); print(scene.has('Other'), scene.find('Child') === child);"
+                "child.remove(); print(scene.has('Child')); history.undo(); print(scene.has('Child'));"),
+        "2 true 0\nChild/Child true true\ntrue true\ntrue true\nfalse true\nfalse\ntrue\n");
+    EXPECT_EQ(errorOf("scene.at('Child/Nobody');"), ":1: Error: there is no node at 'Child/Nobody'");
+    EXPECT_EQ(errorOf("scene.byId(0);"), ":1: Error: there is no container 0");
+    EXPECT_EQ(errorOf("scene.byId(1000000);"), ":1: Error: there is no container 1000000");
+}
+
+/// A name is found, and an edit made, without a look at the rest of the scene.
+TEST_F(ksScriptEngineTest, CostsWhatChanges)
+{
+    for (int i = 0; i < 1000; ++i) {
+        CPEdit(child, osg::Node::ChildrenFieldMask);
+        child->addChild(makeNode(("Node " + std::to_string(i)).c_str()));
+    }
+    run("scene.find('Node 0');");
+    const std::size_t before = engine.visitedCount();
+    run("for (var i = 0; i < 100; ++i) { var node = scene.find('Node ' + i);"
+        "    node.attachment('ksNodeSettings').set('layer', 3); node.name = 'Name ' + i;"
+        "    scene.find('Name ' + i).add('New ' + i); history.undo(); history.redo(); }");
+    EXPECT_LT(engine.visitedCount() - before, 2000u);
+}
+
+TEST_F(ksScriptEngineTest, HasAConsole)
+{
+    EXPECT_EQ(run("console.log('one', 2); console.info(null); console.warn('three', [4]); console.error();"),
+              "one 2\nnull\nwarning: three 4\nwarning: \n");
+    std::vector<QString> warnings;
+    engine.setWarningHandler([&warnings](const QString &text) { warnings.push_back(text); });
+    EXPECT_EQ(run("console.warn('five');"), "");
+    EXPECT_EQ(warnings, std::vector<QString>{QStringLiteral("five")});
+}
+
+TEST_F(ksScriptEngineTest, HelpsOut)
+{
+    EXPECT_THAT(run("help();"), HasSubstr("Objects: "));
+    EXPECT_THAT(run("help(scene);"), HasSubstr("  find(name)\n      the first node of that name"));
+    EXPECT_THAT(run("help(scene.root);"), HasSubstr("  translate(value, [options])\n"));
+    EXPECT_THAT(run("help('Tags');"), HasSubstr("  addLayer(tag)\n"));
+    EXPECT_THAT(run("help('coneAngle');"), testing::StartsWith("Light\n  coneAngle\n"));
+    EXPECT_EQ(errorOf("help('nothing');"), ":1: Error: there is no help on 'nothing'");
+}
+
+TEST_F(ksScriptEngineTest, CallsFunctionsOfSteps)
+{
+    EXPECT_EQ(printed("var own = scene.root.attachment('ksNodeSettings');"
+                      "own.switchFlag('locked', true, function () { print('locked', own.get('locked')); });"
+                      "history.undo(); history.redo();"
+                      "history.batch('b', [[own, 'layer', 5]], false, function () {"
+                      "    print('layer', own.get('layer')); });"
+                      "history.undo(); history.redo();"),
+              "locked true\nlocked false\nlayer 5\nlayer 0\nlayer 5\n");
+    EXPECT_EQ(
+        errorOf("var own = scene.root.attachment('ksNodeSettings');"
+                "history.batch('b', [[own, 'layer', 6]], false, function () { own.set('layer', 7); });"),
+        ":1: Error: Error: not possible within another step");
+    EXPECT_EQ(rootSettings()->getLayer(), 6);
+    EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', true, 5);"),
+              ":1: Error: the action is a function");
+}
+
 TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
 {
     EXPECT_EQ(
@@ -173,7 +243,7 @@ TEST_F(ksScriptEngineTest, MacrosAreOneStepAndGiveTheResult)
     EXPECT_EQ(rootSettings()->getLodBias(), 0);
 }
 
-TEST_F(ksScriptEngineTest, MacrosEndAlsoByAnError)
+TEST_F(ksScriptEngineTest, TakesBackAMacroThatEndsByAnError)
 {
     EXPECT_EQ(errorOf("history.macro('Both', function () {\n"
                       "    scene.root.attachment('ksNodeSettings').set('layer', 1);\n"
@@ -181,8 +251,7 @@ TEST_F(ksScriptEngineTest, MacrosEndAlsoByAnError)
                       "});"),
               ":3: ReferenceError: nothing is not defined");
     EXPECT_FALSE(history.isInMacro());
-    EXPECT_EQ(stack.count(), 1);
-    run("history.undo();");
+    EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(rootSettings()->getLayer(), 0);
 }
 
@@ -240,7 +309,8 @@ TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
 {
     const std::string error = "Error: there is no open macro";
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
-    EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"), ":2: " + error);
+    EXPECT_EQ(errorOf("\nhistory.macro('m',\n  function () { history.endMacro(); });"),
+              ":3: Error: the macro 'm' ends with its function");
     // One that is open, but not the script's, stays so.
     history.beginMacro(QStringLiteral("Mine"));
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: " + error);
@@ -254,16 +324,15 @@ TEST_F(ksScriptEngineTest, RefusesToEndAMacroThatIsNotOpen)
     EXPECT_EQ(stack.count(), 1);
 }
 
-TEST_F(ksScriptEngineTest, EndsMacrosThatAScriptLeavesOpen)
+TEST_F(ksScriptEngineTest, TakesBackMacrosThatAScriptLeavesOpen)
 {
     EXPECT_EQ(errorOf("\nhistory.beginMacro('Outer');\nhistory.beginMacro('Inner');\n"
                       "scene.root.attachment('ksNodeSettings').set('layer', 1);"),
               ":2: Error: the macro 'Outer' is not ended");
     EXPECT_FALSE(history.isInMacro());
-    EXPECT_EQ(stack.count(), 1);
-    run("history.undo();");
+    EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(rootSettings()->getLayer(), 0);
-    run("history.beginMacro('Both'); history.endMacro();");
+    run("history.beginMacro('Both'); scene.root.set('travMask', 1); history.endMacro();");
     EXPECT_EQ(stack.count(), 1);
 }
 
@@ -286,31 +355,36 @@ TEST_F(ksScriptEngineTest, EndsMacrosOfAScriptThatFails)
     EXPECT_EQ(errorOf("\n\nhistory.undo(); history.undo();"), ":3: Error: there is nothing to undo");
 }
 
-TEST_F(ksScriptEngineTest, EndsADragThatFails)
+TEST_F(ksScriptEngineTest, DoesNothingOfADragThatFails)
 {
     EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
                       "own.drag('opacity', [0.5, 0.25, 'three', 0.125]);"),
               ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
-    EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
-    EXPECT_EQ(stack.count(), 1);
-    // What comes next is a step of its own.
-    run("scene.root.attachment('ksNodeSettings').set('opacity', 0.75); history.undo(); history.undo();");
     EXPECT_EQ(rootSettings()->getOpacity(), 1);
+    EXPECT_EQ(stack.count(), 0);
 }
 
-TEST_F(ksScriptEngineTest, RefusesStepsWithinADrag)
+TEST_F(ksScriptEngineTest, ReadsAllValuesBeforeTheyAreUsed)
 {
-    for (const char *call : {"undo", "beginMacro", "endMacro", "clear"})
-        EXPECT_EQ(printed(std::string("var own = scene.root.attachment('ksNodeSettings'), values = [0.5, 0];"
+    for (const char *call : {"undo()", "clear()", "beginMacro('m')"})
+        EXPECT_EQ(errorOf(std::string("var own = scene.root.attachment('ksNodeSettings'), values = [0.5, 0];"
                                       "Object.defineProperty(values, 1, { get: function () {"
-                                      "    try { history.") +
+                                      "    own.set('layer', 1 + own.get('layer')); history.") +
                           call +
-                          "('m'); } catch (error) { print(error.message); } return 0.25; } });"
-                          "history.beginMacro('m'); own.drag('opacity', values); history.endMacro();"),
-                  "not possible within another step\n")
+                          "; return 0.25; } });"
+                          "own.drag('opacity', values); if (history.index === 0) throw 'no drag';"
+                          "if (!" +
+                          (call[0] == 'b' ? "true" : "false") +
+                          ") history.undo();"
+                          "else history.endMacro();"),
+                  "")
             << call;
     EXPECT_EQ(rootSettings()->getOpacity(), 0.25F);
-    EXPECT_EQ(stack.count(), 4);
+    EXPECT_EQ(errorOf("var values = [0.5]; Object.defineProperty(values, 0, { get: function () {"
+                      "    scene.root.children[0].remove(); history.clear(); return 0.25; } });\n"
+                      "scene.find('Child').attachment('ksNodeSettings').drag('opacity', values);"),
+              ":2: Error: the container " + std::to_string(childSettings().getFieldContainerId()) +
+                  " has gone");
 }
 
 TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)
@@ -340,6 +414,18 @@ TEST_F(ksScriptEngineTest, KnowsContainersThatHaveGone)
     for (const char *use : {"gone.name;", "gone.get('layer');", "gone.set('layer', 1);", "gone.core;",
                             "history.batch('b', [[gone, 'layer', 1]]);"})
         EXPECT_EQ(errorOf(use), ":1: Error: the container " + id + " has gone") << use;
+}
+
+/// Nothing is left of what was to be added to it.
+TEST_F(ksScriptEngineTest, AddsNothingToWhatHasGone)
+{
+    run("gone = scene.find('Child'); gone.remove(); history.clear();");
+    const std::ptrdiff_t before = ksLivingContainers();
+    for (const char *use :
+         {"gone.add('New');", "gone.copy(scene.root);", "scene.root.copy(gone);", "scene.root.moveTo(gone);",
+          "gone.tags.add('x');", "gone.name = 'x';", "scene.addAim('Aim', scene.root, gone, []);"})
+        EXPECT_NE(errorOf(use), "") << use;
+    EXPECT_EQ(ksLivingContainers(), before);
 }
 
 TEST_F(ksScriptEngineTest, RefusesFilesThatCannotBeRead)

@@ -8,8 +8,8 @@
 
 #include <sstream>
 
-/// The error that \a script ends by when \a engine runs it, without its path; empty when it succeeds. Its
-/// file is in \a folder.
+/// The error that \a script ends by when \a engine runs it, without its path, and with the call stack on
+/// lines of its own; empty when it succeeds. Its file is in \a folder.
 inline std::string ksScriptErrorOf(ksScriptEngine &engine, const ksTestFolder &folder,
                                    const std::string &script)
 {
@@ -42,7 +42,12 @@ protected:
         return kept;
     }
 
-    std::string errorOf(const std::string &script) { return ksScriptErrorOf(engine, folder, script); }
+    /// The same without the call stack.
+    std::string errorOf(const std::string &script)
+    {
+        const std::string error = ksScriptErrorOf(engine, folder, script);
+        return error.substr(0, error.find('\n'));
+    }
 
     /// Expects that \a script, which follows the line \a prelude, ends by \a error and does nothing.
     void expectErrorAfter(const std::string &prelude, const std::string &script, const std::string &error)

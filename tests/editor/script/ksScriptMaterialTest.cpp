@@ -4,6 +4,8 @@
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
 
+#include <QImage>
+
 namespace {
 
 /// "Root" with two children: "Cloth", a mesh with two components, the second of which has an image; and
@@ -103,6 +105,45 @@ TEST_F(ksScriptMaterialTest, SwapsImages)
     EXPECT_EQ(second->getImage(), image);
 }
 
+/// Paths start where the script is.
+TEST_F(ksScriptMaterialTest, TakesImagesFromFiles)
+{
+    QImage pixels(2, 1, QImage::Format_RGB888);
+    pixels.fill(Qt::red);
+    ASSERT_TRUE(pixels.save(folder.path("red.png")));
+    runOnMaterials("cloth.setImage(0, 'red.png');");
+    ASSERT_NE(first->getImage(), osg::NullFC);
+    EXPECT_EQ(first->getImage()->getWidth(), 2);
+    EXPECT_EQ(first->getImage()->getName(), "red.png");
+    // The same image again is no step.
+    runOnMaterials("cloth.setImage(0, 'red.png');");
+    EXPECT_EQ(stack.count(), 1);
+    run("history.undo();");
+    EXPECT_EQ(first->getImage(), osg::NullFC);
+    stack.clear();
+    EXPECT_THAT(errorOf(std::string(Prelude) + "cloth.setImage(0, 'missing.png');"),
+                testing::ContainsRegex(":1: Error: .*/missing.png: File not found"));
+}
+
+TEST_F(ksScriptMaterialTest, GivesMeshesMaterials)
+{
+    runOnMaterials("scene.find('Metal').set('material', cloth, 'Dress'); print(scene.find('Metal').material "
+                   "=== cloth);");
+    EXPECT_EQ(osg::ksMeshPtr::dcast(ksFindNode(root, "Metal")->getCore())->getMaterial(), cloth);
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Dress"));
+    run("history.undo(); scene.find('Metal').material = null; history.undo();");
+    EXPECT_EQ(osg::ksMeshPtr::dcast(ksFindNode(root, "Metal")->getCore())->getMaterial(), metal);
+    EXPECT_EQ(errorOf("scene.find('Child').material = null;"),
+              ":1: Error: " + ksContainers::label(child).toStdString() + " has no mesh");
+}
+
+TEST_F(ksScriptMaterialTest, EditsComponentsWithoutTheNoticeOfTheMaterial)
+{
+    runOnMaterials("cloth.setComponentQuietly(0, 'color', [0, 0.5, 1]);");
+    EXPECT_EQ(first->getColor(), osg::Vec3f(0, 0.5F, 1));
+    EXPECT_EQ(cloth->getBlendedColor(), osg::Vec3f(1, 1, 1));
+}
+
 TEST_F(ksScriptMaterialTest, SetsEnvironments)
 {
     EXPECT_EQ(
@@ -118,7 +159,7 @@ TEST_F(ksScriptMaterialTest, SayWhatIsWrong)
     const std::string label = ksContainers::label(cloth).toStdString();
     expectError("cloth.setComponent(2, 'weight', 1);", label + " has no component 2");
     expectError("cloth.setComponent(-1, 'weight', 1);", label + " has no component -1");
-    expectError("cloth.setComponent(0, 'color', 'red');", "'color' is an array of 3 numbers");
+    expectError("cloth.setComponent(0, 'color', 'red');", "'red' does not fit the field 'color', SFVec3f");
     expectError("cloth.setComponent(0, 'weight', 'all');", "'all' does not fit the field 'weight', SFReal32");
     expectError("cloth.setImage(0, cloth);", label + " is no image");
     expectError("metal.environment = null;", "nothing is no material");

@@ -126,7 +126,7 @@ TEST_F(ksScriptNodeTest, RefusesWhatDoesNotFitATransform)
     expectError("scene.find('Child').getTransform('size');", "transforms have no 'size'");
     expectError("scene.find('Child').drag('scale', 1);", "the values of a drag are an array");
     expectError("scene.find('Child').apply({ size: 1 });", "a transformation has no 'size'");
-    expectError("scene.find('Child').apply([1]);", "'1' is no object with members");
+    expectError("scene.find('Child').apply([1]);", "'an array' is no object with members");
     expectError("scene.find('Child').apply({}, { world: true });", "a transformation has no world space");
     expectError("scene.find('Child').apply({ inheritType: 1.5 });", "'1.5' does not fit 'inheritType'");
     {
@@ -147,7 +147,7 @@ TEST_F(ksScriptNodeTest, RefusesWhatDoesNotFitTheVariants)
     expectError("scene.find('Child').variants.at(2);", none + "2");
     expectError("scene.find('Child').variants.move(2, 0);", none + "2");
     expectError("scene.find('Child').variants.move(0, 2);", none + "2");
-    expectError("scene.find('Child').variants.move([0, 'x'], 0);", none + "-1");
+    expectError("scene.find('Child').variants.move([0, 'x'], 0);", "'x' is no index");
     expectError("scene.find('Child').variants.options(0, 'all');", "'all' is no number of 64 bits");
     const std::string unfit = "the variants to move are different ones, and fit behind their new place";
     expectError("scene.find('Child').variants.move([0, 1], 1);", unfit);

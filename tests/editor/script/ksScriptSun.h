@@ -9,6 +9,7 @@
 class ksScriptLamp : public ksScriptContainer
 {
     Q_OBJECT
+    Q_CLASSINFO("kind()", "what it is")
 
 public:
     using ksScriptContainer::ksScriptContainer;
@@ -29,6 +30,7 @@ public:
 class ksScriptSocket : public QObject
 {
     Q_OBJECT
+    Q_CLASSINFO("owner()", "the number of the light")
 
 public:
     ksScriptSocket(ksScriptHost &, ksScriptContainer &light)
@@ -45,6 +47,7 @@ private:
 class ksScriptAlmanac : public QObject
 {
     Q_OBJECT
+    Q_CLASSINFO("steps()", "how many steps there are")
 
 public:
     explicit ksScriptAlmanac(ksScriptHost &scriptHost)

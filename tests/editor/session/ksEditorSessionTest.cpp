@@ -73,6 +73,20 @@ TEST_F(ksEditorSessionTest, ReleasesContainersThatReferToEachOther)
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
+/// They can no longer be undone.
+TEST_F(ksEditorSessionTest, ReleasesContainersThatReferToEachOtherForGood)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_EQ(runScript("scene.addAim('Aim', scene.root, [], []); var lamp = scene.find('Lamp');"
+                        "scene.find('LampBulb').light.visibilityReference = lamp;"
+                        "var links = scene.addLinkSet('Links'); links.add([lamp, scene.find('Table')]);"
+                        "links.addLights(lamp); scene.find('Links').moveTo(lamp);"
+                        "var spot = scene.find('CeilingSpot'); spot.light.visibilityReference = spot;"
+                        "spot.remove(); history.clear();"),
+              ksEditorSession::Done);
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksEditorSessionTest, ReportsAScriptsError)
 {
     const std::ptrdiff_t before = ksLivingContainers();

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include <editor/edits/ksFieldRanges.h>
+#include <editor/ksEditorError.h>
+
+#include <OpenSG/OSGField.h>
+#include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGSFBaseTypes.h>
+
+#include <cmath>
+#include <limits>
+#include <map>
+#include <string>
+
+namespace {
+
+struct Range
+{
+    double least;
+    double most;
+};
+
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+constexpr Range Finite{-Infinity, Infinity};
+constexpr Range NotNegative{0, Infinity};
+constexpr Range Share{0, 1};
+
+/// By the field's class and name. Others take all finite numbers, colours those from 0 on.
+const std::map<std::string, Range> &ranges()
+{
+    static const std::map<std::string, Range> all = {
+        {"UberLight.diffuse", NotNegative},
+        {"UberLight.glossy", NotNegative},
+        {"UberLight.coneAngle", {0, 180}},
+        {"UberLight.penumbraAngle", {0, 180}},
+        {"UberLight.referenceDistance", NotNegative},
+        {"ColorComponent.color", NotNegative},
+        {"ColorComponent.weight", NotNegative},
+        {"UBRDFMaterial.baseColor", NotNegative},
+        {"UBRDFMaterial.roughness", Share},
+        {"UBRDFMaterial.metalness", Share},
+        {"UBRDFMaterial.refractionIndex", NotNegative},
+        {"ksNodeSettings.opacity", Share},
+    };
+    return all;
+}
+
+Range rangeOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    const auto own = ranges().find(container->getTypeName() + ('.' + name.toStdString()));
+    if (own != ranges().end())
+        return own->second;
+    const osg::Field *field = container->getField(name.toStdString().c_str());
+    const bool isColour = field != nullptr && (field->getType() == osg::SFColor3f::getClassType() ||
+                                               field->getType() == osg::SFColor4f::getClassType());
+    return isColour ? NotNegative : Finite;
+}
+
+QString text(const Range &range)
+{
+    return range.most < Infinity ? QStringLiteral("%1 to %2").arg(range.least).arg(range.most)
+                                 : QStringLiteral("at least %1").arg(range.least);
+}
+
+} // namespace
+
+void ksFieldRanges::check(const osg::FieldContainerPtr &container, const QString &field,
+                          const std::vector<double> &numbers)
+{
+    const Range range = rangeOf(container, field);
+    for (const double number : numbers) {
+        const QString refusal = QLatin1Char('\'') + QString::number(number) +
+                                QStringLiteral("' makes no sense for '") + field +
+                                QStringLiteral("': it is ");
+        if (!std::isfinite(number))
+            throw ksEditorError(refusal + QStringLiteral("not finite"));
+        if (number < range.least || number > range.most)
+            throw ksEditorError(refusal + QStringLiteral("not ") + text(range));
+    }
+}

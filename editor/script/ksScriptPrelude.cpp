@@ -1,0 +1,295 @@
+// SPDX-License-Identifier: MIT
+#include <editor/script/ksScriptPrelude.h>
+
+const char *const ksScriptPrelude = R"js((function(write) {
+"use strict";
+
+// By these, which no script has, the objects made here tell what they stand for.
+var nativeOf = Symbol("native");
+var typeOf = Symbol("type");
+var mostElements = 1000000;
+var deepest = 4;
+
+// An array within arrays without end must not fill the stack, which only calls in this language are safe from.
+["join", "toString", "toLocaleString"].forEach(function(name) {
+    var own = Array.prototype[name];
+    Object.defineProperty(Array.prototype, name, {
+        value: function() { return own.apply(this, arguments); }, writable: true, configurable: true
+    });
+});
+
+function has(object, key) {
+    return Object.prototype.hasOwnProperty.call(object, key);
+}
+
+function isObject(value) {
+    return typeof value === "object" && value !== null;
+}
+
+function isOurs(value) {
+    return isObject(value) && value[nativeOf] !== undefined;
+}
+
+function show(value) {
+    if (typeof value === "string")
+        return "'" + (value.length > 60 ? value.slice(0, 57) + "..." : value) + "'";
+    if (typeof value === "function")
+        return "a function";
+    if (typeof value === "symbol")
+        return "a symbol";
+    if (Array.isArray(value))
+        return "an array";
+    if (!isObject(value))
+        return String(value);
+    return isOurs(value) ? String(value) : "an object";
+}
+
+function pass(value, depth) {
+    if (typeof value === "symbol")
+        throw new TypeError("a symbol is no value");
+    if (!isObject(value))
+        return value;
+    if (isOurs(value))
+        return value[nativeOf];
+    if (depth === 0)
+        throw new RangeError("arrays are nested too deep");
+    var copy;
+    if (Array.isArray(value)) {
+        var length = value.length;
+        if (length > mostElements)
+            throw new RangeError("an array has more than " + mostElements + " elements");
+        copy = [];
+        for (var i = 0; i < length; ++i)
+            copy.push(pass(value[i], depth - 1));
+        return copy;
+    }
+    copy = {};
+    Object.keys(value).forEach(function(key) { copy[key] = pass(value[key], depth - 1); });
+    return copy;
+}
+
+var kinds = {
+    text: { what: "a text", fits: function(value) { return typeof value === "string"; }, none: "" },
+    flag: { what: "true or false", fits: function(value) { return typeof value === "boolean"; }, none: false },
+    index: {
+        what: "a whole number",
+        fits: function(value) {
+            return typeof value === "number" && Math.floor(value) === value && Math.abs(value) < 2147483648;
+        },
+        none: -1
+    }
+};
+
+function check(place, name, type, value) {
+    var kind = kinds[type];
+    if (kind !== undefined && !kind.fits(value))
+        throw new TypeError(place + ": '" + name + "' is " + kind.what + ", not " + show(value));
+}
+
+function countOf(member) {
+    var most = member.parameters.length;
+    var counts = member.least === most ? most : member.least + " to " + most;
+    return counts + (most === 1 ? " argument" : " arguments");
+}
+
+function makeMethod(target, member) {
+    var call = member.call || function() {
+        return target.native[member.name].apply(target.native, arguments);
+    };
+    return function() {
+        var given = arguments.length;
+        while (given > member.least && arguments[given - 1] === undefined)
+            --given;
+        if (given < member.least || (given > member.parameters.length && !member.isVariadic))
+            throw new TypeError(member.signature + " takes " + countOf(member) + ", not " + given);
+        var values = [];
+        for (var i = 0; i < given; ++i) {
+            var parameter = member.parameters[i];
+            var value = arguments[i];
+            if (parameter !== undefined) {
+                var kind = kinds[parameter.type];
+                if (value === undefined && i >= member.least && kind !== undefined)
+                    value = kind.none;
+                check(member.name, parameter.name, parameter.type, value);
+            }
+            values.push(member.call ? value : pass(value, deepest));
+        }
+        return call.apply(target.native, values);
+    };
+}
+
+function describe(target) {
+    var name = target.type.name;
+    return target.native.label !== undefined ? target.native.label()
+                                             : name.charAt(0).toLowerCase() + name.slice(1);
+}
+
+function distance(left, right) {
+    var row = [];
+    for (var j = 0; j <= right.length; ++j)
+        row.push(j);
+    for (var i = 1; i <= left.length; ++i) {
+        var corner = row[0];
+        row[0] = i;
+        for (j = 1; j <= right.length; ++j) {
+            var above = row[j];
+            row[j] = left[i - 1] === right[j - 1] ? corner : 1 + Math.min(corner, above, row[j - 1]);
+            corner = above;
+        }
+    }
+    return row[right.length];
+}
+
+function refuseUnknown(target, key) {
+    var nearest = "", least = 3;
+    Object.keys(target.type.members).concat(target.type.parts).forEach(function(name) {
+        var far = distance(name.toLowerCase(), key.toLowerCase());
+        if (far < least) {
+            least = far;
+            nearest = name;
+        }
+    });
+    throw new TypeError(describe(target) + " has no property '" + key + "'" +
+                        (nearest ? "; did you mean '" + nearest + "'?" : ""));
+}
+
+function isMember(target, key) {
+    return typeof key === "string" && (has(target.type.members, key) || has(target.parts, key));
+}
+
+function read(target, key) {
+    if (has(target.parts, key))
+        return target.parts[key];
+    var member = target.type.members[key];
+    if (member.isProperty) {
+        var value = target.native[key];
+        return member.type === "texts" ? Array.prototype.slice.call(value) : value;
+    }
+    if (!has(target.methods, key))
+        target.methods[key] = makeMethod(target, member);
+    return target.methods[key];
+}
+
+function isWritable(target, key) {
+    return has(target.type.members, key) && target.type.members[key].isWritable;
+}
+
+var handler = {
+    get: function(target, key) {
+        if (typeof key === "symbol")
+            return key === nativeOf ? target.native : key === typeOf ? target.type : undefined;
+        if (isMember(target, key))
+            return read(target, key);
+        if (key === "toString" || key === "toJSON")
+            return function() { return describe(target); };
+        if (key in Object.prototype)
+            return Object.prototype[key];
+        refuseUnknown(target, key);
+    },
+    set: function(target, key, value) {
+        if (!isMember(target, key))
+            refuseUnknown(target, String(key));
+        if (!isWritable(target, key))
+            throw new TypeError('Cannot assign to read-only property "' + key + '"');
+        check(describe(target), key, target.type.members[key].type, value);
+        target.native[key] = pass(value, deepest);
+        return true;
+    },
+    has: function(target, key) {
+        return isMember(target, key);
+    },
+    defineProperty: function(target, key) {
+        throw new TypeError("the properties of " + describe(target) + " cannot be redefined");
+    },
+    deleteProperty: function(target, key) {
+        throw new TypeError("the properties of " + describe(target) + " cannot be deleted");
+    },
+    preventExtensions: function(target) {
+        throw new TypeError(describe(target) + " cannot be frozen");
+    }
+};
+
+function line(member) {
+    return "  " + member.signature + "\n      " + member.about;
+}
+
+function helpOnType(type) {
+    return Object.keys(type.members).map(function(name) { return line(type.members[name]); })
+        .concat(type.parts.map(function(name) { return "  " + name + "\n      see help('" + name + "')"; }));
+}
+
+function text(values) {
+    return Array.prototype.map.call(values, String).join(" ");
+}
+
+return {
+    makeType: function(name, members, parts) {
+        var type = { name: name, members: Object.create(null), parts: parts };
+        members.forEach(function(member) { type.members[member.name] = member; });
+        return type;
+    },
+    wrap: function(native, type, parts) {
+        var target = {};
+        var content = { native: native, type: type, parts: parts, methods: {} };
+        Object.keys(content).forEach(function(key) {
+            Object.defineProperty(target, key, { value: content[key], configurable: true });
+        });
+        return new Proxy(target, handler);
+    },
+    addMacro: function(type) {
+        type.members.macro.call = function(title, body) {
+            if (typeof body !== "function")
+                throw new TypeError("macro: 'body' is a function, not " + show(body));
+            this.openMacro(title);
+            var isDone = false;
+            try {
+                var result = body();
+                isDone = true;
+                return result;
+            } finally {
+                this.closeMacro(isDone);
+            }
+        };
+        type.members.macro.parameters[0].type = "text";
+    },
+    addConsole: function(type) {
+        ["log", "info"].forEach(function(name) {
+            type.members[name].call = function() { this.write(text(arguments)); };
+        });
+        ["warn", "error"].forEach(function(name) {
+            type.members[name].call = function() { this.complain(text(arguments)); };
+        });
+    },
+    setGlobals: function(global, globals, types) {
+        global.print = function() { write(text(arguments)); };
+        global.help = function(what) {
+            if (what === undefined) {
+                write("Objects: " + globals.join(", ") + "\nFunctions: print, help\n" +
+                      "help(object) and help('name') tell more, of the classes " +
+                      types.map(function(type) { return type.name; }).join(", ") + " too.");
+                return;
+            }
+            var found = [];
+            if (isOurs(what))
+                found = helpOnType(what[typeOf]);
+            else
+                types.forEach(function(type) {
+                    if (type.name.toLowerCase() === String(what).toLowerCase())
+                        found = found.concat(helpOnType(type));
+                    else if (has(type.members, what))
+                        found.push(type.name + "\n" + line(type.members[what]));
+                });
+            if (found.length === 0)
+                throw new Error("there is no help on " + show(what));
+            write(found.join("\n"));
+        };
+    },
+    run: function(script) {
+        try {
+            script();
+        } catch (thrown) {
+            throw thrown instanceof Error ? thrown : new Error("uncaught " + text([thrown]));
+        }
+    }
+};
+}))js";

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+/// What of the objects of scripts is said in JavaScript: an expression whose value is a function. It takes
+/// the function that writes a line of text, and returns an object of functions:
+///
+/// - makeType(name, members, parts) makes a type; members is an array of objects as ksScriptMember, with
+/// those
+///   of the bases first, parts an array of names;
+/// - wrap(native, type, parts) makes the object that scripts see for one of Qt: it has the members of the
+/// type
+///   only, checks what it is given against their descriptions, and hands on copies of arrays and objects, so
+///   that no code of a script runs while C++ reads them;
+/// - addMacro(type) gives the type of the history its macro(), addConsole(type) that of the console all it
+/// has;
+/// - setGlobals(global, globals, types) adds the functions that belong to no object; globals are the names of
+///   the global objects;
+/// - run(script) calls a function, and makes an Error of whatever it throws.
+extern const char *const ksScriptPrelude;
