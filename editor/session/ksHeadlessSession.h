@@ -63,11 +63,13 @@ protected:
     static void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
                                  const std::function<void()> &work);
 
+    /// Shows \a text as a warning, which the verdict counts.
+    void warn(const QString &text);
+
 private:
     int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);
     osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded);
     int show(const QString &text);
-    void warn(const QString &text);
     void complain(const QString &text) const;
 
     QString usage() const;
