@@ -108,7 +108,9 @@ void appendChanges(const osg::FieldContainerPtr &container, osg::BitVector mask,
             const osg::AspectScope scope(EarlierAspect);
             before = container->getField(id);
         }
-        if (!ksFieldReader::holds(*after, ksFieldReader::content(*before)))
+        // The sizes tell of most long lists, which take long to read.
+        if (after->getSize() != before->getSize() ||
+            !ksFieldReader::holds(*after, ksFieldReader::content(*before)))
             changes.push_back({container.getFieldContainerId(), QString::fromLatin1(type.getCName()),
                                ksContainers::nameOf(container), id,
                                QString::fromLatin1(description->getCName()), valueText(*before),
