@@ -31,12 +31,16 @@ constexpr int SummarisedValue = 40;
 /// Longer lists are not gone through.
 constexpr osg::UInt32 LongestList = 1000;
 
+QString shortLabel(const QString &type, osg::UInt32 id, const QString &name)
+{
+    return type + QLatin1Char(' ') +
+           (name.isEmpty() ? QString::number(id) : QLatin1Char('\'') + name + QLatin1Char('\''));
+}
+
 QString shortLabel(const osg::FieldContainerPtr &container)
 {
-    const QString name = ksContainers::nameOf(container);
-    return QString::fromLatin1(container->getTypeName()) + QLatin1Char(' ') +
-           (name.isEmpty() ? QString::number(container.getFieldContainerId())
-                           : QLatin1Char('\'') + name + QLatin1Char('\''));
+    return shortLabel(QString::fromLatin1(container->getTypeName()), container.getFieldContainerId(),
+                      ksContainers::nameOf(container));
 }
 
 std::vector<osg::FieldContainerPtr> containersIn(const osg::Field &field)
@@ -104,8 +108,12 @@ void appendChanges(const osg::FieldContainerPtr &container, osg::BitVector mask,
             const osg::AspectScope scope(EarlierAspect);
             before = container->getField(id);
         }
-        if (!ksFieldReader::holds(*after, ksFieldReader::content(*before)))
-            changes.push_back({container, QString::fromLatin1(description->getCName()), valueText(*before),
+        // The sizes tell of most long lists, which take long to read.
+        if (after->getSize() != before->getSize() ||
+            !ksFieldReader::holds(*after, ksFieldReader::content(*before)))
+            changes.push_back({container.getFieldContainerId(), QString::fromLatin1(type.getCName()),
+                               ksContainers::nameOf(container), id,
+                               QString::fromLatin1(description->getCName()), valueText(*before),
                                valueText(*after), entriesText(*before, *after)});
     }
 }
@@ -114,15 +122,16 @@ void appendChanges(const osg::FieldContainerPtr &container, osg::BitVector mask,
 
 QString ksFieldChange::inFull() const
 {
-    return ksContainers::label(container) + QLatin1Char(' ') + field + QStringLiteral(": ") + before +
-           QStringLiteral(" -> ") + after;
+    const QString name = containerName.isEmpty() ? QString() : QStringLiteral(" '%1'").arg(containerName);
+    return type + QLatin1Char(' ') + QString::number(container) + name + QLatin1Char(' ') + field +
+           QStringLiteral(": ") + before + QStringLiteral(" -> ") + after;
 }
 
 QJsonObject ksFieldChange::toJson() const
 {
-    return {{QStringLiteral("id"), static_cast<double>(container.getFieldContainerId())},
-            {QStringLiteral("type"), QString::fromLatin1(container->getTypeName())},
-            {QStringLiteral("name"), ksContainers::nameOf(container)},
+    return {{QStringLiteral("id"), static_cast<double>(container)},
+            {QStringLiteral("type"), type},
+            {QStringLiteral("name"), containerName},
             {QStringLiteral("field"), field},
             {QStringLiteral("before"), before},
             {QStringLiteral("after"), after}};
@@ -137,8 +146,8 @@ QString ksFieldChange::summary(const std::vector<ksFieldChange> &changes)
         if (i > 0 && changes[i - 1].container == change.container)
             text += QStringLiteral(", ");
         else
-            text +=
-                (i > 0 ? QStringLiteral("; ") : QString()) + shortLabel(change.container) + QLatin1Char(' ');
+            text += (i > 0 ? QStringLiteral("; ") : QString()) +
+                    shortLabel(change.type, change.container, change.containerName) + QLatin1Char(' ');
         text += change.field;
         const bool isShort =
             change.before.size() <= SummarisedValue && change.after.size() <= SummarisedValue;

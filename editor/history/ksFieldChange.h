@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <OpenSG/OSGFieldContainerPtr.h>
+#include <OpenSG/OSGBaseTypes.h>
 
 #include <QString>
 
@@ -12,7 +12,13 @@ class QJsonObject;
 /// A field of one container that has changed.
 struct ksFieldChange
 {
-    osg::FieldContainerPtr container;
+    /// The container's id, its class, and what the user calls it; it may have gone since.
+    osg::UInt32 container;
+    QString type;
+    QString containerName;
+
+    /// The field's id and name.
+    osg::UInt32 fieldId;
     QString field;
 
     /// What it held and what it holds now, made for reading: long lists are cut short.

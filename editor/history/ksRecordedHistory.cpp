@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksFieldChange.h>
 #include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 
@@ -7,6 +6,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -52,17 +52,44 @@ void ksRecordedHistory::beginStep(const QString &what)
 
 void ksRecordedHistory::finishStep()
 {
+    collectChanges();
     if (isInMacro())
         return;
     if (isAddition)
         steps += std::max(0, stack()->index() - earlierIndex);
-    const std::vector<ksFieldChange> changes = ksFieldChange::take();
+    const std::vector<ksFieldChange> changes = takeChanges();
     const ksRecordStyle::Detail detail = record.style().detail;
     // What neither changes anything nor goes anywhere is a detail: a mark, or an addition that left nothing.
     isAddition = isAddition && (stack()->index() != earlierIndex || !changes.empty());
     const bool isStep = isCleared || stack()->index() != earlierIndex || !changes.empty();
     if (detail == ksRecordStyle::Verbose || (detail == ksRecordStyle::Short && isStep))
         write(changes);
+}
+
+void ksRecordedHistory::collectChanges()
+{
+    for (ksFieldChange &change : ksFieldChange::take()) {
+        const auto [place, isNew] =
+            places.emplace(std::make_pair(change.container, change.fieldId), collected.size());
+        if (isNew) {
+            collected.push_back(std::move(change));
+            continue;
+        }
+        ksFieldChange &known = collected[place->second];
+        known.after = change.after;
+        if (!change.entries.isEmpty())
+            known.entries += QStringLiteral(", ") + change.entries;
+    }
+}
+
+std::vector<ksFieldChange> ksRecordedHistory::takeChanges()
+{
+    places.clear();
+    std::vector<ksFieldChange> changes = std::exchange(collected, {});
+    changes.erase(std::remove_if(changes.begin(), changes.end(),
+                                 [](const ksFieldChange &change) { return change.before == change.after; }),
+                  changes.end());
+    return changes;
 }
 
 void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const

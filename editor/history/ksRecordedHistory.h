@@ -2,16 +2,19 @@
 #pragma once
 
 #include <editor/history/ksEditHistory.h>
+#include <editor/history/ksFieldChange.h>
 
 #include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <cstddef>
+#include <map>
+#include <utility>
 #include <vector>
 
 class QUndoCommand;
 class ksRecord;
-struct ksFieldChange;
 
 /// A history that writes a line into the record for each step that it takes, with what has changed; with all
 /// changes, and what was done within a macro, when the record is verbose. Steps are counted as the stack
@@ -37,6 +40,12 @@ private:
     void beginStep(const QString &what) override;
     void finishStep() override;
 
+    /// Adds what has changed now to what has changed in the step before.
+    void collectChanges();
+
+    /// What the step has changed in the end.
+    std::vector<ksFieldChange> takeChanges();
+
     void write(const std::vector<ksFieldChange> &changes) const;
     QString title() const;
 
@@ -54,4 +63,8 @@ private:
     int earlierIndex = 0;
     bool isAddition = false;
     bool isCleared = false;
+
+    /// What the step has changed so far, and where in that each field of a container is.
+    std::vector<ksFieldChange> collected;
+    std::map<std::pair<osg::UInt32, osg::UInt32>, std::size_t> places;
 };

@@ -97,7 +97,7 @@ QImage imageBySuffix(const QString &path)
 QString missingReader(const QString &path)
 {
     const QByteArray format = QFileInfo(path).suffix().toLower().toLatin1();
-    for (const char *known : {"tga", "tif", "tiff", "webp", "wbmp", "icns", "jp2", "mng"})
+    for (const char *known : {"tga", "tif", "tiff", "webp", "wbmp", "icns", "mng"})
         if (format == known && !QImageReader::supportedImageFormats().contains(format))
             return QStringLiteral("Qt's reader of such images is missing: install the package "
                                   "qt5-image-formats-plugins");

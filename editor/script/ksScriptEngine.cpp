@@ -111,13 +111,12 @@ void ksScriptEngine::interrupt()
     engine.setInterrupted(true);
 }
 
-void ksScriptEngine::refuseInterruption(const QString &path)
+bool ksScriptEngine::takeInterruption()
 {
-    if (!engine.isInterrupted())
-        return;
+    const bool wasInterrupted = engine.isInterrupted();
     // Otherwise nothing would run in this engine any more.
     engine.setInterrupted(false);
-    throw ksScriptError(path + QStringLiteral(": interrupted"));
+    return wasInterrupted;
 }
 
 void ksScriptEngine::run(const QString &path)
@@ -129,12 +128,17 @@ void ksScriptEngine::run(const QString &path)
     // On one line with the script's first, so that lines keep their numbers.
     const QJSValue script =
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
-    refuseInterruption(path);
+    const auto refuse = [&path](bool isInterrupted) {
+        if (isInterrupted)
+            throw ksScriptError(path + QStringLiteral(": interrupted"));
+    };
+    refuse(takeInterruption());
     refuseError(script, path);
     host.setScriptFile(path);
     const QJSValue result = host.prelude("run").call({script});
+    const bool isInterrupted = takeInterruption();
     const QJSValue left = host.endMacrosLeft();
-    refuseInterruption(path);
+    refuse(isInterrupted);
     refuseError(result, path);
     refuseError(left, path);
 }

@@ -48,7 +48,8 @@ public:
     void run(const QString &path);
 
 private:
-    void refuseInterruption(const QString &path);
+    /// Whether the engine has been interrupted; it is so no more then.
+    bool takeInterruption();
 
     QJSEngine engine;
     ksScriptHost host;

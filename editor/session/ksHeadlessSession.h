@@ -66,11 +66,13 @@ protected:
     /// Saves the scene below \a root as the options say, if they do. For edit() to call when all is well.
     static void saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record);
 
+    /// Shows \a text as a warning, which the verdict counts.
+    void warn(const QString &text);
+
 private:
     int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);
     osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded);
     int show(const QString &text);
-    void warn(const QString &text);
     void complain(const QString &text) const;
 
     QString usage() const;

@@ -113,6 +113,22 @@ TEST_F(ksRecordedHistoryTest, WritesAnObjectForEachStep)
                                            R"("count":2,"event":"clear","step":1,"text":"clear"})"));
 }
 
+TEST_F(ksRecordedHistoryTest, SumsUpWhatAMacroChanges)
+{
+    std::ostringstream out;
+    ksRecord record(out);
+    ksUndoStack stack;
+    ksRecordedHistory history(root, record, &stack);
+    history.beginMacro(QStringLiteral("All"));
+    lock(history, childSettings(), true);
+    history.add(setLayer(1, false));
+    EXPECT_TRUE(osg::Thread::getCurrentChangeList()->empty());
+    lock(history, childSettings(), false);
+    history.add(setLayer(2, false));
+    history.endMacro();
+    EXPECT_EQ(out.str(), "step 1: All: ksNodeSettings 'Child' layer 0 -> 2\n");
+}
+
 /// The list of what has changed would grow with every edit.
 TEST_F(ksRecordedHistoryTest, KeepsNothingForOtherAspects)
 {
