@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr double Precision = 1e-5;
+constexpr double Precision = 1e-6;
 
 osg::Matrix4d toWorld(const osg::NodePtr &node)
 {

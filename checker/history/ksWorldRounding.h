@@ -7,7 +7,7 @@
 #include <vector>
 
 /// How exactly a position comes back that has been edited in world space, since every step converts it: to
-/// 1e-5 of what the position is in the two spaces.
+/// 1e-6 of what the position is in the two spaces, which is what single precision carries.
 class ksWorldRounding
 {
 public:

@@ -6,6 +6,7 @@
 #include <tests/editor/ksEditorFixture.h>
 
 #include <QMetaMethod>
+#include <QMetaProperty>
 
 #include <algorithm>
 #include <map>
@@ -159,5 +160,22 @@ TEST_F(ksScriptingPage, DescribesWhatThereIs)
             EXPECT_EQ(static_cast<int>(member.parameters.size()), most)
                 << type.className() << ' ' << name.toStdString();
         }
+    });
+}
+
+/// One that is not described cannot be seen by scripts, which is right for what the prelude calls only.
+TEST_F(ksScriptingPage, DescribesEverything)
+{
+    const std::set<std::string> internal = {"label", "write", "complain", "openMacro", "closeMacro"};
+    ksScriptRegistry::visitClasses([&internal](const QMetaObject &type, const QStringList &) {
+        std::set<std::string> described = internal;
+        for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))
+            described.insert(member.name.toStdString());
+        for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
+            EXPECT_EQ(described.count(type.property(i).name()), 1u)
+                << type.className() << ' ' << type.property(i).name();
+        for (int i = type.methodOffset(); i < type.methodCount(); ++i)
+            EXPECT_EQ(described.count(type.method(i).name().toStdString()), 1u)
+                << type.className() << ' ' << type.method(i).name().toStdString();
     });
 }

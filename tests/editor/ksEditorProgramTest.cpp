@@ -89,7 +89,8 @@ TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)
     }
 }
 
-TEST(ksEditorProgram, SaysInOneLineWhereAScriptFailed)
+/// In one line, and those of the call stack if there is one.
+TEST(ksEditorProgram, SaysWhereAScriptFailed)
 {
     const ksTestFolder folder;
     const std::pair<const char *, std::string> cases[] = {
@@ -97,7 +98,7 @@ TEST(ksEditorProgram, SaysInOneLineWhereAScriptFailed)
         {"\n\nhistory.endMacro();\n", ":3: Error: there is no open macro"},
         {"\nhistory.beginMacro('Half');\n", ":2: Error: the macro 'Half' is not ended"},
         {"history.macro('m', function () {\n    nothing();\n});\n",
-         ":2: ReferenceError: nothing is not defined"},
+         ":2: ReferenceError: nothing is not defined\n    at script.js:2\n    at script.js:1"},
         {"scene.root.drag('travMask', [1,\n 2, -3]);\n",
          ":1: Error: '-3' does not fit the field 'travMask', SFUInt32"}};
     for (const auto &[script, error] : cases) {
