@@ -5,7 +5,6 @@
 #include <checker/session/ksCheckedSession.h>
 #include <checker/tour/ksCommandClasses.h>
 #include <checker/tour/ksTour.h>
-#include <editor/history/ksPrintStream.h>
 #include <editor/history/ksRecord.h>
 #include <editor/ksEditorError.h>
 #include <editor/session/ksEditorOptions.h>
@@ -17,6 +16,7 @@
 #include <algorithm>
 #include <atomic>
 #include <exception>
+#include <memory>
 
 namespace {
 
@@ -112,16 +112,11 @@ void ksCheckedSession::runEdits(ksCheckedHistory &history, const ksEditorOptions
             [&history, &goOn] { ksTour(history, goOn).run(); });
         return;
     }
-    ksCheckedScript *running = nullptr;
-    const auto interrupt = [&running] { running->interrupt(); };
-    ksPrintStream prints(
+    runScript(
+        options,
         [&record, &transcript](const QString &line) {
             transcript.finishStep();
             record.print(line);
         },
-        interrupt);
-    ksCheckedScript script(history, prints);
-    running = &script;
-    script.setArguments(options.scriptArguments);
-    runInterruptibly(options, interrupt, [&script, &options] { script.run(options.script); });
+        [&history](std::ostream &prints) { return std::make_unique<ksCheckedScript>(history, prints); });
 }

@@ -25,8 +25,8 @@ private:
              ksVerdict &verdict) override;
 
     /// Runs the tour, or the script.
-    static void runEdits(ksCheckedHistory &history, const ksEditorOptions &options, ksRecord &record,
-                         ksTranscript &transcript);
+    void runEdits(ksCheckedHistory &history, const ksEditorOptions &options, ksRecord &record,
+                  ksTranscript &transcript);
 
     const char *ownStatusHelp() const override;
 

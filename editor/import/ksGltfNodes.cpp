@@ -1,33 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksGltfNodes.h>
 
-#include <QFile>
 #include <QJsonArray>
-#include <QJsonDocument>
 #include <QJsonObject>
 #include <QString>
-#include <QtEndian>
 #include <assimp/scene.h>
 
 #include <vector>
 
 namespace {
-
-/// The JSON of a glTF file, whose binary form has it behind a header of five numbers.
-QByteArray jsonOf(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    constexpr int HeaderLength = 20;
-    const QByteArray header = file.peek(HeaderLength);
-    if (!header.startsWith("glTF"))
-        return file.readAll();
-    if (header.size() < HeaderLength)
-        return {};
-    file.seek(HeaderLength);
-    return file.read(qFromLittleEndian<quint32>(header.constData() + 12));
-}
 
 aiLightSourceType typeOf(const QString &name)
 {
@@ -117,9 +98,8 @@ private:
     std::vector<int> order;
 };
 
-ksGltfNodes::ksGltfNodes(const QString &path, const aiScene &scene)
+ksGltfNodes::ksGltfNodes(const QJsonObject &document, const aiScene &scene)
 {
-    const QJsonObject document = QJsonDocument::fromJson(jsonOf(path)).object();
     const QString version =
         document.value(QLatin1String("asset")).toObject().value(QLatin1String("version")).toString();
     if (version.startsWith(QLatin1String("2")))

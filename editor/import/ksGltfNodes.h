@@ -4,7 +4,7 @@
 #include <map>
 #include <string>
 
-class QString;
+class QJsonObject;
 struct aiLight;
 struct aiNode;
 struct aiScene;
@@ -14,9 +14,8 @@ struct aiScene;
 class ksGltfNodes
 {
 public:
-    /// Reads the document in the file \a path, text or binary, that \a scene comes from. Knows of no node
-    /// when the two do not fit together.
-    ksGltfNodes(const QString &path, const aiScene &scene);
+    /// Reads the \a document that \a scene comes from. Knows of no node when the two do not fit together.
+    ksGltfNodes(const QJsonObject &document, const aiScene &scene);
 
     /// Whether it knows the lights of all nodes.
     bool knowsLights() const { return hasLights; }

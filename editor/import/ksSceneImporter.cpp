@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksExtrasReader.h>
+#include <editor/import/ksGltfFile.h>
 #include <editor/import/ksGltfNodes.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMaterialImporter.h>
@@ -43,7 +44,7 @@ public:
         , meshes(model.scene().mNumMeshes)
     {
         if (file.format() == ksModelFormat::Gltf)
-            written = std::make_unique<ksGltfNodes>(file.filePath(), file.scene());
+            written = std::make_unique<ksGltfNodes>(ksGltfFile(file.filePath()).document(), file.scene());
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
             const aiLight *light = file.scene().mLights[i];
             lights[ksModelText::whole(light->mName)].push_back(light);

@@ -21,6 +21,9 @@ class ksScriptEngine
 public:
     /// What scripts print goes to \a out. Both must outlive the engine.
     ksScriptEngine(ksEditHistory &history, std::ostream &out);
+    virtual ~ksScriptEngine() = default;
+    ksScriptEngine(const ksScriptEngine &) = delete;
+    ksScriptEngine &operator=(const ksScriptEngine &) = delete;
 
     /// Gives scripts another global function called \a name, which takes nothing. When \a function throws,
     /// the script gets an Error.

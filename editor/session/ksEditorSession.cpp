@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <editor/history/ksPrintStream.h>
 #include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 #include <editor/script/ksScriptEngine.h>
@@ -9,6 +8,8 @@
 #include <editor/session/ksVerdict.h>
 
 #include <QScopeGuard>
+
+#include <memory>
 
 ksEditorSession::ksEditorSession(std::ostream &record, std::ostream &errorStream)
     : ksHeadlessSession("ks-editor", "Edits a 3D model as a script says, and writes a line a step.", record,
@@ -24,18 +25,9 @@ int ksEditorSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, 
         verdict.count(history.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
     });
     if (!options.script.isEmpty())
-        runScript(history, options, record);
+        runScript(
+            options, [&record](const QString &line) { record.print(line); },
+            [&history](std::ostream &prints) { return std::make_unique<ksScriptEngine>(history, prints); });
     saveOutput(root.get(), options, record);
     return Done;
-}
-
-void ksEditorSession::runScript(ksEditHistory &history, const ksEditorOptions &options, ksRecord &record)
-{
-    ksScriptEngine *running = nullptr;
-    const auto interrupt = [&running] { running->interrupt(); };
-    ksPrintStream prints([&record](const QString &line) { record.print(line); }, interrupt);
-    ksScriptEngine engine(history, prints);
-    running = &engine;
-    engine.setArguments(options.scriptArguments);
-    runInterruptibly(options, interrupt, [&engine, &options] { engine.run(options.script); });
 }

@@ -3,8 +3,6 @@
 
 #include <editor/session/ksHeadlessSession.h>
 
-class ksEditHistory;
-
 /// A session of ks-editor: runs a script on the model and writes a line for each of its steps.
 class ksEditorSession : public ksHeadlessSession
 {
@@ -15,6 +13,4 @@ public:
 private:
     int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
              ksVerdict &verdict) override;
-
-    static void runScript(ksEditHistory &history, const ksEditorOptions &options, ksRecord &record);
 };

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksSceneExporter.h>
+#include <editor/history/ksPrintStream.h>
 #include <editor/history/ksRecord.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/script/ksScriptEngine.h>
 #include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksHeadlessSession.h>
 #include <editor/session/ksInterrupter.h>
@@ -197,6 +199,20 @@ osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord
                        {QStringLiteral("nodes"), nodes}});
     }
     return root;
+}
+
+void ksHeadlessSession::runScript(const ksEditorOptions &options,
+                                  const std::function<void(const QString &)> &print,
+                                  const std::function<std::unique_ptr<ksScriptEngine>(std::ostream &)> &make)
+{
+    ksScriptEngine *running = nullptr;
+    const auto interrupt = [&running] { running->interrupt(); };
+    ksPrintStream prints(print, interrupt);
+    const std::unique_ptr<ksScriptEngine> engine = make(prints);
+    running = engine.get();
+    engine->setArguments(options.scriptArguments);
+    engine->setWarningHandler([this](const QString &text) { warn(text); });
+    runInterruptibly(options, interrupt, [&engine, &options] { engine->run(options.script); });
 }
 
 void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,

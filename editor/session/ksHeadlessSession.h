@@ -8,9 +8,11 @@
 
 #include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 class ksRecord;
+class ksScriptEngine;
 class ksVerdict;
 struct ksEditorOptions;
 
@@ -58,6 +60,11 @@ protected:
     /// What the help says of exit codes that are the program's own, a line each.
     virtual const char *ownStatusHelp() const { return ""; }
 
+    /// Runs the script of \a options by the engine that \a make makes for the stream that scripts print to.
+    /// Lines that they print go to \a print, and warnings of theirs are the session's.
+    void runScript(const ksEditorOptions &options, const std::function<void(const QString &)> &print,
+                   const std::function<std::unique_ptr<ksScriptEngine>(std::ostream &)> &make);
+
     /// Runs \a work. At a signal, or at a limit of \a options, \a interrupt is called by another thread,
     /// which must make \a work throw ksScriptError; that then says what it was.
     static void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
@@ -66,13 +73,13 @@ protected:
     /// Saves the scene below \a root as the options say, if they do. For edit() to call when all is well.
     static void saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record);
 
-    /// Shows \a text as a warning, which the verdict counts.
-    void warn(const QString &text);
-
 private:
     int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);
     osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded);
     int show(const QString &text);
+
+    /// Shows \a text as a warning, which the verdict counts.
+    void warn(const QString &text);
     void complain(const QString &text) const;
 
     QString usage() const;
