@@ -129,7 +129,7 @@ ksExtrasReader::ksExtrasReader(const ksModelFile &model, ksMaterialImporter &mod
     const aiNode &root = *scene.mRootNode;
     if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
         return;
-    const ksGltfFile file(model.filePath());
+    ksGltfFile file(model.filePath());
     const QJsonObject &document = file.document();
     const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
     const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
@@ -335,7 +335,7 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
     return areFound;
 }
 
-void ksExtrasReader::readImages(const ksGltfFile &file)
+void ksExtrasReader::readImages(ksGltfFile &file)
 {
     const QJsonArray all = file.document().value(QLatin1String("images")).toArray();
     for (int i = 0; i < all.size(); ++i) {

@@ -61,7 +61,7 @@ private:
     bool readReferences(osg::Field &field, const QJsonValue &value, bool areCounted);
     bool readAttachments(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
     bool readChildren(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
-    void readImages(const ksGltfFile &file);
+    void readImages(ksGltfFile &file);
     void orderParents(const Entry &entry);
     void adaptToModel(const Entry &entry);
     void adaptMaterial(const Entry &entry, const osg::NodePtr &node);

@@ -45,9 +45,9 @@ QByteArray takeChunk(QByteArray &rest)
 } // namespace
 
 ksGltfFile::ksGltfFile(const QString &path)
+    : folder(QFileInfo(path).absolutePath())
 {
     QByteArray content = readFile(path);
-    QByteArray binary;
     if (content.startsWith("glTF")) {
         constexpr int HeaderSize = 12;
         content.remove(0, HeaderSize);
@@ -56,19 +56,9 @@ ksGltfFile::ksGltfFile(const QString &path)
         content = text;
     }
     json = QJsonDocument::fromJson(content).object();
-    const QDir folder(QFileInfo(path).absolutePath());
-    for (const QJsonValue &buffer : json.value(QLatin1String("buffers")).toArray()) {
-        const QString uri = buffer[QLatin1String("uri")].toString();
-        if (uri.isEmpty())
-            buffers.push_back(binary);
-        else if (isData(uri))
-            buffers.push_back(dataIn(uri));
-        else
-            buffers.push_back(readFile(folder.absoluteFilePath(QUrl::fromPercentEncoding(uri.toUtf8()))));
-    }
 }
 
-QImage ksGltfFile::image(int index) const
+QImage ksGltfFile::image(int index)
 {
     const QJsonValue entry = json.value(QLatin1String("images"))[index];
     const QString uri = entry[QLatin1String("uri")].toString();
@@ -76,12 +66,26 @@ QImage ksGltfFile::image(int index) const
                                         : bytesOfView(entry[QLatin1String("bufferView")].toInt(-1)));
 }
 
-QByteArray ksGltfFile::bytesOfView(int index) const
+QByteArray ksGltfFile::bytesOfView(int index)
 {
     const QJsonValue view = json.value(QLatin1String("bufferViews"))[index];
-    const auto buffer = static_cast<std::size_t>(view[QLatin1String("buffer")].toInt(-1));
-    if (buffer >= buffers.size())
-        return {};
-    return buffers[buffer].mid(view[QLatin1String("byteOffset")].toInt(),
-                               std::max(view[QLatin1String("byteLength")].toInt(), 0));
+    return buffer(view[QLatin1String("buffer")].toInt(-1))
+        .mid(view[QLatin1String("byteOffset")].toInt(),
+             std::max(view[QLatin1String("byteLength")].toInt(), 0));
+}
+
+QByteArray ksGltfFile::buffer(int index)
+{
+    const auto [known, isNew] = buffers.emplace(index, QByteArray());
+    if (isNew) {
+        const QString uri = json.value(QLatin1String("buffers"))[index][QLatin1String("uri")].toString();
+        if (uri.isEmpty())
+            known->second = binary;
+        else
+            known->second =
+                isData(uri)
+                    ? dataIn(uri)
+                    : readFile(QDir(folder).absoluteFilePath(QUrl::fromPercentEncoding(uri.toUtf8())));
+    }
+    return known->second;
 }

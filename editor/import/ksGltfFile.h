@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QString>
 
-#include <vector>
+#include <map>
 
 /// A glTF file as it stands there, text or binary, for what Assimp does not hand on.
 class ksGltfFile
@@ -18,11 +18,18 @@ public:
     const QJsonObject &document() const { return json; }
 
     /// The image at the position \a index when it is within the file; null when it is not, or cannot be read.
-    QImage image(int index) const;
+    QImage image(int index);
 
 private:
-    QByteArray bytesOfView(int index) const;
+    QByteArray bytesOfView(int index);
+    QByteArray buffer(int index);
 
+    QString folder;
     QJsonObject json;
-    std::vector<QByteArray> buffers;
+
+    /// What follows the document in a binary file.
+    QByteArray binary;
+
+    /// Those that somebody has asked for.
+    std::map<int, QByteArray> buffers;
 };

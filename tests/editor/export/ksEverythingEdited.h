@@ -164,7 +164,7 @@ private:
              {osg::MaterialPtr(surface), osg::MaterialPtr(layers), osg::MaterialPtr(textured)}) {
             const osg::ksMeshPtr mesh = osg::ksMesh::create();
             for (int i = 0; i < 4; ++i) {
-                mesh->getPositions().push_back(osg::Pnt3f(float(i % 2), float(i / 2), 0));
+                mesh->getPositions().push_back(osg::Pnt3f(float(i % 2), i < 2 ? 0.0F : 1.0F, 0));
                 mesh->getTexCoords().push_back(osg::Vec2f(0.1F * float(i), 0.1F * float(i)));
             }
             mesh->getIndices().getValues() = {2, 0, 1, 2, 1, 3};
