@@ -72,16 +72,21 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
                 classes = QStringLiteral("%1 of %2 command classes")
                               .arg(ksCommandClasses::countIn(history))
                               .arg(ksCommandClasses::all().size());
-            saveOutput(history.root(), options, record);
         } catch (const ksEditorError &) {
             failure = std::current_exception();
         }
         if (record.failure().isEmpty())
             history.check();
+        transcript.finish();
         differences = history.differenceCount();
         tolerated = history.toleratedCount();
+        try {
+            if (failure == nullptr && differences == 0)
+                saveOutput(history.root(), options, record);
+        } catch (const ksEditorError &) {
+            failure = std::current_exception();
+        }
     }
-    transcript.finish();
 
     if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
         record.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left), ksRecord::Tone::Bad);

@@ -30,7 +30,7 @@ void ksMoveNodeUndoCommand::apply(const osg::NodePtr &node, const ksNodePlace &f
     if (newParent != osg::NullFC) {
         CPEdit(newParent, osg::Node::ChildrenFieldMask);
         newParent->insertChild(to.index, node);
-    } else if (oldParent != osg::NullFC) {
+    } else if (to.parent == 0 && oldParent != osg::NullFC) {
         CPEdit(oldParent, osg::Node::ChildrenFieldMask);
         oldParent->subChild(node);
     }

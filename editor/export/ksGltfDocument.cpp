@@ -57,6 +57,14 @@ void collectExtensions(const QJsonValue &value, std::set<QString> &names)
 
 } // namespace
 
+void ksGltfDocument::refuseSize(std::size_t size)
+{
+    // As text it takes a third more, and all of it is held in memory several times.
+    constexpr std::size_t MostBytes = 512U << 20U;
+    if (size > MostBytes)
+        throw ksEditorError("the scene is larger than such a file may be");
+}
+
 ksGltfDocument::ksGltfDocument(const aiScene &scene)
 {
     Assimp::Exporter exporter;
@@ -64,6 +72,7 @@ ksGltfDocument::ksGltfDocument(const aiScene &scene)
     if (blob == nullptr)
         throw ksEditorError(QString::fromUtf8(exporter.GetErrorString()).simplified());
     for (; blob != nullptr; blob = blob->next) {
+        refuseSize(blob->size);
         const auto *data = static_cast<const char *>(blob->data);
         // The text has no name, the buffer that of its file.
         if (blob->name.length == 0)
@@ -78,6 +87,7 @@ ksGltfDocument::ksGltfDocument(const aiScene &scene)
 
 int ksGltfDocument::addBytes(const QByteArray &bytes)
 {
+    refuseSize(static_cast<std::size_t>(buffer.size()) + static_cast<std::size_t>(bytes.size()));
     pad(buffer, '\0');
     QJsonArray views = json.value(QLatin1String("bufferViews")).toArray();
     views.append(QJsonObject{{QStringLiteral("buffer"), 0},
@@ -95,7 +105,7 @@ void ksGltfDocument::replaceBytes(int index, const void *bytes, std::size_t size
         json.value(QLatin1String("bufferViews"))[accessor[QLatin1String("bufferView")].toInt(-1)];
     const int offset =
         view[QLatin1String("byteOffset")].toInt() + accessor[QLatin1String("byteOffset")].toInt();
-    if (static_cast<std::size_t>(buffer.size() - offset) >= size)
+    if (offset <= buffer.size() && static_cast<std::size_t>(buffer.size() - offset) >= size)
         std::memcpy(buffer.data() + offset, bytes, size);
 }
 

@@ -32,6 +32,9 @@ public:
     QByteArray toBinary();
 
 private:
+    /// Throws ksEditorError when a buffer of \a size bytes is too large for a file.
+    static void refuseSize(std::size_t size);
+
     /// Completes what the document says of itself.
     void finish(const QString &bufferUri);
 

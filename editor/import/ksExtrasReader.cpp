@@ -46,7 +46,8 @@ bool differ(const osg::Matrix &a, const osg::Matrix &b)
     for (osg::UInt32 column = 0; column < 4; ++column) {
         float size = 0;
         float difference = 0;
-        for (osg::UInt32 row = 0; row < 4; ++row) {
+        // The last row is the same in all.
+        for (osg::UInt32 row = 0; row < 3; ++row) {
             size = std::max({size, std::abs(a[column][row]), std::abs(b[column][row])});
             difference = std::max(difference, std::abs(a[column][row] - b[column][row]));
         }
@@ -187,11 +188,11 @@ void ksExtrasReader::createContainers(Entry &entry)
     for (const QJsonValue &element : entry.containers) {
         const QJsonArray container = element.toArray();
         const QByteArray type = container.at(1).toString().toLatin1();
-        const osg::FieldContainerPtr made =
-            osg::FieldContainerFactory::the()->createFieldContainer(type.constData());
+        const osg::RefPtr<osg::FieldContainerPtr> made(
+            osg::FieldContainerFactory::the()->createFieldContainer(type.constData()));
         const int id = container.at(0).toInt();
-        if (!isSound(container) || made == osg::NullFC || find(id) != osg::NullFC ||
-            !created.emplace(id, osg::RefPtr<osg::FieldContainerPtr>(made)).second)
+        if (!isSound(container) || made.get() == osg::NullFC || find(id) != osg::NullFC ||
+            !created.emplace(id, made).second)
             break;
     }
     const int nodeId = entry.containers.at(0)[0].toInt();
@@ -296,7 +297,8 @@ bool ksExtrasReader::readReferences(osg::Field &field, const QJsonValue &value, 
     std::vector<osg::FieldContainerPtr> found;
     std::string text;
     for (const QJsonValue &id : ids)
-        if (const osg::FieldContainerPtr container = find(id)) {
+        if (const osg::FieldContainerPtr container = find(id);
+            container != osg::NullFC || id.toInt(-1) == 0) {
             text += (found.empty() ? "" : ", ") + std::to_string(container.getFieldContainerId());
             found.push_back(container);
         }

@@ -42,6 +42,8 @@ public:
                                      .toArray();
         const aiNode &root = *scene.mRootNode;
         bool fits = roots.size() == 1 ? visit(roots[0].toInt(-1), root) : visitAll(roots, root);
+        if (!fits)
+            result.names.clear();
         fits = fits && order.size() == scene.mNumLights;
         for (std::size_t i = 0; fits && i < order.size(); ++i)
             fits = typeOf(sources.at(order[i]).toObject().value(QLatin1String("type")).toString()) ==

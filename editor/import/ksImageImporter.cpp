@@ -148,6 +148,23 @@ osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
     return image;
 }
 
+/// The image in the file \a path; null, and why, when it cannot be read.
+QImage readFile(const QString &path, QString &reason)
+{
+    QImageReader reader(path);
+    // The content decides: models name textures with the wrong suffix often enough. Only that of some formats
+    // does not tell.
+    reader.setDecideFormatFromContent(true);
+    QImage image = reader.read();
+    if (image.isNull())
+        image = imageBySuffix(path);
+    if (image.isNull()) {
+        const QString missing = missingReader(path);
+        reason = missing.isEmpty() ? reader.errorString() : missing;
+    }
+    return image;
+}
+
 } // namespace
 
 ksImageImporter::ksImageImporter(const ksModelFile &model, ksWarn reportTo)
@@ -203,28 +220,19 @@ QImage ksImageImporter::read(const std::string &name) const
         warn(QStringLiteral("texture ") + shown + QStringLiteral(": no such file"));
         return {};
     }
-    QImageReader reader(path);
-    // The content decides: models name textures with the wrong suffix often enough. Only that of some formats
-    // does not tell.
-    reader.setDecideFormatFromContent(true);
-    QImage image = reader.read();
+    QString reason;
+    const QImage image = readFile(path, reason);
     if (image.isNull())
-        image = imageBySuffix(path);
-    if (image.isNull()) {
-        const QString missing = missingReader(path);
-        warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") +
-             (missing.isEmpty() ? reader.errorString() : missing));
-    }
+        warn(QStringLiteral("texture ") + shown + QStringLiteral(": ") + reason);
     return image;
 }
 
-osg::ImageRefPtr ksImageImporter::read(const QString &path)
+osg::ImageRefPtr ksImageImporter::imageInFile(const QString &path)
 {
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    const QImage image = reader.read();
+    QString reason;
+    const QImage image = readFile(path, reason);
     if (image.isNull())
-        throw ksEditorError(path + QStringLiteral(": ") + reader.errorString());
+        throw ksEditorError(path + QStringLiteral(": ") + reason);
     const osg::ImageRefPtr created(toSceneImage(image, QFileInfo(path).fileName().toStdString()));
     return osg::ImageRefPtr(ksTextureManager::the()->getImage(created, true));
 }

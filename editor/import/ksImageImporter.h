@@ -31,9 +31,10 @@ public:
     /// Gives \a image the pixels of \a source, which must not be null, in its own pixel format when it is of
     /// the same size, else in the one that fits. The edit is up to the caller.
     static void setPixels(const osg::ImagePtr &image, const QImage &source);
-    /// The image in the file \a path, likewise; the texture manager knows it. Throws ksEditorError when it
-    /// cannot be read.
-    static osg::ImageRefPtr read(const QString &path);
+
+    /// The image in the file \a path, in the same form; the texture manager knows it. Throws ksEditorError
+    /// when it cannot be read.
+    static osg::ImageRefPtr imageInFile(const QString &path);
 
 private:
     osg::ImagePtr createImage(const std::string &name) const;

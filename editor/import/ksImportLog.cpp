@@ -39,16 +39,14 @@ void ksImportLog::take(const QString &message)
 {
     // "Warn,  T0: " or the like comes first.
     const QString text = message.mid(message.indexOf(QStringLiteral(": ")) + 2).trimmed();
-    if (++counts[text] == 1)
+    if (!messages.contains(text))
         messages += text;
 }
 
 void ksImportLog::report(const ksWarn &warn) const
 {
-    for (int i = 0; i < messages.size() && i < MostMessages; ++i) {
-        const int count = counts[messages[i]];
-        warn(count == 1 ? messages[i] : messages[i] + QStringLiteral(" (%1 times)").arg(count));
-    }
+    for (int i = 0; i < messages.size() && i < MostMessages; ++i)
+        warn(messages[i]);
     if (messages.size() > MostMessages)
         warn(
             QStringLiteral("... and %1 more of the reader's complaints").arg(messages.size() - MostMessages));

@@ -3,7 +3,6 @@
 
 #include <editor/import/ksWarn.h>
 
-#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -25,5 +24,4 @@ private:
     void take(const QString &message);
 
     QStringList messages;
-    QMap<QString, int> counts;
 };

@@ -20,6 +20,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <exception>
+#include <new>
 
 namespace {
 
@@ -173,7 +175,7 @@ private:
         // What importers hand over is theirs, but it is not constant.
         ksModelRepair::repair(const_cast<aiScene &>(*scene),
                               [&repairs](const QString &text) { repairs += text; });
-        if (isSavedByEditor(*scene))
+        if (format() == ksModelFormat::Gltf && isSavedByEditor(*scene))
             return;
         // Where faces share vertices already, the last two steps would refuse the file.
         const bool isShared = (scene->mFlags & AI_SCENE_FLAGS_NON_VERBOSE_FORMAT) != 0;
@@ -188,13 +190,27 @@ private:
             fail();
     }
 
+    /// Whether that is what the last stage ended by, which gives no such reason.
+    bool isOutOfMemory() const
+    {
+        try {
+            if (importer.GetException() != nullptr)
+                std::rethrow_exception(importer.GetException());
+        } catch (const std::bad_alloc &) {
+            return true;
+        } catch (...) {
+            return false;
+        }
+        return false;
+    }
+
     [[noreturn]] void fail() const
     {
         const QString reason = QString::fromUtf8(importer.GetErrorString()).simplified();
         const bool isUnknown = reason.startsWith(QLatin1String("No suitable reader found"));
         const std::string suffix = '.' + QFileInfo(path).suffix().toStdString();
         QString text;
-        if (reason.contains(QLatin1String("bad_alloc")))
+        if (isOutOfMemory() || reason.contains(QLatin1String("bad_alloc")))
             text = QStringLiteral("takes more memory than it is given");
         else if (const QString damage = damageOf(path); !damage.isEmpty())
             text = QStringLiteral("is damaged, ") + damage;

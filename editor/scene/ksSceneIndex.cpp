@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <editor/scene/ksSceneIndex.h>
 
+#include <ksundo/core/ksFindContainer.h>
+
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -9,12 +11,6 @@
 #include <algorithm>
 
 namespace {
-
-template <class PtrT>
-PtrT containerOf(osg::UInt32 id)
-{
-    return PtrT::dcast(osg::FieldContainerFactory::the()->getContainer(id));
-}
 
 bool isCalled(const osg::NodePtr &node, const std::string &name)
 {
@@ -75,7 +71,7 @@ void ksSceneIndex::noteRecorded()
     auto change = changes.beginChanged() + recorded;
     recorded = changes.sizeChanged();
     for (; change != changes.endChanged(); ++change) {
-        const osg::FieldContainerPtr container = containerOf<osg::FieldContainerPtr>(change->first);
+        const osg::FieldContainerPtr container = ksFindContainer<osg::FieldContainerPtr>(change->first);
         if (container == osg::NullFC || change->first >= next)
             continue;
         const bool hasNewName = container->getType() == osg::Name::getClassType() ||
@@ -118,14 +114,14 @@ std::vector<osg::NodePtr> ksSceneIndex::findAll(const std::string &name)
     // One that has another name now, or has gone, is not asked again; one that is out of the scene may be
     // back.
     Ids &ids = known->second;
-    ids.erase(
-        std::remove_if(ids.begin(), ids.end(),
-                       [&name](osg::UInt32 id) { return !isCalled(containerOf<osg::NodePtr>(id), name); }),
-        ids.end());
+    ids.erase(std::remove_if(
+                  ids.begin(), ids.end(),
+                  [&name](osg::UInt32 id) { return !isCalled(ksFindContainer<osg::NodePtr>(id), name); }),
+              ids.end());
     std::vector<std::pair<std::vector<osg::Int32>, osg::NodePtr>> found;
     for (const osg::UInt32 id : ids) {
         ++visited;
-        const auto node = containerOf<osg::NodePtr>(id);
+        const auto node = ksFindContainer<osg::NodePtr>(id);
         if (isInScene(node))
             found.emplace_back(std::vector<osg::Int32>(), node);
     }
@@ -146,7 +142,7 @@ std::vector<osg::UberLightPtr> ksSceneIndex::lights()
     std::vector<osg::UberLightPtr> all;
     for (const osg::UInt32 id : lightIds) {
         ++visited;
-        const auto light = containerOf<osg::UberLightPtr>(id);
+        const auto light = ksFindContainer<osg::UberLightPtr>(id);
         if (light == osg::NullFC)
             continue;
         const osg::MFNodePtr &parents = light->getParents();

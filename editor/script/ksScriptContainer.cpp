@@ -96,7 +96,7 @@ osg::ImageRefPtr imageFrom(const ksScriptHost &host, const QJSValue &value)
     if (value.isNull())
         return {};
     if (value.isString())
-        return ksImageImporter::read(host.pathFrom(value.toString()));
+        return ksImageImporter::imageInFile(host.pathFrom(value.toString()));
     return osg::ImageRefPtr(containerFrom<osg::ImagePtr>(value, "image"));
 }
 

@@ -103,7 +103,10 @@ void ksScriptEngine::addFunction(const QString &name, const std::function<void()
 
 void ksScriptEngine::setArguments(const QStringList &arguments)
 {
-    engine.globalObject().setProperty(QStringLiteral("args"), engine.toScriptValue(arguments));
+    QJSValue array = engine.newArray(static_cast<uint>(arguments.size()));
+    for (int i = 0; i < arguments.size(); ++i)
+        array.setProperty(static_cast<quint32>(i), arguments[i]);
+    engine.globalObject().setProperty(QStringLiteral("args"), array);
 }
 
 void ksScriptEngine::interrupt()

@@ -229,6 +229,8 @@ void ksScriptHost::refuseWithinCall() const
 
 void ksScriptHost::call(QJSValue function)
 {
+    if (isEnding)
+        return;
     const QScopedValueRollback<int> calling(calls, calls + 1);
     const QJSValue result = function.call();
     if (result.isError() && failureOfCall.isEmpty())
@@ -304,6 +306,7 @@ void ksScriptHost::closeMacro(bool succeeded)
 QJSValue ksScriptHost::endMacrosLeft()
 {
     const QJSValue first = macros.empty() ? QJSValue() : macros.front().opened;
+    const QScopedValueRollback<bool> ending(isEnding, true);
     while (!macros.empty())
         close(false);
     return first;

@@ -87,8 +87,9 @@ public:
     void openMacro(const QString &text);
     void closeMacro(bool succeeded);
 
-    /// Takes back the macros that the script has left open. Returns an Error that says where it opened the
-    /// first of them; undefined when there were none.
+    /// Takes back the macros that the script has left open; nothing of the script is called, which may have
+    /// been ended for taking too long. Returns an Error that says where it opened the first of them;
+    /// undefined when there were none.
     QJSValue endMacrosLeft();
 
 private:
@@ -122,6 +123,8 @@ private:
 
     /// How many functions of the script are called by steps, which must not make steps.
     int calls = 0;
+
+    bool isEnding = false;
 
     /// What a function of the script that a step called has thrown.
     mutable QString failureOfCall;

@@ -17,11 +17,12 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <csignal>
 #include <cstdlib>
-#include <iostream>
 #include <new>
+#include <ostream>
 #include <unistd.h>
 
 namespace {
@@ -92,6 +93,7 @@ int ksHeadlessSession::start(int argc, char **argv)
     QCoreApplication::setApplicationName(QString::fromLatin1(name));
     qtMessages = [this](const QString &text) { warn(text); };
     qInstallMessageHandler(takeQtMessage);
+    const auto resetHandler = qScopeGuard([] { qInstallMessageHandler(nullptr); });
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
     int applicationArguments = 1;
@@ -160,6 +162,7 @@ int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record
                                 QString &error)
 {
     bool isLoaded = false;
+    int exitCode = ScriptError;
     try {
         // Not only when all the work is done.
         if (!options.output.isEmpty())
@@ -167,7 +170,7 @@ int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record
         return edit(load(options, record, isLoaded), options, record, verdict);
     } catch (const ksOutputError &failure) {
         error = QString::fromUtf8(failure.what());
-        return OutputError;
+        exitCode = OutputError;
     } catch (const ksEditorError &failure) {
         error = QString::fromUtf8(failure.what());
     } catch (const std::bad_alloc &) {
@@ -175,9 +178,9 @@ int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record
                 QStringLiteral(": out of memory");
     }
     if (isLoaded)
-        return ScriptError;
+        return exitCode;
     verdict.remark(QStringLiteral("no scene"));
-    return ModelError;
+    return exitCode == OutputError ? OutputError : ModelError;
 }
 
 osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded)
@@ -220,19 +223,24 @@ void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
                                          const std::function<void()> &work)
 {
     const ksInterrupter interrupter(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt);
+    const auto refuse = [&interrupter, &options] {
+        if (const QString reason = interrupter.reason(); !reason.isEmpty())
+            throw ksScriptError((options.script.isEmpty() ? options.model : options.script) +
+                                QStringLiteral(": ") + reason);
+    };
     try {
         work();
     } catch (const ksScriptError &) {
-        if (interrupter.reason().isEmpty())
-            throw;
-        throw ksScriptError((options.script.isEmpty() ? options.model : options.script) +
-                            QStringLiteral(": ") + interrupter.reason());
+        refuse();
+        throw;
     }
+    // It may have come at the very end.
+    refuse();
 }
 
 void ksHeadlessSession::saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record)
 {
-    if (options.output.isEmpty())
+    if (options.output.isEmpty() || !record.failure().isEmpty())
         return;
     ksSceneExporter::save(root, options.output);
     if (options.record.detail == ksRecordStyle::Quiet)

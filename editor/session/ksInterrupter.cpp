@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/ksEditorError.h>
 #include <editor/session/ksInterrupter.h>
 #include <editor/session/ksMemory.h>
 
@@ -43,8 +44,8 @@ ksInterrupter::ksInterrupter(double seconds, qint64 bytes, std::function<void()>
     , memoryLimit(bytes)
     , call(std::move(interrupt))
 {
-    const int made = pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK);
-    static_cast<void>(made);
+    if (pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0)
+        throw ksEditorError("the process has no file descriptors left");
     struct sigaction action = {};
     action.sa_handler = &handleSignal;
     action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);

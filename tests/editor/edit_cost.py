@@ -14,8 +14,8 @@ import subprocess
 import sys
 import tempfile
 
-FEW, MANY = 1000, 10000
-EDITS = 200
+FEW, MANY = 1000, 50000
+EDITS = 50
 TOLERANCE = 0.25
 SCRIPT = """
 var node = scene.find("Node 1"), own = node.attachment("ksNodeSettings");

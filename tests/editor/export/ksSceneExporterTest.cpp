@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 #include <editor/script/ksScriptEngine.h>
 #include <editor/session/ksOpenScene.h>
@@ -77,7 +78,7 @@ protected:
 class ksSavedRoomTest : public ksSceneExporterTest
 {
 protected:
-    ksSavedRoomTest() { ksScriptEngine(history, record).run(QStringLiteral(KS_ROOM_SCRIPT)); }
+    ksSavedRoomTest() { ksScriptEngine(history, out).run(QStringLiteral(KS_ROOM_SCRIPT)); }
 
     /// What another program reads of it.
     const aiScene &read(const char *name)
@@ -91,7 +92,8 @@ protected:
 
     osg::NodeRefPtr root{open(ksRoomFile())};
     const ksOpenScene scene{root.get()};
-    std::ostringstream record;
+    std::ostringstream out;
+    ksRecord record{out};
     ksRecordedHistory history{root.get(), record};
     Assimp::Importer importer;
 };
