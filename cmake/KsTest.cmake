@@ -22,7 +22,7 @@ function(ks_test name)
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM ks-test-support)
     if(KSUNDO_JOIN AND NOT arg_APART)
-        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+        ks_join(${name})
         # Fixtures in unnamed namespaces seem to be in a header then.
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
