@@ -10,6 +10,13 @@ if(KSUNDO_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
+# ks_join(target): compiles its files as one when KSUNDO_JOIN says so.
+function(ks_join target)
+    if(KSUNDO_JOIN)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+    endif()
+endfunction()
+
 function(ks_compile target)
     target_compile_features(${target} PUBLIC cxx_std_17)
     set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)

@@ -3,8 +3,6 @@
 # so that they are always compiled one by one.
 # ks_compile_test(target): compile settings of test code.
 
-option(KSUNDO_JOIN_TESTS "Compile the files of a test program as one: quicker, but names in them must not meet" OFF)
-
 find_package(GTest REQUIRED)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 
@@ -23,8 +21,8 @@ function(ks_test name)
     ks_compile_test(${name})
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM ks-test-support)
-    if(KSUNDO_JOIN_TESTS AND NOT arg_APART)
-        set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+    if(KSUNDO_JOIN AND NOT arg_APART)
+        ks_join(${name})
         # Fixtures in unnamed namespaces seem to be in a header then.
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()

@@ -13,33 +13,36 @@ namespace {
 
 /// The application's getter and setter.
 template <class T, class Argument = T>
-struct Row
+struct Accessors
 {
     T (*get)(const osg::NodePtr &node);
     void (*set)(const osg::NodePtr &node, Argument value);
 };
 
-using ColorRow = Row<osg::Vec3f, const osg::Vec3f &>;
+using ColorAccessors = Accessors<osg::Vec3f, const osg::Vec3f &>;
 
 /// Every class has its own.
 template <class Command>
-constexpr std::nullptr_t row = nullptr;
+constexpr std::nullptr_t accessors = nullptr;
 
 template <>
-constexpr ColorRow row<ksLightDiffuseUndoCommand> = {&ksLights::getDiffuse, &ksLights::setDiffuse};
+constexpr ColorAccessors accessors<ksLightDiffuseUndoCommand> = {&ksLights::getDiffuse,
+                                                                 &ksLights::setDiffuse};
 
 template <>
-constexpr ColorRow row<ksLightGlossyUndoCommand> = {&ksLights::getGlossy, &ksLights::setGlossy};
+constexpr ColorAccessors accessors<ksLightGlossyUndoCommand> = {&ksLights::getGlossy, &ksLights::setGlossy};
 
 template <>
-constexpr Row<float> row<ksLightIntensityUndoCommand> = {&ksLights::getLightValue, &ksLights::setLightValue};
+constexpr Accessors<float> accessors<ksLightIntensityUndoCommand> = {&ksLights::getLightValue,
+                                                                     &ksLights::setLightValue};
 
 template <>
-constexpr Row<float> row<ksLightPenumbraAngleUndoCommand> = {&ksLights::getPenumbraAngle,
-                                                             &ksLights::setPenumbraAngle};
+constexpr Accessors<float> accessors<ksLightPenumbraAngleUndoCommand> = {&ksLights::getPenumbraAngle,
+                                                                         &ksLights::setPenumbraAngle};
 
 template <>
-constexpr Row<float> row<ksLightConeAngleUndoCommand> = {&ksLights::getConeAngle, &ksLights::setConeAngle};
+constexpr Accessors<float> accessors<ksLightConeAngleUndoCommand> = {&ksLights::getConeAngle,
+                                                                     &ksLights::setConeAngle};
 
 void setAttenuation(const osg::NodePtr &node, osg::UberLight::LightAttenuation value)
 {
@@ -49,7 +52,7 @@ void setAttenuation(const osg::NodePtr &node, osg::UberLight::LightAttenuation v
 }
 
 template <>
-constexpr Row<osg::UberLight::LightAttenuation> row<ksLightAttenuationUndoCommand> = {
+constexpr Accessors<osg::UberLight::LightAttenuation> accessors<ksLightAttenuationUndoCommand> = {
     &ksLights::getAttenuation, &setAttenuation};
 
 } // namespace
@@ -57,13 +60,13 @@ constexpr Row<osg::UberLight::LightAttenuation> row<ksLightAttenuationUndoComman
 template <class Command, class T>
 T ksLightValueUndoCommand<Command, T>::get(osg::NodePtr node)
 {
-    return row<Command>.get(node);
+    return accessors<Command>.get(node);
 }
 
 template <class Command, class T>
 void ksLightValueUndoCommand<Command, T>::set(osg::NodePtr node, T value)
 {
-    row<Command>.set(node, value);
+    accessors<Command>.set(node, value);
 }
 
 template class ksLightValueUndoCommand<ksLightDiffuseUndoCommand, osg::Vec3f>;
