@@ -95,7 +95,8 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
     verdict.count(transcript.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
     verdict.count(containers, QStringLiteral("container"), QStringLiteral("containers"));
     verdict.count(differences, QStringLiteral("difference"), QStringLiteral("differences"));
-    verdict.count(tolerated, QStringLiteral("within tolerance"), QStringLiteral("within tolerance"));
+    verdict.count(tolerated, QStringLiteral("within tolerance"), QStringLiteral("within tolerance"),
+                  QStringLiteral("withinTolerance"));
     if (!classes.isEmpty())
         verdict.remark(classes);
     if (failure != nullptr)

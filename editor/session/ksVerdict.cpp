@@ -2,10 +2,10 @@
 #include <editor/history/ksRecord.h>
 #include <editor/session/ksVerdict.h>
 
-void ksVerdict::count(int number, const QString &one, const QString &many)
+void ksVerdict::count(int number, const QString &one, const QString &many, const QString &key)
 {
     words += QString::number(number) + QLatin1Char(' ') + (number == 1 ? one : many);
-    numbers.insert(many, number);
+    numbers.insert(key.isNull() ? many : key, number);
 }
 
 void ksVerdict::remark(const QString &text)

@@ -11,9 +11,9 @@ class ksRecord;
 class ksVerdict
 {
 public:
-    /// Adds how many of some things there were. One is called \a one, several are called \a many, which is
-    /// also their name in JSON.
-    void count(int number, const QString &one, const QString &many);
+    /// Adds how many of some things there were. One is called \a one, several are called \a many, and in
+    /// JSON they are \a key, or \a many when that is null.
+    void count(int number, const QString &one, const QString &many, const QString &key = {});
 
     /// Adds other words, which JSON does not have.
     void remark(const QString &text);

@@ -95,7 +95,7 @@ TEST_F(ksEditorSessionTest, ReportsAScriptsError)
               ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
                                 ":3: Error: 'one' does not fit the field 'travMask', SFUInt32\n");
-    EXPECT_THAT(out.str(), EndsWith("\nFAILED: 1 step, 0 warnings\n"));
+    EXPECT_THAT(out.str(), EndsWith("\nFAILED: 0 steps, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
     EXPECT_EQ(run(ksRoomFile(), folder.path("missing.js")), ksEditorSession::ScriptError);
