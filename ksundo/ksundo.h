@@ -5,6 +5,7 @@
 /// Everything public of the library.
 
 // The history.
+#include <ksundo/core/ksUndoGesture.h>
 #include <ksundo/core/ksUndoMacro.h>
 #include <ksundo/core/ksUndoStack.h>
 

@@ -39,6 +39,15 @@ public:
     /// ones is for those to say.
     void setMergeEnabled(bool enabled) { mergeEnabled = enabled; }
 
+    /// Declares this command a part of the gesture \a number, 0 for none. Commands of one gesture merge
+    /// without limit of time, those of different ones never. ksUndoStack calls it for what is added between
+    /// beginGesture() and endGesture(), the children of a composite included. A command that holds others of
+    /// its own hands the number on before it asks whether these merge.
+    void setGesture(unsigned int number) { gesture = number; }
+
+    /// The gesture that this command is a part of, 0 for none.
+    unsigned int getGesture() const { return gesture; }
+
     /// The id of the command class \a type: 1, 2, 3 ... in the order in which the running process first asks.
     /// Ids differ from run to run and must never be stored. Commands with equal ids are taken for commands of
     /// one class: on a stack, all ids but -1 must come from here. Not to be called by several threads at
@@ -53,13 +62,15 @@ public:
     /// ksUndoCommand and not null:
     ///  - \a other has merging enabled (this command's own switch does not matter);
     ///  - both have the same id();
-    ///  - \a other was created within its own merge window after this command's latest edit, or its window is
-    ///    without limit.
+    ///  - both are parts of the same gesture, or \a other was created within its own merge window after this
+    ///    command's latest edit, or its window is without limit, and neither is a part of a gesture.
     virtual bool canMergeWith(const QUndoCommand *other) const
     {
         const auto *newer = static_cast<const ksUndoCommand *>(other);
-        if (!newer->mergeEnabled || newer->id() != id())
+        if (!newer->mergeEnabled || newer->gesture != gesture || newer->id() != id())
             return false;
+        if (gesture != 0)
+            return true;
         const double window = newer->mergeResponseDelta;
         const bool isLimited = window >= 0.0; // not a number is without limit, too
         return !isLimited || creationTime > newer->creationTime - window;
@@ -85,6 +96,9 @@ protected:
 
     /// Whether this command may be absorbed by the one before it.
     bool mergeEnabled = true;
+
+private:
+    unsigned int gesture = 0;
 };
 
 /// Gives a command class its own id: a static commandId() and the id() that returns it. To be placed at the

@@ -25,6 +25,26 @@ std::string utf8Of(const QString &text)
     return std::string(text.utf16(), text.utf16() + text.size());
 }
 
+/// Makes \a command, and all that it consists of, parts of the gesture \a number.
+void join(QUndoCommand *command, unsigned int number)
+{
+    if (ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::single)
+        static_cast<ksUndoCommand *>(command)->setGesture(number);
+    // QUndoCommand hands its children out as constant although they are this command's own.
+    for (int i = 0; i < command->childCount(); ++i)
+        join(const_cast<QUndoCommand *>(command->child(i)), number);
+}
+
+/// The gesture that \a command, or the first of what it consists of, is a part of; 0 for none and for null.
+unsigned int gestureOf(const QUndoCommand *command)
+{
+    if (command == nullptr)
+        return 0;
+    if (ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::single)
+        return static_cast<const ksUndoCommand *>(command)->getGesture();
+    return gestureOf(command->child(0));
+}
+
 } // namespace
 
 ksUndoStack *ksUndoStack::get(unsigned int which)
@@ -49,6 +69,8 @@ void ksUndoStack::add(QUndoCommand *command)
 {
     if (command == nullptr)
         return;
+    if (openGestures > 0)
+        join(command, gesture);
     added = true;
     const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     try {
@@ -64,6 +86,38 @@ void ksUndoStack::endMacro()
     added = true;
     const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
     undoStack->endMacro();
+}
+
+void ksUndoStack::beginGesture()
+{
+    if (openGestures++ == 0)
+        ++gesture;
+}
+
+void ksUndoStack::endGesture()
+{
+    openGestures = std::max(openGestures - 1, 0);
+}
+
+void ksUndoStack::takeBackGesture()
+{
+    while (openGestures > 0 && canUndo() && gestureOf(currentCommand()) == gesture) {
+        undo();
+        forgetUndone();
+    }
+}
+
+void ksUndoStack::forgetUndone()
+{
+    // Qt deletes what is undone when a command comes, and does not keep one that is obsolete. Of that it
+    // tells nobody.
+    auto *command = new QUndoCommand;
+    command->setObsolete(true);
+    undoStack->push(command);
+    Q_EMIT undoStack->canRedoChanged(false);
+    Q_EMIT undoStack->redoTextChanged(QString());
+    if (historyView != nullptr)
+        historyView->follow();
 }
 
 void ksUndoStack::deliverMessage(const char *name, int index, bool added) const

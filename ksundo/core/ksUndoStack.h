@@ -83,6 +83,19 @@ public:
     /// comes next is reported as an addition.
     void endMacro();
 
+    /// Begins a gesture: what is added until the matching endGesture() merges with itself only, and without
+    /// limit of time. An inner gesture is part of the outer one. ksUndoGesture does both in a scope, and says
+    /// more.
+    void beginGesture();
+
+    /// Ends the gesture that began last. Without one nothing happens.
+    void endGesture();
+
+    /// Undoes the steps of the gesture that is open, the last first, back to the first that has no command of
+    /// it, and forgets them, so that there is nothing to redo. Each is reported as an undo. Nothing happens
+    /// without a gesture, while a macro is open, and when the gesture has done nothing.
+    void takeBackGesture();
+
     /// Whether there is a command to undo; never while a macro is open.
     bool canUndo() const { return undoStack->canUndo(); }
 
@@ -180,12 +193,15 @@ private Q_SLOTS:
 
 private:
     void deliverMessage(const char *name, int index, bool added) const;
+    void forgetUndone();
 
     QUndoStack *undoStack;
     int lastIndex = 0;
     bool added = false;
     int markIndex = 0;
     int busyDepth = 0;
+    int openGestures = 0;
+    unsigned int gesture = 0; ///< the number of the open or the last one
     QPointer<ksDetail::ksHistoryWindow> historyView;
     MessageCallback messageCallback = nullptr;
 };

@@ -93,6 +93,11 @@ void setMergeEnabled(const QUndoCommand &command, bool enabled)
     forEachPart(command, [enabled](ksUndoCommand &part) { part.setMergeEnabled(enabled); });
 }
 
+void setGesture(const QUndoCommand &command, unsigned int number)
+{
+    forEachPart(command, [number](ksUndoCommand &part) { part.setGesture(number); });
+}
+
 std::vector<double> timesOf(const QUndoCommand &command)
 {
     std::vector<double> times;
@@ -357,6 +362,34 @@ TEST_P(ksMergingCommands, DoNotMergeAtTheEndOfTheWindow)
     const auto newer = later();
     setTime(*newer, 0.4);
     expectNoMerge(*newer);
+}
+
+TEST_P(ksMergingCommands, MergeWithinOneGestureWheneverTheyWereMade)
+{
+    setGesture(*older, 1);
+    for (const double time : {3600.0, -3600.0}) {
+        const auto newer = later();
+        setTime(*newer, time);
+        setWindow(*newer, 0.0);
+        setGesture(*newer, 1);
+        expectMerge(*newer);
+    }
+    undo(*older);
+    expectScene(before, held);
+}
+
+TEST_P(ksMergingCommands, DoNotMergeAcrossTheEndsOfGestures)
+{
+    const auto expectNoMergeOf = [this](unsigned int first, unsigned int second) {
+        const auto newer = later();
+        setWindow(*newer, -1.0);
+        setGesture(*older, first);
+        setGesture(*newer, second);
+        expectNoMerge(*newer);
+    };
+    expectNoMergeOf(0, 1);
+    expectNoMergeOf(1, 0);
+    expectNoMergeOf(1, 2);
 }
 
 TEST_P(ksMergingCommands, DoNotMergeWithoutATarget)

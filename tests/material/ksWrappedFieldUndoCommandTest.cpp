@@ -253,6 +253,15 @@ TYPED_TEST(ksWrappedFieldCommandMerging, IsRefusedWhenTheInnerCommandsCannotMerg
     this->expectNoMerge();
 }
 
+TYPED_TEST(ksWrappedFieldCommandMerging, HappensWithinOneGestureWheneverTheInnerCommandsWereMade)
+{
+    this->older->setGesture(1);
+    this->newer->setGesture(1);
+    ksCommandTime::of(*this->newerInner) = 0.125;
+    ksCommandTime::of(*this->olderInner) = -3600.0;
+    this->expectMerge();
+}
+
 TYPED_TEST(ksWrappedFieldCommandMerging, FailsWhenTheInnerCommandsDoNotMergeAfterAll)
 {
     const auto reluctant = [this] {

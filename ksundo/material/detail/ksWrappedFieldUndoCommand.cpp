@@ -22,7 +22,11 @@ bool ksWrappedFieldUndoCommand::canMergeWith(const QUndoCommand *other) const
     if (!ksUndoCommand::canMergeWith(other))
         return false;
     const auto *newer = static_cast<const ksWrappedFieldUndoCommand *>(other);
-    return isSameContext(*newer) && inner().canMergeWith(&newer->inner());
+    if (!isSameContext(*newer))
+        return false;
+    inner().setGesture(getGesture());
+    newer->inner().setGesture(newer->getGesture());
+    return inner().canMergeWith(&newer->inner());
 }
 
 ksWrappedFieldUndoCommand::ksWrappedFieldUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
