@@ -1,6 +1,6 @@
-# ks_test(name SOURCES files... LIBRARIES targets... [APART]): one program of GoogleTest cases, which is one test of CTest. It
+# ks_test(name SOURCES files... LIBRARIES targets... [LAUNCHER command...] [APART]): one program of GoogleTest cases, which is one test of CTest. It
 # links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication. APART: names in the files meet,
-# so that they are always compiled one by one.
+# so that they are always compiled one by one. LAUNCHER: what runs the program.
 # ks_compile_test(target): compile settings of test code.
 
 find_package(GTest REQUIRED)
@@ -16,7 +16,7 @@ function(ks_compile_test target)
 endfunction()
 
 function(ks_test name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "APART" "" "SOURCES;LIBRARIES")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "APART" "" "SOURCES;LIBRARIES;LAUNCHER")
     add_executable(${name} ${arg_SOURCES})
     ks_compile_test(${name})
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
@@ -26,6 +26,6 @@ function(ks_test name)
         # Fixtures in unnamed namespaces seem to be in a header then.
         target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>)
     endif()
-    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+    add_test(NAME ${name} COMMAND ${arg_LAUNCHER} $<TARGET_FILE:${name}> --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES TIMEOUT 900)
 endfunction()

@@ -27,6 +27,7 @@ LIBRARY = PLATFORM + ["ksundo"] + [f"ksundo/{folder}" for folder in LIBRARY_FOLD
 SCENE = LIBRARY + ["editor", "editor/scene"]
 EDITS = SCENE + ["editor/edits", "editor/history"]
 EDITOR = EDITS + ["editor/import", "editor/export", "editor/script", "editor/session"]
+DOCUMENT = EDITOR + ["editor/document"]
 
 ROOMS = {
     "platform/opensg": [],
@@ -40,7 +41,7 @@ ROOMS = {
     "ksundo/material": CORE + ["ksundo/field"],
     "ksundo/light": CORE + ["ksundo/transform"],
     "ksundo": LIBRARY,
-    "editor": ["editor/session"],
+    "editor": ["editor/session", "editor/window"],
     "editor/scene": LIBRARY + ["editor"],
     "editor/edits": SCENE,
     "editor/history": SCENE,
@@ -48,6 +49,10 @@ ROOMS = {
     "editor/export": SCENE,
     "editor/script": EDITS + ["editor/export", "editor/import"],
     "editor/session": EDITOR,
+    "editor/document": EDITOR,
+    "editor/viewport": DOCUMENT,
+    "editor/inspector": DOCUMENT,
+    "editor/window": DOCUMENT + ["editor/viewport", "editor/inspector"],
     "checker": ["checker/session"],
     "checker/history": EDITOR,
     "checker/tour": EDITOR + ["checker/history"],

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <editor/document/ksDocument.h>
+#include <editor/document/ksDocumentHistory.h>
+#include <editor/export/ksSceneExporter.h>
+#include <editor/import/ksSceneImporter.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/session/ksOpenScene.h>
+
+#include <OSGTransform3D.h>
+
+#include <QFileInfo>
+#include <QUndoCommand>
+
+ksDocument::ksDocument(QObject *parent)
+    : QObject(parent)
+{
+    connect(&feed, &ksSceneFeed::published, this, &ksDocument::changed);
+    // An empty history is clean, whatever was done before.
+    connect(ksUndoStack::get(0), &ksUndoStack::cleared, this,
+            [this] { hasForgottenEdits = hasForgottenEdits || wasModified; });
+    clear();
+}
+
+ksDocument::~ksDocument()
+{
+    editHistory.reset();
+    openScene.reset();
+    ksSceneFeed::take();
+}
+
+bool ksDocument::open(const QString &path, const std::function<bool(double)> &progress)
+{
+    QStringList warnings;
+    const ksSceneImporter importer([&warnings](const QString &text) { warnings += text; },
+                                   [&warnings](const QString &what) {
+                                       if (!what.isEmpty())
+                                           warnings += tr("Left out: %1").arg(what);
+                                   });
+    if (!progress(0))
+        return false;
+    osg::NodeRefPtr scene(importer.load(path));
+    importWarnings = warnings;
+    show(scene, path);
+    return true;
+}
+
+void ksDocument::clear()
+{
+    importWarnings.clear();
+    show(osg::NodeRefPtr(ksContainers::createNode("Scene", osg::Transform3D::create())), QString());
+}
+
+void ksDocument::save(const QString &path)
+{
+    ksSceneExporter::save(root(), path);
+    file = path;
+    hasForgottenEdits = false;
+    stack().setClean();
+    wasModified = false;
+    Q_EMIT stateChanged();
+}
+
+QString ksDocument::title() const
+{
+    return file.isEmpty() ? tr("Untitled") : QFileInfo(file).fileName();
+}
+
+bool ksDocument::isModified() const
+{
+    return hasForgottenEdits || !stack().isClean();
+}
+
+osg::NodePtr ksDocument::root() const
+{
+    return editHistory->root();
+}
+
+ksUndoStack &ksDocument::stack() const
+{
+    return *editHistory->stack();
+}
+
+void ksDocument::add(QUndoCommand *command)
+{
+    if (command != nullptr)
+        editHistory->add(command);
+}
+
+void ksDocument::show(osg::NodeRefPtr scene, const QString &path)
+{
+    editHistory.reset();
+    openScene = nullptr;
+    openScene = std::make_unique<ksOpenScene>(scene.get());
+    editHistory = std::make_unique<ksDocumentHistory>(scene.get());
+    scene = osg::NodeRefPtr();
+    ksSceneFeed::take();
+    stack().setClean();
+    hasForgottenEdits = false;
+    wasModified = false;
+    file = path;
+    selected.clear();
+    connect(editHistory.get(), &ksDocumentHistory::stepped, this, [this] {
+        feed.publish();
+        // A history that is being cleared tells of its index first.
+        wasModified = isModified() || (wasModified && stack().isEmpty());
+        Q_EMIT stepped();
+        Q_EMIT stateChanged();
+    });
+    Q_EMIT replaced();
+    Q_EMIT stateChanged();
+}
