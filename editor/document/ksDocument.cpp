@@ -4,6 +4,7 @@
 #include <editor/export/ksSceneExporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/session/ksMemory.h>
 #include <editor/session/ksOpenScene.h>
 
 #include <OSGTransform3D.h>
@@ -28,7 +29,7 @@ ksDocument::~ksDocument()
     ksSceneFeed::take();
 }
 
-bool ksDocument::open(const QString &path, const std::function<bool(double)> &progress)
+bool ksDocument::open(const QString &path, const ksProgress &progress)
 {
     QStringList warnings;
     const ksSceneImporter importer([&warnings](const QString &text) { warnings += text; },
@@ -36,9 +37,13 @@ bool ksDocument::open(const QString &path, const std::function<bool(double)> &pr
                                        if (!what.isEmpty())
                                            warnings += tr("Left out: %1").arg(what);
                                    });
-    if (!progress(0))
+    osg::NodeRefPtr scene;
+    try {
+        const ksMemoryGuard guard(ksMemory::limit(0, QFileInfo(path).size()));
+        scene = importer.load(path, progress);
+    } catch (const ksCancelled &) {
         return false;
-    osg::NodeRefPtr scene(importer.load(path));
+    }
     importWarnings = warnings;
     show(scene, path);
     return true;
@@ -88,6 +93,7 @@ void ksDocument::add(QUndoCommand *command)
 
 void ksDocument::show(osg::NodeRefPtr scene, const QString &path)
 {
+    Q_EMIT aboutToBeReplaced();
     editHistory.reset();
     openScene = nullptr;
     openScene = std::make_unique<ksOpenScene>(scene.get());

@@ -3,6 +3,7 @@
 
 #include <editor/document/ksSceneFeed.h>
 #include <editor/document/ksSelection.h>
+#include <editor/import/ksProgress.h>
 
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
@@ -11,7 +12,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
 #include <memory>
 
 class QUndoCommand;
@@ -33,8 +33,7 @@ public:
     /// when the file cannot be read, and the scene stays as it is. \a progress is asked now and then, with
     /// what has been done from 0 to 1, whether to go on; when it says no, the scene stays as well and the
     /// result is false.
-    bool open(
-        const QString &path, const std::function<bool(double)> &progress = [](double) { return true; });
+    bool open(const QString &path, const ksProgress &progress = {});
     void clear();
 
     /// Saves the scene in the file \a path, which is the document's from then on. Throws ksOutputError when
@@ -63,6 +62,9 @@ public:
     void add(QUndoCommand *command);
 
 Q_SIGNALS:
+    /// The scene and its history are about to go. Who keeps a reference on either is to let go of it.
+    void aboutToBeReplaced();
+
     /// There is another scene, of which nothing is known yet.
     void replaced();
 

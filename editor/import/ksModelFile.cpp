@@ -12,6 +12,7 @@
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <assimp/Importer.hpp>
+#include <assimp/ProgressHandler.hpp>
 #include <assimp/commonMetaData.h>
 #include <assimp/config.h>
 #include <assimp/importerdesc.h>
@@ -127,14 +128,46 @@ const char *flawOf(const aiScene &scene)
     return nullptr;
 }
 
+/// Asks \a progress what the reader asks its handler. Readers need not heed the answer, so that it is kept.
+class ProgressHandler : public Assimp::ProgressHandler
+{
+public:
+    ProgressHandler(const ksProgress &progress, const QString &path)
+        : ask(progress)
+        , file(path)
+    {}
+
+    bool Update(float done) override
+    {
+        isCancelled = isCancelled || !ask(std::clamp(static_cast<double>(done), 0.0, 1.0));
+        return !isCancelled;
+    }
+
+    /// Throws ksCancelled when the answer was no.
+    void refuseCancelled() const
+    {
+        if (isCancelled)
+            throw ksCancelled(file + QStringLiteral(": cancelled"));
+    }
+
+private:
+    const ksProgress ask;
+    const QString file;
+    bool isCancelled = false;
+};
+
 } // namespace
 
 class ksModelFile::Reader
 {
 public:
-    Reader(const QString &filePath, const ksWarn &warn)
+    Reader(const QString &filePath, const ksWarn &warn, const ksProgress &progress)
         : path(filePath)
     {
+        if (progress) {
+            handler = new ProgressHandler(progress, path);
+            importer.SetProgressHandler(handler);
+        }
         const ksImportLog log;
         QStringList repairs;
         load(repairs);
@@ -168,8 +201,7 @@ private:
         importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
         // Later stages rely on sound input, so the file is checked as it comes before they run.
         scene = importer.ReadFile(path.toStdString(), 0);
-        if (scene == nullptr)
-            fail();
+        check();
         if (const char *flaw = flawOf(*scene))
             throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(flaw));
         // What importers hand over is theirs, but it is not constant.
@@ -186,8 +218,7 @@ private:
     void process(unsigned int steps)
     {
         scene = importer.ApplyPostProcessing(steps);
-        if (scene == nullptr)
-            fail();
+        check();
     }
 
     /// Whether that is what the last stage ended by, which gives no such reason.
@@ -202,6 +233,15 @@ private:
             return false;
         }
         return false;
+    }
+
+    /// What each stage is followed by.
+    void check() const
+    {
+        if (handler != nullptr)
+            handler->refuseCancelled();
+        if (scene == nullptr)
+            fail();
     }
 
     [[noreturn]] void fail() const
@@ -227,13 +267,16 @@ private:
 
     const QString path;
     Assimp::Importer importer;
+
+    /// The importer's; null without one.
+    ProgressHandler *handler = nullptr;
 };
 
-ksModelFile::ksModelFile(const QString &modelPath, const ksWarn &warn)
+ksModelFile::ksModelFile(const QString &modelPath, const ksWarn &warn, const ksProgress &progress)
     : path(modelPath)
 {
     checkFile(path);
-    reader = std::make_unique<Reader>(path, warn);
+    reader = std::make_unique<Reader>(path, warn, progress);
 }
 
 ksModelFile::~ksModelFile() = default;

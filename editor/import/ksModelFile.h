@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/import/ksProgress.h>
 #include <editor/import/ksWarn.h>
 
 #include <QString>
@@ -29,9 +30,10 @@ public:
     /// stays as it is. What the reader complains about, and what has been repaired, see ksModelRepair, is
     /// reported to \a warn. Throws ksEditorError when there is no such file, no reader knows its format, the
     /// file is damaged, or what it holds is not a scene: no root, faces without corners or with corners that
-    /// do not exist.
+    /// do not exist. Throws ksCancelled when \a progress, which may be empty, says no.
     explicit ksModelFile(
-        const QString &filePath, const ksWarn &warn = [](const QString &) {});
+        const QString &filePath, const ksWarn &warn = [](const QString &) {},
+        const ksProgress &progress = {});
     ~ksModelFile();
     ksModelFile(const ksModelFile &) = delete;
     ksModelFile &operator=(const ksModelFile &) = delete;

@@ -202,9 +202,9 @@ ksSceneImporter::ksSceneImporter(ksWarn reportTo, ksWarn leftOutTo)
     , tellLeftOut(std::move(leftOutTo))
 {}
 
-osg::NodeRefPtr ksSceneImporter::load(const QString &path) const
+osg::NodeRefPtr ksSceneImporter::load(const QString &path, const ksProgress &progress) const
 {
-    const ksModelFile file(path, warn);
+    const ksModelFile file(path, warn, progress);
     if (const QString leftOut = leftOutOf(file.scene()); !leftOut.isEmpty())
         tellLeftOut(leftOut);
     return SceneBuilder(file, warn).build();

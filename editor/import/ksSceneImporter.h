@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/import/ksProgress.h>
 #include <editor/import/ksWarn.h>
 
 #include <OpenSG/OSGNode.h>
@@ -24,8 +25,9 @@ public:
     explicit ksSceneImporter(
         ksWarn reportTo, ksWarn leftOutTo = [](const QString &) {});
 
-    /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read.
-    osg::NodeRefPtr load(const QString &path) const;
+    /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read, and
+    /// ksCancelled when \a progress, which may be empty, says no while it is.
+    osg::NodeRefPtr load(const QString &path, const ksProgress &progress = {}) const;
 
 private:
     ksWarn warn;
