@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QJSValueIterator>
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -75,6 +76,12 @@ void refuseError(const QJSValue &result, const QString &path)
                             stackOf(result, QFileInfo(path).fileName()));
 }
 
+void refuseInterrupted(bool isInterrupted, const QString &path)
+{
+    if (isInterrupted)
+        throw ksScriptError(path + QStringLiteral(": interrupted"));
+}
+
 } // namespace
 
 ksScriptEngine::ksScriptEngine(ksEditHistory &history, std::ostream &out)
@@ -131,17 +138,34 @@ void ksScriptEngine::run(const QString &path)
     // On one line with the script's first, so that lines keep their numbers.
     const QJSValue script =
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
-    const auto refuse = [&path](bool isInterrupted) {
-        if (isInterrupted)
-            throw ksScriptError(path + QStringLiteral(": interrupted"));
-    };
-    refuse(takeInterruption());
+    refuseInterrupted(takeInterruption(), path);
     refuseError(script, path);
     host.setScriptFile(path);
-    const QJSValue result = host.prelude("run").call({script});
+    finish(host.prelude("run").call({script}), path);
+}
+
+QString ksScriptEngine::evaluate(const QString &text, const QString &name)
+{
+    host.setScriptFile(QString());
+    const QJSValue result = engine.evaluate(text, name);
+    const QString shown = result.isUndefined() || result.isError() ? QString() : result.toString();
+    finish(result, name);
+    return shown;
+}
+
+QStringList ksScriptEngine::globalNames() const
+{
+    QStringList names;
+    for (QJSValueIterator property(engine.globalObject()); property.next();)
+        names += property.name();
+    return names;
+}
+
+void ksScriptEngine::finish(const QJSValue &result, const QString &path)
+{
     const bool isInterrupted = takeInterruption();
     const QJSValue left = host.endMacrosLeft();
-    refuse(isInterrupted);
+    refuseInterrupted(isInterrupted, path);
     refuseError(result, path);
     refuseError(left, path);
 }

@@ -50,7 +50,17 @@ public:
     /// that is open then is taken back.
     void run(const QString &path);
 
+    /// Evaluates \a text, the line of a console that is called \a name: what it declares stays. Returns what
+    /// it gives, as text; empty when that is undefined. Errors are those of run().
+    QString evaluate(const QString &text, const QString &name);
+
+    /// The names of what scripts find without an object: those of the editor, and what lines have declared.
+    QStringList globalNames() const;
+
 private:
+    /// What is left to do when a script of the file \a path has given \a result.
+    void finish(const QJSValue &result, const QString &path);
+
     /// Whether the engine has been interrupted; it is so no more then.
     bool takeInterruption();
 

@@ -21,6 +21,25 @@ TEST_F(ksScriptEngineTest, Prints)
     EXPECT_EQ(run("print('one', 2, true, null); print();"), "one 2 true null\n\n");
 }
 
+TEST_F(ksScriptEngineTest, EvaluatesLineByLine)
+{
+    const QString name = QStringLiteral("console");
+    EXPECT_EQ(engine.evaluate(QStringLiteral("var twice = function (n) { return 2 * n; };"), name),
+              QString());
+    EXPECT_EQ(engine.evaluate(QStringLiteral("twice(21)"), name), QStringLiteral("42"));
+    EXPECT_TRUE(engine.globalNames().contains(QStringLiteral("twice")));
+    EXPECT_TRUE(engine.globalNames().contains(QStringLiteral("scene")));
+    const auto errorOf = [this, &name](const char *line) {
+        return ksErrorOf([&] { engine.evaluate(QString::fromLatin1(line), name); });
+    };
+    EXPECT_EQ(errorOf("\nnothing"), "console:2: ReferenceError: nothing is not defined");
+    EXPECT_EQ(errorOf("history.beginMacro('Half')"), "console:1: Error: the macro 'Half' is not ended");
+    EXPECT_FALSE(history.isInMacro());
+    engine.interrupt();
+    EXPECT_EQ(errorOf("while (true) {}"), "console: interrupted");
+    EXPECT_EQ(engine.evaluate(QStringLiteral("twice(1)"), name), QStringLiteral("2"));
+}
+
 TEST_F(ksScriptEngineTest, FindsNodes)
 {
     EXPECT_EQ(run("print(scene.root.name, scene.find('Child').name, scene.has('Child'), scene.has('child'));"
