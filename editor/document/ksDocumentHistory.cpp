@@ -5,8 +5,10 @@ ksDocumentHistory::ksDocumentHistory(const osg::NodePtr &scene, ksUndoStack *sta
     : ksEditHistory(scene, stack)
 {
     const auto noteStep = [this] {
-        if (!isStepping())
-            Q_EMIT stepped();
+        if (isStepping())
+            return;
+        callObserver();
+        Q_EMIT stepped();
     };
     connect(stack, &ksUndoStack::redoPerformed, this, noteStep);
     connect(stack, &ksUndoStack::undoPerformed, this, noteStep);

@@ -68,8 +68,7 @@ void ksEditHistory::finish(const std::function<void()> &action)
 {
     const QScopedValueRollback<bool> guard(stepping, true);
     const auto end = [this] {
-        if (stepObserver)
-            stepObserver();
+        callObserver();
         finishStep();
     };
     try {

@@ -81,6 +81,13 @@ protected:
     /// Whether a step is being run.
     bool isStepping() const { return stepping; }
 
+    /// Has the observer called, for what has changed without a step of this history.
+    void callObserver() const
+    {
+        if (stepObserver)
+            stepObserver();
+    }
+
     /// Ends open macros, undoes everything, since containers may refer to each other in a circle by now,
     /// clears the stack, breaks the circles that are left, and lets go of the scene; none of this is a step.
     /// The destructor does so at the latest.

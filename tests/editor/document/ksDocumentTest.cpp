@@ -65,6 +65,30 @@ TEST_F(ksDocumentTest, KeepsTheSceneWhenOpeningIsCancelled)
     const osg::NodePtr root = document.root();
     EXPECT_FALSE(document.open(ksRoomFile(), [](double) { return false; }));
     EXPECT_EQ(document.root(), root);
+    // Not asked first only.
+    EXPECT_FALSE(document.open(ksRoomFile(), [](double done) { return done < 0.5; }));
+    EXPECT_EQ(document.root(), root);
+    double last = 0;
+    EXPECT_TRUE(document.open(ksRoomFile(), [&last](double done) {
+        EXPECT_GE(done, 0);
+        last = done;
+        return true;
+    }));
+    EXPECT_EQ(last, 1);
+}
+
+/// What observes the history is told of a step that a menu takes, too.
+TEST_F(ksDocumentTest, TellsTheObserverOfEveryStep)
+{
+    document.open(ksRoomFile());
+    setMask("Table", 1);
+    int calls = 0;
+    document.history().setObserver([&calls] { ++calls; });
+    document.stack().undo();
+    EXPECT_EQ(calls, 1);
+    document.history().redo();
+    EXPECT_EQ(calls, 2);
+    document.history().setObserver({});
 }
 
 TEST_F(ksDocumentTest, IsModifiedUntilItIsSaved)
