@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include <editor/session/ksEditorSession.h>
+#include <editor/window/ksWindowSession.h>
 
 #include <iostream>
 
 int main(int argc, char **argv)
 {
-    return ksEditorSession(std::cout, std::cerr).start(argc, argv);
+    return ksWindowSession(std::cout, std::cerr).start(argc, argv);
 }

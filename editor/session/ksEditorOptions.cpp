@@ -10,8 +10,9 @@ namespace {
 class Reader
 {
 public:
-    explicit Reader(const QStringList &line)
+    Reader(const QStringList &line, ksEditorOptions::Window offered)
         : arguments(line)
+        , window(offered)
     {}
 
     ksEditorOptions read()
@@ -38,6 +39,10 @@ private:
             setDetail(ksRecordStyle::Verbose);
         else if (argument == QLatin1String("--json"))
             options.record.json = true;
+        else if (argument == QLatin1String("--screenshot"))
+            setOnce(options.screenshot, valueOf(argument, "a file"), "screenshot");
+        else if (argument == QLatin1String("--select"))
+            setOnce(options.selected, valueOf(argument, "a name"), "selection");
         else if (argument == QLatin1String("--script"))
             setOnce(options.script, valueOf(argument, "a file"), "script");
         else if (argument == QLatin1String("--output"))
@@ -87,17 +92,35 @@ private:
         options.record.detail = detail;
     }
 
-    void check() const
+    void check()
     {
+        if (!isHeadless && window == ksEditorOptions::Window::Offered) {
+            options.task = ksEditorOptions::ShowWindow;
+            refuseOptionsOfHeadless();
+            return;
+        }
         if (!isHeadless)
             throw ksEditorError("--headless is missing");
+        if (!options.screenshot.isEmpty() || !options.selected.isEmpty())
+            throw ksEditorError(
+                "--screenshot and --select are for the window, which --headless goes without");
         if (options.model.isEmpty())
             throw ksEditorError("no model is given");
         if (hasScriptArguments && options.script.isEmpty())
             throw ksEditorError("there are arguments for a script, but there is no script");
     }
 
+    void refuseOptionsOfHeadless() const
+    {
+        const bool isAsIs = options.script.isEmpty() && options.output.isEmpty() && !hasScriptArguments &&
+                            options.record.detail == ksRecordStyle::Short && !options.record.json &&
+                            options.timeLimit == 0 && options.memoryLimit == 0;
+        if (!isAsIs)
+            throw ksEditorError("--headless is missing, which the other options need");
+    }
+
     const QStringList arguments;
+    const ksEditorOptions::Window window;
     int at = 0;
     ksEditorOptions options;
     bool isHeadless = false;
@@ -106,16 +129,28 @@ private:
 
 } // namespace
 
-QString ksEditorOptions::usage()
+QString ksEditorOptions::usage(const QString &program, Window window)
 {
-    return QStringLiteral("--headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]");
+    const QString headless =
+        program +
+        QStringLiteral(" --headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]");
+    return window == Window::None ? headless
+                                  : program +
+                                        QStringLiteral(" [MODEL] [--select NODE] [--screenshot FILE]\n"
+                                                       "       ") +
+                                        headless;
 }
 
-QString ksEditorOptions::help(const QString &ownStatus)
+QString ksEditorOptions::help(Window window, const QString &ownStatus)
 {
-    return QStringLiteral(
+    const QString ofWindow =
+        window == Window::None
+            ? QString()
+            : QStringLiteral("  --select NODE           select the node of that name in the window\n"
+                             "  --screenshot FILE       write a picture of the window, and exit\n");
+    return QStringLiteral("  MODEL                   a file of any format that Assimp reads\n") + ofWindow +
+           QStringLiteral(
                "  --headless              run without a window\n"
-               "  MODEL                   a file of any format that Assimp reads\n"
                "  --script FILE           run a script, written in JavaScript, on the model\n"
                "  --output FILE           save the edited model in a file, .gltf or .glb\n"
                "  -- ARGUMENT...          what the script finds in its array \"args\"\n"
@@ -133,10 +168,12 @@ QString ksEditorOptions::help(const QString &ownStatus)
                "  1  the model cannot be read\n"
                "  2  the arguments are wrong\n"
                "  3  the script cannot be read, ended by an error, or was ended\n") +
-           ownStatus + QStringLiteral("  5  something that was to be written cannot be\n");
+           ownStatus + QStringLiteral("  5  something that was to be written cannot be\n") +
+           (window == Window::None ? QString()
+                                   : QStringLiteral("  6  there is no screen to show the window on\n"));
 }
 
-ksEditorOptions ksEditorOptions::parse(const QStringList &arguments)
+ksEditorOptions ksEditorOptions::parse(const QStringList &arguments, Window window)
 {
-    return Reader(arguments).read();
+    return Reader(arguments, window).read();
 }

@@ -12,8 +12,8 @@
 #include <memory>
 
 ksEditorSession::ksEditorSession(std::ostream &record, std::ostream &errorStream)
-    : ksHeadlessSession("ks-editor", "Edits a 3D model as a script says, and writes a line a step.", record,
-                        errorStream)
+    : ksHeadlessSession("ks-editor", "Edits 3D models, in a window, or as a script says with a line a step.",
+                        record, errorStream)
 {}
 
 int ksEditorSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,

@@ -10,7 +10,7 @@ public:
     /// Both must outlive the session.
     ksEditorSession(std::ostream &record, std::ostream &errorStream);
 
-private:
+protected:
     int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
              ksVerdict &verdict) override;
 };

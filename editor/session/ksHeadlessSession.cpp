@@ -77,7 +77,7 @@ int ksHeadlessSession::start(int argc, char **argv)
     colouredErrors = showsColours(STDERR_FILENO);
     ksEditorOptions options;
     try {
-        options = ksEditorOptions::parse(argumentsOf(argc, argv));
+        options = ksEditorOptions::parse(argumentsOf(argc, argv), window());
     } catch (const ksEditorError &error) {
         complain(QString::fromUtf8(error.what()));
         errors << "usage: " << usage().toStdString() << '\n';
@@ -85,27 +85,34 @@ int ksHeadlessSession::start(int argc, char **argv)
     }
     if (options.task == ksEditorOptions::ShowHelp)
         return show(QStringLiteral("Usage: ") + usage() + QStringLiteral("\n\n") + QLatin1String(purpose) +
-                    QStringLiteral("\n\n") + ksEditorOptions::help(QLatin1String(ownStatusHelp())));
+                    QStringLiteral("\n\n") + ksEditorOptions::help(window(), QLatin1String(ownStatusHelp())));
     if (options.task == ksEditorOptions::ShowVersion)
         return show(QLatin1String(name) + QStringLiteral(" " KSUNDO_VERSION "\n"));
 
     options.record.colours = showsColours(STDOUT_FILENO);
     QCoreApplication::setApplicationName(QString::fromLatin1(name));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KSUNDO_VERSION));
     qtMessages = [this](const QString &text) { warn(text); };
     qInstallMessageHandler(takeQtMessage);
     const auto resetHandler = qScopeGuard([] { qInstallMessageHandler(nullptr); });
     osg::ChangeList::setReadWriteDefault();
     osg::osgInit(argc, argv);
+    const auto exit = qScopeGuard([] { osg::osgExit(); });
+    if (options.task == ksEditorOptions::ShowWindow)
+        return showWindow(options, argv);
     int applicationArguments = 1;
     const QCoreApplication application(applicationArguments, argv);
-    const int exitCode = run(options);
-    osg::osgExit();
-    return exitCode;
+    return run(options);
+}
+
+int ksHeadlessSession::showWindow(const ksEditorOptions &, char **)
+{
+    return UsageError;
 }
 
 QString ksHeadlessSession::usage() const
 {
-    return QLatin1String(name) + QLatin1Char(' ') + ksEditorOptions::usage();
+    return ksEditorOptions::usage(QLatin1String(name), window());
 }
 
 int ksHeadlessSession::show(const QString &text)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/session/ksEditorOptions.h>
+
 #include <OpenSG/OSGNode.h>
 #include <OpenSG/OSGRefPtr.h>
 
@@ -14,9 +16,8 @@
 class ksRecord;
 class ksScriptEngine;
 class ksVerdict;
-struct ksEditorOptions;
 
-/// One run of a program without a window: opens a model and edits it.
+/// One run of a program: opens a model and edits it, without a window unless a derived class brings one.
 class ksHeadlessSession
 {
 public:
@@ -27,7 +28,8 @@ public:
         ModelError = 1,
         UsageError = 2,
         ScriptError = 3,
-        OutputError = 5
+        OutputError = 5,
+        WindowError = 6
     };
 
     /// \a program is what the program is called in all that it says, \a summary what it does, in a sentence.
@@ -57,6 +59,16 @@ protected:
     virtual int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
                      ksVerdict &verdict) = 0;
 
+    /// Whether there is a window.
+    virtual ksEditorOptions::Window window() const { return ksEditorOptions::Window::None; }
+
+    /// What start() does when the options ask for a window. Qt is to be started with argv[0]. Returns the
+    /// exit code.
+    virtual int showWindow(const ksEditorOptions &options, char **argv);
+
+    /// Shows \a text as an error.
+    void complain(const QString &text) const;
+
     /// What the help says of exit codes that are the program's own, a line each.
     virtual const char *ownStatusHelp() const { return ""; }
 
@@ -80,7 +92,6 @@ private:
 
     /// Shows \a text as a warning, which the verdict counts.
     void warn(const QString &text);
-    void complain(const QString &text) const;
 
     QString usage() const;
 

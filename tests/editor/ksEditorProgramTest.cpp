@@ -14,7 +14,8 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 const std::string Usage =
-    "ks-editor --headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]\n";
+    "ks-editor [MODEL] [--select NODE] [--screenshot FILE]\n"
+    "       ks-editor --headless MODEL [OPTION...] [--output FILE] [--script FILE [-- ARGUMENT...]]\n";
 
 ksProgram runEditor(const QStringList &arguments)
 {
@@ -47,7 +48,7 @@ TEST(ksEditorProgram, RunsTheScriptOfTheRoom)
 TEST(ksEditorProgram, ShowsTheUsageForAWrongCommandLine)
 {
     const std::pair<QStringList, std::string> cases[] = {
-        {{}, "--headless is missing"},
+        {{QStringLiteral("--quiet")}, "--headless is missing, which the other options need"},
         {{QStringLiteral("--headless")}, "no model is given"},
         {{QStringLiteral("--headless"), QStringLiteral("--wat"), ksRoomFile()}, "unknown option --wat"}};
     for (const auto &[arguments, reason] : cases) {
@@ -63,12 +64,21 @@ TEST(ksEditorProgram, SaysWhatItIs)
     const ksProgram help = runEditor({QStringLiteral("--help")});
     EXPECT_EQ(help.exitCode, 0);
     EXPECT_EQ(help.errors, "");
-    EXPECT_THAT(help.output, StartsWith("Usage: " + Usage + "\nEdits a 3D model as a script says"));
+    EXPECT_THAT(help.output, StartsWith("Usage: " + Usage + "\nEdits 3D models, in a window"));
     EXPECT_THAT(help.output, HasSubstr("\n  --script FILE  "));
     const ksProgram version = runEditor({QStringLiteral("--version")});
     EXPECT_EQ(version.exitCode, 0);
     EXPECT_EQ(version.errors, "");
     EXPECT_EQ(version.output, "ks-editor " KSUNDO_VERSION "\n");
+}
+
+TEST(ksEditorProgram, SaysThatThereIsNoScreen)
+{
+    const ksProgram run = runEditor({});
+    EXPECT_EQ(run.exitCode, 6);
+    EXPECT_EQ(run.errors,
+              "ks-editor: there is no screen for the window; --headless goes without: could not connect "
+              "to display\n");
 }
 
 TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)

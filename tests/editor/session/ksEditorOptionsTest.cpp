@@ -66,6 +66,29 @@ TEST(ksEditorOptions, TakesLimits)
     EXPECT_EQ(parse("--headless room.gltf --memory-limit 512").memoryLimit, 512);
 }
 
+TEST(ksEditorOptions, TakesWhatTheWindowShows)
+{
+    const auto parseWithWindow = [](const char *line) {
+        return ksEditorOptions::parse(QString::fromUtf8(line).split(QLatin1Char(' '), Qt::SkipEmptyParts),
+                                      ksEditorOptions::Window::Offered);
+    };
+    EXPECT_EQ(parseWithWindow("").task, ksEditorOptions::ShowWindow);
+    EXPECT_EQ(parseWithWindow("").model, QString());
+    const ksEditorOptions options = parseWithWindow("room.gltf --select Table --screenshot room.png");
+    EXPECT_EQ(options.task, ksEditorOptions::ShowWindow);
+    EXPECT_EQ(options.model, QStringLiteral("room.gltf"));
+    EXPECT_EQ(options.selected, QStringLiteral("Table"));
+    EXPECT_EQ(options.screenshot, QStringLiteral("room.png"));
+    EXPECT_EQ(parseWithWindow("--headless room.gltf").task, ksEditorOptions::EditModel);
+    for (const char *line :
+         {"--script a.js", "--output a.glb", "--quiet", "--json", "--time-limit 1", "-- a"})
+        EXPECT_EQ(ksErrorOf([&] { parseWithWindow(line); }),
+                  "--headless is missing, which the other options need");
+    for (const char *line : {"--headless a.obj --select b", "--headless a.obj --screenshot b.png"})
+        EXPECT_EQ(ksErrorOf([&] { parseWithWindow(line); }),
+                  "--screenshot and --select are for the window, which --headless goes without");
+}
+
 TEST(ksEditorOptions, RefusesAnythingElse)
 {
     EXPECT_EQ(refusal(""), "--headless is missing");

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include <editor/document/ksDocument.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/window/ksOutline.h>
+#include <editor/window/ksOutlineModel.h>
+
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksUndoStack.h>
+
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+#include <QSortFilterProxyModel>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace {
+
+/// The node that shows that the fields \a mask of the container with the id \a id have changed; NullFC when
+/// there is none, and for fields of a node that follow from edits of others.
+osg::NodePtr changedNode(osg::UInt32 id, osg::BitVector mask)
+{
+    const auto container = ksFindContainer<osg::FieldContainerPtr>(id);
+    const osg::NodePtr node = osg::NodePtr::dcast(container);
+    constexpr osg::BitVector Own = osg::Node::TravMaskFieldMask | osg::Node::AttachmentsFieldMask |
+                                   osg::Node::CoreFieldMask | osg::Node::ParentFieldMask;
+    if (node != osg::NullFC)
+        return (mask & Own) != 0 ? node : osg::NodePtr();
+    return container == osg::NullFC ? osg::NodePtr() : ksContainers::ownerOf(container);
+}
+
+} // namespace
+
+ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
+    : QWidget(parent)
+    , document(shownDocument)
+    , outline(new ksOutlineModel(shownDocument, this))
+    , filtered(new QSortFilterProxyModel(this))
+    , filter(new QLineEdit(this))
+    , view(new QTreeView(this))
+{
+    // The view forgets what goes, and chooses something else, but a step back brings it back selected. These
+    // must be told before the view is.
+    connect(outline, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { isSyncing = true; });
+    connect(outline, &QAbstractItemModel::rowsRemoved, this, [this] {
+        isSyncing = false;
+        isStale = true;
+    });
+    connect(outline, &QAbstractItemModel::rowsInserted, this, [this] { isStale = true; });
+    filtered->setRecursiveFilteringEnabled(true);
+    filtered->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    filtered->setFilterKeyColumn(ksOutlineModel::NameColumn);
+    filtered->setSourceModel(outline);
+    filter->setPlaceholderText(tr("Filter by name"));
+    filter->setAccessibleName(tr("Filter of the outline"));
+    filter->setClearButtonEnabled(true);
+
+    view->setModel(filtered);
+    view->setAccessibleName(tr("Outline"));
+    view->setUniformRowHeights(true);
+    view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view->setEditTriggers(QAbstractItemView::EditKeyPressed | QAbstractItemView::SelectedClicked);
+    view->setDragDropMode(QAbstractItemView::InternalMove);
+    view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    view->header()->setStretchLastSection(false);
+    view->header()->setSectionResizeMode(ksOutlineModel::NameColumn, QHeaderView::Stretch);
+    view->header()->setSectionResizeMode(ksOutlineModel::VisibilityColumn, QHeaderView::Fixed);
+    view->header()->resizeSection(ksOutlineModel::VisibilityColumn,
+                                  view->header()->sectionSizeHint(ksOutlineModel::VisibilityColumn));
+    view->header()->setAccessibleName(tr("Columns of the outline"));
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(4, 4, 4, 4);
+    layout->setSpacing(4);
+    layout->addWidget(filter);
+    layout->addWidget(view);
+
+    connect(filter, &QLineEdit::textChanged, this, [this](const QString &text) {
+        {
+            const QScopedValueRollback<bool> guard(isSyncing, true);
+            filtered->setFilterFixedString(text);
+            if (text.isEmpty())
+                view->expandToDepth(0);
+            else
+                view->expandAll();
+        }
+        showSelection();
+    });
+    connect(outline, &ksOutlineModel::refused, this, &ksOutline::refused);
+    connect(filtered, &QAbstractItemModel::modelReset, this, [this] { view->expandToDepth(0); });
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ksOutline::takeSelection);
+    connect(&document.selection(), &ksSelection::changed, this, &ksOutline::showSelection);
+    connect(&document, &ksDocument::changed, this, &ksOutline::noteEdited);
+    const auto revealEdited = [this] {
+        if (edited != 0)
+            reveal(edited);
+    };
+    connect(&document.stack(), &ksUndoStack::undoPerformed, this, revealEdited);
+    connect(&document.stack(), &ksUndoStack::redoPerformed, this,
+            [revealEdited](const QUndoCommand *, bool isAdded) {
+                if (!isAdded)
+                    revealEdited();
+            });
+    view->expandToDepth(0);
+}
+
+ksOutline::~ksOutline() = default;
+
+void ksOutline::selectAll()
+{
+    ksSelection::Ids ids;
+    ksContainers::visitNodes(document.root(), [this, &ids](const osg::NodePtr &node) {
+        if (node != document.root())
+            ids.push_back(node.getFieldContainerId());
+    });
+    document.selection().set(ids);
+}
+
+void ksOutline::editName()
+{
+    const osg::NodePtr node = document.selection().current();
+    if (node == osg::NullFC)
+        return;
+    reveal(node.getFieldContainerId());
+    if (const QModelIndex index = proxyIndexOf(node.getFieldContainerId()); index.isValid()) {
+        view->setFocus();
+        view->edit(index);
+    }
+}
+
+void ksOutline::reveal(osg::UInt32 id)
+{
+    if (const QModelIndex index = proxyIndexOf(id); index.isValid())
+        view->scrollTo(index);
+}
+
+QModelIndex ksOutline::proxyIndexOf(osg::UInt32 id) const
+{
+    return filtered->mapFromSource(outline->indexOf(id));
+}
+
+void ksOutline::showSelection()
+{
+    if (isSyncing)
+        return;
+    const QScopedValueRollback<bool> guard(isSyncing, true);
+    QItemSelection selection;
+    QModelIndex current;
+    for (const osg::UInt32 id : document.selection().ids())
+        if (const QModelIndex index = proxyIndexOf(id); index.isValid()) {
+            selection.append(
+                QItemSelectionRange(index, index.siblingAtColumn(ksOutlineModel::VisibilityColumn)));
+            current = index;
+        }
+    if (current.isValid())
+        view->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    view->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    if (current.isValid())
+        view->scrollTo(current);
+}
+
+void ksOutline::takeSelection()
+{
+    if (isSyncing)
+        return;
+    const QScopedValueRollback<bool> guard(isSyncing, true);
+    // Those that were selected already keep their order, so that the last one is the latest.
+    ksSelection::Ids chosen;
+    for (const QModelIndex &index : view->selectionModel()->selectedRows())
+        chosen.push_back(outline->nodeAt(filtered->mapToSource(index)).getFieldContainerId());
+    std::sort(chosen.begin(), chosen.end());
+    ksSelection::Ids ids;
+    const auto isChosen = [&chosen](osg::UInt32 id) {
+        return std::binary_search(chosen.begin(), chosen.end(), id);
+    };
+    std::copy_if(document.selection().ids().begin(), document.selection().ids().end(),
+                 std::back_inserter(ids), isChosen);
+    ksSelection::Ids known = ids;
+    std::sort(known.begin(), known.end());
+    std::set_difference(chosen.begin(), chosen.end(), known.begin(), known.end(), std::back_inserter(ids));
+    document.selection().set(ids);
+}
+
+void ksOutline::noteEdited(const ksSceneChanges &changes)
+{
+    if (std::exchange(isStale, false))
+        showSelection();
+    // The first of several, whatever their order is here.
+    edited = 0;
+    for (const auto &[id, mask] : changes.fields)
+        if (const osg::NodePtr node = changedNode(id, mask); node != osg::NullFC) {
+            const osg::UInt32 found = node.getFieldContainerId();
+            if (outline->indexOf(found).isValid() && (edited == 0 || found < edited))
+                edited = found;
+        }
+}

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <editor/session/ksEditorSession.h>
+
+class ksDocument;
+class ksMainWindow;
+
+/// A session of ks-editor: shows the window, unless it is to go without one.
+class ksWindowSession : public ksEditorSession
+{
+public:
+    using ksEditorSession::ksEditorSession;
+
+protected:
+    ksEditorOptions::Window window() const override { return ksEditorOptions::Window::Offered; }
+
+    /// Returns ModelError when the model cannot be read or has no node to select, OutputError when the
+    /// picture cannot be written, WindowError when there is no screen to show the window on.
+    int showWindow(const ksEditorOptions &options, char **argv) override;
+
+private:
+    int takePicture(ksDocument &document, ksMainWindow &window, const ksEditorOptions &options) const;
+};
