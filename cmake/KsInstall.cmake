@@ -88,5 +88,6 @@ install(
     COMPONENT docs
     FILES_MATCHING
     PATTERN "*.md"
+    PATTERN "*.png"
     PATTERN "*.svg"
     PATTERN site EXCLUDE)

@@ -31,7 +31,7 @@ if(HELP2MAN AND NOT KSUNDO_SANITIZE)
     set(page ${PROJECT_BINARY_DIR}/package/ks-editor.1)
     add_custom_command(
         OUTPUT ${page}.gz
-        COMMAND ${HELP2MAN} --no-info --name "edit 3D models by scripts" --output ${page} $<TARGET_FILE:ks-editor>
+        COMMAND ${HELP2MAN} --no-info --name "edit 3D models, every edit undoable" --output ${page} $<TARGET_FILE:ks-editor>
         COMMAND gzip -9 --no-name --force ${page}
         DEPENDS ks-editor
         VERBATIM)

@@ -13,6 +13,7 @@
 #include <QSortFilterProxyModel>
 #include <QTreeView>
 #include <QVBoxLayout>
+#include <QVector>
 
 #include <algorithm>
 #include <iterator>
@@ -34,6 +35,21 @@ osg::NodePtr changedNode(osg::UInt32 id, osg::BitVector mask)
     return container == osg::NullFC ? osg::NodePtr() : ksContainers::ownerOf(container);
 }
 
+/// A tree whose rows are of one height.
+class Tree : public QTreeView
+{
+public:
+    using QTreeView::QTreeView;
+
+protected:
+    /// QTreeView looks for the row among all that are open, to see whether its height is another one.
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles) override
+    {
+        QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+    }
+};
+
 } // namespace
 
 ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
@@ -42,7 +58,7 @@ ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
     , outline(new ksOutlineModel(shownDocument, this))
     , filtered(new QSortFilterProxyModel(this))
     , filter(new QLineEdit(this))
-    , view(new QTreeView(this))
+    , view(new Tree(this))
 {
     // The view forgets what goes, and chooses something else, but a step back brings it back selected. These
     // must be told before the view is.

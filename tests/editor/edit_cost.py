@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Expects that a scripted edit costs what it changes and not what the scene holds.
+"""Expects that an edit costs what it changes and not what the scene holds: one of a script, or one in the window.
 
-usage: edit_cost.py EDITOR
+usage: edit_cost.py script EDITOR
+       edit_cost.py window WINDOW_COST
 
 Counts the instructions of edits that are undone, of one node among few and among many, and fails when they differ by more than a
 quarter.
@@ -27,11 +28,14 @@ for (var i = 1; i <= Number(args[0]); ++i) {
 """
 
 
-def instructions(editor, model, script, edits):
-    """What a run of the editor takes that makes so many edits."""
+def instructions(program, model, script, edits):
+    """What a run of the program takes that makes so many edits."""
+    arguments = {
+        "script": ["--headless", model, "--script", script, "--", str(edits)],
+        "window": [model, "Node 1", str(edits)],
+    }[sys.argv[1]]
     run = subprocess.run(
-        ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null", editor, "--headless", model]
-        + ["--script", script, "--", str(edits)],
+        ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null", program] + arguments,
         stdout=subprocess.DEVNULL,
         stderr=subprocess.PIPE,
         text=True,
@@ -42,21 +46,21 @@ def instructions(editor, model, script, edits):
     return int(collected[1])
 
 
-def cost_of_an_edit(editor, folder, count):
+def cost_of_an_edit(program, folder, count):
     nodes = [{"name": "Root", "children": list(range(1, count))}] + [{"name": f"Node {i}"} for i in range(1, count)]
     model = folder / "model.gltf"
     model.write_text(json.dumps({"asset": {"version": "2.0"}, "nodes": nodes, "scenes": [{"nodes": [0]}], "scene": 0}))
     script = folder / "edits.js"
     script.write_text(SCRIPT)
     # What it costs to open the model, and to compile what the script calls, is in both.
-    base = instructions(editor, model, script, EDITS)
-    return (instructions(editor, model, script, 3 * EDITS) - base) / (2 * EDITS)
+    base = instructions(program, model, script, EDITS)
+    return (instructions(program, model, script, 3 * EDITS) - base) / (2 * EDITS)
 
 
 def main():
     with tempfile.TemporaryDirectory() as name:
-        few, many = (cost_of_an_edit(sys.argv[1], pathlib.Path(name), count) for count in (FEW, MANY))
-    print(f"instructions of two edits and an undo: {few:.0f} among {FEW} nodes, {many:.0f} among {MANY}")
+        few, many = (cost_of_an_edit(sys.argv[2], pathlib.Path(name), count) for count in (FEW, MANY))
+    print(f"instructions of a few edits: {few:.0f} among {FEW} nodes, {many:.0f} among {MANY}")
     sys.exit(0 if abs(many - few) <= TOLERANCE * few else 1)
 
 
