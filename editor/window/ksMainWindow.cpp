@@ -261,6 +261,8 @@ void ksMainWindow::makeViewMenu()
     connect(local, &QAction::toggled, this, [this](bool isLocal) {
         view->setSpace(isLocal ? ksViewport::Space::Local : ksViewport::Space::World);
     });
+    connect(view, &ksViewport::spaceChanged, local,
+            [local](ksViewport::Space space) { local->setChecked(space == ksViewport::Space::Local); });
     bar->addAction(local);
     menu->addSeparator();
     bar->addSeparator();

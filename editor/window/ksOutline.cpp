@@ -42,11 +42,13 @@ public:
     using QTreeView::QTreeView;
 
 protected:
-    /// QTreeView looks for the row among all that are open, to see whether its height is another one.
+    /// QTreeView looks for the row among all that are open, to see whether its height is another one, and for
+    /// the place of a single cell. Whole rows are drawn along with the others that can be seen.
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QVector<int> &roles) override
     {
-        QAbstractItemView::dataChanged(topLeft, bottomRight, roles);
+        QAbstractItemView::dataChanged(topLeft.siblingAtColumn(ksOutlineModel::NameColumn),
+                                       bottomRight.siblingAtColumn(ksOutlineModel::VisibilityColumn), roles);
     }
 };
 

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include <editor/viewport/ksNodePlace.h>
+#include <editor/viewport/ksViewMath.h>
+
+#include <ksNodeUtils.h>
+
+namespace {
+
+/// From the space of \a node to the world.
+QMatrix4x4 matrixAbove(osg::NodePtr node)
+{
+    QMatrix4x4 matrix;
+    for (; node != osg::NullFC; node = node->getParent())
+        if (const auto transform = osg::TransformPtr::dcast(node->getCore()); transform != osg::NullFC)
+            matrix = ksToQt(transform->getMatrix()) * matrix;
+    return matrix;
+}
+
+} // namespace
+
+ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
+    : node(placed)
+    , transform(ksNodeUtils::getTransform3D(placed, -1))
+    , toWorld(matrixAbove(placed->getParent()))
+    , toParent(toWorld.inverted(&isInvertible))
+    , translation(ksToQt(transform->getTranslation()))
+    , euler(ksToQt(transform->getEulerRotation()))
+    , scale(ksToQt(transform->getScale()))
+{
+    const osg::Quaternion &turn = transform->getRotation();
+    rotation = QQuaternion(turn.w(), turn.x(), turn.y(), turn.z());
+    rotation = rotation.isNull() ? QQuaternion() : rotation.normalized();
+    for (int axis = 0; axis < 3; ++axis)
+        orientation[std::size_t(axis)] = ksToQt(transform->getOrientedAxis(axis));
+}
+
+ksHandleFrame ksNodePlace::frame(ksViewTool tool, bool isWorld) const
+{
+    ksHandleFrame frame;
+    frame.origin = toWorld.map(tool == ksViewTool::Scale ? scalePivot() : turnPivot());
+    for (std::size_t axis = 0; axis < 3 && !isWorld; ++axis) {
+        const QVector3D along = toWorld.mapVector(rotation.rotatedVector(orientation[axis])).normalized();
+        if (!along.isNull())
+            frame.axes[axis] = along;
+    }
+    return frame;
+}
+
+QVector3D ksNodePlace::turnPivot() const
+{
+    return translation + ksToQt(transform->getRotatePivotTranslation()) + ksToQt(transform->getRotatePivot());
+}
+
+QVector3D ksNodePlace::scalePivotWith(const QQuaternion &turn) const
+{
+    const QVector3D way = ksToQt(transform->getScalePivotTranslation()) + ksToQt(transform->getScalePivot()) -
+                          ksToQt(transform->getRotatePivot());
+    return turnPivot() + turn.rotatedVector(orientationTurn().rotatedVector(way));
+}
+
+QQuaternion ksNodePlace::orientationTurn() const
+{
+    return QQuaternion::fromAxes(orientation[0], orientation[1], orientation[2]);
+}

@@ -1,0 +1,458 @@
+// SPDX-License-Identifier: MIT
+#include "../ksEditorFixture.h"
+#include <editor/document/ksDocument.h>
+#include <editor/document/ksDocumentHistory.h>
+#include <editor/document/ksNodeEdits.h>
+#include <editor/edits/ksFieldEdits.h>
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/viewport/ksViewport.h>
+
+#include <OSGTransform3D.h>
+#include <OSGUBRDFMaterial.h>
+#include <ksNodeUtils.h>
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <vector>
+
+namespace {
+
+using Kind = ksHandle::Kind;
+using Tool = ksViewport::Tool;
+
+class ksViewportTest : public testing::Test
+{
+protected:
+    ksViewportTest()
+    {
+        document.open(ksRoomFile());
+        viewport.resize(600, 400);
+        viewport.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&viewport));
+    }
+
+    osg::NodePtr node(const char *name) const { return ksFindNode(document.root(), name); }
+    static osg::Transform3DPtr transform(const osg::NodePtr &node)
+    {
+        return ksNodeUtils::getTransform3D(node, -1);
+    }
+    int steps() const { return document.stack().count(); }
+    void undo() { document.stack().undo(); }
+
+    /// Where the middle of \a node's own mesh is in the picture.
+    QPoint placeOf(const osg::NodePtr &node) const
+    {
+        const osg::NodePtr meshNode = node->getChild(node->getNChildren() - 1);
+        ksMeshBounds boxes;
+        const QVector3D centre = boxes.of(osg::ksMeshPtr::dcast(meshNode->getCore())).centre();
+        return viewport.camera().project(ksToQt(matrixOf(node)).map(centre)).toPoint();
+    }
+    static osg::Matrix matrixOf(osg::NodePtr node)
+    {
+        osg::Matrix matrix;
+        for (; node != osg::NullFC; node = node->getParent())
+            if (const auto core = osg::TransformPtr::dcast(node->getCore()); core != osg::NullFC)
+                matrix.multLeft(core->getMatrix());
+        return matrix;
+    }
+
+    void press(const QPointF &place, Qt::KeyboardModifiers keys = {})
+    {
+        send(QEvent::MouseButtonPress, place, keys);
+    }
+    void move(const QPointF &place, Qt::KeyboardModifiers keys = {}) { send(QEvent::MouseMove, place, keys); }
+    void release(const QPointF &place, Qt::KeyboardModifiers keys = {})
+    {
+        send(QEvent::MouseButtonRelease, place, keys);
+    }
+    void click(const QPointF &place, Qt::KeyboardModifiers keys = {})
+    {
+        press(place, keys);
+        release(place, keys);
+    }
+
+    /// Presses at \a from and goes \a way in \a moves steps.
+    void pull(const QPointF &from, const QPointF &way, int moves, Qt::KeyboardModifiers keys = {})
+    {
+        press(from, keys);
+        for (int i = 1; i <= moves; ++i)
+            move(from + way * i / moves, keys);
+    }
+    void drag(const QPointF &from, const QPointF &way, int moves = 5, Qt::KeyboardModifiers keys = {})
+    {
+        pull(from, way, moves, keys);
+        release(from + way, keys);
+    }
+    QPointF grip(Kind kind, int axis) { return viewport.handles()->grip({kind, axis}); }
+
+    /// Chooses \a tool for \a nodes.
+    void grasp(Tool tool, const std::vector<osg::NodePtr> &nodes)
+    {
+        ksSelection::Ids ids;
+        for (const osg::NodePtr &each : nodes)
+            ids.push_back(each.getFieldContainerId());
+        document.selection().set(ids);
+        viewport.setTool(tool);
+    }
+
+    ksDocument document;
+    ksViewport viewport{document};
+
+private:
+    /// As the user's mouse does: to what lies on top there.
+    void send(QEvent::Type type, const QPointF &place, Qt::KeyboardModifiers keys)
+    {
+        QWidget *below = viewport.childAt(place.toPoint());
+        QWidget *receiver = below != nullptr ? below : &viewport;
+        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, receiver->mapFrom(&viewport, place.toPoint()),
+                          viewport.mapToGlobal(place.toPoint()), button, buttons, keys);
+        QApplication::sendEvent(receiver, &event);
+    }
+};
+
+std::vector<float> valuesOf(const osg::Transform3DPtr &transform)
+{
+    std::vector<float> values;
+    for (const osg::Vec3f &value : {transform->getTranslation(), transform->getEulerRotation(),
+                                    transform->getScale(), transform->getShear()})
+        values.insert(values.end(), value.getValues(), value.getValues() + 3);
+    const osg::Quaternion &rotation = transform->getRotation();
+    values.insert(values.end(), rotation.getValues(), rotation.getValues() + 4);
+    return values;
+}
+
+/// How many pixels differ.
+int differences(const QImage &one, const QImage &other)
+{
+    int count = 0;
+    for (int y = 0; y < one.height(); ++y)
+        for (int x = 0; x < one.width(); ++x)
+            count += one.pixel(x, y) != other.pixel(x, y) ? 1 : 0;
+    return count;
+}
+
+const ksTransformProperty &translation()
+{
+    return *ksTransformEdits::find(QStringLiteral("translation"));
+}
+
+} // namespace
+
+TEST_F(ksViewportTest, ShowsAnEditAndItsUndo)
+{
+    ASSERT_TRUE(viewport.canDraw());
+    const QImage before = viewport.picture();
+    const ksOrbitCamera camera = viewport.camera();
+    document.add(translation().make({node("Chair")}, osg::Vec3f(-1, 0, 1), {}, nullptr));
+    EXPECT_GT(differences(before, viewport.picture()), 500);
+    undo();
+    EXPECT_EQ(differences(before, viewport.picture()), 0);
+    EXPECT_TRUE(viewport.camera() == camera);
+
+    const auto brass = osg::UBRDFMaterialPtr::dcast(
+        osg::ksMeshPtr::dcast(node("Clock")->getChild(0)->getCore())->getMaterial());
+    document.add(ksFieldEdits::make(QStringLiteral("Paint"), brass, QStringLiteral("baseColor"),
+                                    QVariantList{0.1, 0.2, 0.9}, ksMerging::Never));
+    EXPECT_GT(differences(before, viewport.picture()), 50);
+    undo();
+    EXPECT_EQ(differences(before, viewport.picture()), 0);
+}
+
+TEST_F(ksViewportTest, DoesNotShowWhatIsNotRecorded)
+{
+    const QImage before = viewport.picture();
+    const osg::NodePtr table = node("Table");
+    table->setTravMask(0);
+    ksNodeEdits::rename(document, node("Chair"), QStringLiteral("Stool"));
+    EXPECT_EQ(differences(before, viewport.picture()), 0);
+    osg::endEditCP(table, osg::Node::TravMaskFieldMask);
+    ksNodeEdits::rename(document, node("Stool"), QStringLiteral("Chair"));
+    EXPECT_GT(differences(before, viewport.picture()), 500);
+}
+
+TEST_F(ksViewportTest, ShowsNoHiddenNodes)
+{
+    const QImage before = viewport.picture();
+    const osg::NodePtr book = node("Book");
+    const QPoint place = placeOf(book);
+    click(place);
+    EXPECT_EQ(document.selection().current(), book);
+    document.selection().clear();
+    ksNodeEdits::show(document, {node("Table")}, false);
+    EXPECT_GT(differences(before, viewport.picture()), 500);
+    click(place);
+    EXPECT_NE(document.selection().current(), book);
+}
+
+TEST_F(ksViewportTest, ShowsTheNextDocument)
+{
+    document.clear();
+    const QImage empty = viewport.picture();
+    document.open(ksRoomFile());
+    EXPECT_GT(differences(empty, viewport.picture()), 10000);
+    document.clear();
+    EXPECT_EQ(differences(empty, viewport.picture()), 0);
+}
+
+TEST_F(ksViewportTest, SelectsByClick)
+{
+    const osg::NodePtr book = node("Book");
+    const osg::NodePtr backrest = node("Backrest");
+    click(placeOf(book));
+    EXPECT_EQ(document.selection().ids(), ksSelection::Ids{book.getFieldContainerId()});
+    click(placeOf(backrest), Qt::ControlModifier);
+    EXPECT_EQ(document.selection().nodes(), (std::vector<osg::NodePtr>{book, backrest}));
+    click(placeOf(book), Qt::ControlModifier);
+    EXPECT_EQ(document.selection().nodes(), std::vector<osg::NodePtr>{backrest});
+    click(QPoint(5, 5), Qt::ControlModifier);
+    EXPECT_EQ(document.selection().nodes(), std::vector<osg::NodePtr>{backrest});
+    click(QPoint(5, 5));
+    EXPECT_TRUE(document.selection().ids().empty());
+}
+
+TEST_F(ksViewportTest, FindsLightsAndNothingLocked)
+{
+    const osg::NodePtr light = node("CeilingSpot")->getChild(0);
+    ASSERT_NE(osg::UberLightPtr::dcast(light->getCore()), osg::NullFC);
+    click(viewport.camera().project(ksToQt(matrixOf(light)).map(QVector3D())));
+    EXPECT_EQ(document.selection().current(), light);
+    // The floor is locked.
+    click(viewport.camera().project(QVector3D(-1.5F, 0, 1.5F)));
+    EXPECT_TRUE(document.selection().ids().empty());
+}
+
+TEST_F(ksViewportTest, SelectsWhatLiesInAFrame)
+{
+    const QPoint seat = placeOf(node("Seat"));
+    drag(QPointF(2, 2), QPointF(590, 390));
+    EXPECT_TRUE(document.selection().contains(node("Table").getFieldContainerId()));
+    EXPECT_FALSE(document.selection().contains(node("Floor").getFieldContainerId())) << "it is locked";
+    drag(seat - QPointF(45, 60), QPointF(90, 120));
+    EXPECT_TRUE(document.selection().contains(node("Seat").getFieldContainerId()));
+    EXPECT_FALSE(document.selection().contains(node("Table").getFieldContainerId())) << "it sticks out";
+    const std::size_t some = document.selection().ids().size();
+    drag(QPointF(2, 2), QPointF(590, 390), 5, Qt::ControlModifier);
+    EXPECT_GT(document.selection().ids().size(), some);
+    drag(QPointF(2, 2), QPointF(20, 20));
+    EXPECT_TRUE(document.selection().ids().empty());
+    EXPECT_EQ(steps(), 0);
+}
+
+TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    const QImage picture = viewport.picture();
+    for (const int moves : {60, 1}) {
+        grasp(Tool::Move, {chair});
+        drag(grip(Kind::Axis, 0), QPointF(40, 10), moves);
+        EXPECT_EQ(steps(), 1);
+        const osg::Vec3f moved = transform(chair)->getTranslation();
+        EXPECT_GT(moved[0], before[0] + 0.2F);
+        EXPECT_NEAR(moved[1], before[1], 1e-5F);
+        EXPECT_NEAR(moved[2], before[2], 1e-5F);
+        undo();
+        EXPECT_EQ(valuesOf(transform(chair)), before);
+        EXPECT_EQ(document.stack().redoText(), QStringLiteral("Move 'Chair'"));
+        document.selection().clear();
+        EXPECT_EQ(differences(picture, viewport.picture()), 0);
+    }
+}
+
+TEST_F(ksViewportTest, TakesTwoDragsAsTwoSteps)
+{
+    const osg::NodePtr chair = node("Chair");
+    grasp(Tool::Move, {chair});
+    drag(grip(Kind::Axis, 1), QPointF(0, -20));
+    const std::vector<float> between = valuesOf(transform(chair));
+    drag(grip(Kind::Axis, 1), QPointF(0, -20));
+    EXPECT_EQ(steps(), 2);
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), between);
+}
+
+TEST_F(ksViewportTest, FollowsTheMouseInAPlane)
+{
+    const osg::NodePtr chair = node("Chair");
+    const osg::Vec3f before = transform(chair)->getTranslation();
+    grasp(Tool::Move, {chair});
+    const QPointF start = viewport.camera().project(viewport.handles()->frame().origin);
+    const QPointF way(30, -12);
+    drag(grip(Kind::Centre, 0), way);
+    const QPointF end = viewport.camera().project(viewport.handles()->frame().origin);
+    EXPECT_NEAR(end.x(), start.x() + way.x(), 1.5);
+    EXPECT_NEAR(end.y(), start.y() + way.y(), 1.5);
+    undo();
+    drag(grip(Kind::Plane, 1), way);
+    EXPECT_NEAR(transform(chair)->getTranslation()[1], before[1], 1e-5F);
+    EXPECT_NE(transform(chair)->getTranslation()[2], before[2]);
+}
+
+TEST_F(ksViewportTest, LeavesNothingAfterEscape)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Move, {chair});
+    pull(grip(Kind::Axis, 0), QPointF(40, 10), 20);
+    EXPECT_EQ(steps(), 1);
+    EXPECT_NE(valuesOf(transform(chair)), before);
+    QTest::keyClick(&viewport, Qt::Key_Escape);
+    EXPECT_EQ(steps(), 0);
+    EXPECT_FALSE(document.stack().canRedo());
+    EXPECT_FALSE(document.isModified());
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+    move(QPointF(300, 200));
+    release(QPointF(300, 200));
+    EXPECT_EQ(steps(), 0);
+    EXPECT_EQ(document.selection().current(), chair);
+}
+
+TEST_F(ksViewportTest, EndsADragWhenSomebodyElseUndoesIt)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Move, {chair});
+    pull(grip(Kind::Axis, 0), QPointF(40, 10), 20);
+    undo();
+    move(QPointF(300, 200));
+    release(QPointF(300, 200));
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+}
+
+TEST_F(ksViewportTest, MovesSeveralInOneStep)
+{
+    const osg::NodePtr chair = node("Chair");
+    const osg::NodePtr vase = node("Vase");
+    const osg::NodePtr flower = node("Flower");
+    const std::vector<float> chairBefore = valuesOf(transform(chair));
+    const std::vector<float> vaseBefore = valuesOf(transform(vase));
+    const std::vector<float> flowerBefore = valuesOf(transform(flower));
+    grasp(Tool::Move, {flower, vase, chair});
+    drag(grip(Kind::Axis, 0), QPointF(40, 10), 30);
+    EXPECT_EQ(steps(), 1);
+    const float way = transform(chair)->getTranslation()[0] - chairBefore[0];
+    EXPECT_GT(way, 0.2F);
+    EXPECT_NEAR(transform(vase)->getTranslation()[0] - vaseBefore[0], way, 1e-5F);
+    EXPECT_EQ(valuesOf(transform(flower)), flowerBefore) << "the vase takes it along";
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), chairBefore);
+    EXPECT_EQ(valuesOf(transform(vase)), vaseBefore);
+}
+
+TEST_F(ksViewportTest, MovesAlongTheNodesAxes)
+{
+    const osg::NodePtr picture = node("Book");
+    const osg::Vec3f before = transform(picture)->getTranslation();
+    viewport.setSpace(ksViewport::Space::Local);
+    grasp(Tool::Move, {picture});
+    drag(grip(Kind::Axis, 0), QPointF(30, 0));
+    const osg::Vec3f way = transform(picture)->getTranslation() - before;
+    // It is turned by 25 degrees about y.
+    EXPECT_NEAR(std::atan2(-way[2], way[0]), 25 * M_PI / 180, 1e-3);
+    EXPECT_NEAR(way[1], 0, 1e-5F);
+}
+
+TEST_F(ksViewportTest, TurnsInOneStep)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    const osg::Vec3f angles = transform(chair)->getEulerRotation();
+    grasp(Tool::Turn, {chair});
+    drag(grip(Kind::Ring, 1), QPointF(30, 2), 60);
+    EXPECT_EQ(steps(), 1);
+    osg::Matrix turned = transform(chair)->getMatrix();
+    EXPECT_NEAR(turned[1][1], 1, 1e-5F) << "about y";
+    const osg::Vec3f now = transform(chair)->getEulerRotation();
+    EXPECT_GT((now - angles).length(), 5);
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+}
+
+TEST_F(ksViewportTest, ScalesInOneStep)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Scale, {chair});
+    drag(grip(Kind::Centre, 0), QPointF(60, -40), 60);
+    EXPECT_EQ(steps(), 1);
+    for (unsigned int axis = 0; axis < 3; ++axis)
+        EXPECT_NEAR(transform(chair)->getScale()[axis], 2, 1e-4F);
+    undo();
+    viewport.setSpace(ksViewport::Space::Local);
+    drag(grip(Kind::Axis, 1), QPointF(0, -20), 60);
+    EXPECT_EQ(steps(), 1);
+    EXPECT_GT(transform(chair)->getScale()[1], 1.1F);
+    EXPECT_FLOAT_EQ(transform(chair)->getScale()[0], 1);
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+}
+
+TEST_F(ksViewportTest, ScalesATurnedNodeAlongTheWorldsAxes)
+{
+    const osg::NodePtr chair = node("Chair");
+    document.add(ksTransformEdits::find(QStringLiteral("scalePivot"))
+                     ->make({chair}, osg::Vec3f(0.1F, 0.2F, 0.3F), {}, nullptr));
+    const std::vector<float> values = valuesOf(transform(chair));
+    const QMatrix4x4 before = ksToQt(matrixOf(chair));
+    grasp(Tool::Scale, {chair});
+    const QVector3D pivot = viewport.handles()->frame().origin;
+    drag(grip(Kind::Axis, 0), QPointF(25, 6), 10);
+    EXPECT_EQ(steps(), 2);
+    const QMatrix4x4 after = ksToQt(matrixOf(chair));
+    const QVector3D point(0.3F, 0.4F, -0.2F);
+    const QVector3D from = before.map(point) - pivot;
+    const QVector3D to = after.map(point) - pivot;
+    EXPECT_GT(to.x() / from.x(), 1.1F);
+    EXPECT_NEAR(to.y(), from.y(), 1e-4F);
+    EXPECT_NEAR(to.z(), from.z(), 1e-4F);
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), values);
+}
+
+TEST_F(ksViewportTest, RefusesWhatCannotBeDone)
+{
+    const osg::NodePtr book = node("Book");
+    document.add(ksTransformEdits::find(QStringLiteral("scale"))
+                     ->make({node("Table")}, osg::Vec3f(1, 0, 1), {}, nullptr));
+    const int before = steps();
+    QSignalSpy refused(&viewport, &ksViewport::refused);
+    grasp(Tool::Move, {book});
+    drag(grip(Kind::Axis, 0), QPointF(30, 0));
+    EXPECT_EQ(refused.count(), 1);
+    EXPECT_THAT(refused.value(0).value(0).toString().toStdString(), testing::HasSubstr("Book"));
+    EXPECT_EQ(steps(), before);
+}
+
+TEST_F(ksViewportTest, HasHandlesForWhatHasATransform)
+{
+    EXPECT_FALSE(viewport.handles());
+    QSignalSpy changed(&viewport, &ksViewport::toolChanged);
+    grasp(Tool::Turn, {node("LampBulb")->getChild(0)});
+    EXPECT_EQ(changed.value(0).value(0).value<Tool>(), Tool::Turn);
+    ASSERT_TRUE(viewport.handles()) << "those of the bulb, which has the light's place";
+    EXPECT_NE(grip(Kind::Ring, 1), QPointF());
+    viewport.setTool(Tool::Select);
+    EXPECT_FALSE(viewport.handles());
+}
+
+TEST_F(ksViewportTest, GoesAroundTheScene)
+{
+    const ksOrbitCamera whole = viewport.camera();
+    document.selection().set(node("Vase"));
+    viewport.frameSelection();
+    const ksOrbitCamera near = viewport.camera();
+    EXPECT_FALSE(near == whole);
+    EXPECT_TRUE(viewport.rect().adjusted(150, 100, -150, -100).contains(placeOf(node("Vase"))));
+    QTest::keyClick(&viewport, Qt::Key_Left);
+    EXPECT_FALSE(viewport.camera() == near);
+    QTest::keyClick(&viewport, Qt::Key_Right);
+    drag(QPointF(300, 200), QPointF(50, 20), 5, Qt::AltModifier);
+    EXPECT_FALSE(viewport.camera() == near);
+    EXPECT_EQ(document.selection().current(), node("Vase"));
+    EXPECT_EQ(steps(), 0);
+}
