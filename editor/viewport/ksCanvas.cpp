@@ -3,6 +3,7 @@
 
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <QOpenGLFunctions>
 #include <QSurfaceFormat>
 
 #include <utility>
@@ -61,8 +62,15 @@ void ksCanvas::initializeGL()
 
 void ksCanvas::paintGL()
 {
-    if (isReady)
-        work.draw();
+    if (!isReady)
+        return;
+    work.draw();
+    // What is behind glass has been mixed with it already, and is not to be mixed with what is behind the window.
+    QOpenGLFunctions &gl = *context()->functions();
+    gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
+    gl.glClearColor(0, 0, 0, 1);
+    gl.glClear(GL_COLOR_BUFFER_BIT);
+    gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
 void ksCanvas::releaseAll()
