@@ -13,11 +13,7 @@
 
 namespace {
 
-struct Range
-{
-    double least;
-    double most;
-};
+using ksFieldRanges::Range;
 
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr Range Finite{-Infinity, Infinity};
@@ -44,17 +40,6 @@ const std::map<std::string, Range> &ranges()
     return all;
 }
 
-Range rangeOf(const osg::FieldContainerPtr &container, const QString &name)
-{
-    const auto own = ranges().find(container->getTypeName() + ('.' + name.toStdString()));
-    if (own != ranges().end())
-        return own->second;
-    const osg::Field *field = container->getField(name.toStdString().c_str());
-    const bool isColour = field != nullptr && (field->getType() == osg::SFColor3f::getClassType() ||
-                                               field->getType() == osg::SFColor4f::getClassType());
-    return isColour ? NotNegative : Finite;
-}
-
 QString text(const Range &range)
 {
     return range.most < Infinity ? QStringLiteral("%1 to %2").arg(range.least).arg(range.most)
@@ -63,10 +48,21 @@ QString text(const Range &range)
 
 } // namespace
 
+ksFieldRanges::Range ksFieldRanges::of(const osg::FieldContainerPtr &container, const QString &field)
+{
+    const auto own = ranges().find(container->getTypeName() + ('.' + field.toStdString()));
+    if (own != ranges().end())
+        return own->second;
+    const osg::Field *found = container->getField(field.toStdString().c_str());
+    const bool isColour = found != nullptr && (found->getType() == osg::SFColor3f::getClassType() ||
+                                               found->getType() == osg::SFColor4f::getClassType());
+    return isColour ? NotNegative : Finite;
+}
+
 void ksFieldRanges::check(const osg::FieldContainerPtr &container, const QString &field,
                           const std::vector<double> &numbers)
 {
-    const Range range = rangeOf(container, field);
+    const Range range = of(container, field);
     for (const double number : numbers) {
         const QString refusal = QLatin1Char('\'') + QString::number(number) +
                                 QStringLiteral("' makes no sense for '") + field +

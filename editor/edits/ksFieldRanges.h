@@ -10,6 +10,16 @@
 /// Which numbers make sense in fields of floating-point numbers.
 namespace ksFieldRanges {
 
+/// Both ends belong to it; they are infinite where there is no limit.
+struct Range
+{
+    double least;
+    double most;
+};
+
+/// The range of the field of \a container called \a field.
+Range of(const osg::FieldContainerPtr &container, const QString &field);
+
 /// Throws ksEditorError, which says what would, when one of \a numbers makes no sense in the field of \a
 /// container called \a field: those that are not finite, components of colours below 0, and what the field's
 /// own range leaves out.

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
 
+#include <OSGPrecision.h>
 #include <ksNodeUtils.h>
 
 #include <algorithm>
@@ -93,6 +96,18 @@ const ksTransformProperty *ksTransformEdits::find(const QString &name)
             return name == QLatin1String(property.name);
         });
     return found != properties().end() ? &*found : nullptr;
+}
+
+void ksTransformEdits::refuseUnreachable(const osg::NodePtr &node)
+{
+    osg::Matrix4d toWorld;
+    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
+        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
+            toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
+    if (!toWorld.invert())
+        throw ksEditorError(
+            ksContainers::label(node) +
+            QStringLiteral(" cannot be placed in world space: what is above it is flattened"));
 }
 
 ksTransformationUndoCommand *

@@ -64,6 +64,9 @@ const std::vector<ksTransformProperty> &properties();
 /// The one called \a name, or null.
 const ksTransformProperty *find(const QString &name);
 
+/// Throws ksEditorError when positions in world space have none in the space of \a node's parent.
+void refuseUnreachable(const osg::NodePtr &node);
+
 /// A new command that applies \a values to the transform of \a node that \a index means. The caller owns it.
 ksTransformationUndoCommand *makeApply(const osg::NodePtr &node, const ksTransformation &values, int index,
                                        bool syncs, ksTransformationUndoCommand::Notification notification);

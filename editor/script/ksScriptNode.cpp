@@ -11,7 +11,6 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
-#include <OSGPrecision.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
@@ -86,19 +85,6 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
         throw ksEditorError(QStringLiteral("a transformation has no '") + name + QLatin1Char('\''));
 }
 
-/// Throws ksEditorError when positions in world space have none in the space of \a node's parent.
-void refuseUnreachable(const osg::NodePtr &node)
-{
-    osg::Matrix4d toWorld;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    if (!toWorld.invert())
-        throw ksEditorError(
-            ksContainers::label(node) +
-            QStringLiteral(" cannot be placed in world space: what is above it is flattened"));
-}
-
 bool areSame(const osg::Vec3f &left, const osg::Vec3f &right)
 {
     return left.isSame(right);
@@ -158,7 +144,7 @@ ksTransformTarget ksScriptNode::target(const ksTransformProperty &property, cons
     if (result.index >= 0 && !property.hasIndex)
         throw ksEditorError(name + QStringLiteral(" can be edited in the node's own transform only"));
     if (result.world)
-        refuseUnreachable(result.node);
+        ksTransformEdits::refuseUnreachable(result.node);
     return result;
 }
 
