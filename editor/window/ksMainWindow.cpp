@@ -120,6 +120,11 @@ void ksMainWindow::makeDocks()
 {
     warnings->setAccessibleName(tr("Warnings"));
     warnings->setWordWrap(true);
+    // As much as their texts and fields take.
+    constexpr int OutlineWidth = 200;
+    constexpr int InspectorWidth = 416;
+    nodes->setMinimumWidth(OutlineWidth);
+    fields->setMinimumWidth(InspectorWidth);
     addDock(Qt::LeftDockWidgetArea, QStringLiteral("outline"), tr("Outline"), nodes);
     addDock(Qt::RightDockWidgetArea, QStringLiteral("inspector"), tr("Inspector"), fields);
     addDock(Qt::BottomDockWidgetArea, QStringLiteral("scripts"), tr("Script Console"), console);
@@ -127,9 +132,8 @@ void ksMainWindow::makeDocks()
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     const auto dock = [this](const char *name) { return findChild<QDockWidget *>(QLatin1String(name)); };
-    resizeDocks({dock("outline"), dock("inspector")}, {280, 340}, Qt::Horizontal);
-    resizeDocks({dock("scripts")}, {180}, Qt::Vertical);
-    resizeDocks({dock("scripts"), dock("warnings")}, {500, 300}, Qt::Horizontal);
+    resizeDocks({dock("scripts")}, {160}, Qt::Vertical);
+    resizeDocks({dock("scripts"), dock("warnings")}, {500, 250}, Qt::Horizontal);
 }
 
 void ksMainWindow::addDock(Qt::DockWidgetArea area, const QString &name, const QString &title,

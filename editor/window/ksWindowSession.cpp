@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QImage>
 #include <QPixmap>
 
 #include <cstdlib>
@@ -18,7 +19,7 @@
 
 namespace {
 
-constexpr QSize PictureSize(1440, 900);
+constexpr QSize PictureSize(1280, 800);
 
 /// What Qt says of a screen that it cannot use, before it gives up, which ends the process.
 QString screenTrouble;
@@ -80,15 +81,21 @@ int ksWindowSession::takePicture(ksDocument &document, ksMainWindow &window,
 {
     if (!options.model.isEmpty())
         document.open(options.model);
-    if (!options.selected.isEmpty())
+    if (!options.selected.isEmpty()) {
         select(document, options.selected);
+        window.viewport().setTool(ksViewport::Tool::Move);
+    }
     window.resize(PictureSize);
     window.show();
     // What is laid out is painted once events are handled that come of being shown.
     QApplication::processEvents();
     window.viewport().frameAll();
     QApplication::processEvents();
-    if (window.grab().save(options.screenshot))
+    constexpr int Smallest = 0;
+    if (window.grab()
+            .toImage()
+            .convertToFormat(QImage::Format_RGB888)
+            .save(options.screenshot, nullptr, Smallest))
         return Done;
     complain(options.screenshot + QStringLiteral(": cannot be written"));
     return OutputError;

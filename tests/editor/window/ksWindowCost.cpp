@@ -21,8 +21,7 @@ namespace {
 void edit(ksDocument &document, const osg::NodePtr &node, int number)
 {
     const ksTransformProperty &translation = *ksTransformEdits::find(QStringLiteral("translation"));
-    document.add(
-        translation.make({node}, osg::Vec3f(static_cast<float>(number), 0, 0), {}, nullptr));
+    document.add(translation.make({node}, osg::Vec3f(static_cast<float>(number), 0, 0), {}, nullptr));
     ksNodeEdits::rename(document, node, QString::number(number));
     ksNodeEdits::show(document, {node}, number % 2 == 0);
     document.stack().undo();

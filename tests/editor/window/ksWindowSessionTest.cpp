@@ -26,7 +26,7 @@ TEST(ksWindowSession, TakesAPicture)
     EXPECT_EQ(code, 0);
     EXPECT_EQ(errors, "");
     const QImage picture(folder.path("room.png"));
-    EXPECT_EQ(picture.size(), QSize(1440, 900));
+    EXPECT_EQ(picture.size(), QSize(1280, 800));
     EXPECT_EQ(run({QStringLiteral("--screenshot"), folder.path("empty.png")}).first, 0);
     EXPECT_NE(QImage(folder.path("empty.png")), picture);
 }
