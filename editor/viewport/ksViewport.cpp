@@ -92,14 +92,14 @@ QImage ksViewport::picture()
     return canvas != nullptr ? canvas->grabFramebuffer() : QImage();
 }
 
-std::optional<ksHandles> ksViewport::handles()
+std::optional<ksViewHandles> ksViewport::handles()
 {
     const std::vector<osg::NodePtr> targets = ksHandleDrag::targetsOf(document);
     if (usedTool == Tool::Select || targets.empty())
         return {};
     const osg::AspectScope scope(1);
     const ksNodePlace place(targets.back());
-    return ksHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
+    return ksViewHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
 }
 
 void ksViewport::setTool(Tool tool)
