@@ -89,7 +89,10 @@ ksViewport::~ksViewport()
 
 QImage ksViewport::picture()
 {
-    return canvas != nullptr ? canvas->grabFramebuffer() : QImage();
+    if (canvas == nullptr)
+        return QImage();
+    canvas->setDraft(false);
+    return canvas->grabFramebuffer();
 }
 
 std::optional<ksViewHandles> ksViewport::handles()
@@ -353,8 +356,10 @@ void ksViewport::follow(const ksSceneChanges &changes)
 
 void ksViewport::refresh()
 {
-    if (canvas != nullptr)
-        canvas->update();
+    if (canvas == nullptr)
+        return;
+    canvas->setDraft(mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
+    canvas->update();
 }
 
 const std::vector<ksVisibleNode> &ksViewport::nodes()
@@ -527,12 +532,12 @@ void ksViewport::drag(const QPointF &mouse)
 
 void ksViewport::endMode()
 {
+    if (mode == Mode::Idle)
+        return;
     mode = Mode::Idle;
     band->hide();
-    if (handleDrag != nullptr) {
-        handleDrag.reset();
-        refresh();
-    }
+    handleDrag.reset();
+    refresh();
 }
 
 void ksViewport::cancel()

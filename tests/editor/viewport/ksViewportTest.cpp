@@ -164,6 +164,12 @@ TEST_F(ksViewportTest, ShowsAnEditAndItsUndo)
     EXPECT_EQ(differences(before, viewport.picture()), 0);
 }
 
+TEST_F(ksViewportTest, ShowsWhatThePictureShows)
+{
+    // As part of the window it is no different, and nothing shines through.
+    EXPECT_EQ(differences(viewport.picture(), viewport.grab().toImage()), 0);
+}
+
 TEST_F(ksViewportTest, DoesNotShowWhatIsNotRecorded)
 {
     const QImage before = viewport.picture();
