@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <editor/viewport/ksCanvas.h>
 
+#include <QElapsedTimer>
 #include <QOffscreenSurface>
 #include <QOpenGLContext>
+#include <QOpenGLFramebufferObject>
 #include <QOpenGLFunctions>
 #include <QSurfaceFormat>
 
@@ -10,15 +12,12 @@
 
 namespace {
 
-/// The version 2.1 and the smoothing of edges.
 QSurfaceFormat wantedFormat()
 {
     constexpr int DepthBits = 24;
-    constexpr int Samples = 4;
     QSurfaceFormat format;
     format.setVersion(2, 1);
     format.setDepthBufferSize(DepthBits);
-    format.setSamples(Samples);
     return format;
 }
 
@@ -64,7 +63,7 @@ void ksCanvas::paintGL()
 {
     if (!isReady)
         return;
-    work.draw();
+    draw();
     // What is behind glass has been mixed with it already, and is not to be mixed with what is behind the window.
     QOpenGLFunctions &gl = *context()->functions();
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
@@ -73,12 +72,45 @@ void ksCanvas::paintGL()
     gl.glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
 }
 
+void ksCanvas::draw()
+{
+    if (!QOpenGLFramebufferObject::hasOpenGLFramebufferBlit()) {
+        work.draw();
+        return;
+    }
+    constexpr int Samples = 4;
+    constexpr qint64 LongestSmooth = 30;
+    const bool isRough = isDraft && isSlow;
+    const QSize whole = size() * devicePixelRatioF();
+    const QSize drawn = (isRough ? whole / 2 : whole).expandedTo(QSize(1, 1));
+    QElapsedTimer time;
+    time.start();
+    if (picture == nullptr || picture->size() != drawn) {
+        QOpenGLFramebufferObjectFormat format;
+        format.setAttachment(QOpenGLFramebufferObject::Depth);
+        format.setSamples(isRough ? 0 : Samples);
+        picture = std::make_unique<QOpenGLFramebufferObject>(drawn, format);
+    }
+    QOpenGLFunctions &gl = *context()->functions();
+    picture->bind();
+    gl.glViewport(0, 0, drawn.width(), drawn.height());
+    work.draw();
+    QOpenGLFramebufferObject::bindDefault();
+    QOpenGLFramebufferObject::blitFramebuffer(nullptr, QRect(QPoint(), whole), picture.get(),
+                                              QRect(QPoint(), drawn), GL_COLOR_BUFFER_BIT,
+                                              isRough ? GL_LINEAR : GL_NEAREST);
+    gl.glFinish();
+    if (!isRough)
+        isSlow = time.elapsed() > LongestSmooth;
+}
+
 void ksCanvas::releaseAll()
 {
     if (!isReady)
         return;
     makeCurrent();
     work.release();
+    picture.reset();
     doneCurrent();
     isReady = false;
 }

@@ -4,6 +4,9 @@
 #include <QOpenGLWidget>
 
 #include <functional>
+#include <memory>
+
+class QOpenGLFramebufferObject;
 
 /// A picture that is drawn with OpenGL 2.1. What is drawn is up to its owner; mouse and keys are left to the
 /// widget that it lies in.
@@ -28,6 +31,10 @@ public:
     /// Whether there is OpenGL here that will do.
     static bool isPossible();
 
+    /// Whether pictures from now on are for a moment only, in a movement: where drawing is slow, they are
+    /// coarser, so that the movement keeps up with the mouse.
+    void setDraft(bool draft) { isDraft = draft; }
+
 Q_SIGNALS:
     /// Nothing can be drawn after all.
     void failed();
@@ -37,8 +44,14 @@ protected:
     void paintGL() override;
 
 private:
+    void draw();
     void releaseAll();
 
     Work work;
+    std::unique_ptr<QOpenGLFramebufferObject> picture;
     bool isReady = false;
+    bool isDraft = false;
+
+    /// The last picture that was no draft took long.
+    bool isSlow = false;
 };

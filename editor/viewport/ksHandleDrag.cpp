@@ -92,8 +92,8 @@ std::vector<osg::NodePtr> ksHandleDrag::targetsOf(ksDocument &document)
 }
 
 ksHandleDrag::ksHandleDrag(ksDocument &editedDocument, const std::vector<osg::NodePtr> &targets,
-                           ksViewTool usedTool, bool isInWorld, const ksHandles &handles,
-                           const ksHandle &handle, const ksOrbitCamera &shownBy, const QPointF &mouse)
+                           ksViewTool usedTool, bool isInWorld, const ksViewHandles &handles,
+                           const ksViewHandle &handle, const ksOrbitCamera &shownBy, const QPointF &mouse)
     : document(editedDocument)
     , tool(usedTool)
     , isWorld(isInWorld)
@@ -137,7 +137,7 @@ std::optional<QVector3D> ksHandleDrag::wayTo(const QPointF &mouse) const
 {
     const ksRay from = camera.rayAt(start);
     const ksRay to = camera.rayAt(mouse);
-    if (grasped.kind == ksHandle::Kind::Axis) {
+    if (grasped.kind == ksViewHandle::Kind::Axis) {
         const auto first = from.closestOn(frame.origin, axis());
         const auto last = to.closestOn(frame.origin, axis());
         if (!first || !last)
@@ -145,7 +145,7 @@ std::optional<QVector3D> ksHandleDrag::wayTo(const QPointF &mouse) const
         return (*last - *first) * axis();
     }
     const QVector3D normal =
-        grasped.kind == ksHandle::Kind::Plane ? axis() : (camera.eye() - frame.origin).normalized();
+        grasped.kind == ksViewHandle::Kind::Plane ? axis() : (camera.eye() - frame.origin).normalized();
     const auto first = from.meetPlane(frame.origin, normal);
     const auto last = to.meetPlane(frame.origin, normal);
     if (!first || !last)
@@ -177,7 +177,7 @@ std::optional<float> ksHandleDrag::turnTo(const QPointF &mouse) const
 
 std::optional<float> ksHandleDrag::factorTo(const QPointF &mouse) const
 {
-    if (grasped.kind == ksHandle::Kind::Centre) {
+    if (grasped.kind == ksViewHandle::Kind::Centre) {
         constexpr double PixelsPerDoubling = 100;
         const QPointF way = mouse - start;
         return float(std::exp2((way.x() - way.y()) / PixelsPerDoubling));
@@ -209,12 +209,12 @@ void ksHandleDrag::addTurn(const ksNodePlace &place, float degrees, QUndoCommand
 
 void ksHandleDrag::addScale(const ksNodePlace &place, float factor, QUndoCommand *parent)
 {
-    if (grasped.kind == ksHandle::Kind::Axis && isWorld) {
+    if (grasped.kind == ksViewHandle::Kind::Axis && isWorld) {
         addWorldScale(place, factor, parent);
         return;
     }
     QVector3D scale = place.scale;
-    if (grasped.kind == ksHandle::Kind::Axis)
+    if (grasped.kind == ksViewHandle::Kind::Axis)
         scale[grasped.axis] *= factor;
     else
         scale *= factor;

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/viewport/ksHandles.h>
 #include <editor/viewport/ksNodePlace.h>
 #include <editor/viewport/ksOrbitCamera.h>
+#include <editor/viewport/ksViewHandles.h>
 
 #include <ksundo/core/ksUndoGesture.h>
 
@@ -32,10 +32,10 @@ public:
 
     /// Begins to drag \a handle of \a handles at \a mouse. Throws ksEditorError when a node cannot be moved.
     ksHandleDrag(ksDocument &editedDocument, const std::vector<osg::NodePtr> &targets, ksViewTool usedTool,
-                 bool isInWorld, const ksHandles &handles, const ksHandle &grasped,
+                 bool isInWorld, const ksViewHandles &handles, const ksViewHandle &grasped,
                  const ksOrbitCamera &camera, const QPointF &mouse);
 
-    const ksHandle &handle() const { return grasped; }
+    const ksViewHandle &handle() const { return grasped; }
 
     /// Follows the mouse.
     void moveTo(const QPointF &mouse);
@@ -65,8 +65,8 @@ private:
     ksDocument &document;
     ksViewTool tool;
     bool isWorld;
-    ksHandle grasped;
-    ksHandleFrame frame;
+    ksViewHandle grasped;
+    ksViewHandleFrame frame;
     ksOrbitCamera camera;
     QPointF start;
     std::vector<ksNodePlace> places;

@@ -34,9 +34,9 @@ ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
         orientation[std::size_t(axis)] = ksToQt(transform->getOrientedAxis(axis));
 }
 
-ksHandleFrame ksNodePlace::frame(ksViewTool tool, bool isWorld) const
+ksViewHandleFrame ksNodePlace::frame(ksViewTool tool, bool isWorld) const
 {
-    ksHandleFrame frame;
+    ksViewHandleFrame frame;
     frame.origin = toWorld.map(tool == ksViewTool::Scale ? scalePivot() : turnPivot());
     for (std::size_t axis = 0; axis < 3 && !isWorld; ++axis) {
         const QVector3D along = toWorld.mapVector(rotation.rotatedVector(orientation[axis])).normalized();

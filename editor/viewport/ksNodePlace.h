@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/viewport/ksHandles.h>
+#include <editor/viewport/ksViewHandles.h>
 
 #include <OSGTransform3D.h>
 #include <OpenSG/OSGNode.h>
@@ -20,7 +20,7 @@ struct ksNodePlace
     bool canInvert() const { return isInvertible; }
 
     /// Where \a tool has its handles: at the pivot that it works about, along the world's axes or the node's.
-    ksHandleFrame frame(ksViewTool tool, bool isWorld) const;
+    ksViewHandleFrame frame(ksViewTool tool, bool isWorld) const;
 
     /// The pivots in the parent's space.
     QVector3D turnPivot() const;

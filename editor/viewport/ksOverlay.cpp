@@ -84,7 +84,7 @@ void ksOverlay::draw(const QMatrix4x4 &viewProjection, bool isAmong)
     (isAmong ? gl().glEnable(GL_DEPTH_TEST) : gl().glDisable(GL_DEPTH_TEST));
     gl().glDepthMask(GL_FALSE);
     gl().glEnable(GL_BLEND);
-    gl().glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     gl().glLineWidth(isAmong ? 1 : LineWidth);
     program.bind();
     program.setUniformValue("viewProjection", viewProjection);

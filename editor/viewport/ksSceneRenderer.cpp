@@ -234,13 +234,14 @@ void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds
         const int otherOrder = nodes[other.place].renderOrder;
         if (one.isSeenThrough && oneOrder != otherOrder)
             return oneOrder < otherOrder;
-        return one.isSeenThrough && one.distance > other.distance;
+        // What is hidden needs not be painted.
+        return one.isSeenThrough ? one.distance > other.distance : one.distance < other.distance;
     });
 
     QOpenGLFunctions &gl = *QOpenGLContext::currentContext()->functions();
     gl.glEnable(GL_DEPTH_TEST);
     gl.glDisable(GL_CULL_FACE);
-    gl.glBlendFunc(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA);
+    gl.glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
     program.bind();
     program.setUniformValue("viewProjection", camera.viewProjection());
     program.setUniformValue("eye", eye);

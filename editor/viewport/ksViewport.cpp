@@ -89,17 +89,20 @@ ksViewport::~ksViewport()
 
 QImage ksViewport::picture()
 {
-    return canvas != nullptr ? canvas->grabFramebuffer() : QImage();
+    if (canvas == nullptr)
+        return QImage();
+    canvas->setDraft(false);
+    return canvas->grabFramebuffer();
 }
 
-std::optional<ksHandles> ksViewport::handles()
+std::optional<ksViewHandles> ksViewport::handles()
 {
     const std::vector<osg::NodePtr> targets = ksHandleDrag::targetsOf(document);
     if (usedTool == Tool::Select || targets.empty())
         return {};
     const osg::AspectScope scope(1);
     const ksNodePlace place(targets.back());
-    return ksHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
+    return ksViewHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
 }
 
 void ksViewport::setTool(Tool tool)
@@ -353,8 +356,10 @@ void ksViewport::follow(const ksSceneChanges &changes)
 
 void ksViewport::refresh()
 {
-    if (canvas != nullptr)
-        canvas->update();
+    if (canvas == nullptr)
+        return;
+    canvas->setDraft(mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
+    canvas->update();
 }
 
 const std::vector<ksVisibleNode> &ksViewport::nodes()
@@ -527,12 +532,12 @@ void ksViewport::drag(const QPointF &mouse)
 
 void ksViewport::endMode()
 {
+    if (mode == Mode::Idle)
+        return;
     mode = Mode::Idle;
     band->hide();
-    if (handleDrag != nullptr) {
-        handleDrag.reset();
-        refresh();
-    }
+    handleDrag.reset();
+    refresh();
 }
 
 void ksViewport::cancel()

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/viewport/ksHandles.h>
 #include <editor/viewport/ksMeshBounds.h>
 #include <editor/viewport/ksOrbitCamera.h>
 #include <editor/viewport/ksOverlay.h>
 #include <editor/viewport/ksSceneRenderer.h>
+#include <editor/viewport/ksViewHandles.h>
 #include <editor/viewport/ksVisibleNodes.h>
 
 #include <OpenSG/OSGNode.h>
@@ -69,7 +69,7 @@ public:
     QImage picture();
 
     /// The handles of the current node, if it has some with this tool.
-    std::optional<ksHandles> handles();
+    std::optional<ksViewHandles> handles();
 
     QSize sizeHint() const override { return {800, 600}; }
     QSize minimumSizeHint() const override { return {160, 120}; }
@@ -156,7 +156,7 @@ private:
     Qt::MouseButton button = Qt::NoButton;
     QPointF pressed;
     QPointF last;
-    std::optional<ksHandle> hovered;
+    std::optional<ksViewHandle> hovered;
     std::unique_ptr<ksHandleDrag> handleDrag;
 
     /// A step that is not the drag's ends it.

@@ -12,6 +12,7 @@
 #include <ksNodeUtils.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QSignalSpy>
 #include <QTest>
@@ -20,7 +21,7 @@
 
 namespace {
 
-using Kind = ksHandle::Kind;
+using Kind = ksViewHandle::Kind;
 using Tool = ksViewport::Tool;
 
 class ksViewportTest : public testing::Test
@@ -161,6 +162,12 @@ TEST_F(ksViewportTest, ShowsAnEditAndItsUndo)
     EXPECT_GT(differences(before, viewport.picture()), 50);
     undo();
     EXPECT_EQ(differences(before, viewport.picture()), 0);
+}
+
+TEST_F(ksViewportTest, ShowsWhatThePictureShows)
+{
+    // As part of the window it is no different, and nothing shines through.
+    EXPECT_EQ(differences(viewport.picture(), viewport.grab().toImage()), 0);
 }
 
 TEST_F(ksViewportTest, DoesNotShowWhatIsNotRecorded)
@@ -455,4 +462,25 @@ TEST_F(ksViewportTest, GoesAroundTheScene)
     EXPECT_FALSE(viewport.camera() == near);
     EXPECT_EQ(document.selection().current(), node("Vase"));
     EXPECT_EQ(steps(), 0);
+}
+
+/// Run by themselves, see the list of tests.
+TEST(ksViewportWithoutOpenGlTest, SaysSoAndGoesOn)
+{
+    if (qgetenv("QT_XCB_GL_INTEGRATION") != "none")
+        GTEST_SKIP() << "there is OpenGL";
+    ksDocument document;
+    ksViewport viewport(document);
+    viewport.resize(600, 400);
+    viewport.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&viewport));
+    EXPECT_FALSE(viewport.canDraw());
+    EXPECT_TRUE(viewport.picture().isNull());
+    const auto *label = viewport.findChild<QLabel *>();
+    ASSERT_NE(label, nullptr);
+    EXPECT_TRUE(label->isVisible());
+    EXPECT_TRUE(label->text().contains(QStringLiteral("OpenGL")));
+    EXPECT_TRUE(document.open(ksRoomFile()));
+    viewport.frameAll();
+    QTest::mouseClick(&viewport, Qt::LeftButton, {}, QPoint(300, 200));
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include <editor/viewport/ksHandles.h>
 #include <editor/viewport/ksOverlay.h>
+#include <editor/viewport/ksViewHandles.h>
 
 #include <QColor>
 #include <QPolygonF>
@@ -19,11 +19,11 @@ constexpr float CentreSize = 0.08F;
 constexpr float TipLength = 0.2F;
 constexpr float TipWidth = 0.06F;
 
-QColor colorOf(const ksHandle &handle)
+QColor colorOf(const ksViewHandle &handle)
 {
     static const std::array<QColor, 3> Axes = {QColor(232, 76, 70), QColor(112, 196, 72),
                                                QColor(72, 138, 240)};
-    return handle.kind == ksHandle::Kind::Centre ? QColor(225, 225, 225) : Axes[std::size_t(handle.axis)];
+    return handle.kind == ksViewHandle::Kind::Centre ? QColor(225, 225, 225) : Axes[std::size_t(handle.axis)];
 }
 
 double distanceToSegment(const QPointF &point, const QPointF &from, const QPointF &to)
@@ -38,7 +38,8 @@ double distanceToSegment(const QPointF &point, const QPointF &from, const QPoint
 
 } // namespace
 
-ksHandles::ksHandles(ksViewTool shownTool, const ksHandleFrame &frame, const ksOrbitCamera &shownBy)
+ksViewHandles::ksViewHandles(ksViewTool shownTool, const ksViewHandleFrame &frame,
+                             const ksOrbitCamera &shownBy)
     : tool(shownTool)
     , place(frame)
     , camera(shownBy)
@@ -56,10 +57,10 @@ ksHandles::ksHandles(ksViewTool shownTool, const ksHandleFrame &frame, const ksO
     addCentre();
 }
 
-std::optional<ksHandle> ksHandles::at(const QPointF &mouse) const
+std::optional<ksViewHandle> ksViewHandles::at(const QPointF &mouse) const
 {
     constexpr double Reach = 7;
-    std::optional<ksHandle> found;
+    std::optional<ksViewHandle> found;
     double nearest = Reach;
     for (const Shape &shape : shapes) {
         QPolygonF polygon;
@@ -78,7 +79,7 @@ std::optional<ksHandle> ksHandles::at(const QPointF &mouse) const
     return found;
 }
 
-QPointF ksHandles::grip(const ksHandle &handle) const
+QPointF ksViewHandles::grip(const ksViewHandle &handle) const
 {
     for (const Shape &shape : shapes) {
         if (!(shape.handle == handle))
@@ -94,7 +95,7 @@ QPointF ksHandles::grip(const ksHandle &handle) const
     return {};
 }
 
-void ksHandles::draw(ksOverlay &overlay, const std::optional<ksHandle> &active) const
+void ksViewHandles::draw(ksOverlay &overlay, const std::optional<ksViewHandle> &active) const
 {
     for (const Shape &shape : shapes) {
         QColor color = active == shape.handle ? QColor(255, 214, 64) : colorOf(shape.handle);
@@ -109,9 +110,9 @@ void ksHandles::draw(ksOverlay &overlay, const std::optional<ksHandle> &active) 
 }
 
 /// An arrow's head or a small box at the end of an axis.
-void ksHandles::drawTip(ksOverlay &overlay, const Shape &shape, const QColor &color) const
+void ksViewHandles::drawTip(ksOverlay &overlay, const Shape &shape, const QColor &color) const
 {
-    if (shape.handle.kind != ksHandle::Kind::Axis)
+    if (shape.handle.kind != ksViewHandle::Kind::Axis)
         return;
     constexpr int Sides = 12;
     const QVector3D &tip = shape.line.back();
@@ -142,13 +143,13 @@ void ksHandles::drawTip(ksOverlay &overlay, const Shape &shape, const QColor &co
     }
 }
 
-QVector3D ksHandles::alongAxes(int axis, float first, float second) const
+QVector3D ksViewHandles::alongAxes(int axis, float first, float second) const
 {
     return place.origin + size * (first * place.axes[std::size_t((axis + 1) % 3)] +
                                   second * place.axes[std::size_t((axis + 2) % 3)]);
 }
 
-void ksHandles::addAxes(bool hasArrows)
+void ksViewHandles::addAxes(bool hasArrows)
 {
     constexpr float FacingCamera = 0.985F;
     const QVector3D toEye = (camera.eye() - place.origin).normalized();
@@ -156,20 +157,20 @@ void ksHandles::addAxes(bool hasArrows)
         const QVector3D &along = place.axes[std::size_t(axis)];
         // What points at the camera cannot be dragged along.
         if (std::abs(QVector3D::dotProduct(along, toEye)) < FacingCamera)
-            shapes.push_back({{ksHandle::Kind::Axis, axis},
+            shapes.push_back({{ksViewHandle::Kind::Axis, axis},
                               {place.origin + AxisStart * size * along,
                                place.origin + (hasArrows ? 1 + TipLength / 2 : 1) * size * along},
                               false});
     }
 }
 
-void ksHandles::addPlanes()
+void ksViewHandles::addPlanes()
 {
     constexpr float SeenFromTheSide = 0.15F;
     const QVector3D toEye = (camera.eye() - place.origin).normalized();
     for (int axis = 0; axis < 3; ++axis)
         if (std::abs(QVector3D::dotProduct(place.axes[std::size_t(axis)], toEye)) > SeenFromTheSide)
-            shapes.push_back({{ksHandle::Kind::Plane, axis},
+            shapes.push_back({{ksViewHandle::Kind::Plane, axis},
                               {alongAxes(axis, PlaneStart, PlaneStart), alongAxes(axis, PlaneEnd, PlaneStart),
                                alongAxes(axis, PlaneEnd, PlaneEnd), alongAxes(axis, PlaneStart, PlaneEnd),
                                alongAxes(axis, PlaneStart, PlaneStart)},
@@ -177,7 +178,7 @@ void ksHandles::addPlanes()
 }
 
 /// The near halves of the circles.
-void ksHandles::addRings()
+void ksViewHandles::addRings()
 {
     constexpr int Parts = 72;
     constexpr float Beyond = -0.02F;
@@ -186,7 +187,7 @@ void ksHandles::addRings()
         std::vector<QVector3D> line;
         const auto push = [&] {
             if (line.size() > 1)
-                shapes.push_back({{ksHandle::Kind::Ring, axis}, line, false});
+                shapes.push_back({{ksViewHandle::Kind::Ring, axis}, line, false});
             line.clear();
         };
         for (int i = 0; i <= Parts; ++i) {
@@ -201,14 +202,14 @@ void ksHandles::addRings()
     }
 }
 
-void ksHandles::addCentre()
+void ksViewHandles::addCentre()
 {
     const QMatrix4x4 toScene = camera.view().inverted();
     const QVector3D right = CentreSize * size * toScene.mapVector(QVector3D(1, 0, 0));
     const QVector3D up = CentreSize * size * toScene.mapVector(QVector3D(0, 1, 0));
     const QVector3D &at = place.origin;
     shapes.insert(shapes.begin(),
-                  {{ksHandle::Kind::Centre, 0},
+                  {{ksViewHandle::Kind::Centre, 0},
                    {at - right - up, at + right - up, at + right + up, at - right + up, at - right - up},
                    true});
 }

@@ -24,14 +24,14 @@ enum class ksViewTool
 Q_DECLARE_METATYPE(ksViewTool)
 
 /// Where handles are and along which axes, of length 1.
-struct ksHandleFrame
+struct ksViewHandleFrame
 {
     QVector3D origin;
     std::array<QVector3D, 3> axes{QVector3D(1, 0, 0), QVector3D(0, 1, 0), QVector3D(0, 0, 1)};
 };
 
 /// One of the handles.
-struct ksHandle
+struct ksViewHandle
 {
     enum class Kind
     {
@@ -51,31 +51,31 @@ struct ksHandle
     Kind kind;
     int axis;
 
-    bool operator==(const ksHandle &other) const { return kind == other.kind && axis == other.axis; }
+    bool operator==(const ksViewHandle &other) const { return kind == other.kind && axis == other.axis; }
 };
 
 /// The handles that a tool has: of the same size in the picture wherever they are in the scene.
-class ksHandles
+class ksViewHandles
 {
 public:
     /// Those of \a tool; ksViewTool::Select has none.
-    ksHandles(ksViewTool tool, const ksHandleFrame &frame, const ksOrbitCamera &camera);
+    ksViewHandles(ksViewTool tool, const ksViewHandleFrame &frame, const ksOrbitCamera &camera);
 
-    const ksHandleFrame &frame() const { return place; }
+    const ksViewHandleFrame &frame() const { return place; }
 
     /// The one at \a mouse.
-    std::optional<ksHandle> at(const QPointF &mouse) const;
+    std::optional<ksViewHandle> at(const QPointF &mouse) const;
 
     /// A point of the picture where \a handle is, and no other.
-    QPointF grip(const ksHandle &handle) const;
+    QPointF grip(const ksViewHandle &handle) const;
 
     /// Adds them to \a overlay, \a active as one that is grasped.
-    void draw(ksOverlay &overlay, const std::optional<ksHandle> &active) const;
+    void draw(ksOverlay &overlay, const std::optional<ksViewHandle> &active) const;
 
 private:
     struct Shape
     {
-        ksHandle handle;
+        ksViewHandle handle;
         std::vector<QVector3D> line;
         bool isFilled;
     };
@@ -88,7 +88,7 @@ private:
     QVector3D alongAxes(int axis, float first, float second) const;
 
     ksViewTool tool;
-    ksHandleFrame place;
+    ksViewHandleFrame place;
     ksOrbitCamera camera;
 
     /// The length of an axis' handle.
