@@ -63,6 +63,12 @@ QString limitKey()
     return QStringLiteral("historyLimit");
 }
 
+/// The keys that \a text, as in "Ctrl+Q", is of.
+QKeySequence keys(const char *text)
+{
+    return QKeySequence(QString::fromLatin1(text), QKeySequence::PortableText);
+}
+
 /// The local file that \a data is of; empty when it is none, or several.
 QString fileOf(const QMimeData &data)
 {
@@ -176,9 +182,9 @@ void ksMainWindow::makeFileMenu()
     connect(menu, &QMenu::aboutToShow, this, &ksMainWindow::showRecent);
     menu->addSeparator();
     addAction(menu, tr("&Save"), QKeySequence::Save, [this] { save(); });
-    addAction(menu, tr("Save &As..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S), [this] { saveAs(); });
+    addAction(menu, tr("Save &As..."), keys("Ctrl+Shift+S"), [this] { saveAs(); });
     menu->addSeparator();
-    addAction(menu, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), [this] { close(); });
+    addAction(menu, tr("&Quit"), keys("Ctrl+Q"), [this] { close(); });
 }
 
 void ksMainWindow::makeEditMenu()
@@ -187,15 +193,15 @@ void ksMainWindow::makeEditMenu()
     QAction *undo = document.stack().createUndoAction(this, tr("&Undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction *redo = document.stack().createRedoAction(this, tr("&Redo"));
-    redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
+    redo->setShortcuts({keys("Ctrl+Shift+Z"), keys("Ctrl+Y")});
     menu->addActions({undo, redo});
     menu->addSeparator();
-    addAction(menu, tr("&Add Node"), QKeySequence(Qt::CTRL | Qt::Key_N | Qt::SHIFT), [this] {
+    addAction(menu, tr("&Add Node"), keys("Ctrl+Shift+N"), [this] {
         const osg::NodePtr current = document.selection().current();
         document.selection().set(
             ksNodeEdits::add(document, current != osg::NullFC ? current : document.root()));
     });
-    addNodeAction(menu, tr("D&uplicate"), QKeySequence(Qt::CTRL | Qt::Key_D), [this] {
+    addNodeAction(menu, tr("D&uplicate"), keys("Ctrl+D"), [this] {
         ksSelection::Ids copies;
         for (const osg::NodePtr &copy : ksNodeEdits::duplicate(document, document.selection().nodes()))
             copies.push_back(copy.getFieldContainerId());
@@ -210,17 +216,15 @@ void ksMainWindow::makeEditMenu()
     });
     menu->addSeparator();
     addAction(menu, tr("Select &All"), QKeySequence::SelectAll, [this] { nodes->selectAll(); });
-    addAction(menu, tr("Select N&one"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A),
-              [this] { document.selection().clear(); });
+    addAction(menu, tr("Select N&one"), keys("Ctrl+Shift+A"), [this] { document.selection().clear(); });
     menu->addSeparator();
-    addAction(menu, tr("&Checkpoint"), QKeySequence(Qt::CTRL | Qt::Key_M), [this] {
+    addAction(menu, tr("&Checkpoint"), keys("Ctrl+M"), [this] {
         document.history().mark();
         statusBar()->showMessage(tr("Return to Checkpoint comes back to here."), MessageMilliseconds);
     });
-    addAction(menu, tr("Re&turn to Checkpoint"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_M),
+    addAction(menu, tr("Re&turn to Checkpoint"), keys("Ctrl+Shift+M"),
               [this] { document.history().reset(); });
-    addAction(menu, tr("H&istory"), QKeySequence(Qt::CTRL | Qt::Key_H),
-              [this] { document.stack().showHistory(); });
+    addAction(menu, tr("H&istory"), keys("Ctrl+H"), [this] { document.stack().showHistory(); });
     addAction(menu, tr("History &Limit..."), {}, [this] {
         Settings stored;
         if (const int limit = dialogs.askForLimit(this, stored.value(limitKey(), 0).toInt()); limit >= 0) {
@@ -242,10 +246,11 @@ void ksMainWindow::makeViewMenu()
                                                          {tr("&Move"), ksViewport::Tool::Move},
                                                          {tr("&Turn"), ksViewport::Tool::Turn},
                                                          {tr("S&cale"), ksViewport::Tool::Scale}};
-    const Qt::Key keys[] = {Qt::Key_Q, Qt::Key_W, Qt::Key_E, Qt::Key_R};
+    const Qt::Key toolKeys[] = {Qt::Key_Q, Qt::Key_W, Qt::Key_E, Qt::Key_R};
     int next = 0;
     for (const auto &[text, tool] : each) {
-        QAction *action = addAction(menu, text, keys[next++], [this, tool = tool] { view->setTool(tool); });
+        QAction *action =
+            addAction(menu, text, toolKeys[next++], [this, tool = tool] { view->setTool(tool); });
         action->setCheckable(true);
         action->setActionGroup(tools);
         action->setData(static_cast<int>(tool));
@@ -281,7 +286,7 @@ void ksMainWindow::makeViewMenu()
 void ksMainWindow::makeScriptMenu()
 {
     scriptMenu = menuBar()->addMenu(tr("&Script"));
-    runAction = addAction(scriptMenu, tr("&Run..."), QKeySequence(Qt::CTRL | Qt::Key_R), [this] {
+    runAction = addAction(scriptMenu, tr("&Run..."), keys("Ctrl+R"), [this] {
         const QString path = dialogs.askForScript(this, QFileInfo(document.path()).path());
         if (path.isEmpty())
             return;
@@ -291,7 +296,7 @@ void ksMainWindow::makeScriptMenu()
     stopAction =
         addAction(scriptMenu, tr("&Stop") + QLatin1Char('\t') + tr("Esc"), {}, [this] { console->stop(); });
     stopAction->setEnabled(false);
-    addAction(scriptMenu, tr("&Console"), QKeySequence(Qt::CTRL | Qt::Key_E), [this] {
+    addAction(scriptMenu, tr("&Console"), keys("Ctrl+E"), [this] {
         auto *dock = findChild<QDockWidget *>(QStringLiteral("scripts"));
         dock->show();
         dock->raise();

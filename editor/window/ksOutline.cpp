@@ -47,6 +47,7 @@ protected:
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QVector<int> &roles) override
     {
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call)
         QAbstractItemView::dataChanged(topLeft.siblingAtColumn(ksOutlineModel::NameColumn),
                                        bottomRight.siblingAtColumn(ksOutlineModel::VisibilityColumn), roles);
     }

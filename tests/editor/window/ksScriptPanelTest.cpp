@@ -6,6 +6,7 @@
 
 #include <ksundo/core/ksUndoStack.h>
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QDoubleSpinBox>
 #include <QPlainTextEdit>

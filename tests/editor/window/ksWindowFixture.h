@@ -65,7 +65,7 @@ protected:
     {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path("settings"));
         window = std::make_unique<ksMainWindow>(document, user);
-        window->resize(1200, 800);
+        window->resize(1000, 640);
         window->show();
         QApplication::setActiveWindow(window.get());
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
