@@ -15,6 +15,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
@@ -69,25 +70,27 @@ QVector3D eulerOf(const ksNodePlace &place, const QQuaternion &rotation)
 
 std::vector<osg::NodePtr> ksHandleDrag::targetsOf(ksDocument &document)
 {
-    std::vector<osg::NodePtr> targets;
-    for (const osg::NodePtr &node : document.selection().nodes()) {
-        const osg::NodePtr target = ksNodeUtils::findTransform(node);
-        const bool isWhole = target == document.root() && node != target;
-        const bool isInScene = node == document.root() || ksNodeUtils::hasParent(node, document.root());
-        if (target == osg::NullFC || isWhole || !isInScene)
-            continue;
-        targets.erase(std::remove(targets.begin(), targets.end(), target), targets.end());
-        targets.push_back(target);
+    const osg::NodePtr root = document.root();
+    const std::vector<osg::NodePtr> selected = document.selection().nodes();
+    std::vector<osg::NodePtr> all;
+    std::unordered_set<osg::UInt32> known;
+    // The last one first, since that is the current one.
+    for (auto node = selected.rbegin(); node != selected.rend(); ++node) {
+        const osg::NodePtr target = ksNodeUtils::findTransform(*node);
+        const bool isWhole = target == root && *node != target;
+        const bool isInScene = *node == root || ksNodeUtils::hasParent(*node, root);
+        if (target != osg::NullFC && !isWhole && isInScene &&
+            known.insert(target.getFieldContainerId()).second)
+            all.push_back(target);
     }
-    const std::vector<osg::NodePtr> all = targets;
-    targets.erase(std::remove_if(targets.begin(), targets.end(),
-                                 [&all](const osg::NodePtr &node) {
-                                     return std::any_of(all.begin(), all.end(),
-                                                        [&](const osg::NodePtr &other) {
-                                                            return ksNodeUtils::hasParent(node, other);
-                                                        });
-                                 }),
-                  targets.end());
+    std::vector<osg::NodePtr> targets;
+    for (auto target = all.rbegin(); target != all.rend(); ++target) {
+        osg::NodePtr above = (*target)->getParent();
+        while (above != osg::NullFC && known.count(above.getFieldContainerId()) == 0)
+            above = above->getParent();
+        if (above == osg::NullFC)
+            targets.push_back(*target);
+    }
     return targets;
 }
 

@@ -428,7 +428,9 @@ void ksViewport::drawSelection()
 {
     const std::vector<ksVisibleNode> &all = nodes();
     const ksSelection::Ids &ids = document.selection().ids();
-    for (const osg::UInt32 id : ids) {
+    constexpr std::ptrdiff_t MostBoxes = 200;
+    for (auto next = ids.end() - std::min(MostBoxes, ids.end() - ids.begin()); next != ids.end(); ++next) {
+        const osg::UInt32 id = *next;
         const int place = visible.find(id);
         if (place < 0)
             continue;
