@@ -33,7 +33,9 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
                     targets.push_back(container);
         targets.push_back(shown);
         section.addHeading(QString::fromLatin1(shown->getTypeName()));
-        ksInspectorFields::addAll(section, ksInspectorFields::idsOf(targets), {QStringLiteral("parents")});
+        // The tree is shown elsewhere, row by row.
+        ksInspectorFields::addAll(section, ksInspectorFields::idsOf(targets),
+                                  {QStringLiteral("parents"), QStringLiteral("children")});
     }
 }
 

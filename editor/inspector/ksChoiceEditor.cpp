@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <editor/inspector/ksChoiceEditor.h>
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPushButton>
+
+#include <algorithm>
 
 ksChoiceEditor::ksChoiceEditor(std::function<Choices()> choices,
                                std::function<QString(const QVariant &)> textOf, QWidget *parent)
@@ -29,7 +32,13 @@ ksChoiceEditor::ksChoiceEditor(std::function<Choices()> choices,
 }
 
 ksChoiceEditor::ksChoiceEditor(const Choices &choices, QWidget *parent)
-    : ksChoiceEditor([choices] { return choices; }, [](const QVariant &value) { return value.toString(); },
+    : ksChoiceEditor([choices] { return choices; },
+                     [choices](const QVariant &value) {
+                         const auto found =
+                             std::find_if(choices.begin(), choices.end(),
+                                          [&value](const auto &choice) { return choice.second == value; });
+                         return found == choices.end() ? value.toString() : found->first;
+                     },
                      parent)
 {
     fill();
@@ -72,12 +81,15 @@ void ksChoiceEditor::showValue(const QVariant &value)
     shown = value;
     if (box->findData(value) < 0)
         box->addItem(text(value), value);
-    box->setCurrentIndex(box->findData(value));
+    const int index = box->findData(value);
+    box->setItemText(index, text(value));
+    box->setCurrentIndex(index);
 }
 
 void ksChoiceEditor::setName(const QString &name)
 {
     box->setAccessibleName(name);
+    nameArea(box->view(), name);
     for (QPushButton *button : buttons)
         button->setAccessibleName(name + QLatin1String(": ") + button->text());
 }

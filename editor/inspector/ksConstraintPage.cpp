@@ -4,7 +4,6 @@
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/inspector/ksListEditor.h>
-#include <editor/scene/ksContainers.h>
 
 #include <ksundo/constraint/ksDeleteConstraintReferenceUndoCommand.h>
 #include <ksundo/core/ksMultiCommand.h>
@@ -57,11 +56,13 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
     field.read = [](const osg::FieldContainerPtr &target) {
         QStringList texts;
         for (const Reference &reference : referencesOf(osg::AbstractConstraintPtr::dcast(target)))
-            texts += QStringLiteral("%1: %2").arg(reference.role, ksContainers::nameOf(reference.node));
+            texts += QStringLiteral("%1: %2").arg(reference.role, ksInspectorFields::titleOf(reference.node));
         return texts;
     };
     field.watches = [](const osg::FieldContainerPtr &target) {
         ksWatches watches{{target.getFieldContainerId(), osg::FieldBits::AllFields}};
+        for (const Reference &reference : referencesOf(osg::AbstractConstraintPtr::dcast(target)))
+            ksInspectorFields::watchName(watches, reference.node);
         return watches;
     };
     field.perform = [&document, ids = subjects.ids](const QVariant &value) {
@@ -69,7 +70,7 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
         const auto constraints = findAll<osg::AbstractConstraintPtr>(ids);
         const osg::AttachmentContainerPtr node = referencesOf(constraints.back())[row].node;
         auto batch = std::make_unique<ksMultiCommand>(
-            tr("Remove '%1' from constraint").arg(ksContainers::nameOf(node)));
+            tr("Remove '%1' from constraint").arg(ksInspectorFields::titleOf(node)));
         for (const osg::AbstractConstraintPtr &constraint : constraints) {
             const std::vector<Reference> all = referencesOf(constraint);
             if (std::any_of(all.begin(), all.end(),

@@ -17,12 +17,12 @@ ksInspector::ksInspector(ksDocument &shownDocument, QWidget *parent)
     , edits(new ksInspectorEdits(document, this))
     , hint(new QLabel(tr("Nothing is selected."), this))
 {
-    constexpr int Narrowest = 360;
+    constexpr int Narrowest = 384;
     setMinimumWidth(Narrowest);
     auto *area = new QScrollArea(this);
     area->setAccessibleName(tr("Inspector"));
     area->verticalScrollBar()->setAccessibleName(tr("Inspector, scroll"));
-    area->horizontalScrollBar()->setAccessibleName(tr("Inspector, scroll sideways"));
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
     auto *outer = new QVBoxLayout(this);

@@ -9,6 +9,7 @@
 #include <editor/inspector/ksListEditor.h>
 #include <editor/inspector/ksNumbersEditor.h>
 #include <editor/inspector/ksTextEditor.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldReader.h>
 #include <editor/scene/ksNumericFields.h>
 
@@ -18,6 +19,7 @@
 #include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <cmath>
 #include <limits>
@@ -136,6 +138,19 @@ QString ksInspectorFields::label(const QString &name)
     if (!words.isEmpty())
         words[0] = words[0].toUpper();
     return words;
+}
+
+QString ksInspectorFields::titleOf(const osg::FieldContainerPtr &container)
+{
+    const QString name = ksContainers::nameOf(container);
+    return name.isEmpty() ? ksContainers::label(container) : name;
+}
+
+void ksInspectorFields::watchName(ksWatches &watches, const osg::AttachmentContainerPtr &container)
+{
+    watches.emplace_back(container.getFieldContainerId(), osg::AttachmentContainer::AttachmentsFieldMask);
+    if (const osg::AttachmentPtr name = container->findAttachment(osg::Name::getClassType()))
+        watches.emplace_back(name.getFieldContainerId(), osg::Name::SimpleFieldMask);
 }
 
 ksInspectorField ksInspectorFields::fieldOf(const std::vector<osg::UInt32> &targets, const QString &field)

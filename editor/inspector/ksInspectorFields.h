@@ -31,6 +31,12 @@ QVariant read(osg::Field &field);
 /// What people call the field \a name: its words.
 QString label(const QString &name);
 
+/// What people call \a container: its name, or what there is instead.
+QString titleOf(const osg::FieldContainerPtr &container);
+
+/// Adds what the name of \a container depends on to \a watches.
+void watchName(ksWatches &watches, const osg::AttachmentContainerPtr &container);
+
 /// The mask of the field with the id \a field.
 constexpr osg::BitVector maskOf(osg::UInt32 field)
 {

@@ -67,6 +67,13 @@ void ksInspectorRow::refresh()
         editor->showValue(value);
 }
 
+void ksInspectorRow::retire()
+{
+    editor->disconnect(this);
+    editor->disconnect(&edits);
+    deleteLater();
+}
+
 void ksInspectorRow::edit(const QVariant &value, int part)
 {
     if (!edits.run(editor, [&] { change(value, part); }))

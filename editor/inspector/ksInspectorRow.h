@@ -62,6 +62,9 @@ public:
     /// Reads the value again and shows it.
     void refresh();
 
+    /// Has the row go, which may be what its own edit has led to.
+    void retire();
+
 private:
     void edit(const QVariant &value, int part);
     void change(const QVariant &value, int part);

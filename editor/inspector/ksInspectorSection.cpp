@@ -52,7 +52,7 @@ bool ksInspectorSection::isFolded() const
 void ksInspectorSection::clear()
 {
     for (ksInspectorRow *row : rows)
-        delete row;
+        row->retire();
     rows.clear();
     heading.clear();
     if (body != nullptr) {
@@ -106,7 +106,9 @@ void ksInspectorSection::addHeading(const QString &text)
 {
     heading = text;
     auto *label = new QLabel(text, body);
-    label->setStyleSheet(QStringLiteral("font-weight: bold; margin-top: 4px"));
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
     grid->addWidget(label, grid->rowCount(), 0, 1, 2);
 }
 

@@ -84,7 +84,10 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
         return osg::UberLightPtr::dcast(target)->getVisibilityReference().getFieldContainerId();
     };
     field.watches = [](const osg::FieldContainerPtr &target) {
-        return ksWatches{{target.getFieldContainerId(), osg::UberLight::VisibilityReferenceFieldMask}};
+        ksWatches watches{{target.getFieldContainerId(), osg::UberLight::VisibilityReferenceFieldMask}};
+        if (const osg::NodePtr node = osg::UberLightPtr::dcast(target)->getVisibilityReference())
+            ksInspectorFields::watchName(watches, node);
+        return watches;
     };
     field.perform = [&edits, ids](const QVariant &value) {
         ksDocument &document = edits.document();
@@ -95,8 +98,8 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
         });
     };
     const auto textOf = [](const QVariant &id) {
-        return id.toUInt() == 0 ? tr("None")
-                                : ksContainers::nameOf(ksFindContainer<osg::FieldContainerPtr>(id.toUInt()));
+        const auto node = ksFindContainer<osg::NodePtr>(id.toUInt());
+        return node == osg::NullFC ? tr("None") : ksInspectorFields::titleOf(node);
     };
     const auto choices = [textOf, shown = ids.back()] {
         const auto light = ksFindContainer<osg::UberLightPtr>(shown);
@@ -167,12 +170,15 @@ void addLinks(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     field.read = [lights](const osg::FieldContainerPtr &target) {
         QStringList names;
         for (const osg::NodePtr &node : listOf(osg::LightLinkSetPtr::dcast(target), lights))
-            names += ksContainers::nameOf(node);
+            names += ksInspectorFields::titleOf(node);
         return names;
     };
     field.watches = [lights](const osg::FieldContainerPtr &target) {
-        return ksWatches{{target.getFieldContainerId(), lights ? osg::LightLinkSet::LightsFieldMask
-                                                               : osg::LightLinkSet::SceneNodesFieldMask}};
+        ksWatches watches{{target.getFieldContainerId(), lights ? osg::LightLinkSet::LightsFieldMask
+                                                                : osg::LightLinkSet::SceneNodesFieldMask}};
+        for (const osg::NodePtr &node : listOf(osg::LightLinkSetPtr::dcast(target), lights))
+            ksInspectorFields::watchName(watches, node);
+        return watches;
     };
     field.perform = [&document, ids, lights](const QVariant &value) {
         changeLinks(document, ids, lights, value.value<ksListChange>());

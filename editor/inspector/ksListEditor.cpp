@@ -25,7 +25,9 @@ ksListEditor::ksListEditor(int abilities, QWidget *parent)
     column->addLayout(below);
     tame(list);
     if ((abilities & TypeNew) != 0) {
+        constexpr int NarrowestLine = 60;
         line = new QLineEdit(this);
+        line->setMinimumWidth(NarrowestLine);
         tame(line);
         below->addWidget(line, 1);
         connect(line, &QLineEdit::returnPressed, this, &ksListEditor::addTyped);

@@ -27,6 +27,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 
 using ksInspectorFields::findAll;
 
@@ -40,10 +41,7 @@ QString tr(const char *text)
 QString textOf(const QVariant &id)
 {
     const auto material = ksFindContainer<osg::FieldContainerPtr>(id.toUInt());
-    if (material == osg::NullFC)
-        return tr("None");
-    const QString name = ksContainers::nameOf(material);
-    return name.isEmpty() ? ksContainers::label(material) : name;
+    return material == osg::NullFC ? tr("None") : ksInspectorFields::titleOf(material);
 }
 
 /// The materials of the scene, those of environments included, by name. Walks the scene: to be asked when
@@ -51,18 +49,12 @@ QString textOf(const QVariant &id)
 ksChoiceEditor::Choices materialsIn(const osg::NodePtr &root)
 {
     std::multimap<QString, osg::UInt32> found;
-    std::vector<osg::UInt32> known;
+    std::set<osg::UInt32> known;
     ksContainers::visitNodes(root, [&](const osg::NodePtr &node) {
         const auto mesh = osg::ksMeshPtr::dcast(node->getCore());
         osg::MaterialPtr material = mesh == osg::NullFC ? osg::MaterialPtr() : mesh->getMaterial();
-        while (material != osg::NullFC) {
-            const osg::UInt32 id = material.getFieldContainerId();
-            if (const auto place = std::lower_bound(known.begin(), known.end(), id);
-                place == known.end() || *place != id) {
-                known.insert(place, id);
-                found.emplace(textOf(id), id);
-            } else
-                break;
+        while (material != osg::NullFC && known.insert(material.getFieldContainerId()).second) {
+            found.emplace(textOf(material.getFieldContainerId()), material.getFieldContainerId());
             const auto surface = osg::UBRDFMaterialPtr::dcast(material);
             material = surface == osg::NullFC ? osg::MaterialPtr() : surface->getEnvironment();
         }
@@ -116,8 +108,7 @@ QUndoCommand *makePart(const osg::UberMaterialPtr &material, const osg::FieldCon
                                   material, material->getComponentSettings(), parent));
 }
 
-/// The picture of \a image; a null one when there is none, or it is of another kind than those that files
-/// have.
+/// The picture of \a image; plain grey for one of another kind than those that files have, and null for none.
 QImage pictureOf(const osg::ImagePtr &image)
 {
     if (image == osg::NullFC)
@@ -144,8 +135,11 @@ QImage pictureOf(const osg::ImagePtr &image)
     const int line = image->getWidth() * channels;
     const bool isShort =
         pixels.size() < static_cast<std::size_t>(line) * static_cast<std::size_t>(image->getHeight());
-    if (image->getDataType() != osg::Image::OSG_UINT8_IMAGEDATA || line == 0 || isShort)
-        return QPixmap::fromImage(QImage(1, 1, QImage::Format_RGB888)).toImage();
+    if (image->getDataType() != osg::Image::OSG_UINT8_IMAGEDATA || line == 0 || isShort) {
+        QImage unknown(1, 1, QImage::Format_RGB32);
+        unknown.fill(Qt::gray);
+        return unknown;
+    }
     return QImage(pixels.data(), image->getWidth(), image->getHeight(), line, format).mirrored(false, true);
 }
 
@@ -200,7 +194,7 @@ void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32
 {
     section.addHeading(tr("All components"));
     const auto firstOf = [](const osg::FieldContainerPtr &target) {
-        return osg::UberMaterialPtr::dcast(target)->getColorComponentData()[0];
+        return osg::FieldContainerPtr(osg::UberMaterialPtr::dcast(target)->getColorComponentData()[0]);
     };
     for (const char *name : {"color", "weight", "enabled"}) {
         const QString fieldName = QString::fromLatin1(name);

@@ -40,9 +40,8 @@ void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
     field.targets = ids;
     field.read = [](const osg::FieldContainerPtr &target) { return ksContainers::nameOf(target); };
     field.watches = [](const osg::FieldContainerPtr &target) {
-        ksWatches watches{{target.getFieldContainerId(), osg::Node::AttachmentsFieldMask}};
-        if (const osg::AttachmentPtr name = nameOf(osg::NodePtr::dcast(target)))
-            watches.emplace_back(name.getFieldContainerId(), osg::Name::SimpleFieldMask);
+        ksWatches watches;
+        ksInspectorFields::watchName(watches, osg::NodePtr::dcast(target));
         return watches;
     };
     const std::vector<osg::NodePtr> nodes = findAll<osg::NodePtr>(ids);

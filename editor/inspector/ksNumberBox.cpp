@@ -22,7 +22,7 @@ ksNumberBox::ksNumberBox(const ksNumberKind &kind, QWidget *parent)
     , kind(kind)
 {
     constexpr int ManyDecimals = 40;
-    constexpr int NarrowestBox = 44;
+    constexpr int NarrowestBox = 34;
     setDecimals(kind.type == ksNumberKind::Type::Integer ? 0 : ManyDecimals);
     setRange(-std::numeric_limits<float>::max(), std::numeric_limits<float>::max());
     setButtonSymbols(QAbstractSpinBox::NoButtons);

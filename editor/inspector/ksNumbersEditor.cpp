@@ -58,13 +58,13 @@ void ksNumbersEditor::add(const ksNumberKind &kind, int part, ksScrubLabel *labe
 
 void ksNumbersEditor::showValue(const QVariant &value)
 {
-    if (isSingle) {
-        boxes.front()->showNumber(value.toDouble());
-        return;
+    const QVariantList numbers = isSingle ? QVariantList{value} : value.toList();
+    for (std::size_t i = 0; i < boxes.size(); ++i) {
+        const double number = numbers.value(static_cast<int>(i)).toDouble();
+        // What is being typed stays when the number is as before.
+        if (!boxes[i]->hasFocus() || boxes[i]->value() != number)
+            boxes[i]->showNumber(number);
     }
-    const QVariantList numbers = value.toList();
-    for (std::size_t i = 0; i < boxes.size(); ++i)
-        boxes[i]->showNumber(numbers.value(static_cast<int>(i)).toDouble());
 }
 
 void ksNumbersEditor::setName(const QString &name)

@@ -23,17 +23,23 @@ ksTextEditor::ksTextEditor(Telling telling, QWidget *parent)
         connect(line, &QLineEdit::textEdited, this, [this](const QString &text) { Q_EMIT edited(text, -1); });
     else
         connect(line, &QLineEdit::editingFinished, this, [this] {
+            line->setModified(false);
             if (line->text() != shown)
                 Q_EMIT edited(line->text(), -1);
         });
     connect(line, &QLineEdit::editingFinished, this, &ksTextEditor::finished);
-    connect(this, &ksTextEditor::cancelled, this, [this] { showValue(shown); });
+    connect(this, &ksTextEditor::cancelled, this, [this] {
+        line->setModified(false);
+        showValue(shown);
+    });
 }
 
 void ksTextEditor::showValue(const QVariant &value)
 {
+    // What is being typed stays when the text is as before.
+    const bool isSame = value.toString() == shown;
     shown = value.toString();
-    if (line->text() == shown)
+    if (line->text() == shown || (isSame && line->isModified()))
         return;
     const int cursor = line->hasFocus() ? line->cursorPosition() : 0;
     line->setText(shown);

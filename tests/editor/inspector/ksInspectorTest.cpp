@@ -18,6 +18,7 @@
 #include <ksNodeUtils.h>
 
 #include <QAccessible>
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QColorDialog>
@@ -287,11 +288,59 @@ TEST_F(ksInspectorTest, KeepsFocusAndCursor)
     EXPECT_TRUE(line->hasFocus());
     EXPECT_EQ(line->text(), QStringLiteral("oiled walnut"));
     EXPECT_EQ(line->cursorPosition(), 5);
-    // What was undone is not what is typed next.
+    // What was redone is not what is typed next.
+    stack().redo();
     QTest::keyClicks(line, QStringLiteral("c"));
-    EXPECT_EQ(stack().count(), 1);
+    EXPECT_EQ(stack().count(), 2);
     stack().undo();
+    EXPECT_EQ(line->text(), QStringLiteral("oilabed walnut"));
+}
+
+TEST_F(ksInspectorTest, LeavesUndoToTheWindow)
+{
+    select({node("Table")});
+    QAction undo;
+    undo.setShortcut(QKeySequence::Undo);
+    QObject::connect(&undo, &QAction::triggered, [this] { document.history().undo(); });
+    inspector->addAction(&undo);
+    auto *line = find<QLineEdit>("Comment");
+    line->setFocus();
+    QTest::keyClicks(line, QStringLiteral("abc"));
+    QTest::keyClick(line, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(line->text(), QStringLiteral("oiled walnut"));
+    EXPECT_FALSE(stack().canUndo());
+    EXPECT_TRUE(stack().canRedo());
+}
+
+TEST_F(ksInspectorTest, ForgetsWhatIsNoLongerSelected)
+{
+    const osg::NodePtr table = node("Table");
+    select({table});
+    QTest::keyClicks(find<QLineEdit>("Comment"), QStringLiteral("abc"));
+    select({node("Chair")});
+    type("Comment", "def");
+    EXPECT_EQ(stack().count(), 2);
+    ksNodeEdits::remove(document, {node("Chair")});
+    stack().undo();
+    EXPECT_EQ(textOf("Comment"), QStringLiteral("def"));
+    document.open(ksRoomFile());
+    EXPECT_FALSE(find<QToolButton>("Node")->isVisible());
+}
+
+TEST_F(ksInspectorTest, KeepsWhatIsBeingTyped)
+{
+    select({node("Table")});
+    auto *line = find<QLineEdit>("Translation x");
+    line->parentWidget()->setFocus();
+    line->selectAll();
+    QTest::keyClicks(line->parentWidget(), QStringLiteral("12"));
+    const ksTransformProperty &translation = *ksTransformEdits::find(QStringLiteral("translation"));
+    document.add(translation.make({node("Table")}, osg::Vec3f(0.2F, 7, 0.3F), {}, nullptr));
+    EXPECT_EQ(textOf("Translation y"), QStringLiteral("7"));
+    EXPECT_EQ(line->text(), QStringLiteral("12"));
+    QTest::keyClick(line->parentWidget(), Qt::Key_Return);
+    EXPECT_EQ(stack().count(), 2);
+    EXPECT_EQ(ksNodeUtils::getTransformNodeTranslation(node("Table"), false, -1)[1], 7);
 }
 
 TEST_F(ksInspectorTest, TakesADragAsOneStep)
@@ -458,6 +507,8 @@ TEST_F(ksInspectorTest, EditsLights)
     const auto reference = [&] { return find<QComboBox>("Visibility reference")->currentText(); };
     expectStep([&] { click("Visibility reference: Use selected"); }, reference);
     EXPECT_EQ(reference(), QStringLiteral("Table"));
+    ksNodeEdits::rename(document, node("Table"), QStringLiteral("Desk"));
+    EXPECT_EQ(reference(), QStringLiteral("Desk"));
     expectStep([&] { choose("Visibility reference", QStringLiteral("None")); }, reference);
 }
 
@@ -660,7 +711,7 @@ TEST_F(ksInspectorTest, ReadsOnlyTheRowsConcerned)
     select({table});
     EXPECT_EQ(readBy([&] { ksNodeEdits::show(document, {node("Chair")}, false); }), 0u);
     EXPECT_EQ(readBy([&] { ksNodeEdits::rename(document, node("Chair"), QStringLiteral("Stool")); }), 0u);
-    EXPECT_EQ(readBy([&] { ksNodeEdits::move(document, {node("Lamp")}, node("Chair")); }), 0u);
+    EXPECT_EQ(readBy([&] { ksNodeEdits::move(document, {node("Lamp")}, node("Stool")); }), 0u);
     EXPECT_EQ(readBy([&] { type("Comment", "x"); }), 1u);
     EXPECT_EQ(readBy([&] { stack().undo(); }), 1u);
     EXPECT_EQ(readBy([&] { stack().redo(); }), 1u);
@@ -711,8 +762,9 @@ TEST_F(ksInspectorTest, NamesEveryControl)
         [&](QAccessibleInterface *control, const QString &place) {
             const QString name = control->text(QAccessible::Name);
             const QString here = place + QLatin1Char('/') + name;
-            const bool isControl = control->state().focusable || control->actionInterface() != nullptr ||
-                                   control->valueInterface() != nullptr;
+            const QAccessible::Role role = control->role();
+            const bool isControl =
+                control->state().focusable || (role != QAccessible::Client && role != QAccessible::Pane);
             if (isControl && !control->state().invisible) {
                 ++controls;
                 EXPECT_FALSE(name.isEmpty()) << here.toStdString() << " has a control without a name, "
@@ -724,22 +776,9 @@ TEST_F(ksInspectorTest, NamesEveryControl)
         };
     for (const osg::NodePtr &shown : {node("Table"), links, aim, lamp, layered}) {
         select({shown});
+        // Widgets show themselves once they are laid out.
+        QCoreApplication::processEvents();
         visit(QAccessible::queryAccessibleInterface(inspector.get()), ksContainers::nameOf(shown));
     }
-    EXPECT_GT(controls, 300);
-}
-
-TEST_F(ksInspectorTest, ZPicture)
-{
-    select({node("Table")});
-    QTest::qWait(100);
-    inspector->resize(380, 1500);
-    QTest::qWait(100);
-    inspector->grab().save(QStringLiteral("/tmp/wins1.png"));
-    select({node("Lamp")});
-    QTest::qWait(100);
-    inspector->grab().save(QStringLiteral("/tmp/wins2.png"));
-    select({addLayered()});
-    QTest::qWait(100);
-    inspector->grab().save(QStringLiteral("/tmp/wins3.png"));
+    EXPECT_GT(controls, 500);
 }
