@@ -87,6 +87,8 @@ void ksDialogs::showProgress(QWidget *parent, const QString &text,
 {
     constexpr int Steps = 1000;
     QProgressDialog dialog(text, tr("Cancel"), 0, Steps, parent);
+    constexpr int PatienceMilliseconds = 500;
+    dialog.setMinimumDuration(PatienceMilliseconds);
     dialog.setWindowModality(Qt::ApplicationModal);
     work([&dialog](double done) {
         dialog.setValue(static_cast<int>(done * (Steps - 1)));
