@@ -53,6 +53,7 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
     qRegisterMetaType<Space>("ksViewport::Space");
     setAccessibleName(tr("Viewport"));
     setAccessibleDescription(tr("The picture of the scene"));
+    band->setAccessibleName(tr("Frame around what is selected"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     failure->setAlignment(Qt::AlignCenter);
@@ -65,6 +66,7 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
                                [this] { renderer.clear(); }},
                               this);
         canvas->setMouseTracking(true);
+        canvas->setAccessibleName(tr("Picture of the scene"));
         pages->addWidget(canvas);
         pages->setCurrentWidget(canvas);
         connect(canvas, &ksCanvas::failed, this, &ksViewport::showFailure);

@@ -421,6 +421,20 @@ TEST_F(ksViewportTest, ScalesATurnedNodeAlongTheWorldsAxes)
     EXPECT_EQ(valuesOf(transform(chair)), values);
 }
 
+TEST_F(ksViewportTest, ScalesThroughNothing)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Scale, {chair});
+    const QPointF start = grip(Kind::Axis, 0);
+    const QPointF origin = viewport.camera().project(viewport.handles()->frame().origin);
+    drag(start, 2 * (origin - start), 40);
+    EXPECT_EQ(steps(), 1);
+    EXPECT_LT(transform(chair)->getMatrix().det(), 0) << "mirrored";
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+}
+
 TEST_F(ksViewportTest, RefusesWhatCannotBeDone)
 {
     const osg::NodePtr book = node("Book");
