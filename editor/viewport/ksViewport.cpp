@@ -73,6 +73,10 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
     } else {
         showFailure();
     }
+    constexpr int StillMilliseconds = 150;
+    settling.setSingleShot(true);
+    settling.setInterval(StillMilliseconds);
+    connect(&settling, &QTimer::timeout, this, &ksViewport::refresh);
     connect(&document, &ksDocument::changed, this, &ksViewport::follow);
     connect(&document, &ksDocument::replaced, this, &ksViewport::showWhole);
     connect(&document, &ksDocument::stepped, this, [this] {
@@ -264,8 +268,7 @@ void ksViewport::wheelEvent(QWheelEvent *event)
 {
     constexpr double PerUnit = 0.9988;
     orbit.zoom(float(std::pow(PerUnit, event->angleDelta().y())), event->position());
-    isWhole = false;
-    refresh();
+    refreshMoved();
     event->accept();
 }
 
@@ -310,8 +313,7 @@ void ksViewport::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         return;
     }
-    isWhole = false;
-    refresh();
+    refreshMoved();
 }
 
 void ksViewport::focusOutEvent(QFocusEvent *event)
@@ -360,8 +362,15 @@ void ksViewport::refresh()
 {
     if (canvas == nullptr)
         return;
-    canvas->setDraft(mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
+    canvas->setDraft(settling.isActive() || mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
     canvas->update();
+}
+
+void ksViewport::refreshMoved()
+{
+    isWhole = false;
+    settling.start();
+    refresh();
 }
 
 const std::vector<ksVisibleNode> &ksViewport::nodes()

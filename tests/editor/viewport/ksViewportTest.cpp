@@ -417,7 +417,17 @@ TEST_F(ksViewportTest, TurnsInOneStep)
     const std::vector<float> before = valuesOf(transform(chair));
     const osg::Vec3f angles = transform(chair)->getEulerRotation();
     grasp(Tool::Turn, {chair});
-    drag(grip(Kind::Ring, 1), QPointF(30, 2), 60);
+    const QVector3D pivot = viewport.handles()->frame().origin;
+    const QMatrix4x4 old = ksToQt(matrixOf(chair));
+    const QPointF start = grip(Kind::Ring, 1);
+    const QPointF way(30, 2);
+    drag(start, way, 60);
+    const auto directionAt = [&](const QPointF &place) {
+        return (*viewport.camera().rayAt(place).meetPlane(pivot, QVector3D(0, 1, 0)) - pivot).normalized();
+    };
+    const QMatrix4x4 turn = ksToQt(matrixOf(chair)) * old.inverted();
+    EXPECT_LT((turn.mapVector(directionAt(start)) - directionAt(start + way)).length(), 0.02F)
+        << "what was grasped is where the mouse is";
     EXPECT_EQ(steps(), 1);
     osg::Matrix turned = transform(chair)->getMatrix();
     EXPECT_NEAR(turned[1][1], 1, 1e-5F) << "about y";
