@@ -189,7 +189,10 @@ std::optional<float> ksHandleDrag::factorTo(const QPointF &mouse) const
     const auto last = camera.rayAt(mouse).closestOn(frame.origin, axis());
     if (!first || !last || *first == 0)
         return {};
-    return *last / *first;
+    // Nothing can be made larger again that has no extent.
+    constexpr float Smallest = 1e-3F;
+    const float factor = *last / *first;
+    return std::copysign(std::max(std::abs(factor), Smallest), factor);
 }
 
 void ksHandleDrag::addMove(const ksNodePlace &place, const QVector3D &way, QUndoCommand *parent)
@@ -237,22 +240,23 @@ void ksHandleDrag::addWorldScale(const ksNodePlace &place, float factor, QUndoCo
     own.setColumn(3, QVector4D(0, 0, 0, 1));
     const QMatrix4x4 grown = toWorld.inverted() * grow * toWorld * own;
 
+    // What has no factors stays as it is, by as many commands, so that those of a drag merge.
     osg::Matrix matrix;
     matrix.setValue(grown.constData());
     osg::AffineFactors factors;
-    if (!factors.setFactorsOf(matrix))
-        return;
+    const bool isPossible = factors.setFactorsOf(matrix);
     const QQuaternion whole(float(factors.rotation.w()), float(factors.rotation.x()),
                             float(factors.rotation.y()), float(factors.rotation.z()));
-    const QQuaternion turn = (whole * place.orientationTurn().conjugated()).normalized();
-    const auto toFloat = [](const osg::Vec3d &vector) {
+    const QQuaternion turn =
+        isPossible ? (whole * place.orientationTurn().conjugated()).normalized() : place.rotation;
+    const auto toQt = [](const osg::Vec3d &vector) {
         return QVector3D(float(vector[0]), float(vector[1]), float(vector[2]));
     };
     addValue("translation", place, place.translation + place.scalePivot() - place.scalePivotWith(turn),
              parent);
-    addValue("eulerRotation", place, eulerOf(place, turn), parent);
-    addValue("scale", place, toFloat(factors.scale), parent);
-    addValue("shear", place, toFloat(factors.shear), parent);
+    addValue("eulerRotation", place, isPossible ? eulerOf(place, turn) : place.euler, parent);
+    addValue("scale", place, isPossible ? toQt(factors.scale) : place.scale, parent);
+    addValue("shear", place, isPossible ? toQt(factors.shear) : place.shear, parent);
 }
 
 void ksHandleDrag::addValue(const char *property, const ksNodePlace &place, const QVector3D &value,

@@ -26,6 +26,7 @@ ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
     , translation(ksToQt(transform->getTranslation()))
     , euler(ksToQt(transform->getEulerRotation()))
     , scale(ksToQt(transform->getScale()))
+    , shear(ksToQt(transform->getShear()))
 {
     const osg::Quaternion &turn = transform->getRotation();
     rotation = QQuaternion(turn.w(), turn.x(), turn.y(), turn.z());

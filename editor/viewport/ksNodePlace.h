@@ -40,6 +40,7 @@ struct ksNodePlace
     QVector3D translation;
     QVector3D euler;
     QVector3D scale;
+    QVector3D shear;
     QQuaternion rotation;
 
 private:

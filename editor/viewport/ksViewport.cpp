@@ -53,6 +53,7 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
     qRegisterMetaType<Space>("ksViewport::Space");
     setAccessibleName(tr("Viewport"));
     setAccessibleDescription(tr("The picture of the scene"));
+    band->setAccessibleName(tr("Frame around what is selected"));
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     failure->setAlignment(Qt::AlignCenter);
@@ -65,12 +66,17 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
                                [this] { renderer.clear(); }},
                               this);
         canvas->setMouseTracking(true);
+        canvas->setAccessibleName(tr("Picture of the scene"));
         pages->addWidget(canvas);
         pages->setCurrentWidget(canvas);
         connect(canvas, &ksCanvas::failed, this, &ksViewport::showFailure);
     } else {
         showFailure();
     }
+    constexpr int StillMilliseconds = 150;
+    settling.setSingleShot(true);
+    settling.setInterval(StillMilliseconds);
+    connect(&settling, &QTimer::timeout, this, &ksViewport::refresh);
     connect(&document, &ksDocument::changed, this, &ksViewport::follow);
     connect(&document, &ksDocument::replaced, this, &ksViewport::showWhole);
     connect(&document, &ksDocument::stepped, this, [this] {
@@ -262,8 +268,7 @@ void ksViewport::wheelEvent(QWheelEvent *event)
 {
     constexpr double PerUnit = 0.9988;
     orbit.zoom(float(std::pow(PerUnit, event->angleDelta().y())), event->position());
-    isWhole = false;
-    refresh();
+    refreshMoved();
     event->accept();
 }
 
@@ -308,8 +313,7 @@ void ksViewport::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
         return;
     }
-    isWhole = false;
-    refresh();
+    refreshMoved();
 }
 
 void ksViewport::focusOutEvent(QFocusEvent *event)
@@ -358,8 +362,15 @@ void ksViewport::refresh()
 {
     if (canvas == nullptr)
         return;
-    canvas->setDraft(mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
+    canvas->setDraft(settling.isActive() || mode == Mode::Orbit || mode == Mode::Pan || mode == Mode::Handle);
     canvas->update();
+}
+
+void ksViewport::refreshMoved()
+{
+    isWhole = false;
+    settling.start();
+    refresh();
 }
 
 const std::vector<ksVisibleNode> &ksViewport::nodes()

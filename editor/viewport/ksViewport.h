@@ -12,6 +12,7 @@
 
 #include <QImage>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -119,6 +120,9 @@ private:
     void follow(const ksSceneChanges &changes);
     void refresh();
 
+    /// Draws after a movement of the camera that has no end: in full once it has been still for a moment.
+    void refreshMoved();
+
     /// The nodes that can be seen and the box around them, both up to date.
     const std::vector<ksVisibleNode> &nodes();
     const ksBounds &sceneBounds();
@@ -161,6 +165,9 @@ private:
 
     /// A step that is not the drag's ends it.
     bool isDragging = false;
+
+    /// Running while the camera may go on moving.
+    QTimer settling;
 
     /// All of the scene has been framed, and nobody has moved the camera since.
     bool isWhole = true;

@@ -9,6 +9,8 @@
 
 #include <OSGTransform3D.h>
 #include <OSGUBRDFMaterial.h>
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 #include <ksNodeUtils.h>
 
 #include <QApplication>
@@ -17,6 +19,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <functional>
 #include <vector>
 
 namespace {
@@ -180,6 +183,50 @@ TEST_F(ksViewportTest, DoesNotShowWhatIsNotRecorded)
     osg::endEditCP(table, osg::Node::TravMaskFieldMask);
     ksNodeEdits::rename(document, node("Stool"), QStringLiteral("Chair"));
     EXPECT_GT(differences(before, viewport.picture()), 500);
+}
+
+TEST_F(ksViewportTest, ShowsEditsOfMeshesImagesAndLights)
+{
+    const auto expectChange = [this](const char *what, const std::function<void()> &edit) {
+        const QImage before = viewport.picture();
+        edit();
+        document.add(translation().make({document.root()}, osg::Vec3f(0, 0, 0), {}, nullptr));
+        EXPECT_GT(differences(before, viewport.picture()), 50) << what;
+    };
+    const auto table = osg::ksMeshPtr::dcast(node("Table")->getChild(3)->getCore());
+    ASSERT_NE(table, osg::NullFC);
+    expectChange("a mesh", [&] {
+        CPEdit(table, osg::ksMesh::PositionsFieldMask);
+        for (osg::Pnt3f &position : table->getPositions())
+            position[1] += 0.5F;
+    });
+    click(viewport.camera().project(ksToQt(matrixOf(node("Table"))).map(QVector3D(0, 0.74F + 0.5F, 0.1F))));
+    EXPECT_EQ(document.selection().current(), node("Table"));
+    document.selection().clear();
+
+    const auto planks = osg::UberMaterialPtr::dcast(
+        osg::ksMeshPtr::dcast(node("Floor")->getChild(0)->getCore())->getMaterial());
+    ASSERT_NE(planks, osg::NullFC);
+    const osg::ImagePtr image = planks->getColorComponentData()[0]->getImage();
+    expectChange("an image", [&] {
+        CPEdit(image, osg::Image::PixelFieldMask);
+        std::fill(image->getPixel().begin(), image->getPixel().end(), osg::UInt8(90));
+    });
+    const auto brass = osg::UBRDFMaterialPtr::dcast(
+        osg::ksMeshPtr::dcast(node("Clock")->getChild(0)->getCore())->getMaterial());
+    expectChange("an environment", [&] {
+        CPEdit(brass, osg::UBRDFMaterial::EnvironmentFieldMask);
+        brass->setEnvironment(planks);
+    });
+    const auto light = osg::UberLightPtr::dcast(node("CeilingSpot")->getChild(0)->getCore());
+    expectChange("a cone", [&] {
+        CPEdit(light, osg::UberLight::ConeAngleFieldMask);
+        light->setConeAngle(80);
+    });
+    expectChange("a colour of light", [&] {
+        CPEdit(light, osg::UberLight::DiffuseFieldMask);
+        light->setDiffuse(osg::Vec3f(1, 0, 0));
+    });
 }
 
 TEST_F(ksViewportTest, ShowsNoHiddenNodes)
@@ -370,7 +417,17 @@ TEST_F(ksViewportTest, TurnsInOneStep)
     const std::vector<float> before = valuesOf(transform(chair));
     const osg::Vec3f angles = transform(chair)->getEulerRotation();
     grasp(Tool::Turn, {chair});
-    drag(grip(Kind::Ring, 1), QPointF(30, 2), 60);
+    const QVector3D pivot = viewport.handles()->frame().origin;
+    const QMatrix4x4 old = ksToQt(matrixOf(chair));
+    const QPointF start = grip(Kind::Ring, 1);
+    const QPointF way(30, 2);
+    drag(start, way, 60);
+    const auto directionAt = [&](const QPointF &place) {
+        return (*viewport.camera().rayAt(place).meetPlane(pivot, QVector3D(0, 1, 0)) - pivot).normalized();
+    };
+    const QMatrix4x4 turn = ksToQt(matrixOf(chair)) * old.inverted();
+    EXPECT_LT((turn.mapVector(directionAt(start)) - directionAt(start + way)).length(), 0.02F)
+        << "what was grasped is where the mouse is";
     EXPECT_EQ(steps(), 1);
     osg::Matrix turned = transform(chair)->getMatrix();
     EXPECT_NEAR(turned[1][1], 1, 1e-5F) << "about y";
@@ -419,6 +476,20 @@ TEST_F(ksViewportTest, ScalesATurnedNodeAlongTheWorldsAxes)
     EXPECT_NEAR(to.z(), from.z(), 1e-4F);
     undo();
     EXPECT_EQ(valuesOf(transform(chair)), values);
+}
+
+TEST_F(ksViewportTest, ScalesThroughNothing)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Scale, {chair});
+    const QPointF start = grip(Kind::Axis, 0);
+    const QPointF origin = viewport.camera().project(viewport.handles()->frame().origin);
+    drag(start, 2 * (origin - start), 40);
+    EXPECT_EQ(steps(), 1);
+    EXPECT_LT(transform(chair)->getMatrix().det(), 0) << "mirrored";
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), before);
 }
 
 TEST_F(ksViewportTest, RefusesWhatCannotBeDone)

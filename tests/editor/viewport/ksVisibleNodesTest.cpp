@@ -93,8 +93,8 @@ TEST_F(ksVisibleNodesTest, HandsDownWhatNodesAre)
 TEST_F(ksVisibleNodesTest, LeavesOutWhatIsHidden)
 {
     EXPECT_EQ(list().size(), 3u);
-    CPEdit(child, osg::Node::TravMaskFieldMask);
     child->setTravMask(0);
+    EXPECT_EQ(list().size(), 3u) << "nobody was told";
     osg::endEditCP(child, osg::Node::TravMaskFieldMask);
     EXPECT_EQ(list().size(), 1u);
     EXPECT_EQ(visible.find(leaf.getFieldContainerId()), -1);
