@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include <editor/document/ksDocument.h>
+#include <editor/inspector/ksInspectorEdits.h>
+#include <editor/inspector/ksInspectorRow.h>
+#include <editor/inspector/ksValueEditor.h>
+#include <editor/scene/ksContainers.h>
+
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/core/ksMultiCommand.h>
+
+#include <OpenSG/OSGThreadContext.h>
+
+#include <QStringList>
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+QString namesOf(const std::vector<osg::FieldContainerPtr> &containers)
+{
+    constexpr std::size_t LongestList = 3;
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(containers.size(), LongestList); ++i)
+        names += QLatin1Char('\'') + ksContainers::nameOf(containers[i]) + QLatin1Char('\'');
+    if (containers.size() > LongestList)
+        names += QStringLiteral("...");
+    return names.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+bool ksConcern(const ksSceneChanges &changes, const ksWatches &watches)
+{
+    return std::any_of(watches.begin(), watches.end(),
+                       [&changes](const auto &watch) { return changes.concern(watch.first, watch.second); });
+}
+
+ksInspectorRow::ksInspectorRow(ksInspectorEdits &ownEdits, ksInspectorField shownField,
+                               ksValueEditor *valueEditor, QObject *parent)
+    : QObject(parent)
+    , edits(ownEdits)
+    , field(std::move(shownField))
+    , editor(valueEditor)
+{
+    connect(editor, &ksValueEditor::edited, this, &ksInspectorRow::edit);
+    connect(editor, &ksValueEditor::finished, &edits, &ksInspectorEdits::finish);
+    connect(editor, &ksValueEditor::cancelled, &edits, &ksInspectorEdits::cancel);
+    refresh();
+}
+
+void ksInspectorRow::refresh()
+{
+    edits.noteRead();
+    QVariant value;
+    {
+        const osg::AspectScope scope(1);
+        const auto target = ksFindContainer<osg::FieldContainerPtr>(field.targets.back());
+        watched.clear();
+        if (target != osg::NullFC) {
+            value = field.read(target);
+            watched = field.watches(target);
+        }
+    }
+    editor->setEnabled(value.isValid());
+    if (value.isValid())
+        editor->showValue(value);
+}
+
+void ksInspectorRow::retire()
+{
+    editor->disconnect(this);
+    editor->disconnect(&edits);
+    deleteLater();
+}
+
+void ksInspectorRow::edit(const QVariant &value, int part)
+{
+    if (!edits.run(editor, [&] { change(value, part); }))
+        refresh();
+}
+
+void ksInspectorRow::change(const QVariant &value, int part)
+{
+    if (field.perform) {
+        field.perform(value);
+        return;
+    }
+    std::vector<osg::FieldContainerPtr> targets;
+    std::vector<QVariant> wanted;
+    bool changes = false;
+    for (const osg::UInt32 id : field.targets) {
+        const auto target = ksFindContainer<osg::FieldContainerPtr>(id);
+        const QVariant known = target == osg::NullFC ? QVariant() : field.read(target);
+        if (!known.isValid())
+            continue;
+        QVariant whole = value;
+        if (part >= 0) {
+            QVariantList parts = known.toList();
+            parts[part] = value;
+            whole = parts;
+        }
+        changes = changes || known != whole;
+        targets.push_back(target);
+        wanted.push_back(whole);
+    }
+    if (!changes)
+        return;
+    if (targets.size() == 1) {
+        edits.document().add(field.make(targets.front(), wanted.front(), nullptr));
+        return;
+    }
+    auto batch = std::make_unique<ksMultiCommand>(tr("Set %1 of %2").arg(field.name, namesOf(targets)));
+    for (std::size_t i = 0; i < targets.size(); ++i)
+        field.make(targets[i], wanted[i], batch.get());
+    edits.document().add(batch.release());
+}

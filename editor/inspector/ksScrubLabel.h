@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLabel>
+
+/// The label of a number, which is changed by dragging the label sideways.
+class ksScrubLabel : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit ksScrubLabel(const QString &text, QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    void began();
+
+    /// The mouse is \a steps steps from where the drag began: one a pixel, ten with Shift, a tenth with
+    /// Control.
+    void moved(double steps);
+
+    void ended();
+
+    /// The user has pressed Escape, which ends the drag.
+    void cancelled();
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void stop();
+
+    bool isDragging = false;
+    int start = 0;
+};
