@@ -12,6 +12,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <memory>
 
 using ksInspectorFields::findAll;

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <unordered_set>
 
 ksInspector::ksInspector(ksDocument &shownDocument, QWidget *parent)
     : QWidget(parent)
@@ -73,10 +74,11 @@ void ksInspector::reload()
 
 bool ksInspector::hasOtherNodes(const ksSceneChanges &changes) const
 {
+    if (changes.created.empty() && changes.destroyed.empty())
+        return false;
     const ksSelection::Ids &ids = document.selection().ids();
-    const auto isSelected = [&ids](osg::UInt32 id) {
-        return std::find(ids.begin(), ids.end(), id) != ids.end();
-    };
+    const std::unordered_set<osg::UInt32> selected(ids.begin(), ids.end());
+    const auto isSelected = [&selected](osg::UInt32 id) { return selected.count(id) != 0; };
     return std::any_of(changes.created.begin(), changes.created.end(), isSelected) ||
            std::any_of(changes.destroyed.begin(), changes.destroyed.end(), isSelected);
 }

@@ -3,7 +3,6 @@
 #include <editor/edits/ksFieldRanges.h>
 #include <editor/inspector/ksColourEditor.h>
 #include <editor/inspector/ksFlagEditor.h>
-#include <editor/inspector/ksInspectorEdits.h>
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/inspector/ksListEditor.h>
@@ -21,9 +20,9 @@
 #include <OpenSG/OSGSFVecTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
-#include <cmath>
 #include <limits>
 #include <type_traits>
+#include <unordered_set>
 
 namespace {
 
@@ -233,9 +232,10 @@ std::vector<osg::UInt32> ksInspectorFields::idsOf(const std::vector<osg::FieldCo
     std::vector<osg::UInt32> ids;
     if (containers.empty() || containers.back() == osg::NullFC)
         return ids;
+    std::unordered_set<osg::UInt32> known;
     for (auto container = containers.rbegin(); container != containers.rend(); ++container) {
         const osg::UInt32 id = container->getFieldContainerId();
-        if (id != 0 && std::find(ids.begin(), ids.end(), id) == ids.end())
+        if (id != 0 && known.insert(id).second)
             ids.push_back(id);
     }
     std::reverse(ids.begin(), ids.end());

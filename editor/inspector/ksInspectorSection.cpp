@@ -24,6 +24,7 @@ ksInspectorSection::ksInspectorSection(const QString &title, bool isFolded, ksIn
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(header);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     header->setText(title);
     header->setAccessibleName(title);
     header->setCheckable(true);

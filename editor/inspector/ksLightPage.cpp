@@ -9,10 +9,8 @@
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/inspector/ksListEditor.h>
-#include <editor/inspector/ksValueEditor.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
-#include <editor/scene/ksReferenceCycles.h>
 
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/light/ksAddNodeToLightLinkSetUndoCommand.h>
@@ -21,6 +19,7 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
 #include <memory>
 
 using ksInspectorFields::findAll;

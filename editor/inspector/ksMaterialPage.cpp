@@ -25,6 +25,7 @@
 #include <QCoreApplication>
 #include <QImage>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <set>

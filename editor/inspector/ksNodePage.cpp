@@ -14,6 +14,8 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 using ksInspectorFields::findAll;
 
 namespace {

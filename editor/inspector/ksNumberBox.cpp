@@ -73,19 +73,18 @@ QString ksNumberBox::textFromValue(double number) const
 {
     if (kind.type == ksNumberKind::Type::Integer)
         return QString::number(number, 'f', 0);
-    constexpr int FewestDigits = 6;
-    constexpr int MostDigits = 17;
-    for (int digits = FewestDigits; digits < MostDigits; ++digits) {
-        const QString text = QString::number(number, 'g', digits);
-        if (rounded(text.toDouble()) == number)
-            return text;
-    }
-    return QString::number(number, 'g', MostDigits);
+    constexpr int FloatDigits = 6;
+    constexpr int DoubleDigits = 12;
+    constexpr double Large = 1e6;
+    const bool isFloat = kind.type == ksNumberKind::Type::Float;
+    const bool isLarge = isFloat && std::abs(number) >= Large;
+    return QString::number(number, 'g', isFloat && !isLarge ? FloatDigits : DoubleDigits);
 }
 
 double ksNumberBox::valueFromText(const QString &text) const
 {
-    return rounded(plainText(text).toDouble());
+    // What is shown stands for the number, all of its digits.
+    return text == textFromValue(value()) ? value() : rounded(plainText(text).toDouble());
 }
 
 QValidator::State ksNumberBox::validate(QString &text, int &) const

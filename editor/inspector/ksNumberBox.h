@@ -24,7 +24,7 @@ struct ksNumberKind
     double step = 0.1;
 };
 
-/// A box for one number, of which it shows as many digits as tell it from all others of its type.
+/// A box for one number, of which it shows as many digits as people care for, and keeps all.
 class ksNumberBox : public QDoubleSpinBox
 {
     Q_OBJECT

@@ -4,14 +4,11 @@
 #include <editor/document/ksDocumentHistory.h>
 #include <editor/document/ksNodeEdits.h>
 #include <editor/edits/ksConstraintEdits.h>
-#include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/inspector/ksInspector.h>
-#include <editor/inspector/ksInspectorSection.h>
 
 #include <OSGLightLinkSet.h>
-#include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGPointLight.h>
@@ -325,6 +322,21 @@ TEST_F(ksInspectorTest, ForgetsWhatIsNoLongerSelected)
     EXPECT_EQ(textOf("Comment"), QStringLiteral("def"));
     document.open(ksRoomFile());
     EXPECT_FALSE(find<QToolButton>("Node")->isVisible());
+}
+
+TEST_F(ksInspectorTest, KeepsTheDigitsThatItDoesNotShow)
+{
+    const osg::NodePtr table = node("Table");
+    select({table});
+    type("Translation x", "0.12345678");
+    EXPECT_EQ(textOf("Translation x"), QStringLiteral("0.123457"));
+    auto *box = find<QLineEdit>("Translation x")->parentWidget();
+    box->setFocus();
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(stack().count(), 1);
+    EXPECT_EQ(ksNodeUtils::getTransformNodeTranslation(table, false, -1)[0], 0.12345678F);
+    type("Translation x", "16777215");
+    EXPECT_EQ(textOf("Translation x"), QStringLiteral("16777215"));
 }
 
 TEST_F(ksInspectorTest, KeepsWhatIsBeingTyped)
