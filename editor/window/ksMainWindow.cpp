@@ -127,7 +127,7 @@ void ksMainWindow::makeDocks()
     warnings->setAccessibleName(tr("Warnings"));
     warnings->setWordWrap(true);
     // As much as their texts and fields take.
-    constexpr int OutlineWidth = 200;
+    constexpr int OutlineWidth = 240;
     constexpr int InspectorWidth = 416;
     nodes->setMinimumWidth(OutlineWidth);
     fields->setMinimumWidth(InspectorWidth);
