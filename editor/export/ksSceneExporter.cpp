@@ -9,6 +9,7 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksGltfNames.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGTransform.h>
@@ -97,13 +98,12 @@ QJsonArray matrixOf(const osg::NodePtr &node)
     const osg::TransformPtr transform = osg::TransformPtr::dcast(node->getCore());
     if (transform == osg::NullFC || transform->getMatrix() == osg::Matrix())
         return {};
-    QJsonArray numbers;
     const float *values = transform->getMatrix().getValues();
-    for (unsigned int i = 0; i < osg::Matrix::Size; ++i)
+    QJsonArray numbers;
+    for (unsigned int i = 0; ksSoundNumbers::areFinite(values, osg::Matrix::Size) && i < osg::Matrix::Size;
+         ++i)
         numbers.append(double(values[i]));
-    const bool isFinite =
-        std::all_of(values, values + osg::Matrix::Size, [](float value) { return std::isfinite(value); });
-    return isFinite ? numbers : QJsonArray();
+    return numbers;
 }
 
 QJsonObject extrasOf(const QJsonValue &content)
@@ -154,8 +154,6 @@ private:
         std::size_t next = 0;
         scene->mRootNode = createAssimpNode(next).release();
         replace(scene->mMeshes, scene->mNumMeshes, assimpMeshes);
-        if (assimpMaterials.empty())
-            assimpMaterials.push_back(createAssimpMaterial({}));
         replace(scene->mMaterials, scene->mNumMaterials, assimpMaterials);
         return scene;
     }
@@ -250,7 +248,7 @@ private:
                 QLatin1String("primitives"))[0][QLatin1String("attributes")][QLatin1String("NORMAL")];
             const osg::MFVec3f::StorageType &normals = meshes[i]->getNormals().getValues();
             if (!normals.empty())
-                document.replaceBytes(normal.toInt(), normals.data(), normals.size() * sizeof(osg::Vec3f));
+                document.replaceBytes(normal.toInt(-1), normals.data(), normals.size() * sizeof(osg::Vec3f));
             all.replace(position, entry);
         }
         if (!all.isEmpty())
@@ -272,7 +270,7 @@ private:
                 entry.insert(QStringLiteral("matrix"), matrix);
             if (const auto light = osg::UberLightPtr::dcast(nodes[i]->getCore())) {
                 const QJsonObject reference{{QStringLiteral("light"), lights.size()}};
-                entry.insert(QStringLiteral("extensions"), QJsonObject{{lightExtension(), reference}});
+                entry.insert(QStringLiteral("extensions"), QJsonObject{{ksGltfNames::lights(), reference}});
                 lights.append(ksLightExporter::toGltf(light, nameOf(nodes[i])));
             }
             entry.insert(QStringLiteral("extras"), extrasOf(extras.textOf(nodes[i])));
@@ -281,11 +279,9 @@ private:
         document.json.insert(QStringLiteral("nodes"), all);
         if (!lights.isEmpty()) {
             const QJsonObject content{{QStringLiteral("lights"), lights}};
-            document.json.insert(QStringLiteral("extensions"), QJsonObject{{lightExtension(), content}});
+            document.json.insert(QStringLiteral("extensions"), QJsonObject{{ksGltfNames::lights(), content}});
         }
     }
-
-    static QString lightExtension() { return QStringLiteral("KHR_lights_punctual"); }
 
     void completeMaterials(ksGltfDocument &document, ksExtrasWriter &extras) const
     {
@@ -299,7 +295,8 @@ private:
             transformTextures(entry, ksMaterialExporter::textureTransform(materials[i].source));
             all.replace(position, entry);
         }
-        document.json.insert(QStringLiteral("materials"), all);
+        if (!all.isEmpty())
+            document.json.insert(QStringLiteral("materials"), all);
     }
 
     /// Gives the textures of \a material the transform, unless that is empty.
@@ -310,7 +307,7 @@ private:
             if (info.isEmpty() || transform.isEmpty())
                 return;
             info.insert(QStringLiteral("extensions"),
-                        QJsonObject{{QStringLiteral("KHR_texture_transform"), transform}});
+                        QJsonObject{{ksGltfNames::textureTransform(), transform}});
             owner.insert(texture, info);
         };
         const QString physicallyBased = QStringLiteral("pbrMetallicRoughness");

@@ -12,10 +12,16 @@
 class ksGltfFile
 {
 public:
+    /// None: its document is empty.
+    ksGltfFile() = default;
+
     /// Reads the file \a path. When that cannot be done there is an empty document.
     explicit ksGltfFile(const QString &path);
 
     const QJsonObject &document() const { return json; }
+
+    /// Where the document stops being JSON, and why; empty when it does not, or there is none.
+    const QString &damageOfDocument() const { return damage; }
 
     /// The image at the position \a index when it is within the file; null when it is not, or cannot be read.
     QImage image(int index);
@@ -26,6 +32,7 @@ private:
 
     QString folder;
     QJsonObject json;
+    QString damage;
 
     /// What follows the document in a binary file.
     QByteArray binary;

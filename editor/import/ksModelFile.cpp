@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksGltfFile.h>
 #include <editor/import/ksImportLog.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksModelRepair.h>
@@ -8,7 +9,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <assimp/Importer.hpp>
@@ -83,30 +83,25 @@ const char *flawOfMesh(const aiScene &scene, const aiMesh &mesh)
 /// does not.
 QString damageOf(const QString &path)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    const auto place = [](qint64 line, qint64 column, const QString &reason) -> QString {
-        return QStringLiteral("line %1, column %2: ").arg(line).arg(column) + reason;
+    const auto isOneOf = [suffix = QFileInfo(path).suffix().toLower()](const QStringList &suffixes) {
+        return suffixes.contains(suffix);
     };
-    if (path.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive)) {
-        const QByteArray text = file.readAll();
-        QJsonParseError error;
-        QJsonDocument::fromJson(text, &error);
-        if (error.error == QJsonParseError::NoError)
-            return {};
-        const QByteArray before = text.left(error.offset);
-        return place(before.count('\n') + 1, before.size() - before.lastIndexOf('\n'), error.errorString());
-    }
-    for (const char *suffix : {".dae", ".x3d", ".xml", ".irr", ".irrmesh", ".amf"})
-        if (path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive)) {
-            QXmlStreamReader reader(&file);
-            while (!reader.atEnd())
-                reader.readNext();
-            return reader.hasError() ? place(reader.lineNumber(), reader.columnNumber(), reader.errorString())
-                                     : QString();
-        }
-    return {};
+    if (isOneOf({QStringLiteral("gltf"), QStringLiteral("glb")}))
+        return ksGltfFile(path).damageOfDocument();
+    QFile file(path);
+    if (!isOneOf({QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"), QStringLiteral("irr"),
+                  QStringLiteral("irrmesh"), QStringLiteral("amf")}) ||
+        !file.open(QIODevice::ReadOnly))
+        return {};
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd())
+        reader.readNext();
+    if (!reader.hasError())
+        return {};
+    return QStringLiteral("line %1, column %2: %3")
+        .arg(reader.lineNumber())
+        .arg(reader.columnNumber())
+        .arg(reader.errorString());
 }
 
 /// Whether the file says so: what other programs write is theirs, even if it was the editor's before.
@@ -175,7 +170,10 @@ private:
         // What importers hand over is theirs, but it is not constant.
         ksModelRepair::repair(const_cast<aiScene &>(*scene),
                               [&repairs](const QString &text) { repairs += text; });
-        if (format() == ksModelFormat::Gltf && isSavedByEditor(*scene))
+        // Without any face the sorting of these would refuse the file.
+        const bool hasFaces = std::any_of(scene->mMeshes, scene->mMeshes + scene->mNumMeshes,
+                                          [](const aiMesh *mesh) { return mesh->mNumFaces > 0; });
+        if (!hasFaces || (format() == ksModelFormat::Gltf && isSavedByEditor(*scene)))
             return;
         // Where faces share vertices already, the last two steps would refuse the file.
         const bool isShared = (scene->mFlags & AI_SCENE_FLAGS_NON_VERBOSE_FORMAT) != 0;
