@@ -150,7 +150,7 @@ private:
     std::unique_ptr<aiScene> createAssimpScene()
     {
         std::unique_ptr<aiScene> scene = createScene();
-        delete scene->mRootNode;
+        delete std::exchange(scene->mRootNode, nullptr);
         std::size_t next = 0;
         scene->mRootNode = createAssimpNode(next).release();
         replace(scene->mMeshes, scene->mNumMeshes, assimpMeshes);
@@ -159,8 +159,10 @@ private:
     }
 
     /// The node at the position \a next, and those below it.
-    std::unique_ptr<aiNode> createAssimpNode(std::size_t &next)
+    std::unique_ptr<aiNode> createAssimpNode(std::size_t &next, int level = 1)
     {
+        if (level > ksGltfNames::MostLevels)
+            throw ksEditorError("its nodes are nested too deeply");
         const osg::NodePtr node = nodes[next];
         auto result = std::make_unique<aiNode>(std::to_string(next++));
         const auto mesh = osg::ksMeshPtr::dcast(node->getCore());
@@ -170,7 +172,7 @@ private:
         }
         result->mChildren = node->getNChildren() > 0 ? new aiNode *[node->getNChildren()] : nullptr;
         for (osg::UInt32 i = 0; i < node->getNChildren(); ++i) {
-            result->mChildren[i] = createAssimpNode(next).release();
+            result->mChildren[i] = createAssimpNode(next, level + 1).release();
             result->mChildren[i]->mParent = result.get();
             result->mNumChildren = i + 1;
         }

@@ -122,11 +122,11 @@ bool isSound(const QJsonArray &container)
 
 } // namespace
 
-ksExtrasReader::ksExtrasReader(const ksModelFile &model, ksGltfFile &gltf, const ksGltfNodes &sources,
+ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sources,
                                ksMaterialImporter &modelMaterials, const ksWarn &reportTo)
     : warn(reportTo)
     , scene(model.scene())
-    , file(gltf)
+    , file(model.gltf())
     , materials(modelMaterials)
     , images(model, reportTo)
 {

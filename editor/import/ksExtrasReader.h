@@ -30,11 +30,10 @@ class ksModelFile;
 class ksExtrasReader
 {
 public:
-    /// Makes all containers that \a model, which is the file \a gltf with the nodes \a sources, has extras
-    /// of. \a modelMaterials makes materials of the model that are not those of the extras any more. All must
-    /// outlive the reader.
-    ksExtrasReader(const ksModelFile &model, ksGltfFile &gltf, const ksGltfNodes &sources,
-                   ksMaterialImporter &modelMaterials, const ksWarn &reportTo);
+    /// Makes all containers that \a model, whose nodes are \a sources, has extras of. \a modelMaterials makes
+    /// materials of the model that are not those of the extras any more. All must outlive the reader.
+    ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sources, ksMaterialImporter &modelMaterials,
+                   const ksWarn &reportTo);
 
     /// The node that \a source has the extras of, with its core and attachments, but only such children as
     /// are no nodes of the model; its parent is up to the caller. NullFC when there are none.

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksGltfFile.h>
+#include <editor/scene/ksGltfNames.h>
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +11,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -61,6 +63,7 @@ ksGltfFile::ksGltfFile(const QString &path)
     }
     QJsonParseError error;
     json = QJsonDocument::fromJson(content, &error).object();
+    isTooDeep = error.error == QJsonParseError::DeepNesting;
     if (error.error == QJsonParseError::NoError || (isBinary && content.isEmpty()))
         return;
     const QByteArray before = content.left(error.offset);
@@ -69,6 +72,25 @@ ksGltfFile::ksGltfFile(const QString &path)
                             .arg(before.count('\n') + 1)
                             .arg(before.size() - before.lastIndexOf('\n'));
     damage += QStringLiteral(": ") + error.errorString();
+}
+
+bool ksGltfFile::isNestedTooDeeply() const
+{
+    const QJsonValue nodes = json[QLatin1String("nodes")];
+    std::set<int> level;
+    const auto add = [](std::set<int> &target, const QJsonArray &indices) {
+        for (const QJsonValue &index : indices)
+            target.insert(index.toInt(-1));
+    };
+    for (const QJsonValue &scene : json[QLatin1String("scenes")].toArray())
+        add(level, scene[QLatin1String("nodes")].toArray());
+    for (int depth = 0; !level.empty() && depth < ksGltfNames::MostLevels; ++depth) {
+        std::set<int> next;
+        for (const int node : level)
+            add(next, nodes[node][QLatin1String("children")].toArray());
+        level.swap(next);
+    }
+    return isTooDeep || !level.empty();
 }
 
 QImage ksGltfFile::image(int index)

@@ -23,6 +23,9 @@ public:
     /// Where the document stops being JSON, and why; empty when it does not, or there is none.
     const QString &damageOfDocument() const { return damage; }
 
+    /// Whether the document, or its nodes, are nested deeper than any scene is.
+    bool isNestedTooDeeply() const;
+
     /// The image at the position \a index when it is within the file; null when it is not, or cannot be read.
     QImage image(int index);
 
@@ -33,6 +36,7 @@ private:
     QString folder;
     QJsonObject json;
     QString damage;
+    bool isTooDeep = false;
 
     /// What follows the document in a binary file.
     QByteArray binary;

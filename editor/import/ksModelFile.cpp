@@ -41,11 +41,15 @@ void checkFile(const QString &path)
         throw ksEditorError(path.toStdString() + ": " + reason);
 }
 
+constexpr const char *TooDeep = "it is nested too deeply";
+
 /// The first thing that is wrong with \a node or the nodes below it; null when they are sound.
-const char *flawOfNodes(const aiScene &scene, const aiNode *node)
+const char *flawOfNodes(const aiScene &scene, const aiNode *node, int level = 1)
 {
     if (node == nullptr)
         return "a node is missing";
+    if (level > ksGltfNames::MostLevels)
+        return TooDeep;
     const unsigned int *meshes = node->mMeshes;
     if (std::any_of(meshes, meshes + node->mNumMeshes,
                     [&scene](unsigned int mesh) { return mesh >= scene.mNumMeshes; }))
@@ -53,7 +57,7 @@ const char *flawOfNodes(const aiScene &scene, const aiNode *node)
     for (unsigned int i = 0; i < node->mNumChildren; ++i) {
         // A missing one can be done without.
         const aiNode *child = node->mChildren[i];
-        const char *flaw = child != nullptr ? flawOfNodes(scene, child) : nullptr;
+        const char *flaw = child != nullptr ? flawOfNodes(scene, child, level + 1) : nullptr;
         if (flaw != nullptr)
             return flaw;
     }
@@ -79,18 +83,18 @@ const char *flawOfMesh(const aiScene &scene, const aiMesh &mesh)
     return nullptr;
 }
 
-/// Where the text in the file \a path stops being JSON or XML, if that is what it ought to be; empty when it
-/// does not.
-QString damageOf(const QString &path)
+bool hasSuffix(const QString &path, const QStringList &suffixes)
 {
-    const auto isOneOf = [suffix = QFileInfo(path).suffix().toLower()](const QStringList &suffixes) {
-        return suffixes.contains(suffix);
-    };
-    if (isOneOf({QStringLiteral("gltf"), QStringLiteral("glb")}))
-        return ksGltfFile(path).damageOfDocument();
+    return suffixes.contains(QFileInfo(path).suffix().toLower());
+}
+
+/// Where the text in the file \a path stops being XML, if that is what it ought to be; empty when it does
+/// not.
+QString damageOfXml(const QString &path)
+{
     QFile file(path);
-    if (!isOneOf({QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"), QStringLiteral("irr"),
-                  QStringLiteral("irrmesh"), QStringLiteral("amf")}) ||
+    if (!hasSuffix(path, {QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"),
+                          QStringLiteral("irr"), QStringLiteral("irrmesh"), QStringLiteral("amf")}) ||
         !file.open(QIODevice::ReadOnly))
         return {};
     QXmlStreamReader reader(&file);
@@ -154,11 +158,18 @@ public:
     }
 
     const aiScene *scene = nullptr;
+    ksGltfFile gltf;
 
 private:
     void load(QStringList &repairs)
     {
         const ksQuietStandardError quiet;
+        // The reader of these would go down as deep as they say.
+        if (hasSuffix(path, {QStringLiteral("gltf"), QStringLiteral("glb")})) {
+            gltf = ksGltfFile(path);
+            if (gltf.isNestedTooDeeply())
+                throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(TooDeep));
+        }
         // Meshes that are made up where there are bones only.
         importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
         // Later stages rely on sound input, so the file is checked as it comes before they run.
@@ -167,6 +178,10 @@ private:
             fail();
         if (const char *flaw = flawOf(*scene))
             throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(flaw));
+        if (format() != ksModelFormat::Gltf)
+            gltf = {};
+        else if (gltf.document().isEmpty())
+            gltf = ksGltfFile(path);
         // What importers hand over is theirs, but it is not constant.
         ksModelRepair::repair(const_cast<aiScene &>(*scene),
                               [&repairs](const QString &text) { repairs += text; });
@@ -210,7 +225,7 @@ private:
         QString text;
         if (isOutOfMemory() || reason.contains(QLatin1String("bad_alloc")))
             text = QStringLiteral("takes more memory than it is given");
-        else if (const QString damage = damageOf(path); !damage.isEmpty())
+        else if (const QString damage = gltf.damageOfDocument() + damageOfXml(path); !damage.isEmpty())
             text = QStringLiteral("is damaged, ") + damage;
         else if (!isUnknown)
             text = QStringLiteral("is damaged: ") +
@@ -244,6 +259,11 @@ const aiScene &ksModelFile::scene() const
 ksModelFormat ksModelFile::format() const
 {
     return reader->format();
+}
+
+ksGltfFile &ksModelFile::gltf() const
+{
+    return reader->gltf;
 }
 
 QString ksModelFile::folder() const

@@ -39,9 +39,8 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
-        , gltf(model.format() == ksModelFormat::Gltf ? ksGltfFile(model.filePath()) : ksGltfFile())
-        , written(gltf.document(), model.scene())
-        , saved(model, gltf, written, materials, reportTo)
+        , written(model.gltf().document(), model.scene())
+        , saved(model, written, materials, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
@@ -161,9 +160,6 @@ private:
     const ksModelFile &file;
     const ksWarn &warn;
     ksMaterialImporter materials;
-
-    /// Without a document unless the file is glTF.
-    ksGltfFile gltf;
     const ksGltfNodes written;
     const ksExtrasReader saved;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;

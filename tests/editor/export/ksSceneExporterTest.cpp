@@ -348,6 +348,26 @@ TEST_F(ksSceneExporterTest, WritesOneFile)
     EXPECT_THAT(contentOf("room.GLB"), StartsWith("glTF"));
 }
 
+/// No file whose nodes are nested deeper can be opened.
+TEST_F(ksSceneExporterTest, RefusesNodesThatAreNestedTooDeeply)
+{
+    const osg::NodeRefPtr root = makeScene(osg::Group::create());
+    osg::NodePtr last = root;
+    const auto addLevel = [&last] {
+        const osg::NodePtr child = ksContainers::createNode("Child", osg::Group::create());
+        last->addChild(child);
+        last = child;
+    };
+    for (int level = 1; level < 1000; ++level)
+        addLevel();
+    expectEqualAgain(root);
+    addLevel();
+    const QString path = folder.path("deep.gltf");
+    EXPECT_EQ(ksErrorOf([&] { ksSceneExporter::save(root, path); }),
+              path.toStdString() + ": cannot be saved: its nodes are nested too deeply");
+    EXPECT_FALSE(QFile::exists(path));
+}
+
 TEST_F(ksSceneExporterTest, TakesPathsFromTheWorkingFolder)
 {
     const QString before = QDir::currentPath();

@@ -122,6 +122,30 @@ TEST_F(ksModelFileTest, RefusesScenesThatAreNotSound)
     EXPECT_EQ(reasonAgainst("corners.off"), ": is damaged: a mesh has a face with corners that do not exist");
 }
 
+/// Readers would go down with them until there is no more room to return.
+TEST_F(ksModelFileTest, RefusesNodesThatAreNestedTooDeeply)
+{
+    const auto chainOf = [](int levels) {
+        std::string nodes;
+        for (int i = 1; i < levels; ++i)
+            nodes += "{\"children\": [" + std::to_string(i) + "]},";
+        return R"({"asset": {"version": "2.0"}, "scenes": [{"nodes": [0]}], "nodes": [)" + nodes + "{}]}";
+    };
+    EXPECT_EQ(ksErrorOf([&] { const ksModelFile file(folder.write("chain.gltf", chainOf(1000))); }), "");
+    const std::string reason = ": is damaged: it is nested too deeply";
+    folder.write("chain.gltf", chainOf(1001));
+    EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
+    folder.write("chain.gltf", "{\"extras\": " + std::string(100000, '[') + std::string(100000, ']') + "}");
+    EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
+    std::string joints;
+    for (int i = 0; i < 1001; ++i)
+        joints += "JOINT j\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
+    joints.replace(0, 5, "ROOT");
+    folder.write("chain.bvh", "HIERARCHY\n" + joints + "End Site\n{\nOFFSET 0 0 0\n}\n" +
+                                  std::string(1001, '}') + "\nMOTION\nFrames: 1\nFrame Time: 0.1\n\n");
+    EXPECT_EQ(reasonAgainst("chain.bvh"), reason);
+}
+
 /// The reader of this format loses all nodes but the last.
 TEST_F(ksModelFileTest, KeepsWhatMissingNodesShow)
 {
