@@ -59,9 +59,10 @@ osg::Matrix asInFiles(const osg::Matrix &matrix)
     return ksSoundNumbers::areFinite(matrix.getValues(), osg::Matrix::Size) ? matrix : osg::Matrix();
 }
 
+/// Whether \a upper is \a node or above it, or \a node is nested too deeply to tell.
 bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 {
-    while (node != osg::NullFC && node != upper)
+    for (int level = 0; level < ksGltfNames::MostLevels && node != osg::NullFC && node != upper; ++level)
         node = node->getParent();
     return node != osg::NullFC;
 }
@@ -139,6 +140,7 @@ ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sour
         readMesh(entry);
     for (const Entry &entry : entries)
         readContainers(entry);
+    flatten();
     readImages();
     for (const Entry &entry : entries)
         orderParents(entry);
@@ -336,6 +338,22 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
         areFound = areFound && isFree;
     }
     return areFound;
+}
+
+void ksExtrasReader::flatten()
+{
+    bool isFlat = true;
+    for (const auto &[id, container] : containers) {
+        const osg::NodePtr node = osg::NodePtr::dcast(container.get());
+        if (node == osg::NullFC || node->getParent() == osg::NullFC ||
+            !isAtOrAbove(osg::NodePtr(), node->getParent()))
+            continue;
+        isFlat = false;
+        const osg::NodePtr parent = node->getParent();
+        parent->subChild(node);
+    }
+    if (!isFlat)
+        warn(QStringLiteral("nodes outside of the scene are nested too deeply, and taken apart"));
 }
 
 void ksExtrasReader::readImages()

@@ -70,6 +70,9 @@ private:
     bool readAttachments(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
     bool readChildren(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
     void readImages();
+
+    /// Takes nodes that are no nodes of the model apart where they are nested too deeply.
+    void flatten();
     void orderParents(const Entry &entry);
     void adaptToModel(const Entry &entry);
     void adaptMaterial(const Entry &entry, const osg::NodePtr &node);

@@ -25,7 +25,6 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::EndsWith;
 using testing::IsEmpty;
 using testing::StartsWith;

@@ -185,6 +185,27 @@ TEST_F(ksExtrasReaderTest, LeavesOutChildrenThatCannotBe)
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
+/// Going down them, or letting go of them, would take all the room there is to return.
+TEST_F(ksExtrasReaderTest, TakesNodesApartThatAreNestedTooDeeply)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    const QString sound = extrasOf("Book");
+    for (const bool isLeafFirst : {false, true}) {
+        QString chain;
+        for (int i = 0; i < 3000; ++i)
+            chain += QStringLiteral(",[%1,\"Node\",{\"children\":[%2]}]")
+                         .arg(9001 + i)
+                         .arg(9001 + i + (isLeafFirst ? -1 : 1));
+        setExtras("Book", QJsonValue(sound.left(sound.size() - 1) + chain + QLatin1Char(']')));
+        const osg::NodeRefPtr root = open();
+        EXPECT_FALSE(warnings.empty());
+        EXPECT_EQ(ksSettingsOf(ksFindNode(root, "Book"))->getLodBias(),
+                  ksSettingsOf(ksFindNode(room, "Book"))->getLodBias());
+    }
+    EXPECT_THAT(warnings, Contains("nodes outside of the scene are nested too deeply, and taken apart"));
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksExtrasReaderTest, LeavesOutImagesThatAreDamaged)
 {
     edit("images", 0, [](QJsonObject &image) { image.insert(QStringLiteral("bufferView"), 0); });
