@@ -112,7 +112,8 @@ QJsonObject extrasOf(const QJsonValue &content)
 }
 
 /// Makes the document of one scene. The document's nodes, meshes, materials and images are known by their
-/// positions, which are also what Assimp gets as their names and paths.
+/// positions, which are also what Assimp gets as their names and paths: where these are equal it takes long
+/// to find others.
 class DocumentBuilder
 {
 public:
@@ -188,6 +189,7 @@ private:
             meshes.push_back(mesh);
             exportedMeshes.insert(mesh.getFieldContainerId());
             assimpMeshes.push_back(ksMeshExporter::create(mesh, material));
+            assimpMeshes.back()->mName = aiString(QStringLiteral("mesh %1").arg(found->second).toStdString());
         }
         return found->second;
     }
@@ -199,6 +201,8 @@ private:
         if (isNew) {
             materials.push_back({material, opacity});
             assimpMaterials.push_back(createAssimpMaterial(materials.back()));
+            const aiString name(QStringLiteral("material %1").arg(found->second).toStdString());
+            assimpMaterials.back()->AddProperty(&name, AI_MATKEY_NAME);
         }
         return found->second;
     }
