@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksMaterialExporter.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
@@ -16,15 +17,7 @@ namespace {
 
 constexpr float UsualRefractionIndex = 1.5F;
 
-float positive(float value)
-{
-    return std::isfinite(value) ? std::max(value, 0.0F) : 0;
-}
-
-float share(float value)
-{
-    return std::min(positive(value), 1.0F);
-}
+using ksSoundNumbers::share;
 
 aiColor3D toShares(const osg::Vec3f &color)
 {

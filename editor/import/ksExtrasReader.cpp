@@ -3,13 +3,17 @@
 #include <editor/export/ksMaterialExporter.h>
 #include <editor/import/ksExtrasReader.h>
 #include <editor/import/ksGltfFile.h>
+#include <editor/import/ksGltfNodes.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/import/ksTransformImporter.h>
 #include <editor/scene/ksFieldJson.h>
 #include <editor/scene/ksGltfNames.h>
 #include <editor/scene/ksNodeSettings.h>
+#include <editor/scene/ksReferenceCycles.h>
 #include <editor/scene/ksSavedFields.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -22,17 +26,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace {
-
-bool hasExtras(const aiNode &node)
-{
-    const QByteArray key = ksGltfNames::extras().toLatin1();
-    if (node.mMetaData != nullptr && node.mMetaData->HasKey(key.constData()))
-        return true;
-    return std::any_of(node.mChildren, node.mChildren + node.mNumChildren,
-                       [](const aiNode *child) { return hasExtras(*child); });
-}
 
 QJsonValue extrasIn(const QJsonValue &owner)
 {
@@ -57,23 +53,16 @@ bool differ(const osg::Matrix &a, const osg::Matrix &b)
     return false;
 }
 
-osg::Matrix matrixOf(const aiNode &node)
+/// The matrix as a file holds it.
+osg::Matrix asInFiles(const osg::Matrix &matrix)
 {
-    const aiMatrix4x4 &m = node.mTransformation;
-    return osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4, m.d1, m.d2,
-                       m.d3, m.d4);
+    return ksSoundNumbers::areFinite(matrix.getValues(), osg::Matrix::Size) ? matrix : osg::Matrix();
 }
 
-/// Whether a file holds the matrix.
-bool isFinite(const osg::Matrix &matrix)
-{
-    return std::all_of(matrix.getValues(), matrix.getValues() + osg::Matrix::Size,
-                       [](float value) { return std::isfinite(value); });
-}
-
+/// Whether \a upper is \a node or above it, or \a node is nested too deeply to tell.
 bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 {
-    while (node != osg::NullFC && node != upper)
+    for (int level = 0; level < ksGltfNames::MostLevels && node != osg::NullFC && node != upper; ++level)
         node = node->getParent();
     return node != osg::NullFC;
 }
@@ -82,7 +71,8 @@ bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 bool isClose(double a, double b)
 {
     constexpr double Rounding = 1e-4;
-    return std::abs(a - b) <= Rounding * std::max(std::abs(a), std::abs(b));
+    constexpr double Nothing = 1e-7;
+    return std::abs(a - b) <= Rounding * std::max(std::abs(a), std::abs(b)) + Nothing;
 }
 
 /// The same for what JSON holds, of which only what \a expected has counts.
@@ -111,6 +101,19 @@ bool areClose(const osg::MFVec2f &a, const osg::MFVec2f &b)
         });
 }
 
+/// How a texture lies on a surface, with what goes without saying. \a transform is as
+/// KHR_texture_transform has it.
+QJsonObject completed(QJsonObject transform)
+{
+    const QJsonObject defaults{{QStringLiteral("scale"), QJsonArray{1, 1}},
+                               {QStringLiteral("rotation"), 0},
+                               {QStringLiteral("offset"), QJsonArray{0, 0}}};
+    for (auto member = defaults.begin(); member != defaults.end(); ++member)
+        if (!transform.contains(member.key()))
+            transform.insert(member.key(), member.value());
+    return transform;
+}
+
 /// Whether \a container has what its kind has to have.
 bool isSound(const QJsonArray &container)
 {
@@ -120,34 +123,25 @@ bool isSound(const QJsonArray &container)
 
 } // namespace
 
-ksExtrasReader::ksExtrasReader(const ksModelFile &model, ksMaterialImporter &modelMaterials,
-                               const ksWarn &reportTo)
+ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sources,
+                               ksMaterialImporter &modelMaterials, const ksWarn &reportTo)
     : warn(reportTo)
     , scene(model.scene())
+    , file(model.gltf())
     , materials(modelMaterials)
     , images(model, reportTo)
 {
-    const aiNode &root = *scene.mRootNode;
-    if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
+    collect(*scene.mRootNode, sources);
+    if (entries.empty())
         return;
-    ksGltfFile file(model.filePath());
-    const QJsonObject &document = file.document();
-    const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
-    const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
-    // Several roots have got a common one.
-    if (roots.size() == 1)
-        collect(root, document, roots.at(0));
-    else
-        for (int i = 0; i < roots.size() && roots.size() == static_cast<int>(root.mNumChildren); ++i)
-            collect(*root.mChildren[i], document, roots.at(i));
-
     for (Entry &entry : entries)
         createContainers(entry);
     for (const Entry &entry : entries)
         readMesh(entry);
     for (const Entry &entry : entries)
         readContainers(entry);
-    readImages(file);
+    flatten();
+    readImages();
     for (const Entry &entry : entries)
         orderParents(entry);
     for (const auto &[id, container] : containers) {
@@ -163,23 +157,27 @@ osg::NodePtr ksExtrasReader::node(const aiNode &source) const
     return found != nodes.end() ? found->second : osg::NodePtr();
 }
 
-void ksExtrasReader::collect(const aiNode &source, const QJsonObject &document, const QJsonValue &index)
+void ksExtrasReader::collect(const aiNode &source, const ksGltfNodes &sources)
 {
-    const QJsonValue node = document[QLatin1String("nodes")][index.toInt(-1)];
+    const QJsonValue node = sources.sourceOf(source);
     if (const QJsonValue extras = extrasIn(node); !extras.isUndefined()) {
-        const QJsonValue surface = document[QLatin1String("meshes")][node[QLatin1String("mesh")].toInt(-1)]
-                                           [QLatin1String("primitives")][0][QLatin1String("material")];
-        const QString lights = QStringLiteral("KHR_lights_punctual");
-        const QJsonValue light = node[QLatin1String("extensions")][lights][QLatin1String("light")];
+        const QJsonValue mesh = element("meshes", node[QLatin1String("mesh")]);
+        const QJsonValue light =
+            node[QLatin1String("extensions")][ksGltfNames::lights()][QLatin1String("light")];
+        const QJsonValue lights = file.document()[QLatin1String("extensions")][ksGltfNames::lights()];
         entries.push_back(
             {&source, node[QLatin1String("name")].toString(),
-             extrasIn(document[QLatin1String("materials")][surface.toInt(-1)]),
-             document[QLatin1String("extensions")][lights][QLatin1String("lights")][light.toInt(-1)],
+             element("materials", mesh[QLatin1String("primitives")][0][QLatin1String("material")]),
+             lights[QLatin1String("lights")][light.toInt(-1)],
              QJsonDocument::fromJson(extras.toString().toUtf8()).array()});
     }
-    const QJsonArray children = node[QLatin1String("children")].toArray();
-    for (int i = 0; i < children.size() && children.size() == static_cast<int>(source.mNumChildren); ++i)
-        collect(*source.mChildren[i], document, children.at(i));
+    for (unsigned int i = 0; i < source.mNumChildren; ++i)
+        collect(*source.mChildren[i], sources);
+}
+
+QJsonValue ksExtrasReader::element(const char *list, const QJsonValue &index) const
+{
+    return file.document()[QLatin1String(list)][index.toInt(-1)];
 }
 
 void ksExtrasReader::createContainers(Entry &entry)
@@ -266,7 +264,7 @@ void ksExtrasReader::readField(const Entry &entry, const osg::FieldContainerPtr 
             break;
         case Reference::Counted:
         case Reference::Uncounted:
-            isRead = readReferences(field, value, reference == Reference::Counted);
+            isRead = readReferences(container, field, value, reference == Reference::Counted);
             break;
         }
     }
@@ -291,14 +289,19 @@ bool ksExtrasReader::readValue(const osg::FieldContainerPtr &container, osg::Fie
     return isRead;
 }
 
-bool ksExtrasReader::readReferences(osg::Field &field, const QJsonValue &value, bool areCounted)
+bool ksExtrasReader::readReferences(const osg::FieldContainerPtr &holder, osg::Field &field,
+                                    const QJsonValue &value, bool areCounted)
 {
+    // Of materials nothing would ever release a circle.
+    const auto isCircle = [&holder](const osg::FieldContainerPtr &held) {
+        return osg::MaterialPtr::dcast(holder) != osg::NullFC && ksReferenceCycles::wouldClose(holder, held);
+    };
     const QJsonArray ids = value.isArray() ? value.toArray() : QJsonArray{value};
     std::vector<osg::FieldContainerPtr> found;
     std::string text;
     for (const QJsonValue &id : ids)
         if (const osg::FieldContainerPtr container = find(id);
-            container != osg::NullFC || id.toInt(-1) == 0) {
+            (container != osg::NullFC && !isCircle(container)) || id.toInt(-1) == 0) {
             text += (found.empty() ? "" : ", ") + std::to_string(container.getFieldContainerId());
             found.push_back(container);
         }
@@ -337,7 +340,23 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
     return areFound;
 }
 
-void ksExtrasReader::readImages(ksGltfFile &file)
+void ksExtrasReader::flatten()
+{
+    bool isFlat = true;
+    for (const auto &[id, container] : containers) {
+        const osg::NodePtr node = osg::NodePtr::dcast(container.get());
+        if (node == osg::NullFC || node->getParent() == osg::NullFC ||
+            !isAtOrAbove(osg::NodePtr(), node->getParent()))
+            continue;
+        isFlat = false;
+        const osg::NodePtr parent = node->getParent();
+        parent->subChild(node);
+    }
+    if (!isFlat)
+        warn(QStringLiteral("nodes outside of the scene are nested too deeply, and taken apart"));
+}
+
+void ksExtrasReader::readImages()
 {
     const QJsonArray all = file.document().value(QLatin1String("images")).toArray();
     for (int i = 0; i < all.size(); ++i) {
@@ -395,9 +414,8 @@ void ksExtrasReader::adaptToModel(const Entry &entry)
     adaptLight(entry, own);
 
     const osg::TransformPtr transform = osg::TransformPtr::dcast(own->getCore());
-    const osg::Matrix placed = matrixOf(*entry.source);
-    if (transform == osg::NullFC ||
-        !differ(isFinite(transform->getMatrix()) ? transform->getMatrix() : osg::Matrix(), placed))
+    const osg::Matrix placed = ksTransformImporter::matrix(*entry.source);
+    if (transform == osg::NullFC || !differ(asInFiles(transform->getMatrix()), placed))
         return;
     CPEdit(transform, osg::Transform::MatrixFieldMask);
     transform->setMatrix(placed);
@@ -410,11 +428,8 @@ void ksExtrasReader::adaptMaterial(const Entry &entry, const osg::NodePtr &node)
         entry.source->mNumMeshes == 0)
         return;
     const unsigned int index = scene.mMeshes[entry.source->mMeshes[0]]->mMaterialIndex;
-    auto material = osg::MaterialPtr::dcast(find(entry.materialId));
-    const auto made = ksMaterialExporter::create(material, 1, [this](const osg::ImagePtr &image) {
-        return std::string(imagesOfModel.count(image.getFieldContainerId()) > 0 ? "there" : "");
-    });
-    if (!ksMaterialExporter::lookTheSame(*made, *scene.mMaterials[index]))
+    auto material = osg::MaterialPtr::dcast(find(extrasIn(entry.material)));
+    if (!looksLike(material, entry.material, *scene.mMaterials[index]))
         material = materials.material(index);
     if (material != mesh->getMaterial()) {
         CPEdit(mesh, osg::ksMesh::MaterialFieldMask);
@@ -427,6 +442,30 @@ void ksExtrasReader::adaptMaterial(const Entry &entry, const osg::NodePtr &node)
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(index));
     }
+}
+
+bool ksExtrasReader::looksLike(const osg::MaterialPtr &material, const QJsonValue &source,
+                               const aiMaterial &read) const
+{
+    const auto made = ksMaterialExporter::create(material, 1, [this](const osg::ImagePtr &image) {
+        const osg::UInt32 id = image.getFieldContainerId();
+        return imagesOfModel.count(id) > 0 ? std::to_string(id) : std::string();
+    });
+    const QJsonObject transform = completed(ksMaterialExporter::textureTransform(material));
+    const auto isLaidOn = [&](aiTextureType type, const QJsonValue &texture) {
+        aiString id;
+        if (made->GetTexture(type, 0, &id) != aiReturn_SUCCESS)
+            return true;
+        const QJsonValue image =
+            element("images", element("textures", texture[QLatin1String("index")])[QLatin1String("source")]);
+        const QJsonValue there = texture[QLatin1String("extensions")][ksGltfNames::textureTransform()];
+        return std::to_string(find(extrasIn(image)).getFieldContainerId()) == id.C_Str() &&
+               isClose(completed(there.toObject()), transform);
+    };
+    const QJsonValue surface = source[QLatin1String("pbrMetallicRoughness")];
+    return ksMaterialExporter::lookTheSame(*made, read) &&
+           isLaidOn(aiTextureType_BASE_COLOR, surface[QLatin1String("baseColorTexture")]) &&
+           isLaidOn(aiTextureType_EMISSIVE, source[QLatin1String("emissiveTexture")]);
 }
 
 void ksExtrasReader::adaptLight(const Entry &entry, const osg::NodePtr &node) const

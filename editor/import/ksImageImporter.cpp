@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -126,6 +127,8 @@ const Layout &layoutFor(const QImage &image)
 std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
 {
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
+    if (pixels.isNull())
+        throw std::bad_alloc();
 
     // Lines of a QImage are padded, those of the scene graph's images are not.
     const auto lineLength =
@@ -139,11 +142,11 @@ std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
     return data;
 }
 
-osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+osg::ImageRefPtr toSceneImage(const QImage &source, const std::string &name)
 {
-    const osg::ImagePtr image = osg::Image::create();
-    ksImageImporter::setPixels(image, source);
-    CPEdit(image, osg::Image::NameFieldMask);
+    const osg::ImageRefPtr image(osg::Image::create());
+    ksImageImporter::setPixels(image.get(), source);
+    CPEdit(image.get(), osg::Image::NameFieldMask);
     image->setName(name);
     return image;
 }
@@ -178,7 +181,7 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     if (known != images.end())
         return known->second.get();
     // Two names of the model may mean images that are equal, or that another scene has.
-    const osg::ImageRefPtr created(createImage(name));
+    const osg::ImageRefPtr created = createImage(name);
     const osg::ImagePtr shared = ksTextureManager::the()->getImage(created, true);
     return images.emplace(name, shared).first->second.get();
 }
@@ -198,10 +201,16 @@ void ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source
                pixelsOf(source, layout).data());
 }
 
-osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
+osg::ImageRefPtr ksImageImporter::createImage(const std::string &name) const
 {
-    const QImage image = read(name);
-    return image.isNull() ? osg::ImagePtr() : toSceneImage(image, name);
+    try {
+        const QImage image = read(name);
+        return image.isNull() ? osg::ImageRefPtr() : toSceneImage(image, name);
+    } catch (const std::bad_alloc &) {
+        warn(QStringLiteral("texture ") + QString::fromStdString(name) +
+             QStringLiteral(": takes more memory than there is"));
+        return {};
+    }
 }
 
 QImage ksImageImporter::read(const std::string &name) const
@@ -233,6 +242,6 @@ osg::ImageRefPtr ksImageImporter::imageInFile(const QString &path)
     const QImage image = readFile(path, reason);
     if (image.isNull())
         throw ksEditorError(path + QStringLiteral(": ") + reason);
-    const osg::ImageRefPtr created(toSceneImage(image, QFileInfo(path).fileName().toStdString()));
+    const osg::ImageRefPtr created = toSceneImage(image, QFileInfo(path).fileName().toStdString());
     return osg::ImageRefPtr(ksTextureManager::the()->getImage(created, true));
 }

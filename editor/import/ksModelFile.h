@@ -8,6 +8,7 @@
 #include <memory>
 
 struct aiScene;
+class ksGltfFile;
 
 /// The formats whose readers hand over their content by conventions of their own.
 enum class ksModelFormat
@@ -28,8 +29,8 @@ public:
     /// kind, with normals unless the reader gives meshes that cannot have them. What the editor has saved
     /// stays as it is. What the reader complains about, and what has been repaired, see ksModelRepair, is
     /// reported to \a warn. Throws ksEditorError when there is no such file, no reader knows its format, the
-    /// file is damaged, or what it holds is not a scene: no root, faces without corners or with corners that
-    /// do not exist.
+    /// file is damaged, or what it holds is not a scene: no root, nodes nested too deeply, faces without
+    /// corners or with corners that do not exist.
     explicit ksModelFile(
         const QString &filePath, const ksWarn &warn = [](const QString &) {});
     ~ksModelFile();
@@ -40,6 +41,9 @@ public:
     const aiScene &scene() const;
 
     ksModelFormat format() const;
+
+    /// The file as it stands there; without a document unless it is glTF.
+    ksGltfFile &gltf() const;
 
     /// The path that it has been read from.
     const QString &filePath() const { return path; }

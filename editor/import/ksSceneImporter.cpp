@@ -18,7 +18,6 @@
 
 #include <deque>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <utility>
@@ -40,11 +39,10 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
-        , saved(model, materials, reportTo)
+        , written(model.gltf().document(), model.scene())
+        , saved(model, written, materials, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
-        if (file.format() == ksModelFormat::Gltf)
-            written = std::make_unique<ksGltfNodes>(ksGltfFile(file.filePath()).document(), file.scene());
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
             const aiLight *light = file.scene().mLights[i];
             lights[ksModelText::whole(light->mName)].push_back(light);
@@ -55,14 +53,12 @@ public:
     {
         osg::NodeRefPtr root(buildNode(*file.scene().mRootNode));
         for (const auto &[name, homeless] : lights)
-            for (std::size_t i = 0; !knowsLights() && i < homeless.size(); ++i)
+            for (std::size_t i = 0; !written.knowsLights() && i < homeless.size(); ++i)
                 warn(QStringLiteral("light '") + QString::fromStdString(name) +
                      QStringLiteral("' has no place"));
-        for (unsigned int i = 0; i < file.scene().mNumMaterials; ++i)
-            cutNames += ksModelText::mayBeCut(file.scene().mMaterials[i]->GetName()) ? 1 : 0;
-        if (cutNames > 0)
+        if (const int count = cutNames + materials.cutNames(); count > 0)
             warn(QStringLiteral("%1 of the names are longer than the reader has room for, and cut")
-                     .arg(cutNames));
+                     .arg(count));
         return root;
     }
 
@@ -101,7 +97,7 @@ private:
 
     std::string nameOf(const aiNode &node)
     {
-        const std::string name = written != nullptr ? written->nameOf(node) : std::string();
+        const std::string name = written.nameOf(node);
         return name.empty() ? nameFrom(node.mName) : name;
     }
 
@@ -111,14 +107,12 @@ private:
         return ksModelText::whole(text);
     }
 
-    bool knowsLights() const { return written != nullptr && written->knowsLights(); }
-
     /// The light that is at \a node. Where lights have nothing but names, the first light of a name is at the
     /// first node of that name, and so on.
     const aiLight *lightOf(const aiNode &node)
     {
-        if (knowsLights())
-            return written->lightOf(node);
+        if (written.knowsLights())
+            return written.lightOf(node);
         const auto found = lights.find(ksModelText::whole(node.mName));
         if (found == lights.end() || found->second.empty())
             return nullptr;
@@ -166,10 +160,9 @@ private:
     const ksModelFile &file;
     const ksWarn &warn;
     ksMaterialImporter materials;
-    ksExtrasReader saved;
+    const ksGltfNodes written;
+    const ksExtrasReader saved;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
-    /// Null unless the file is glTF.
-    std::unique_ptr<ksGltfNodes> written;
 
     /// Those that have found no place yet, by name, in the order of the file.
     std::map<std::string, std::deque<const aiLight *>> lights;

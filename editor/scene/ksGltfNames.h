@@ -6,6 +6,9 @@
 /// What the editor's glTF files are known by.
 namespace ksGltfNames {
 
+/// How deep nodes may be nested.
+constexpr int MostLevels = 1000;
+
 /// The program that a file says it is of.
 inline QString generator()
 {
@@ -21,6 +24,18 @@ inline QString generator()
 inline QString extras()
 {
     return QStringLiteral("ksundo");
+}
+
+/// The extension that holds lights.
+inline QString lights()
+{
+    return QStringLiteral("KHR_lights_punctual");
+}
+
+/// The extension that holds how textures lie on surfaces.
+inline QString textureTransform()
+{
+    return QStringLiteral("KHR_texture_transform");
 }
 
 } // namespace ksGltfNames
