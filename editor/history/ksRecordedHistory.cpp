@@ -8,16 +8,6 @@
 #include <cstdlib>
 #include <utility>
 
-namespace {
-
-QString noteLine(const char *label, const QString &text)
-{
-    constexpr int LabelWidth = 9;
-    return QStringLiteral("  ") + QString::fromLatin1(label).leftJustified(LabelWidth) + text;
-}
-
-} // namespace
-
 ksRecordedHistory::ksRecordedHistory(const osg::NodePtr &scene, ksRecord &sessionRecord, ksUndoStack *stack)
     : ksEditHistory(scene, stack)
     , record(sessionRecord)
@@ -114,11 +104,11 @@ void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const
     }
     if (record.style().detail == ksRecordStyle::Verbose) {
         record.line(title());
-        record.line(noteLine("done", doing));
+        record.line(ksRecord::note(QStringLiteral("done"), doing));
         for (const QString &part : parts)
-            record.line(noteLine("within", part));
+            record.line(ksRecord::note(QStringLiteral("within"), part));
         for (const ksFieldChange &change : changes)
-            record.line(noteLine("changed", change.inFull()));
+            record.line(ksRecord::note(QStringLiteral("changed"), change.inFull()));
         return;
     }
     record.line(title(), ksRecord::Tone::Plain,
