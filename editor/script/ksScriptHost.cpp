@@ -209,8 +209,18 @@ void ksScriptHost::guard(const std::function<void()> &work) const
             throw ksEditorError(failure);
     } catch (const std::exception &error) {
         failureOfCall.clear();
-        scriptEngine.throwError(QString::fromUtf8(error.what()));
+        const QString message = QString::fromUtf8(error.what());
+        if (dynamic_cast<const ksOutputError *>(&error) != nullptr)
+            outputFailure = message;
+        scriptEngine.throwError(message);
     }
+}
+
+bool ksScriptHost::isOutputFailure(const QJSValue &error) const
+{
+    // That of a function that a step called has more before it.
+    return !outputFailure.isEmpty() &&
+           error.property(QStringLiteral("message")).toString().endsWith(outputFailure);
 }
 
 void ksScriptHost::add(QUndoCommand *command)

@@ -66,6 +66,9 @@ public:
     /// it is.
     void guard(const std::function<void()> &work) const;
 
+    /// Whether \a error, which the script ended by, is that something could not be written.
+    bool isOutputFailure(const QJSValue &error) const;
+
     /// Adds \a command to the history; null, an edit that changes nothing, is no step. Throws ksEditorError
     /// while a step calls a function of the script.
     void add(QUndoCommand *command);
@@ -128,4 +131,7 @@ private:
 
     /// What a function of the script that a step called has thrown.
     mutable QString failureOfCall;
+
+    /// What the latest ksOutputError said.
+    mutable QString outputFailure;
 };

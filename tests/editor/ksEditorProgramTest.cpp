@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <csignal>
+#include <sstream>
 
 namespace {
 
@@ -86,6 +87,32 @@ TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)
         EXPECT_THAT(run.errors, StartsWith("ks-editor: " + folder.path(name).toStdString() + ": ")) << name;
         EXPECT_EQ(run.errorLines(), 1) << run.errors;
         EXPECT_EQ(run.output, "FAILED: no scene, 0 warnings\n") << name;
+    }
+}
+
+/// Names of files are in UTF-8, whatever the locale says.
+TEST(ksEditorProgram, OpensFilesOfAnyName)
+{
+    const ksTestFolder folder;
+    for (const char *name : {"room.bin", "planks.png", "plaster.png", "painting.png", "fabric.png"})
+        ASSERT_TRUE(QFile::copy(ksRoomFile(name), folder.path(name))) << name;
+    std::ostringstream room;
+    room << std::ifstream(ksRoomFile().toStdString()).rdbuf();
+    const std::string name = "K\xc3\xbc"
+                             "che.gltf";
+    folder.write(name, room.str());
+    for (const char *locale : {"C", "C.UTF-8"}) {
+        // The shell hands over the bytes that the name consists of.
+        const ksProgram run(
+            QStringLiteral("sh"),
+            {QStringLiteral("-c"),
+             QStringLiteral("cd \"$1\" && export LC_ALL=$2 && exec \"$0\" --headless K*che.gltf "
+                            "--output K*che.gltf"),
+             QStringLiteral(KS_EDITOR), folder.path(""), QString::fromLatin1(locale)});
+        EXPECT_EQ(run.exitCode, 0) << locale;
+        EXPECT_EQ(run.errors, "") << locale;
+        EXPECT_THAT(run.output, StartsWith("model " + name + ": 58 nodes")) << locale;
+        EXPECT_THAT(run.output, HasSubstr("\nsaved " + name + "\n")) << locale;
     }
 }
 
