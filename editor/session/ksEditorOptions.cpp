@@ -43,9 +43,9 @@ private:
         else if (argument == QLatin1String("--output"))
             setOnce(options.output, valueOf(argument, "a file"), "output");
         else if (argument == QLatin1String("--time-limit"))
-            options.timeLimit = numberOf(argument, "a number of seconds");
+            setLimit(options.timeLimit, numberOf(argument, "a number of seconds"), "time limit");
         else if (argument == QLatin1String("--memory-limit"))
-            options.memoryLimit = numberOf(argument, "a number of megabytes");
+            setLimit(options.memoryLimit, numberOf(argument, "a number of megabytes"), "memory limit");
         else if (argument == QLatin1String("--")) {
             options.scriptArguments = arguments.mid(at);
             hasScriptArguments = true;
@@ -58,7 +58,8 @@ private:
 
     QString valueOf(const QString &option, const char *what)
     {
-        if (at == arguments.size() || arguments[at].isEmpty())
+        if (at == arguments.size() || arguments[at].isEmpty() ||
+            arguments[at].startsWith(QLatin1String("--")))
             throw ksEditorError(option + QStringLiteral(" needs ") + QLatin1String(what));
         return arguments[at++];
     }
@@ -76,6 +77,13 @@ private:
     static void setOnce(QString &target, const QString &value, const char *what)
     {
         if (!target.isEmpty())
+            throw ksEditorError(QStringLiteral("more than one ") + QLatin1String(what));
+        target = value;
+    }
+
+    static void setLimit(double &target, double value, const char *what)
+    {
+        if (target > 0)
             throw ksEditorError(QStringLiteral("more than one ") + QLatin1String(what));
         target = value;
     }
