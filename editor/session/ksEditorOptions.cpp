@@ -140,7 +140,7 @@ QString ksEditorOptions::help(const QString &ownStatus)
                "  0  all went well\n"
                "  1  the model cannot be read\n"
                "  2  the arguments are wrong\n"
-               "  3  the script cannot be read, ended by an error, or was ended\n") +
+               "  3  the script cannot be read or ended by an error, or the work was ended\n") +
            ownStatus + QStringLiteral("  5  something that was to be written cannot be\n");
 }
 
