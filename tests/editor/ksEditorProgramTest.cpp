@@ -136,11 +136,26 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
     }
 }
 
-/// One that writes to a terminal, which nothing is here.
 TEST(ksEditorProgram, WritesNoColoursIntoFiles)
 {
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
     EXPECT_THAT(run.output, testing::Not(HasSubstr("\x1b")));
+}
+
+/// Unless the environment says that there shall be none.
+TEST(ksEditorProgram, WritesColoursToATerminal)
+{
+    const auto runInTerminal = [](const QString &variable) {
+        return ksProgram(QStringLiteral("env"),
+                         {QStringLiteral("TERM=xterm"), QStringLiteral("NO_COLOR="), variable,
+                          QStringLiteral("python3"), QStringLiteral("-c"),
+                          QStringLiteral("import pty, sys; pty.spawn(sys.argv[1:])"),
+                          QStringLiteral(KS_EDITOR), QStringLiteral("--headless"), ksRoomFile()});
+    };
+    EXPECT_THAT(runInTerminal(QStringLiteral("TERM=xterm")).output,
+                EndsWith("\x1b[32mOK: 0 steps, 0 warnings\x1b[0m\r\n"));
+    for (const QString &variable : {QStringLiteral("NO_COLOR=1"), QStringLiteral("TERM=dumb")})
+        EXPECT_THAT(runInTerminal(variable).output, EndsWith("\nOK: 0 steps, 0 warnings\r\n"));
 }
 
 TEST(ksEditorProgram, EndsOrderlyWhenItIsInterrupted)

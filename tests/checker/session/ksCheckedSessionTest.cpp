@@ -7,6 +7,7 @@
 
 #include <ksundo/core/ksUndoStack.h>
 
+#include <csignal>
 #include <sstream>
 
 namespace {
@@ -102,6 +103,19 @@ TEST_F(ksCheckedSessionTest, EndsTheTourThatTakesTooLong)
     EXPECT_EQ(errors.str(), "ks-checker: " + ksRoomFile().toStdString() + ": ended after 1e-09 seconds\n");
     EXPECT_THAT(out.str(), testing::ContainsRegex("\nFAILED: [0-9]+ steps?, 270 containers, 0 differences, "
                                                   "[0-9]+ within tolerance, 0 warnings\n$"));
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+TEST_F(ksCheckedSessionTest, EndsTheTourThatIsInterrupted)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    ksWatchedText record("Add what the scene lacks: ", [] { std::raise(SIGINT); });
+    std::ostream stream(&record);
+    options.model = ksRoomFile();
+    EXPECT_EQ(ksCheckedSession(stream, errors).run(options), ksCheckedSession::ScriptError);
+    EXPECT_EQ(errors.str(), "ks-checker: " + ksRoomFile().toStdString() + ": interrupted\n");
+    EXPECT_THAT(record.text(),
+                testing::ContainsRegex("\nFAILED: [0-9]+ steps, 270 containers, 0 differences"));
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
