@@ -101,13 +101,9 @@ void ksScriptEngine::setArguments(const QStringList &arguments)
     engine.globalObject().setProperty(QStringLiteral("args"), array);
 }
 
-void ksScriptEngine::interrupt()
-{
-    engine.setInterrupted(true);
-}
-
 bool ksScriptEngine::takeInterruption()
 {
+    host.resume();
     const bool wasInterrupted = engine.isInterrupted();
     // Otherwise nothing would run in this engine any more.
     engine.setInterrupted(false);

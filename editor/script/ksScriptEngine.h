@@ -41,8 +41,11 @@ public:
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);
 
-    /// Makes run(), which may be going on in another thread, end as if the script had ended by an error.
-    void interrupt();
+    /// Makes run(), which is going on in another thread, end as if the script had ended by an error.
+    void interrupt() { host.interrupt(); }
+
+    /// The same, for what the script calls.
+    void interruptAtOnce() { engine.setInterrupted(true); }
 
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and
     /// the call stack on lines of its own if there is one, when the file cannot be read, the script ends by

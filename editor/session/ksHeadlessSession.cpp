@@ -235,13 +235,13 @@ void ksHeadlessSession::runScript(const ksEditorOptions &options,
                                   const std::function<std::unique_ptr<ksScriptEngine>(std::ostream &)> &make)
 {
     ksScriptEngine *running = nullptr;
-    const auto interrupt = [&running] { running->interrupt(); };
-    ksPrintStream prints(print, interrupt);
+    ksPrintStream prints(print, [&running] { running->interruptAtOnce(); });
     const std::unique_ptr<ksScriptEngine> engine = make(prints);
     running = engine.get();
     engine->setArguments(options.scriptArguments);
     engine->setWarningHandler([this](const QString &text) { warn(text); });
-    runInterruptibly(options, interrupt, [&engine, &options] { engine->run(options.script); });
+    runInterruptibly(
+        options, [&engine] { engine->interrupt(); }, [&engine, &options] { engine->run(options.script); });
 }
 
 void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
