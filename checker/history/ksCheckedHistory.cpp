@@ -2,6 +2,7 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksInexactUndo.h>
 #include <checker/history/ksTranscript.h>
+#include <editor/history/ksRecord.h>
 #include <editor/scene/ksContainers.h>
 
 #include <ksundo/core/ksUndoCommand.h>
@@ -160,17 +161,15 @@ void ksCheckedHistory::beginPart(const QString &title)
 
 bool ksCheckedHistory::check()
 {
-    const int before = faults;
+    const int before = differenceCount();
     step(QStringLiteral("check"), [] {});
-    return faults == before;
+    return differenceCount() == before;
 }
 
 bool ksCheckedHistory::verify(bool holds, const QString &text)
 {
-    if (!holds) {
+    if (!holds)
         transcript.fault(QStringLiteral("FAILS"), text);
-        ++faults;
-    }
     return holds;
 }
 
@@ -182,6 +181,11 @@ void ksCheckedHistory::expect(const ksExpectedDifference &difference)
 void ksCheckedHistory::expect(const ksExpectedRounding &rounding)
 {
     expectations.roundings.push_back(rounding);
+}
+
+int ksCheckedHistory::differenceCount() const
+{
+    return transcript.faultCount();
 }
 
 int ksCheckedHistory::containerCount() const
@@ -250,6 +254,8 @@ void ksCheckedHistory::beginStep(const QString &what)
         transcript.note(QStringLiteral("within"), what);
         return;
     }
+    if (mayGoOn)
+        mayGoOn();
     transcript.step(what);
     beforeStep = current;
 }
@@ -267,13 +273,14 @@ void ksCheckedHistory::finishStep()
     isSnapshotDue = false;
     noteChanges();
     const int found = compareWithHistory() + compareWithMirror();
-    transcript.note(
-        QStringLiteral("check"),
-        QStringLiteral("index %1 of %2, %3 containers: %4")
-            .arg(stack()->index())
-            .arg(stack()->count())
-            .arg(containerCount())
-            .arg(found == 0 ? QStringLiteral("no difference") : QStringLiteral("%1 DIFFERENCES").arg(found)));
+    transcript.note(QStringLiteral("check"),
+                    QStringLiteral("index %1 of %2, %3 containers: %4")
+                        .arg(stack()->index())
+                        .arg(stack()->count())
+                        .arg(containerCount())
+                        .arg(found == 0 ? QStringLiteral("no difference")
+                                        : ksRecord::counted(found, QStringLiteral("DIFFERENCE"),
+                                                            QStringLiteral("DIFFERENCES"))));
 }
 
 void ksCheckedHistory::takeSnapshots()
@@ -360,7 +367,6 @@ void ksCheckedHistory::takeOver(const ksDifference &difference, const QString &r
 
 void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDifference> &differences)
 {
-    faults += static_cast<int>(differences.size());
     for (std::size_t i = 0; i < differences.size() && i < ShownLines; ++i)
         transcript.fault(label, describe(differences[i]) + QStringLiteral(": expected ") +
                                     QString::fromStdString(differences[i].expected) +

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <set>
+#include <utility>
 #include <vector>
 
 class ksMessage;
@@ -64,8 +65,15 @@ public:
     /// The same for all values within the tolerance.
     void expect(const ksExpectedRounding &rounding);
 
-    /// How many differences and failed verifications there have been.
-    int differenceCount() const { return faults; }
+    /// Has \a goOn called before each step, which is not taken when that throws. One at a time; an empty one
+    /// ends that.
+    void setGoOn(std::function<void()> goOn) { mayGoOn = std::move(goOn); }
+
+    /// Whether no step is being taken, and no macro is open.
+    bool isBetweenSteps() const { return !isStepping() && !isInMacro(); }
+
+    /// How many differences and failed verifications the transcript has had.
+    int differenceCount() const;
 
     /// How often something was accepted that is not as it was, but as expect() says.
     int toleratedCount() const { return tolerated; }
@@ -103,6 +111,7 @@ private:
     static ksCheckedHistory *receiver;
 
     ksTranscript &transcript;
+    std::function<void()> mayGoOn;
     ksMirror mirror;
 
     /// By stack index: entry 0 is the scene before the first command.
@@ -122,6 +131,5 @@ private:
     bool dragging = false;
     int draggedIndex = 0;
     bool isSnapshotDue = false;
-    int faults = 0;
     int tolerated = 0;
 };

@@ -67,14 +67,6 @@ QString messageOf(const QJSValue &error)
     return match.hasMatch() ? match.captured(1) : message;
 }
 
-/// Throws ksScriptError when \a result is an error of the script \a path.
-void refuseError(const QJSValue &result, const QString &path)
-{
-    if (result.isError())
-        throw ksScriptError(path + placeOf(result) + QStringLiteral(": ") + messageOf(result) +
-                            stackOf(result, QFileInfo(path).fileName()));
-}
-
 } // namespace
 
 ksScriptEngine::ksScriptEngine(ksEditHistory &history, std::ostream &out)
@@ -109,17 +101,24 @@ void ksScriptEngine::setArguments(const QStringList &arguments)
     engine.globalObject().setProperty(QStringLiteral("args"), array);
 }
 
-void ksScriptEngine::interrupt()
-{
-    engine.setInterrupted(true);
-}
-
 bool ksScriptEngine::takeInterruption()
 {
+    host.resume();
     const bool wasInterrupted = engine.isInterrupted();
     // Otherwise nothing would run in this engine any more.
     engine.setInterrupted(false);
     return wasInterrupted;
+}
+
+void ksScriptEngine::refuseError(const QJSValue &result, const QString &path) const
+{
+    if (!result.isError())
+        return;
+    const QString message = path + placeOf(result) + QStringLiteral(": ") + messageOf(result) +
+                            stackOf(result, QFileInfo(path).fileName());
+    if (host.isOutputFailure(result))
+        throw ksOutputError(message);
+    throw ksScriptError(message);
 }
 
 void ksScriptEngine::run(const QString &path)

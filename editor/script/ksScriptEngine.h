@@ -41,18 +41,24 @@ public:
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);
 
-    /// Makes run(), which may be going on in another thread, end as if the script had ended by an error.
-    void interrupt();
+    /// Makes run(), which is going on in another thread, end as if the script had ended by an error.
+    void interrupt() { host.interrupt(); }
+
+    /// The same, for what the script calls.
+    void interruptAtOnce() { engine.setInterrupted(true); }
 
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and
     /// the call stack on lines of its own if there is one, when the file cannot be read, the script ends by
-    /// an error, is interrupted or does not end a macro. The steps that it has done by then stay; a macro
-    /// that is open then is taken back.
+    /// an error, is interrupted or does not end a macro; ksOutputError when the error is that something could
+    /// not be written. The steps that it has done by then stay; a macro that is open then is taken back.
     void run(const QString &path);
 
 private:
     /// Whether the engine has been interrupted; it is so no more then.
     bool takeInterruption();
+
+    /// Throws when \a result is an error of the script \a path.
+    void refuseError(const QJSValue &result, const QString &path) const;
 
     QJSEngine engine;
     ksScriptHost host;

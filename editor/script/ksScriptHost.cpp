@@ -4,6 +4,7 @@
 #include <editor/scene/ksNumericFields.h>
 #include <editor/script/ksScriptConsole.h>
 #include <editor/script/ksScriptDescription.h>
+#include <editor/script/ksScriptFunction.h>
 #include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptPrelude.h>
@@ -22,9 +23,11 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <chrono>
 #include <cmath>
 #include <memory>
 #include <ostream>
+#include <thread>
 
 namespace {
 
@@ -75,8 +78,16 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     , sceneIndex(history.root())
 {
     const QJSValue console = engine.newQObject(new ksScriptConsole(*this));
-    preludeFunctions = engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
-                           .call({console.property(QStringLiteral("write"))});
+    const QJSValue goOn = engine.newQObject(new ksScriptFunction(
+        *this,
+        [this] {
+            if (isToEnd.exchange(false))
+                scriptEngine.setInterrupted(true);
+        },
+        &engine));
+    preludeFunctions =
+        engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
+            .call({console.property(QStringLiteral("write")), goOn.property(QStringLiteral("call"))});
     history.setObserver([this] { sceneIndex.noteChanges(); });
 }
 
@@ -209,8 +220,28 @@ void ksScriptHost::guard(const std::function<void()> &work) const
             throw ksEditorError(failure);
     } catch (const std::exception &error) {
         failureOfCall.clear();
-        scriptEngine.throwError(QString::fromUtf8(error.what()));
+        const QString message = QString::fromUtf8(error.what());
+        if (dynamic_cast<const ksOutputError *>(&error) != nullptr)
+            outputFailure = message;
+        scriptEngine.throwError(message);
     }
+}
+
+void ksScriptHost::interrupt()
+{
+    constexpr int Looks = 100;
+    isToEnd = true;
+    for (int i = 0; i < Looks && isToEnd; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    if (isToEnd.exchange(false))
+        scriptEngine.setInterrupted(true);
+}
+
+bool ksScriptHost::isOutputFailure(const QJSValue &error) const
+{
+    // That of a function that a step called has more before it.
+    return !outputFailure.isEmpty() &&
+           error.property(QStringLiteral("message")).toString().endsWith(outputFailure);
 }
 
 void ksScriptHost::add(QUndoCommand *command)

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <iosfwd>
 #include <map>
@@ -65,6 +66,17 @@ public:
     /// Runs \a work; when it throws, the script gets an Error with the exception's message at the place where
     /// it is.
     void guard(const std::function<void()> &work) const;
+
+    /// Has the script end as if by an error; for another thread to call. The engine crashes when it is
+    /// interrupted while it looks up a method of an object of ours, so that the script ends where it calls
+    /// one next. When it does not for a while, it ends where it is.
+    void interrupt();
+
+    /// No longer has it end so.
+    void resume() { isToEnd = false; }
+
+    /// Whether \a error, which the script ended by, is that something could not be written.
+    bool isOutputFailure(const QJSValue &error) const;
 
     /// Adds \a command to the history; null, an edit that changes nothing, is no step. Throws ksEditorError
     /// while a step calls a function of the script.
@@ -128,4 +140,9 @@ private:
 
     /// What a function of the script that a step called has thrown.
     mutable QString failureOfCall;
+
+    std::atomic<bool> isToEnd = false;
+
+    /// What the latest ksOutputError said.
+    mutable QString outputFailure;
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/script/ksScriptPrelude.h>
 
-const char *const ksScriptPrelude = R"js((function(write) {
+const char *const ksScriptPrelude = R"js((function(write, goOn) {
 "use strict";
 
 // By these, which no script has, the objects made here tell what they stand for.
@@ -97,6 +97,7 @@ function makeMethod(target, member) {
         return target.native[member.name].apply(target.native, arguments);
     };
     return function() {
+        goOn();
         var given = arguments.length;
         while (given > member.least && arguments[given - 1] === undefined)
             --given;

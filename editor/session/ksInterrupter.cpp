@@ -3,9 +3,8 @@
 #include <editor/session/ksInterrupter.h>
 #include <editor/session/ksMemory.h>
 
-#include <QElapsedTimer>
-
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
@@ -30,20 +29,28 @@ void notice(char what)
     static_cast<void>(written);
 }
 
+/// Whether a signal has come.
+std::atomic<bool> isSignalled = false;
+
 void handleSignal(int)
 {
+    isSignalled = true;
     notice(Signalled);
+}
+
+/// Why the work is to end; empty when no signal has come.
+QString signalReason()
+{
+    return isSignalled ? QStringLiteral("interrupted") : QString();
 }
 
 std::array<struct sigaction, Signals.size()> previousActions;
 
 } // namespace
 
-ksInterrupter::ksInterrupter(double seconds, qint64 bytes, std::function<void()> interrupt)
-    : timeLimit(seconds)
-    , memoryLimit(bytes)
-    , call(std::move(interrupt))
+ksInterrupter::ksInterrupter()
 {
+    isSignalled = false;
     if (pipe2(pipeEnds.data(), O_CLOEXEC | O_NONBLOCK) != 0)
         throw ksEditorError("the process has no file descriptors left");
     struct sigaction action = {};
@@ -67,32 +74,45 @@ ksInterrupter::~ksInterrupter()
 QString ksInterrupter::reason() const
 {
     const std::lock_guard<std::mutex> lock(mutex);
-    return found;
+    return found.isEmpty() ? signalReason() : found;
+}
+
+void ksInterrupter::start(double seconds, qint64 bytes, std::function<void()> interrupt)
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    timer.start();
+    timeLimit = seconds;
+    memoryLimit = bytes;
+    call = std::move(interrupt);
+}
+
+void ksInterrupter::stop()
+{
+    const std::lock_guard<std::mutex> lock(mutex);
+    call = nullptr;
+}
+
+QString ksInterrupter::limitReached() const
+{
+    if (timeLimit > 0 && static_cast<double>(timer.elapsed()) >= timeLimit * 1000)
+        return QStringLiteral("ended after %1 seconds").arg(timeLimit);
+    return ksMemory::used() > memoryLimit ? QStringLiteral("out of memory") : QString();
 }
 
 void ksInterrupter::watch()
 {
-    QElapsedTimer timer;
-    timer.start();
     while (true) {
         pollfd waiting = {pipeEnds[0], POLLIN, 0};
         poll(&waiting, 1, MillisecondsBetweenLooks);
         char what = 0;
         if (read(pipeEnds[0], &what, 1) == 1 && what == Ended)
             return;
-        QString reason;
-        if (what == Signalled)
-            reason = QStringLiteral("interrupted");
-        else if (timeLimit > 0 && static_cast<double>(timer.elapsed()) >= timeLimit * 1000)
-            reason = QStringLiteral("ended after %1 seconds").arg(timeLimit);
-        else if (ksMemory::used() > memoryLimit)
-            reason = QStringLiteral("out of memory");
-        if (reason.isEmpty() || !ksInterrupter::reason().isEmpty())
-            continue;
-        {
-            const std::lock_guard<std::mutex> lock(mutex);
-            found = reason;
-        }
-        call();
+        const std::lock_guard<std::mutex> lock(mutex);
+        if (found.isEmpty())
+            found = signalReason();
+        if (found.isEmpty() && call)
+            found = limitReached();
+        if (!found.isEmpty() && call)
+            std::exchange(call, nullptr)();
     }
 }

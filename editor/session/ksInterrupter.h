@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QElapsedTimer>
 #include <QString>
 
 #include <functional>
@@ -12,23 +13,35 @@
 class ksInterrupter
 {
 public:
-    /// Calls \a interrupt, in a thread of its own, at most once: at a signal, after \a seconds unless that is
-    /// 0, or when the process has more than \a bytes of memory in use.
-    ksInterrupter(double seconds, qint64 bytes, std::function<void()> interrupt);
+    ksInterrupter();
     ~ksInterrupter();
     ksInterrupter(const ksInterrupter &) = delete;
     ksInterrupter &operator=(const ksInterrupter &) = delete;
 
-    /// Why it has called; empty when it has not.
+    /// From now on calls \a interrupt, in a thread of its own, at most once: at a signal, also at one that
+    /// has come before, after \a seconds unless that is 0, or when the process has more than \a bytes of
+    /// memory in use.
+    void start(double seconds, qint64 bytes, std::function<void()> interrupt);
+
+    /// Calls no more, once this returns.
+    void stop();
+
+    /// Why the work is to end: a signal, whenever it came, or a limit. Empty when it is not.
     QString reason() const;
 
 private:
     void watch();
 
-    const double timeLimit;
-    const qint64 memoryLimit;
-    const std::function<void()> call;
+    /// Why it is to end now; empty when it is not.
+    QString limitReached() const;
+
+    /// Guards what follows.
     mutable std::mutex mutex;
     QString found;
+    std::function<void()> call;
+    QElapsedTimer timer;
+    double timeLimit = 0;
+    qint64 memoryLimit = 0;
+
     std::thread thread;
 };

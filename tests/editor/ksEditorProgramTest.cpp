@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <csignal>
+#include <sstream>
 
 namespace {
 
@@ -89,6 +90,32 @@ TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)
     }
 }
 
+/// Names of files are in UTF-8, whatever the locale says.
+TEST(ksEditorProgram, OpensFilesOfAnyName)
+{
+    const ksTestFolder folder;
+    for (const char *name : {"room.bin", "planks.png", "plaster.png", "painting.png", "fabric.png"})
+        ASSERT_TRUE(QFile::copy(ksRoomFile(name), folder.path(name))) << name;
+    std::ostringstream room;
+    room << std::ifstream(ksRoomFile().toStdString()).rdbuf();
+    const std::string name = "K\xc3\xbc"
+                             "che.gltf";
+    folder.write(name, room.str());
+    for (const char *locale : {"C", "C.UTF-8"}) {
+        // The shell hands over the bytes that the name consists of.
+        const ksProgram run(
+            QStringLiteral("sh"),
+            {QStringLiteral("-c"),
+             QStringLiteral("cd \"$1\" && export LC_ALL=$2 && exec \"$0\" --headless K*che.gltf "
+                            "--output K*che.gltf"),
+             QStringLiteral(KS_EDITOR), folder.path(""), QString::fromLatin1(locale)});
+        EXPECT_EQ(run.exitCode, 0) << locale;
+        EXPECT_EQ(run.errors, "") << locale;
+        EXPECT_THAT(run.output, StartsWith("model " + name + ": 58 nodes")) << locale;
+        EXPECT_THAT(run.output, HasSubstr("\nsaved " + name + "\n")) << locale;
+    }
+}
+
 /// In one line, and those of the call stack if there is one.
 TEST(ksEditorProgram, SaysWhereAScriptFailed)
 {
@@ -109,11 +136,26 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
     }
 }
 
-/// One that writes to a terminal, which nothing is here.
 TEST(ksEditorProgram, WritesNoColoursIntoFiles)
 {
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
     EXPECT_THAT(run.output, testing::Not(HasSubstr("\x1b")));
+}
+
+/// Unless the environment says that there shall be none.
+TEST(ksEditorProgram, WritesColoursToATerminal)
+{
+    const auto runInTerminal = [](const QString &variable) {
+        return ksProgram(QStringLiteral("env"),
+                         {QStringLiteral("TERM=xterm"), QStringLiteral("NO_COLOR="), variable,
+                          QStringLiteral("python3"), QStringLiteral("-c"),
+                          QStringLiteral("import pty, sys; pty.spawn(sys.argv[1:])"),
+                          QStringLiteral(KS_EDITOR), QStringLiteral("--headless"), ksRoomFile()});
+    };
+    EXPECT_THAT(runInTerminal(QStringLiteral("TERM=xterm")).output,
+                EndsWith("\x1b[32mOK: 0 steps, 0 warnings\x1b[0m\r\n"));
+    for (const QString &variable : {QStringLiteral("NO_COLOR=1"), QStringLiteral("TERM=dumb")})
+        EXPECT_THAT(runInTerminal(variable).output, EndsWith("\nOK: 0 steps, 0 warnings\r\n"));
 }
 
 TEST(ksEditorProgram, EndsOrderlyWhenItIsInterrupted)

@@ -119,7 +119,7 @@ TEST_F(ksCheckedHistoryTest, SeesAWriteThatDoesNotEndTheEdit)
     EXPECT_EQ(history.differenceCount(), 1);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    " + label() + " layer: expected 5, is 0\n"));
     EXPECT_THAT(out.str(), Not(HasSubstr("DIFFERS ")));
-    EXPECT_THAT(out.str(), HasSubstr("1 DIFFERENCES"));
+    EXPECT_THAT(out.str(), HasSubstr(": 1 DIFFERENCE\n"));
 }
 
 TEST_F(ksCheckedHistoryTest, SeesAWriteOutsideTheHistory)

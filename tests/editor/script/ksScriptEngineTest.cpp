@@ -6,6 +6,7 @@
 #include <OpenSG/OSGPointLight.h>
 
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -396,6 +397,23 @@ TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)
     });
     EXPECT_EQ(errorOf("count();\ncount();\ncount();"), ":3: Error: enough");
     EXPECT_EQ(calls, 3);
+}
+
+/// Whatever it is doing then: most of the time it looks a method up.
+TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterrupted)
+{
+    for (int i = 0; i <= 20; ++i) {
+        std::thread other;
+        ksScriptEngine interrupted(history, out);
+        interrupted.addFunction(QStringLiteral("begin"), [&interrupted, &other] {
+            other = std::thread([&interrupted] { interrupted.interrupt(); });
+        });
+        const std::string call = i < 20 ? "scene.has('Child');" : "";
+        EXPECT_EQ(ksScriptErrorOf(interrupted, folder,
+                                  "begin(); while (true) { try { " + call + " } catch (error) {} }"),
+                  ": interrupted");
+        other.join();
+    }
 }
 
 TEST_F(ksScriptEngineTest, ScriptsMayCatchErrors)
