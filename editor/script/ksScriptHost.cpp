@@ -2,12 +2,15 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
+#include <editor/script/ksScriptCall.h>
 #include <editor/script/ksScriptConsole.h>
 #include <editor/script/ksScriptDescription.h>
 #include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptPrelude.h>
 #include <editor/script/ksScriptRegistry.h>
+
+#include <ksundo/field/ksInvokeMultiCommand.h>
 
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGMFBaseTypes.h>
@@ -204,20 +207,25 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 {
     try {
         work();
-        const QString failure = std::exchange(failureOfCall, QString());
-        if (!failure.isEmpty())
-            throw ksEditorError(failure);
     } catch (const std::exception &error) {
-        failureOfCall.clear();
         scriptEngine.throwError(QString::fromUtf8(error.what()));
     }
+    // It is that of the outermost, which has run the step.
+    if (calls > 0 || !failureOfCall.isError())
+        return;
+    prelude("fail").call({std::exchange(failureOfCall, QJSValue())});
+    scriptEngine.throwError(QStringLiteral("a function of the script has failed"));
 }
 
 void ksScriptHost::add(QUndoCommand *command)
 {
     std::unique_ptr<QUndoCommand> owned(command);
     refuseWithinCall();
-    if (command != nullptr)
+    if (command == nullptr)
+        return;
+    if (batch != nullptr)
+        batch->add(owned.release());
+    else
         editHistory.add(owned.release());
 }
 
@@ -227,18 +235,44 @@ void ksScriptHost::refuseWithinCall() const
         throw ksEditorError("not possible within another step");
 }
 
-void ksScriptHost::call(QJSValue function)
+void ksScriptHost::call(const QJSValue &function)
 {
     if (isEnding)
         return;
     const QScopedValueRollback<int> calling(calls, calls + 1);
-    const QJSValue result = function.call();
-    if (result.isError() && failureOfCall.isEmpty())
-        failureOfCall = result.toString();
+    const QJSValue result = prelude("run").call({function});
+    if (result.isError() && !failureOfCall.isError())
+        failureOfCall = result;
+}
+
+void ksScriptHost::refuseWithinBatch() const
+{
+    if (batch != nullptr)
+        throw ksEditorError("not possible within a batch");
+}
+
+void ksScriptHost::openBatch(const QString &text, ksMerging merging, const QJSValue &action)
+{
+    refuseWithinCall();
+    refuseWithinBatch();
+    batch = std::make_unique<ksScriptBatch>(
+        action.isUndefined()
+            ? std::make_unique<ksMultiCommand>(text)
+            : std::make_unique<ksInvokeMultiCommand>(text, ksScriptCall::make(*this, action), "call()"));
+    batchMerging = merging;
+}
+
+void ksScriptHost::closeBatch(bool succeeded)
+{
+    const std::unique_ptr<ksScriptBatch> ended = std::move(batch);
+    batchMerging = ksMerging::Never;
+    if (ended != nullptr && succeeded)
+        add(ended->finish().release());
 }
 
 void ksScriptHost::open(const QString &text, bool isOfFunction)
 {
+    refuseWithinBatch();
     editHistory.beginMacro(text);
     macros.push_back(
         {text,
@@ -272,6 +306,7 @@ void ksScriptHost::beginMacro(const QString &text)
 
 void ksScriptHost::endMacro()
 {
+    refuseWithinBatch();
     if (macros.empty())
         throw ksEditorError("there is no open macro");
     if (macros.back().isOfFunction)
@@ -303,10 +338,11 @@ void ksScriptHost::closeMacro(bool succeeded)
         throw ksEditorError(failure);
 }
 
-QJSValue ksScriptHost::endMacrosLeft()
+QJSValue ksScriptHost::endWhatIsLeft()
 {
     const QJSValue first = macros.empty() ? QJSValue() : macros.front().opened;
     const QScopedValueRollback<bool> ending(isEnding, true);
+    closeBatch(false);
     while (!macros.empty())
         close(false);
     return first;

@@ -13,6 +13,13 @@ namespace {
 
 const ksScriptRegistry::Wrapper<osg::UberLightPtr, ksScriptLight> wrapper;
 
+const QLatin1String VisibilityReference("visibilityReference");
+
+osg::NodePtr nodeOrNone(const QJSValue &value)
+{
+    return value.isNull() ? osg::NodePtr() : containerFrom<osg::NodePtr>(value, "node");
+}
+
 } // namespace
 
 QJSValue ksScriptLight::value(const char *name) const
@@ -27,11 +34,7 @@ void ksScriptLight::setValue(const char *name, const QJSValue &value)
 
 void ksScriptLight::setVisibilityReference(const QJSValue &node)
 {
-    host.guard([&] {
-        const osg::NodePtr after = node.isNull() ? osg::NodePtr() : containerFrom<osg::NodePtr>(node, "node");
-        host.add(ksLightEdits::makeVisibilityReference(osg::UberLightPtr::dcast(container()), after,
-                                                       host.index().lights()));
-    });
+    host.guard([&] { perform({VisibilityReference, node, {}, {}}); });
 }
 
 void ksScriptLight::drag(const QString &property, const QJSValue &values, const QJSValue &text)
@@ -64,16 +67,21 @@ ksLightValue ksScriptLight::valueFrom(const ksLightProperty &property, const QJS
 
 QUndoCommand *ksScriptLight::makeEdit(const ksScriptEdit &edit) const
 {
+    if (edit.name == VisibilityReference && edit.options.isUndefined())
+        return ksLightEdits::makeVisibilityReference(osg::UberLightPtr::dcast(container()),
+                                                     nodeOrNone(edit.value), host.index().lights());
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr || !edit.options.isUndefined())
         return ksScriptContainer::makeEdit(edit);
     const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(node(), edit.name) : edit.text;
     return ksMergingAs(edit.merging,
-                       property->make(title, node(), valueFrom(*property, edit.value), edit.parent));
+                       property->make(title, node(), valueFrom(*property, edit.value), host.parent()));
 }
 
 bool ksScriptLight::holds(const ksScriptEdit &edit) const
 {
+    if (edit.name == VisibilityReference)
+        return osg::UberLightPtr::dcast(container())->getVisibilityReference() == nodeOrNone(edit.value);
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr)
         return ksScriptContainer::holds(edit);

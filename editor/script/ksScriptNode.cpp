@@ -238,17 +238,18 @@ osg::Quaternion ksScriptNode::rotationFrom(const QJSValue &value) const
 QUndoCommand *ksScriptNode::makeEdit(const ksScriptEdit &edit) const
 {
     if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
-        return ksMergingAs(edit.merging, property->make(target(*property, edit.options),
-                                                        vectorFrom(edit.value, edit.name), {}, edit.parent));
+        return ksMergingAs(edit.merging,
+                           property->make(target(*property, edit.options), vectorFrom(edit.value, edit.name),
+                                          {}, host.parent()));
     if (!edit.options.isUndefined() || (edit.name != Rotation && edit.name != RotationOrder))
         return ksScriptContainer::makeEdit(edit);
     const ksTransformTarget own = target(QJSValue());
     if (edit.name == RotationOrder)
         return ksMergingAs(edit.merging, new ksEulerRotationOrderUndoCommand(
-                                             own.node, orderFrom(shown(edit.value)), edit.parent));
+                                             own.node, orderFrom(shown(edit.value)), host.parent()));
     const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
     return ksMergingAs(edit.merging, new ksRotationAsQuaternionUndoCommand(
-                                         text, own.node, rotationFrom(edit.value), edit.parent));
+                                         text, own.node, rotationFrom(edit.value), host.parent()));
 }
 
 bool ksScriptNode::holds(const ksScriptEdit &edit) const
@@ -275,7 +276,7 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
         if (!areSame(before, applied))
-            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));
+            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}, host.parent()));
     });
 }
 

@@ -36,6 +36,13 @@ bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
     return value.toBool();
 }
 
+QString ksScriptValues::textFrom(const QJSValue &value, const QString &name)
+{
+    if (!value.isString())
+        throw ksEditorError(QLatin1Char('\'') + name + QStringLiteral("' is a text"));
+    return value.toString();
+}
+
 osg::Vec3f ksScriptValues::vectorFrom(const QJSValue &value, const QString &name)
 {
     const std::array<float, 3> numbers = numbersFrom<3>(value, name);

@@ -40,6 +40,7 @@ T numberFrom(const QJSValue &value, const QString &name)
 }
 
 bool flagFrom(const QJSValue &value, const QString &name);
+QString textFrom(const QJSValue &value, const QString &name);
 
 /// An array of exactly \a Count numbers.
 template <std::size_t Count>

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/script/ksScriptCall.h>
 #include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGUberLight.h>
@@ -101,10 +102,42 @@ TEST_F(ksScriptEngineTest, CallsFunctionsOfSteps)
     EXPECT_EQ(
         errorOf("var own = scene.root.attachment('ksNodeSettings');"
                 "history.batch('b', [[own, 'layer', 6]], false, function () { own.set('layer', 7); });"),
-        ":1: Error: Error: not possible within another step");
+        ":1: Error: not possible within another step");
     EXPECT_EQ(rootSettings()->getLayer(), 6);
     EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', true, 5);"),
               ":1: Error: the action is a function");
+}
+
+/// Whichever guard is asked next, a step fails by the first error of the functions that it calls, which says
+/// where it is.
+TEST_F(ksScriptEngineTest, TellsTheErrorsOfFunctionsOfSteps)
+{
+    const std::string script = "var own = scene.root.attachment('ksNodeSettings'), fails = false, seen = 0;\n"
+                               "function first() { own.get('layer'); if (fails)\n    none(); }\n"
+                               "function second() { seen = own.get('layer'); if (fails) throw 'text'; }\n"
+                               "history.macro('m', function () {\n"
+                               "    history.batch('a', [[own, 'layer', 1]], false, second);\n"
+                               "    history.batch('b', [[own, 'lodBias', 1]], false, first); });\n"
+                               "fails = true;\n";
+    EXPECT_EQ(errorOf(script + "history.undo();"), ":3: ReferenceError: none is not defined");
+    EXPECT_EQ(errorOf(script + "history.clear(); fails = false;\n"
+                               "try { history.batch('a', [[own, 'layer', 0]], false, function () {\n"
+                               "    own.nothing; }); } catch (error) { print(error.message); }\n"
+                               "history.undo();"),
+              ":11: TypeError: " + ksContainers::label(rootSettings()).toStdString() +
+                  " has no property 'nothing'");
+    EXPECT_THAT(out.str(), HasSubstr("has no property 'nothing'\n"));
+    EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
+                      "own.switchFlag('locked', true, function () { throw 'text'; });"),
+              ":2: Error: uncaught text");
+}
+
+/// Nothing is left of the functions of steps that are forgotten.
+TEST_F(ksScriptEngineTest, ForgetsFunctionsOfSteps)
+{
+    run("var own = scene.root.attachment('ksNodeSettings');"
+        "history.batch('b', [[own, 'layer', 5]], false, function () {}); history.clear();");
+    EXPECT_EQ(stack.findChildren<ksScriptCall *>().size(), 0);
 }
 
 TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
@@ -288,7 +321,8 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     EXPECT_EQ(errorOf(own + "own.drag('layer', 3);"), ":2: Error: the values of a drag are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', 1], ['own', 'layer', 1]]);"),
               ":2: Error: an edit of a batch is an array of a container, a field and a value");
-    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"), ":2: Error: the edits of a batch are an array");
+    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"),
+              ":2: Error: the edits of a batch are an array or a function");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
               ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
     EXPECT_EQ(stack.count(), 0);

@@ -215,8 +215,12 @@ TEST_F(ksScriptMistakesTest, SurvivesWhatIsNestedTooDeep)
     for (const char *use :
          {"own.set('opacity', deep);", "own.drag('opacity', deep);", "history.batch('b', deep);",
           "scene.root.translate(deep);", "scene.find(deep);", "scene.root.apply({ scale: deep });",
-          "print(deep);", "console.log(deep);", "String(deep);", "throw deep;",
-          "scene.addAim('Aim', deep, deep, deep);", "scene.find('Child').variants.move(deep, 0);"})
+          "print(deep);", "JSON.stringify(deep);",
+          "JSON.stringify(1, function (key, value) { return [value]; });", "own.set('comment', { a: deep });",
+          "history.batch('b', [[own, 'comment', deep]]);",
+          "eval(new Array(20000).join('[') + new Array(20000).join(']'));", "console.log(deep);",
+          "String(deep);", "throw deep;", "scene.addAim('Aim', deep, deep, deep);",
+          "scene.find('Child').variants.move(deep, 0);"})
         EXPECT_NE(errorOf(deep + use), "") << use;
     EXPECT_NE(errorOf("var ring = []; ring[0] = ring; scene.root.translate(ring);"), "");
     EXPECT_NE(errorOf("scene.root.translate(new Array(4000000000));"), "");
