@@ -53,6 +53,21 @@ TEST_F(ksTreeEditsTest, RemoveANodeAndPutItBack)
     EXPECT_EQ(osg::FieldContainerFactory::the()->getContainer(id), osg::NullFC);
 }
 
+TEST_F(ksTreeEditsTest, LeaveANodeWhoseNewParentHasGone)
+{
+    stack.add(ksTreeEdits::makeMove(child, second, -1));
+    stack.undo();
+    {
+        CPEdit(root.get(), osg::Node::ChildrenFieldMask);
+        root->subChild(second);
+    }
+    ksSyncAspects();
+    stack.redo();
+    EXPECT_EQ(childrenOf(root), Nodes{child});
+    stack.undo();
+    EXPECT_EQ(childrenOf(root), Nodes{child});
+}
+
 TEST_F(ksTreeEditsTest, MoveANode)
 {
     stack.add(ksTreeEdits::makeMove(leaf, root, 1));

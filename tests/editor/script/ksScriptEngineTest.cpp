@@ -132,6 +132,31 @@ TEST_F(ksScriptEngineTest, TellsTheErrorsOfFunctionsOfSteps)
               ":2: Error: uncaught text");
 }
 
+/// It is ended, nothing of it is called again, and what was open is taken back.
+TEST_F(ksScriptEngineTest, EndsFunctionsOfStepsThatDoNotEnd)
+{
+    engine.addFunction(QStringLiteral("stop"), [this] { engine.interrupt(); });
+    for (const std::string open : {"history.beginMacro('m');", "history.macro('m', function () {"}) {
+        EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');" + open +
+                          "own.set('lodBias', 1);"
+                          "history.batch('b', [[own, 'layer', 5]], false, function () {"
+                          "    stop(); for (;;) {} });" +
+                          (open.back() == '{' ? "});" : "")),
+                  ": interrupted");
+        EXPECT_FALSE(history.isInMacro());
+        EXPECT_EQ(rootSettings()->getLayer(), 0);
+        EXPECT_EQ(rootSettings()->getLodBias(), 0);
+    }
+    EXPECT_EQ(
+        errorOf("history.batch('b', function () { scene.root.attachment('ksNodeSettings').set('layer', 1);"
+                "    stop(); for (;;) {} });"),
+        ": interrupted");
+    EXPECT_EQ(rootSettings()->getLayer(), 0);
+    EXPECT_EQ(stack.count(), 0);
+    run("scene.root.attachment('ksNodeSettings').set('layer', 1);");
+    EXPECT_EQ(stack.count(), 1);
+}
+
 /// Nothing is left of the functions of steps that are forgotten.
 TEST_F(ksScriptEngineTest, ForgetsFunctionsOfSteps)
 {

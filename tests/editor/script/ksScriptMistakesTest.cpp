@@ -149,6 +149,9 @@ TEST_F(ksScriptMistakesTest, AddsNoStepsThatDoNothing)
         "history.macro('m', function () { own.set('layer', 0); history.macro('n', function () {}); });"
         "history.beginMacro('m'); history.endMacro();");
     EXPECT_EQ(stack.count(), 0);
+    run("scene.root.set('travMask', 1); history.undo();"
+        "history.beginMacro('m'); history.endMacro(); history.macro('m', function () {}); history.redo();"
+        "history.clear();");
     run("var v = scene.find('Child').variants; v.add('One'); v.add('Two');"
         "v.rename(0, 'One'); v.options(0, v.at(0).get('applyFlags')); v.move(1, 1); v.move([0, 1], 0);"
         "var links = scene.addLinkSet('Links'); links.add(scene.find('Child')); "
