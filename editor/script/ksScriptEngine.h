@@ -14,8 +14,9 @@
 
 /// Runs JavaScript files on the scene.
 ///
-/// Scripts have the global objects that ksScriptRegistry knows, among them "scene" (see ksScriptScene) and
-/// "history" (see ksScriptHistory), containers as ksScriptContainer, and the function print(values...).
+/// Scripts have the global objects that ksScriptRegistry knows, "scene", "history" and "console" (see
+/// ksScriptScene, ksScriptHistory and ksScriptConsole), containers as the classes that it knows for theirs,
+/// and the functions print(values...) and help([what]).
 class ksScriptEngine
 {
 public:

@@ -43,7 +43,7 @@ public:
     void setWarningHandler(std::function<void(const QString &)> handler);
     void warn(const QString &text) const;
 
-    /// The file of the script that runs; paths of images in it start at its folder.
+    /// The file of the script that runs; paths in it, of images and of what it saves, start at its folder.
     void setScriptFile(const QString &path) { scriptFile = path; }
     QString pathFrom(const QString &name) const;
 

@@ -7,6 +7,8 @@
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
+#include <OpenSG/OSGSFBaseTypes.h>
+
 using namespace ksScriptValues;
 
 namespace {
@@ -53,11 +55,11 @@ osg::NodePtr ksScriptLight::node() const
 ksLightValue ksScriptLight::valueFrom(const ksLightProperty &property, const QJSValue &value) const
 {
     const QString name = QString::fromLatin1(property.name);
-    const ksLightValue wanted = property.components == 3 ? vectorFrom(value, name)
-                                                         : ksLightValue(numberFrom<float>(value, name), 0, 0);
+    const ksLightValue wanted =
+        property.components == 3 ? tupleFrom<osg::Vec3f>(value, name, ksValueKinds::ofField(osg::SFColor3f()))
+                                 : ksLightValue(numberFrom<float>(value, name), 0, 0);
     if (!property.accepts(wanted))
-        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' does not fit '") + name +
-                            QLatin1Char('\''));
+        ksValueKinds::refuse(name, QStringLiteral("0, 1 or 2"), shown(value));
     std::vector<double> numbers;
     for (int i = 0; i < property.components; ++i)
         numbers.push_back(wanted[static_cast<osg::UInt32>(i)]);

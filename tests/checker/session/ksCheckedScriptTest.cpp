@@ -197,9 +197,9 @@ TEST_F(ksCheckedScriptErrorTest, LeavesNothingOpen)
 {
     const std::string own = "var own = scene.find('Table').attachment('ksNodeSettings');\n";
     EXPECT_EQ(errorOf(own + "own.drag('opacity', [0.5, 0.25, 'three']);"),
-              ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
+              ":2: Error: 'opacity' is a number, not 'three'");
     EXPECT_EQ(errorOf(own + "history.beginMacro('m'); own.drag('opacity', [1, 0.25, 'three']);"),
-              ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
+              ":2: Error: 'opacity' is a number, not 'three'");
     EXPECT_EQ(errorOf(own + "history.beginMacro('m'); own.set('layer', 9);"),
               ":2: Error: the macro 'm' is not ended");
     EXPECT_EQ(errorOf("\nhistory.endMacro();"), ":2: Error: there is no open macro");

@@ -34,6 +34,9 @@ TEST_F(ksScriptEngineTest, SavesTheScene)
     const std::string path = folder.path("scene.gltf").toStdString();
     EXPECT_EQ(run("scene.save('" + path + "');"), "");
     EXPECT_TRUE(QFile::exists(folder.path("scene.gltf")));
+    // A path starts at the script's folder.
+    run("scene.save('beside.glb');");
+    EXPECT_TRUE(QFile::exists(folder.path("beside.glb")));
     EXPECT_EQ(errorOf("\nscene.save('" + path + ".obj');"),
               ":2: Error: " + path + ".obj: scenes are saved as .gltf or .glb");
 }
@@ -339,7 +342,7 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     const std::string label = ksContainers::label(childSettings()).toStdString();
     const std::string own = "var own = scene.find('Child').attachment('ksNodeSettings');\n";
     EXPECT_EQ(errorOf(own + "own.set('layer', 300);"),
-              ":2: Error: '300' does not fit the field 'layer', SFUInt8");
+              ":2: Error: 'layer' is a whole number from 0 to 255, not 300");
     EXPECT_EQ(errorOf(own + "own.set('layers', 3);"),
               ":2: Error: " + label + " has no field 'layers' that can be edited");
     EXPECT_EQ(errorOf(own + "own.get('layers');"), ":2: Error: " + label + " has no field 'layers'");
@@ -349,7 +352,7 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     EXPECT_EQ(errorOf(own + "history.batch('b', 5);"),
               ":2: Error: the edits of a batch are an array or a function");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
-              ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
+              ":2: Error: 'layer' is a whole number from 0 to 255, not -1");
     EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(childSettings()->getLayer(), 0);
 }
@@ -418,7 +421,7 @@ TEST_F(ksScriptEngineTest, DoesNothingOfADragThatFails)
 {
     EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
                       "own.drag('opacity', [0.5, 0.25, 'three', 0.125]);"),
-              ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
+              ":2: Error: 'opacity' is a number, not 'three'");
     EXPECT_EQ(rootSettings()->getOpacity(), 1);
     EXPECT_EQ(stack.count(), 0);
 }
