@@ -13,6 +13,7 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
@@ -294,8 +295,11 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
 
 QString ksScriptNode::path() const
 {
-    return guarded([](const osg::FieldContainerPtr &container) {
-        return QString::fromStdString(ksNodePaths::of(osg::NodePtr::dcast(container)));
+    return guarded([this](const osg::FieldContainerPtr &container) {
+        const auto own = osg::NodePtr::dcast(container);
+        if (!host.index().isInScene(own))
+            throw ksEditorError(ksContainers::label(own) + QStringLiteral(" is not in the scene"));
+        return QString::fromStdString(ksNodePaths::of(own));
     });
 }
 
@@ -304,7 +308,8 @@ QJSValue ksScriptNode::add(const QString &name)
     QJSValue added;
     host.guard([&] {
         const osg::NodePtr parent = node();
-        const osg::NodePtr made = ksContainers::createNode(name.toStdString(), osg::Transform3D::create());
+        // What is refused goes.
+        const osg::NodeRefPtr made(ksContainers::createNode(name.toStdString(), osg::Transform3D::create()));
         host.add(ksTreeEdits::makeAdd(parent, made));
         added = host.object(made);
     });
@@ -316,9 +321,9 @@ QJSValue ksScriptNode::copy(const QJSValue &parent, const QString &name)
     QJSValue added;
     host.guard([&] {
         const auto place = containerFrom<osg::NodePtr>(parent, "node");
-        const osg::NodePtr made = ksTreeEdits::copy(node());
+        const osg::NodeRefPtr made(ksTreeEdits::copy(node()));
         if (!name.isEmpty())
-            osg::setName(made, name.toStdString());
+            osg::setName(made.get(), name.toStdString());
         host.add(ksTreeEdits::makeAdd(place, made));
         added = host.object(made);
     });

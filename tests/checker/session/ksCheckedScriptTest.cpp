@@ -250,6 +250,7 @@ cloth.setComponentQuietly(0, 'weight', 0.75);
 cloth.setImage(0, scene.find('Picture').image);
 scene.find('Clock').material.environment = cloth;
 vase.tags.add('glass');
+vase.tags.add('old');
 vase.tags.remove('glass');
 vase.attachment('TagAttachment').set('systemTags', ['glass']);
 scene.recordTag('lost', true);

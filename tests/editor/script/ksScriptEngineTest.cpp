@@ -54,6 +54,9 @@ TEST_F(ksScriptEngineTest, FindsByNamePathAndNumber)
                 "child.remove(); print(scene.has('Child')); history.undo(); print(scene.has('Child'));"),
         "2 true 0\nChild/Child true true\ntrue true\ntrue true\nfalse true\nfalse\ntrue\n");
     EXPECT_EQ(errorOf("scene.at('Child/Nobody');"), ":1: Error: there is no node at 'Child/Nobody'");
+    EXPECT_EQ(errorOf("var child = scene.find('Child'); child.remove(); child.path;"),
+              ":1: Error: " + ksContainers::label(child).toStdString() + " is not in the scene");
+    run("history.undo();");
     EXPECT_EQ(errorOf("scene.byId(0);"), ":1: Error: there is no container 0");
     EXPECT_EQ(errorOf("scene.byId(1000000);"), ":1: Error: there is no container 1000000");
 }

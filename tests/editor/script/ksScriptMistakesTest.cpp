@@ -133,6 +133,16 @@ TEST_F(ksScriptMistakesTest, RefusesAMaterialThatMirrorsItself)
                       ", which refers to it: neither could ever be released");
 }
 
+TEST_F(ksScriptMistakesTest, RefusesToNestNodesTooDeep)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_THAT(errorOf("history.macro('m', function () {\n"
+                        "    for (var node = scene.root; true; node = node.add('Link')) ; });"),
+                testing::HasSubstr(": nodes nest 1000 deep at most"));
+    run("history.clear();");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksScriptMistakesTest, RefusesAMoveThatCannotBeExpressed)
 {
     run("scene.root.scale([1, 0, 1]);");

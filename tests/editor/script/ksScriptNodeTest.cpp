@@ -76,7 +76,8 @@ TEST_F(ksScriptNodeTest, TurnsByQuaternions)
     run("scene.find('Child').turn([0, 0, 1e-40, 0]);");
     EXPECT_EQ(transformOf(child)->getRotation(), osg::Quaternion(0, 0, 1, 0));
     stack.clear();
-    expectError("scene.find('Child').turn([0, 1, 0]);", "'quaternion' is an array [x, y, z, w] of numbers, not an array of 3");
+    expectError("scene.find('Child').turn([0, 1, 0]);",
+                "'quaternion' is an array [x, y, z, w] of numbers, not an array of 3");
 }
 
 TEST_F(ksScriptNodeTest, AppliesTransformations)
@@ -158,7 +159,8 @@ TEST_F(ksScriptNodeTest, RefusesWhatDoesNotFitTheVariants)
     expectError("scene.find('Child').variants.move(0, 2);", none + "2");
     expectError("scene.find('Child').variants.move([0, 'x'], 0);",
                 "'from' is an index or an array of indexes, not 'x'");
-    expectError("scene.find('Child').variants.options(0, 'all');", "'flags' is a whole number from 0 to 18446744073709551615, not 'all'");
+    expectError("scene.find('Child').variants.options(0, 'all');",
+                "'flags' is a whole number from 0 to 18446744073709551615, not 'all'");
     const std::string unfit = "the variants to move are different ones, and fit behind their new place";
     expectError("scene.find('Child').variants.move([0, 1], 1);", unfit);
     expectError("scene.find('Child').variants.move([0, 0], 0);", unfit);
