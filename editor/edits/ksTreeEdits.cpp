@@ -5,22 +5,17 @@
 #include <editor/scene/ksContainers.h>
 
 #include <OSGTransformVariantsAttachment.h>
+#include <ksNodeUtils.h>
 
 #include <algorithm>
 
 namespace {
 
-osg::TransformVariantsAttachmentPtr variantsOf(const osg::NodePtr &node)
-{
-    return osg::TransformVariantsAttachmentPtr::dcast(
-        node->findAttachment(osg::TransformVariantsAttachment::getClassType()));
-}
-
 /// Gives \a copy the variants of \a node, which copies of attachments leave out.
 void copyVariants(const osg::NodePtr &node, const osg::NodePtr &copy)
 {
-    const osg::TransformVariantsAttachmentPtr source = variantsOf(node);
-    const osg::TransformVariantsAttachmentPtr target = variantsOf(copy);
+    const osg::TransformVariantsAttachmentPtr source = ksNodeUtils::getTransformVariantsAttachment(node);
+    const osg::TransformVariantsAttachmentPtr target = ksNodeUtils::getTransformVariantsAttachment(copy);
     if (source == osg::NullFC || target == osg::NullFC)
         return;
     CPEdit(target, osg::TransformVariantsAttachment::VariantsFieldMask);

@@ -36,6 +36,12 @@ QString ksContainers::nameOf(const osg::FieldContainerPtr &container)
     return image == osg::NullFC ? QString() : QString::fromStdString(image->getName());
 }
 
+std::string ksContainers::ownNameOf(const osg::NodePtr &node)
+{
+    const char *name = osg::getName(node);
+    return name != nullptr ? name : "";
+}
+
 QString ksContainers::label(const osg::FieldContainerPtr &container)
 {
     if (container == osg::NullFC)

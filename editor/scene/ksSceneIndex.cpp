@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksSceneIndex.h>
 
 #include <ksundo/core/ksFindContainer.h>
@@ -15,8 +16,7 @@ namespace {
 
 bool isCalled(const osg::NodePtr &node, const std::string &name)
 {
-    const char *own = node == osg::NullFC ? nullptr : osg::getName(node);
-    return own != nullptr && name == own;
+    return node != osg::NullFC && ksContainers::ownNameOf(node) == name;
 }
 
 } // namespace

@@ -39,6 +39,9 @@ public:
     /// What it costs to find nodes, see ksSceneIndex::visitedCount().
     std::size_t visitedCount() { return host.index().visitedCount(); }
 
+    /// How many objects for containers are kept, see ksScriptHost.
+    std::size_t objectCount() const { return host.objectCount(); }
+
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);
 

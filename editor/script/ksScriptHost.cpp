@@ -10,6 +10,7 @@
 #include <editor/script/ksScriptPrelude.h>
 #include <editor/script/ksScriptRegistry.h>
 
+#include <ksundo/core/ksFindContainer.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
 
 #include <OpenSG/OSGColor.h>
@@ -25,7 +26,9 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <ostream>
 
@@ -120,12 +123,22 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     if (known != objects.end())
         return known->second;
 
+    if (objects.size() >= mostObjects)
+        letGoOfObjects();
     QObject *made = ksScriptRegistry::makeObject(*this, container);
     QJSValue parts = scriptEngine.newObject();
     ksScriptRegistry::makeParts(*this, container, *made, [this, &parts](const char *name, QObject *part) {
         parts.setProperty(QLatin1String(name), object(part, scriptEngine.newObject()));
     });
     return objects.emplace(id, object(made, parts)).first->second;
+}
+
+void ksScriptHost::letGoOfObjects()
+{
+    for (auto each = objects.begin(); each != objects.end();)
+        each = ksFindContainer<osg::FieldContainerPtr>(each->first) == osg::NullFC ? objects.erase(each)
+                                                                                   : std::next(each);
+    mostObjects = 2 * std::max(mostObjects / 2, objects.size());
 }
 
 QJSValue ksScriptHost::object(QObject *native, const QJSValue &parts)

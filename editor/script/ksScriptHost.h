@@ -53,6 +53,9 @@ public:
     /// The script object for \a container, see ksScriptRegistry; null for NullFC.
     QJSValue object(const osg::FieldContainerPtr &container);
 
+    /// How many objects for containers are kept.
+    std::size_t objectCount() const { return objects.size(); }
+
     /// The script object for \a native, which belongs to the engine unless it has a parent, with \a parts.
     QJSValue object(QObject *native, const QJSValue &parts);
 
@@ -124,6 +127,7 @@ private:
     };
 
     QJSValue containers(const osg::Field &field);
+    void letGoOfObjects();
     void open(const QString &text, bool isOfFunction);
     void close(bool keep);
 
@@ -135,6 +139,9 @@ private:
     QJSValue preludeFunctions;
     ksSceneIndex sceneIndex;
     std::map<osg::UInt32, QJSValue> objects;
+
+    /// How many of them there are when those of containers that have gone are let go of.
+    std::size_t mostObjects = 1000;
     std::map<std::pair<const QMetaObject *, QStringList>, QJSValue> types;
     std::vector<Macro> macros;
     std::unique_ptr<ksScriptBatch> batch;

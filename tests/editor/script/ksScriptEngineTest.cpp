@@ -163,6 +163,16 @@ TEST_F(ksScriptEngineTest, EndsFunctionsOfStepsThatDoNotEnd)
     EXPECT_EQ(stack.count(), 1);
 }
 
+TEST_F(ksScriptEngineTest, KeepsNoObjectsOfWhatHasGone)
+{
+    run("for (var i = 0; i < 30; ++i) { for (var j = 0; j < 100; ++j) scene.root.add('New');"
+        "    history.reset(); history.clear(); }");
+    EXPECT_LT(engine.objectCount(), 2000u);
+    EXPECT_EQ(printed("var child = scene.find('Child'); for (var i = 0; i < 2000; ++i) scene.root.add('New');"
+                      "print(child === scene.find('Child')); history.reset(); history.clear();"),
+              "true\n");
+}
+
 /// Nothing is left of the functions of steps that are forgotten.
 TEST_F(ksScriptEngineTest, ForgetsFunctionsOfSteps)
 {
