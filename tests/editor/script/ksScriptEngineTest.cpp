@@ -125,7 +125,10 @@ TEST_F(ksScriptEngineTest, TellsTheErrorsOfFunctionsOfSteps)
                                "    history.batch('a', [[own, 'layer', 1]], false, second);\n"
                                "    history.batch('b', [[own, 'lodBias', 1]], false, first); });\n"
                                "fails = true;\n";
-    EXPECT_EQ(errorOf(script + "history.undo();"), ":3: ReferenceError: none is not defined");
+    EXPECT_EQ(errorOf(script + "try { history.undo(); } catch (error) { print('seen', seen); throw error; }"),
+              ":3: ReferenceError: none is not defined");
+    // The second is not disturbed by the error of the first.
+    EXPECT_THAT(out.str(), HasSubstr("seen 0\n"));
     EXPECT_EQ(errorOf(script + "history.clear(); fails = false;\n"
                                "try { history.batch('a', [[own, 'layer', 0]], false, function () {\n"
                                "    own.nothing; }); } catch (error) { print(error.message); }\n"
