@@ -10,7 +10,10 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <set>
+#include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -58,8 +61,8 @@ public:
     /// When \a holds is false, notes that \a text does not hold and counts a difference. Returns \a holds.
     bool verify(bool holds, const QString &text);
 
-    /// From now on, \a difference is no fault: when it is found, the snapshots that held the expected value
-    /// take over the actual one.
+    /// Until all commands are forgotten, \a difference is no fault: when it is found, the snapshots that held
+    /// the expected value take over the actual one.
     void expect(const ksExpectedDifference &difference);
 
     /// The same for all values within the tolerance.
@@ -121,6 +124,9 @@ private:
     ksSceneSnapshot mirrored;
     std::set<int> addedIds;
     ksExpectations expectations;
+
+    /// By container, field and content: what that was before it came back, rounded, as this content.
+    std::map<std::tuple<osg::UInt32, osg::UInt32, std::string>, std::string> originals;
 
     /// The message that came last, and how often it came in a row, as long as that is not written.
     QString message;

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// Which numbers make sense in fields of floating-point numbers.
+/// Which numbers make sense in fields.
 namespace ksFieldRanges {
 
 /// Throws ksEditorError, which says what would, when one of \a numbers makes no sense in the field of \a

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
 
 #include <ksundo/tag/ksTagUndoCommands.h>
@@ -15,6 +16,15 @@ bool ksTagEdits::hasTag(const osg::TagAttachmentPtr &tags, osg::UInt32 field, co
     const osg::MFString &list = listOf(tags, field);
     return std::find(list.begin(), list.end(), tag) != list.end();
 }
+
+namespace {
+
+QString textOf(const char *what, const std::string &tag)
+{
+    return QLatin1String(what) + QStringLiteral(" tag '") + QString::fromStdString(tag) + QLatin1Char('\'');
+}
+
+} // namespace
 
 ksTagUndoCommand *ksTagEdits::make(const osg::NodePtr &node, osg::UInt32 field, const std::string &tag,
                                    bool adding)
@@ -34,9 +44,23 @@ ksTagUndoCommand *ksTagEdits::make(const osg::NodePtr &node, osg::UInt32 field, 
     // Both lists are announced by this mask.
     const osg::BitVector mask = osg::TagAttachment::TagValuesFieldMask |
                                 attachment->getType().getFieldDescription(field)->getFieldMask();
-    const QString text = (adding ? QStringLiteral("Add tag '") : QStringLiteral("Remove tag '")) +
-                         QString::fromStdString(tag) + QLatin1Char('\'');
+    const QString text = textOf(adding ? "Add" : "Remove", tag);
     if (adding)
         return new ksAddTagUndoCommand(text, node, mask, field, tag, &tags, oldValues, newValues);
     return new ksSubTagUndoCommand(text, node, mask, field, tag, &tags, oldValues, newValues);
+}
+
+QUndoCommand *ksTagEdits::makeFirst(const osg::NodePtr &node, osg::UInt32 field, const std::string &tag)
+{
+    const osg::TagAttachmentPtr tags = osg::TagAttachment::create();
+    {
+        CPEdit(tags, osg::TagAttachment::UserTagsFieldMask | osg::TagAttachment::LayerTagsFieldMask |
+                         osg::TagAttachment::TagValuesFieldMask);
+        auto &list = field == UserTags ? tags->getUserTags() : tags->getLayerTags();
+        list.push_back(tag);
+        tags->getTagValues().push_back(tag.size());
+    }
+    auto *const command = new ksAttachUndoCommand(node, tags);
+    command->setText(textOf("Add", tag));
+    return command;
 }

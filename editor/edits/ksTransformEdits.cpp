@@ -97,9 +97,9 @@ const ksTransformProperty *ksTransformEdits::find(const QString &name)
 
 ksTransformationUndoCommand *
 ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &values, int index, bool syncs,
-                            ksTransformationUndoCommand::Notification notification)
+                            ksTransformationUndoCommand::Notification notification, QUndoCommand *parent)
 {
-    return new ksTransformationUndoCommand(node, values, syncs, nullptr, std::move(notification), index);
+    return new ksTransformationUndoCommand(node, values, syncs, parent, std::move(notification), index);
 }
 
 osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)

@@ -66,7 +66,8 @@ const ksTransformProperty *find(const QString &name);
 
 /// A new command that applies \a values to the transform of \a node that \a index means. The caller owns it.
 ksTransformationUndoCommand *makeApply(const osg::NodePtr &node, const ksTransformation &values, int index,
-                                       bool syncs, ksTransformationUndoCommand::Notification notification);
+                                       bool syncs, ksTransformationUndoCommand::Notification notification,
+                                       QUndoCommand *parent = nullptr);
 
 /// A new variant called \a name, with a transform that is as \a node's own is now.
 osg::TransformVariantPtr makeVariant(const osg::NodePtr &node, const std::string &name);

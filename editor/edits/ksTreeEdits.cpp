@@ -5,22 +5,17 @@
 #include <editor/scene/ksContainers.h>
 
 #include <OSGTransformVariantsAttachment.h>
+#include <ksNodeUtils.h>
 
 #include <algorithm>
 
 namespace {
 
-osg::TransformVariantsAttachmentPtr variantsOf(const osg::NodePtr &node)
-{
-    return osg::TransformVariantsAttachmentPtr::dcast(
-        node->findAttachment(osg::TransformVariantsAttachment::getClassType()));
-}
-
 /// Gives \a copy the variants of \a node, which copies of attachments leave out.
 void copyVariants(const osg::NodePtr &node, const osg::NodePtr &copy)
 {
-    const osg::TransformVariantsAttachmentPtr source = variantsOf(node);
-    const osg::TransformVariantsAttachmentPtr target = variantsOf(copy);
+    const osg::TransformVariantsAttachmentPtr source = ksNodeUtils::getTransformVariantsAttachment(node);
+    const osg::TransformVariantsAttachmentPtr target = ksNodeUtils::getTransformVariantsAttachment(copy);
     if (source == osg::NullFC || target == osg::NullFC)
         return;
     CPEdit(target, osg::TransformVariantsAttachment::VariantsFieldMask);
@@ -51,6 +46,30 @@ void refuseRoot(const osg::NodePtr &node, const char *what)
                             QLatin1String(what));
 }
 
+/// How many nodes are above \a node.
+int depthOf(osg::NodePtr node)
+{
+    int depth = 0;
+    for (node = node->getParent(); node != osg::NullFC; node = node->getParent())
+        ++depth;
+    return depth;
+}
+
+/// Throws ksEditorError when \a child would be, or have something, too deep below \a parent.
+void refuseTooDeep(const osg::NodePtr &parent, const osg::NodePtr &child)
+{
+    int height = 0;
+    const int start = depthOf(child);
+    ksContainers::visitNodes(child, [&](const osg::NodePtr &node) {
+        if (node->getNChildren() == 0)
+            height = std::max(height, depthOf(node) - start);
+    });
+    if (depthOf(parent) + 1 + height > ksTreeEdits::MostLevels)
+        throw ksEditorError(ksContainers::label(child) + QStringLiteral(" cannot be placed below ") +
+                            ksContainers::label(parent) +
+                            QStringLiteral(": nodes nest %1 deep at most").arg(ksTreeEdits::MostLevels));
+}
+
 QString textOf(const char *what, const osg::NodePtr &node)
 {
     return QLatin1String(what) + QStringLiteral(" '") + ksContainers::nameOf(node) + QLatin1Char('\'');
@@ -67,6 +86,7 @@ osg::NodePtr ksTreeEdits::copy(const osg::NodePtr &node)
 
 QUndoCommand *ksTreeEdits::makeAdd(const osg::NodePtr &parent, const osg::NodePtr &child)
 {
+    refuseTooDeep(parent, child);
     return new ksAddChildUndoCommand(parent, child);
 }
 
@@ -93,5 +113,6 @@ QUndoCommand *ksTreeEdits::makeMove(const osg::NodePtr &node, const osg::NodePtr
         place.index = static_cast<osg::UInt32>(index);
     if (place.parent == before.parent && place.index == before.index)
         return nullptr;
+    refuseTooDeep(parent, node);
     return new ksMoveNodeUndoCommand(textOf("Move", node), node, place);
 }

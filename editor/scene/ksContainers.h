@@ -21,6 +21,9 @@ osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
 /// there is none.
 QString nameOf(const osg::FieldContainerPtr &container);
 
+/// The name that \a node itself has; empty when there is none.
+std::string ownNameOf(const osg::NodePtr &node);
+
 /// How messages call \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
 QString label(const osg::FieldContainerPtr &container);
 

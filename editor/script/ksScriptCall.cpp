@@ -9,7 +9,8 @@ ksScriptCall::ksScriptCall(ksScriptHost &scriptHost, const QJSValue &called)
     , engine(&scriptHost.engine())
     , function(called)
 {
-    connect(scriptHost.history().stack(), &ksUndoStack::cleared, this, &QObject::deleteLater);
+    // Scripts run without an event loop, which deleteLater() would wait for.
+    connect(scriptHost.history().stack(), &ksUndoStack::cleared, this, [this] { delete this; });
 }
 
 ksScriptCall *ksScriptCall::make(ksScriptHost &host, const QJSValue &function)

@@ -28,9 +28,6 @@ struct ksScriptEdit
     QString text;
 
     ksMerging merging = ksMerging::Never;
-
-    /// Of the command.
-    QUndoCommand *parent = nullptr;
 };
 
 /// A container of the scene in a script.
@@ -110,15 +107,15 @@ public:
                                   const QJSValue &text = QJSValue());
     Q_INVOKABLE void switchFlag(const QString &field, bool value, const QJSValue &action);
 
-    /// A new command for \a edit, which belongs to the caller unless that has a parent. Throws ksEditorError
-    /// when there is no such value, or the new one does not fit.
+    /// A new command for \a edit, whose parent is that of the host; null when nothing changes. Throws
+    /// ksEditorError when there is no such value, or the new one does not fit.
     virtual QUndoCommand *makeEdit(const ksScriptEdit &edit) const;
 
     /// Whether the value is there already. Throws as makeEdit() does.
     virtual bool holds(const ksScriptEdit &edit) const;
 
-    /// Makes \a edit a step, unless the value is there already.
-    void perform(const ksScriptEdit &edit);
+    /// Makes \a edit a step, unless the value is there already, or a part of the open batch.
+    void perform(ksScriptEdit edit);
 
 protected:
     /// What \a read answers, or undefined with an error in the script when it throws ksEditorError.

@@ -139,7 +139,7 @@ void ksScriptEngine::run(const QString &path)
     host.setScriptFile(path);
     const QJSValue result = host.prelude("run").call({script});
     const bool isInterrupted = takeInterruption();
-    const QJSValue left = host.endMacrosLeft();
+    const QJSValue left = host.endWhatIsLeft();
     refuse(isInterrupted);
     refuseError(result, path);
     refuseError(left, path);

@@ -14,8 +14,9 @@
 
 /// Runs JavaScript files on the scene.
 ///
-/// Scripts have the global objects that ksScriptRegistry knows, among them "scene" (see ksScriptScene) and
-/// "history" (see ksScriptHistory), containers as ksScriptContainer, and the function print(values...).
+/// Scripts have the global objects that ksScriptRegistry knows, "scene", "history" and "console" (see
+/// ksScriptScene, ksScriptHistory and ksScriptConsole), containers as the classes that it knows for theirs,
+/// and the functions print(values...) and help([what]).
 class ksScriptEngine
 {
 public:
@@ -37,6 +38,9 @@ public:
 
     /// What it costs to find nodes, see ksSceneIndex::visitedCount().
     std::size_t visitedCount() { return host.index().visitedCount(); }
+
+    /// How many objects for containers are kept, see ksScriptHost.
+    std::size_t objectCount() const { return host.objectCount(); }
 
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);

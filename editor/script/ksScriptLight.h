@@ -11,7 +11,7 @@ class ksScriptLight : public ksScriptContainer
     Q_OBJECT
     Q_CLASSINFO("diffuse", "the colour that matt surfaces reflect")
     Q_CLASSINFO("glossy", "the colour that shiny surfaces reflect")
-    Q_CLASSINFO("intensity", "what both are multiplied by")
+    Q_CLASSINFO("intensity", "what both are multiplied by, at least 0")
     Q_CLASSINFO("penumbraAngle", "of a spot light: what is added to its cone, over which it fades out")
     Q_CLASSINFO("coneAngle", "of a spot light: the opening of its cone, 0 to 180")
     Q_CLASSINFO("attenuation",

@@ -131,7 +131,7 @@ QUndoCommand *ksScriptSurface::makeEdit(const ksScriptEdit &edit) const
     const auto own = osg::UBRDFMaterialPtr::dcast(container());
     const auto wanted = containerFrom<osg::MaterialPtr>(edit.value, "material");
     ksReferenceCycles::refuse(own, wanted);
-    return new ksSetEnvironmentUndoCommand(own, wanted, edit.parent);
+    return new ksSetEnvironmentUndoCommand(own, wanted, host.parent());
 }
 
 bool ksScriptSurface::holds(const ksScriptEdit &edit) const

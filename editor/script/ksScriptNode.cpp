@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksFieldRanges.h>
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksNodePaths.h>
+#include <editor/scene/ksWorldSpace.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptNode.h>
 #include <editor/script/ksScriptRegistry.h>
@@ -11,13 +13,14 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
-#include <OSGPrecision.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
 #include <QJSValueIterator>
 
-#include <array>
+#include <cmath>
+#include <limits>
 #include <map>
 
 using namespace ksScriptValues;
@@ -53,8 +56,7 @@ template <class Take>
 void visitMembers(const QJSValue &object, const Take &take)
 {
     if (!object.isObject() || object.isArray())
-        throw ksEditorError(QLatin1Char('\'') + shown(object) +
-                            QStringLiteral("' is no object with members"));
+        throw ksEditorError(shown(object) + QStringLiteral(" is no object with members"));
     for (QJSValueIterator member(object); member.next();)
         take(member.name(), member.value());
 }
@@ -77,7 +79,7 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
     else if (name == QLatin1String("inheritType"))
         values.inheritType = numberFrom<int>(value, name);
     else if (name == QLatin1String("eulerRotationOrder"))
-        values.eulerRotationOrder = orderFrom(shown(value));
+        values.eulerRotationOrder = orderFrom(textFrom(value, name));
     else if (name == QLatin1String("rotationDirectionOn"))
         values.rotationDirectionOn = flagFrom(value, name);
     else if (name == QLatin1String("rotationDirectionMode"))
@@ -86,17 +88,20 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
         throw ksEditorError(QStringLiteral("a transformation has no '") + name + QLatin1Char('\''));
 }
 
-/// Throws ksEditorError when positions in world space have none in the space of \a node's parent.
-void refuseUnreachable(const osg::NodePtr &node)
+/// Throws ksEditorError when \a position in world space has none in the space of \a node's parent.
+void refuseUnreachable(const osg::NodePtr &node, const osg::Vec3f &position)
 {
-    osg::Matrix4d toWorld;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    if (!toWorld.invert())
-        throw ksEditorError(
-            ksContainers::label(node) +
-            QStringLiteral(" cannot be placed in world space: what is above it is flattened"));
+    const QString refusal = ksContainers::label(node) + QStringLiteral(" cannot be placed ");
+    osg::Matrix4d toParent = ksWorldSpace::above(node);
+    if (!toParent.invert())
+        throw ksEditorError(refusal + QStringLiteral("in world space: what is above it is flattened"));
+    for (osg::UInt32 row = 0; row < 3; ++row) {
+        double value = toParent[3][row];
+        for (osg::UInt32 column = 0; column < 3; ++column)
+            value += toParent[column][row] * position[column];
+        if (!(std::abs(value) <= std::numeric_limits<float>::max()))
+            throw ksEditorError(refusal + QStringLiteral("so far away"));
+    }
 }
 
 bool areSame(const osg::Vec3f &left, const osg::Vec3f &right)
@@ -157,8 +162,6 @@ ksTransformTarget ksScriptNode::target(const ksTransformProperty &property, cons
         throw ksEditorError(name + QStringLiteral(" has no world space"));
     if (result.index >= 0 && !property.hasIndex)
         throw ksEditorError(name + QStringLiteral(" can be edited in the node's own transform only"));
-    if (result.world)
-        refuseUnreachable(result.node);
     return result;
 }
 
@@ -227,28 +230,36 @@ void ksScriptNode::turn(const QJSValue &quaternion)
 
 osg::Quaternion ksScriptNode::rotationFrom(const QJSValue &value) const
 {
-    const std::array<float, 4> q = numbersFrom<4>(value, QStringLiteral("quaternion"));
-    osg::Quaternion rotation(q[0], q[1], q[2], q[3]);
-    if (rotation.length() == 0)
+    const auto q = tupleFrom<osg::Vec4f>(value, QStringLiteral("quaternion"),
+                                         QStringLiteral("an array [x, y, z, w] of numbers"));
+    // In double precision, which has room for the squares of all numbers in single precision.
+    const double length =
+        std::sqrt(double(q[0]) * q[0] + double(q[1]) * q[1] + double(q[2]) * q[2] + double(q[3]) * q[3]);
+    if (length == 0)
         throw ksEditorError("a quaternion of length 0 is no rotation");
-    rotation.normalize();
-    return rotation;
+    const auto part = [&](osg::UInt32 i) { return static_cast<float>(q[i] / length); };
+    return {part(0), part(1), part(2), part(3)};
 }
 
 QUndoCommand *ksScriptNode::makeEdit(const ksScriptEdit &edit) const
 {
-    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
-        return ksMergingAs(edit.merging, property->make(target(*property, edit.options),
-                                                        vectorFrom(edit.value, edit.name), {}, edit.parent));
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name)) {
+        const ksTransformTarget edited = target(*property, edit.options);
+        const osg::Vec3f value = vectorFrom(edit.value, edit.name);
+        if (edited.world)
+            refuseUnreachable(edited.node, value);
+        return ksMergingAs(edit.merging, property->make(edited, value, {}, host.parent()));
+    }
     if (!edit.options.isUndefined() || (edit.name != Rotation && edit.name != RotationOrder))
         return ksScriptContainer::makeEdit(edit);
     const ksTransformTarget own = target(QJSValue());
     if (edit.name == RotationOrder)
-        return ksMergingAs(edit.merging, new ksEulerRotationOrderUndoCommand(
-                                             own.node, orderFrom(shown(edit.value)), edit.parent));
+        return ksMergingAs(edit.merging,
+                           new ksEulerRotationOrderUndoCommand(
+                               own.node, orderFrom(textFrom(edit.value, edit.name)), host.parent()));
     const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
     return ksMergingAs(edit.merging, new ksRotationAsQuaternionUndoCommand(
-                                         text, own.node, rotationFrom(edit.value), edit.parent));
+                                         text, own.node, rotationFrom(edit.value), host.parent()));
 }
 
 bool ksScriptNode::holds(const ksScriptEdit &edit) const
@@ -257,7 +268,7 @@ bool ksScriptNode::holds(const ksScriptEdit &edit) const
         return areSame(property->read(target(*property, edit.options)), vectorFrom(edit.value, edit.name));
     if (edit.name == RotationOrder)
         return ksNodeUtils::getTransformNodeEulerRotationOrder(target(QJSValue()).node, -1) ==
-               orderFrom(shown(edit.value));
+               orderFrom(textFrom(edit.value, edit.name));
     if (edit.name == Rotation)
         return ksNodeUtils::getTransform3D(target(QJSValue()).node, -1)->getRotation() ==
                rotationFrom(edit.value);
@@ -270,19 +281,25 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         const ksTransformTarget aim = target(options);
         if (aim.world)
             throw ksEditorError("a transformation has no world space");
-        const auto before = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(aim.node, aim.index);
+        const auto before = ksTransformation::of(transform);
         ksTransformation applied = before;
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
+        ksFieldRanges::check(transform, QStringLiteral("rotationDirectionMode"),
+                             {static_cast<double>(applied.rotationDirectionMode)});
         if (!areSame(before, applied))
-            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));
+            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}, host.parent()));
     });
 }
 
 QString ksScriptNode::path() const
 {
-    return guarded([](const osg::FieldContainerPtr &container) {
-        return QString::fromStdString(ksNodePaths::of(osg::NodePtr::dcast(container)));
+    return guarded([this](const osg::FieldContainerPtr &container) {
+        const auto own = osg::NodePtr::dcast(container);
+        if (!host.index().isInScene(own))
+            throw ksEditorError(ksContainers::label(own) + QStringLiteral(" is not in the scene"));
+        return QString::fromStdString(ksNodePaths::of(own));
     });
 }
 
@@ -291,7 +308,8 @@ QJSValue ksScriptNode::add(const QString &name)
     QJSValue added;
     host.guard([&] {
         const osg::NodePtr parent = node();
-        const osg::NodePtr made = ksContainers::createNode(name.toStdString(), osg::Transform3D::create());
+        // What is refused goes.
+        const osg::NodeRefPtr made(ksContainers::createNode(name.toStdString(), osg::Transform3D::create()));
         host.add(ksTreeEdits::makeAdd(parent, made));
         added = host.object(made);
     });
@@ -303,9 +321,9 @@ QJSValue ksScriptNode::copy(const QJSValue &parent, const QString &name)
     QJSValue added;
     host.guard([&] {
         const auto place = containerFrom<osg::NodePtr>(parent, "node");
-        const osg::NodePtr made = ksTreeEdits::copy(node());
+        const osg::NodeRefPtr made(ksTreeEdits::copy(node()));
         if (!name.isEmpty())
-            osg::setName(made, name.toStdString());
+            osg::setName(made.get(), name.toStdString());
         host.add(ksTreeEdits::makeAdd(place, made));
         added = host.object(made);
     });

@@ -10,13 +10,55 @@ var typeOf = Symbol("type");
 var mostElements = 1000000;
 var deepest = 4;
 
-// An array within arrays without end must not fill the stack, which only calls in this language are safe from.
+// What a function of the script that a step called has thrown.
+var failure;
+
+// What is nested without end must not fill the stack, which only calls within each other are safe from.
 ["join", "toString", "toLocaleString"].forEach(function(name) {
     var own = Array.prototype[name];
     Object.defineProperty(Array.prototype, name, {
         value: function() { return own.apply(this, arguments); }, writable: true, configurable: true
     });
 });
+var stringify = JSON.stringify;
+JSON.stringify = function(value, replacer, space) {
+    var names = Array.isArray(replacer) ? replacer.map(String) : undefined;
+    var indent = typeof space === "number" ? "          ".slice(0, Math.max(0, space)) : String(space || "");
+    var open = [];
+    function list(brackets, entries, margin) {
+        if (entries.length === 0)
+            return brackets;
+        var gap = indent ? "\n" + margin : "";
+        return brackets[0] + (indent ? gap + indent : "") + entries.join("," + (indent ? gap + indent : "")) +
+            gap + brackets[1];
+    }
+    function write(holder, key, margin) {
+        var member = holder[key];
+        if (isObject(member) && typeof member.toJSON === "function")
+            member = member.toJSON(key);
+        if (typeof replacer === "function")
+            member = replacer.call(holder, key, member);
+        if (!isObject(member) || member instanceof String || member instanceof Number || member instanceof Boolean)
+            return stringify(member);
+        if (open.indexOf(member) >= 0)
+            throw new TypeError("Cannot convert circular structure to JSON");
+        open.push(member);
+        var entries = [];
+        if (Array.isArray(member)) {
+            for (var i = 0; i < member.length; ++i)
+                entries.push(write(member, String(i), margin + indent) || "null");
+        } else {
+            (names || Object.keys(member)).forEach(function(name) {
+                var text = has(member, name) ? write(member, name, margin + indent) : undefined;
+                if (text !== undefined)
+                    entries.push(stringify(name) + (indent ? ": " : ":") + text);
+            });
+        }
+        open.pop();
+        return list(Array.isArray(member) ? "[]" : "{}", entries, margin);
+    }
+    return write({ "": value }, "", "");
+};
 
 function has(object, key) {
     return Object.prototype.hasOwnProperty.call(object, key);
@@ -92,6 +134,17 @@ function countOf(member) {
     return counts + (most === 1 ? " argument" : " arguments");
 }
 
+// Calls into C++, whose errors have no place; that of a function of the script is told as it is.
+function attempt(work) {
+    try {
+        return work();
+    } catch (error) {
+        var own = failure;
+        failure = undefined;
+        throw own === undefined ? error : own;
+    }
+}
+
 function makeMethod(target, member) {
     var call = member.call || function() {
         return target.native[member.name].apply(target.native, arguments);
@@ -115,7 +168,7 @@ function makeMethod(target, member) {
             }
             values.push(member.call ? value : pass(value, deepest));
         }
-        return call.apply(target.native, values);
+        return attempt(function() { return call.apply(target.native, values); });
     };
 }
 
@@ -193,7 +246,8 @@ var handler = {
         if (!isWritable(target, key))
             throw new TypeError('Cannot assign to read-only property "' + key + '"');
         check(describe(target), key, target.type.members[key].type, value);
-        target.native[key] = pass(value, deepest);
+        var passed = pass(value, deepest);
+        attempt(function() { target.native[key] = passed; });
         return true;
     },
     has: function(target, key) {
@@ -219,6 +273,17 @@ function helpOnType(type) {
         .concat(type.parts.map(function(name) { return "  " + name + "\n      see help('" + name + "')"; }));
 }
 
+function enclose(body, close) {
+    var isDone = false;
+    try {
+        var result = body();
+        isDone = true;
+        return result;
+    } finally {
+        close(isDone);
+    }
+}
+
 function text(values) {
     return Array.prototype.map.call(values, String).join(" ");
 }
@@ -242,14 +307,13 @@ return {
             if (typeof body !== "function")
                 throw new TypeError("macro: 'body' is a function, not " + show(body));
             this.openMacro(title);
-            var isDone = false;
-            try {
-                var result = body();
-                isDone = true;
-                return result;
-            } finally {
-                this.closeMacro(isDone);
-            }
+            return enclose(body, this.closeMacro);
+        };
+        type.members.batch.call = function(title, edits, merging, action) {
+            if (typeof edits !== "function")
+                return this.batch(title, pass(edits, deepest), merging === true, action);
+            this.openBatch(title, merging === true, action);
+            return enclose(edits, this.closeBatch);
         };
         type.members.macro.parameters[0].type = "text";
     },
@@ -285,6 +349,7 @@ return {
             write(found.join("\n"));
         };
     },
+    fail: function(error) { failure = error; },
     run: function(script) {
         try {
             script();

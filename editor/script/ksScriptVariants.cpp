@@ -113,8 +113,8 @@ void ksScriptVariants::options(int index, const QJSValue &flags)
         const osg::TransformVariantPtr changed = variant(index);
         const auto bits = ksLooseNumber::to<osg::UInt64>(plainFrom(flags));
         if (!bits)
-            throw ksEditorError(QLatin1Char('\'') + shown(flags) +
-                                QStringLiteral("' is no number of 64 bits"));
+            ksValueKinds::refuse(QStringLiteral("flags"), ksValueKinds::ofNumber<osg::UInt64>(),
+                                 shown(flags));
         if (changed->getApplyFlags() != *bits)
             host.add(new ksTransformVariantOptionsUndoCommand(changed, *bits, nullptr, unheard));
     });
@@ -124,7 +124,8 @@ int ksScriptVariants::indexFrom(const QJSValue &value) const
 {
     const std::optional<int> index = ksLooseNumber::to<int>(plainFrom(value));
     if (!index || !value.isNumber())
-        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' is no index"));
+        ksValueKinds::refuse(QStringLiteral("from"), QStringLiteral("an index or an array of indexes"),
+                             shown(value));
     variant(*index);
     return *index;
 }

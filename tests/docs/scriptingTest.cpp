@@ -226,7 +226,8 @@ TEST_F(ksScriptingPage, DescribesWhatThereIs)
 /// One that is not described cannot be seen by scripts, which is right for what the prelude calls only.
 TEST_F(ksScriptingPage, DescribesEverything)
 {
-    const std::set<std::string> internal = {"label", "write", "complain", "openMacro", "closeMacro"};
+    const std::set<std::string> internal = {"label",      "write",     "complain",  "openMacro",
+                                            "closeMacro", "openBatch", "closeBatch"};
     ksScriptRegistry::visitClasses([&internal](const QMetaObject &type, const QStringList &) {
         std::set<std::string> described = internal;
         for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))

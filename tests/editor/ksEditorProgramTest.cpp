@@ -127,7 +127,7 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
         {"history.macro('m', function () {\n    nothing();\n});\n",
          ":2: ReferenceError: nothing is not defined\n    at script.js:2\n    at script.js:1"},
         {"scene.root.drag('travMask', [1,\n 2, -3]);\n",
-         ":1: Error: '-3' does not fit the field 'travMask', SFUInt32"}};
+         ":1: Error: 'travMask' is a whole number from 0 to 4294967295, not -3"}};
     for (const auto &[script, error] : cases) {
         const QString path = folder.write("script.js", script);
         const ksProgram run = runScript(path);

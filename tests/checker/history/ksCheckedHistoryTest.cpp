@@ -281,6 +281,30 @@ TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfAFieldWithinItsTolerance)
     EXPECT_FALSE(history.check());
 }
 
+/// Roundings do not add up, and end with the commands that they are of.
+TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfWhatWasAtFirst)
+{
+    const osg::UInt32 id = childSettings().getFieldContainerId();
+    const auto disturb = [this](float opacity) {
+        CPEdit(childSettings(), osg::ksNodeSettings::OpacityFieldMask);
+        childSettings()->setOpacity(opacity);
+    };
+    const ksExpectedRounding rounding{id, osg::ksNodeSettings::OpacityFieldId, 0.01, 0, QString()};
+    history.add(setLayer(1));
+    history.expect(rounding);
+    for (const float opacity : {0.9921875F, 1.0078125F, 0.9921875F}) {
+        disturb(opacity);
+        EXPECT_TRUE(history.check());
+    }
+    disturb(0.984375F);
+    EXPECT_FALSE(history.check());
+    disturb(1);
+    EXPECT_TRUE(history.check());
+    history.clear();
+    disturb(0.9921875F);
+    EXPECT_FALSE(history.check());
+}
+
 TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfNoOtherField)
 {
     const osg::UInt32 id = childSettings().getFieldContainerId();

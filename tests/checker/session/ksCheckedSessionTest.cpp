@@ -154,7 +154,7 @@ TEST_F(ksCheckedSessionTest, ReportsAScriptsError)
                                 "table.set('layer', 3);\ntable.set('layer', 'three');\n"),
               ksCheckedSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-checker: " + folder.path("script.js").toStdString() +
-                                ":3: Error: 'three' does not fit the field 'layer', SFUInt8\n");
+                                ":3: Error: 'layer' is a whole number from 0 to 255, not 'three'\n");
     EXPECT_THAT(out.str(),
                 testing::EndsWith(
                     "\nFAILED: 2 steps, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n"));

@@ -33,6 +33,25 @@ protected:
 
 } // namespace
 
+TEST_F(ksTagEditsTest, AttachTheListsWithTheFirstTag)
+{
+    const auto tagsOfRoot = [this] {
+        return osg::TagAttachmentPtr::dcast(root->findAttachment(osg::TagAttachment::getClassType()));
+    };
+    for (const osg::UInt32 field : {UserTags, LayerTags}) {
+        stack.add(ksTagEdits::makeFirst(root, field, "wood"));
+        EXPECT_EQ(stack.undoText(), QStringLiteral("Add tag 'wood'"));
+        ASSERT_NE(tagsOfRoot(), osg::NullFC);
+        EXPECT_THAT(ksTagEdits::listOf(tagsOfRoot(), field).getValues(), ElementsAre("wood"));
+        EXPECT_THAT(tagsOfRoot()->getTagValues().getValues(), ElementsAre(4u));
+        stack.add(ksTagEdits::make(root, field, "wood", false));
+        EXPECT_TRUE(tagsOfRoot()->getTagValues().empty());
+        stack.undo();
+        stack.undo();
+        EXPECT_EQ(tagsOfRoot(), osg::NullFC);
+    }
+}
+
 TEST_F(ksTagEditsTest, KeepTheListsAndTheirValuesTogether)
 {
     edit(UserTags, "wood", true);

@@ -153,6 +153,30 @@ TEST_F(ksEditHistoryTest, MacrosNest)
     EXPECT_EQ(childSettings()->getLayer(), 0);
 }
 
+TEST_F(ksEditHistoryTest, LeavesWhatCanBeRedoneToAnEmptyMacro)
+{
+    history.add(setLayer(1));
+    history.undo();
+    for (const bool keep : {true, false}) {
+        history.beginMacro(QStringLiteral("Outer"));
+        history.beginMacro(QStringLiteral("Inner"));
+        history.endMacro();
+        history.endMacro(keep);
+    }
+    history.redo();
+    EXPECT_EQ(childSettings()->getLayer(), 1);
+    // What is done after an empty one belongs to the one around it.
+    history.beginMacro(QStringLiteral("Outer"));
+    history.beginMacro(QStringLiteral("Inner"));
+    history.endMacro();
+    history.add(setLayer(2));
+    history.endMacro();
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Outer"));
+    history.undo();
+    EXPECT_EQ(childSettings()->getLayer(), 1);
+}
+
 TEST_F(ksEditHistoryTest, FinishesAMacroWhoseEndThrows)
 {
     history.beginMacro(QStringLiteral("Macro"));

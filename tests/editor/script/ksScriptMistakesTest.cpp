@@ -87,15 +87,14 @@ TEST_F(ksScriptMistakesTest, RefusesAnIndexThatIsNone)
 {
     run("scene.find('Child').variants.add('One');");
     expectMistake("v.remove('garbage');", "TypeError: remove: 'index' is a whole number, not 'garbage'");
-    expectMistake("v.move('garbage', 0);", "Error: 'garbage' is no index");
-    expectMistake("v.move([0.5], 0);", "Error: '0.5' is no index");
+    expectMistake("v.move('garbage', 0);", "Error: 'from' is an index or an array of indexes, not 'garbage'");
+    expectMistake("v.move([0.5], 0);", "Error: 'from' is an index or an array of indexes, not 0.5");
     expectMistake("v.remove(NaN);", "TypeError: remove: 'index' is a whole number, not NaN");
     EXPECT_EQ(run("print(scene.find('Child').variants.names);"), "One\n");
 }
 
 TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
 {
-    const std::string range = "' makes no sense for '";
     for (const char *number : {"NaN", "1 / 0", "-1 / 0"})
         for (const std::string edit :
              {"own.set('opacity', ", "own.set('timeOffset', ", "light.coneAngle = ("})
@@ -103,15 +102,22 @@ TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
                               "light = scene.find('Lamp').light;" +
                               edit + number + ");"),
                       "");
-    expectMistake("own.set('timeOffset', NaN);", "Error: 'nan" + range + "timeOffset': it is not finite");
-    expectMistake("own.set('opacity', 2);", "Error: '2" + range + "opacity': it is not 0 to 1");
-    expectMistake("light.diffuse = [0, -1, 0];", "Error: '-1" + range + "diffuse': it is not at least 0");
-    expectMistake("light.coneAngle = 200;", "Error: '200" + range + "coneAngle': it is not 0 to 180");
-    expectMistake("light.set('ConeAngle', 200);", "Error: '200" + range + "coneAngle': it is not 0 to 180");
+    expectMistake("own.set('timeOffset', NaN);", "Error: 'timeOffset' takes finite numbers, not NaN");
+    expectMistake("own.set('opacity', 2);", "Error: 'opacity' takes numbers from 0 to 1, not 2");
+    expectMistake("light.diffuse = [0, -1, 0];", "Error: 'diffuse' takes numbers of at least 0, not -1");
+    expectMistake("light.coneAngle = 200;", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
+    expectMistake("light.set('ConeAngle', 200);", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
     expectMistake("light.drag('coneAngle', [20, 200]);",
-                  "Error: '200" + range + "coneAngle': it is not 0 to 180");
+                  "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
     expectMistake("scene.find('Metal').material.set('roughness', -0.5);",
-                  "Error: '-0.5" + range + "roughness': it is not 0 to 1");
+                  "Error: 'roughness' takes numbers from 0 to 1, not -0.5");
+    expectMistake("light.intensity = -1;", "Error: 'intensity' takes numbers of at least 0, not -1");
+    expectMistake("child.apply({ rotationDirectionMode: 3 });",
+                  "Error: 'rotationDirectionMode' takes numbers from 0 to 2, not 3");
+    expectMistake("child.core.set('rotationDirectionMode', -1);",
+                  "Error: 'rotationDirectionMode' takes numbers from 0 to 2, not -1");
+    expectMistake("child.turn([0, 0, 0, 1 / 0]);",
+                  "Error: 'quaternion' is an array [x, y, z, w] of numbers, not an array with Infinity");
     expectMistake("scene.find('Child').turn([0, 0, 0, 0]);",
                   "Error: a quaternion of length 0 is no rotation");
     expectMistake("child.core.set('eulerRotation', [1, 2, 3]);",
@@ -127,11 +133,26 @@ TEST_F(ksScriptMistakesTest, RefusesAMaterialThatMirrorsItself)
                       ", which refers to it: neither could ever be released");
 }
 
+TEST_F(ksScriptMistakesTest, RefusesToNestNodesTooDeep)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_THAT(errorOf("history.macro('m', function () {\n"
+                        "    for (var node = scene.root; true; node = node.add('Link')) ; });"),
+                testing::HasSubstr(": nodes nest 1000 deep at most"));
+    run("history.clear();");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksScriptMistakesTest, RefusesAMoveThatCannotBeExpressed)
 {
     run("scene.root.scale([1, 0, 1]);");
     expectMistake("child.translate([1, 2, 3], { world: true });",
                   "Error: " + label + " cannot be placed in world space: what is above it is flattened");
+    EXPECT_EQ(errorOf("history.undo(); scene.root.scale([1e-30, 1e-30, 1e-30]);"), "");
+    expectMistake("child.translate([1e20, 0, 0], { world: true });",
+                  "Error: " + label + " cannot be placed so far away");
+    expectMistake("child.drag('translation', [[0, 0, 0], [0, -1e20, 0]], { world: true });",
+                  "Error: " + label + " cannot be placed so far away");
 }
 
 TEST_F(ksScriptMistakesTest, AddsNoStepsThatDoNothing)
@@ -149,6 +170,9 @@ TEST_F(ksScriptMistakesTest, AddsNoStepsThatDoNothing)
         "history.macro('m', function () { own.set('layer', 0); history.macro('n', function () {}); });"
         "history.beginMacro('m'); history.endMacro();");
     EXPECT_EQ(stack.count(), 0);
+    run("scene.root.set('travMask', 1); history.undo();"
+        "history.beginMacro('m'); history.endMacro(); history.macro('m', function () {}); history.redo();"
+        "history.clear();");
     run("var v = scene.find('Child').variants; v.add('One'); v.add('Two');"
         "v.rename(0, 'One'); v.options(0, v.at(0).get('applyFlags')); v.move(1, 1); v.move([0, 1], 0);"
         "var links = scene.addLinkSet('Links'); links.add(scene.find('Child')); "
@@ -177,7 +201,7 @@ TEST_F(ksScriptMistakesTest, TakesBackAMacroThatFails)
                             "    own.drag('opacity', [0.5, 0.25]); own.set('layer', 'two'); }); }"
                             "catch (error) { print(error.message); }"
                             "print(history.count, own.get('layer'), own.get('opacity'));"),
-              "'two' does not fit the field 'layer', SFUInt8\n1 0 1\n");
+              "'layer' is a whole number from 0 to 255, not 'two'\n1 0 1\n");
     // One within another takes that along, whoever catches the error.
     EXPECT_EQ(errorOf(own +
                       "\nhistory.macro('outer', function () {\n    own.set('layer', 2);\n"
@@ -215,8 +239,12 @@ TEST_F(ksScriptMistakesTest, SurvivesWhatIsNestedTooDeep)
     for (const char *use :
          {"own.set('opacity', deep);", "own.drag('opacity', deep);", "history.batch('b', deep);",
           "scene.root.translate(deep);", "scene.find(deep);", "scene.root.apply({ scale: deep });",
-          "print(deep);", "console.log(deep);", "String(deep);", "throw deep;",
-          "scene.addAim('Aim', deep, deep, deep);", "scene.find('Child').variants.move(deep, 0);"})
+          "print(deep);", "JSON.stringify(deep);",
+          "JSON.stringify(1, function (key, value) { return [value]; });", "own.set('comment', { a: deep });",
+          "history.batch('b', [[own, 'comment', deep]]);",
+          "eval(new Array(20000).join('[') + new Array(20000).join(']'));", "console.log(deep);",
+          "String(deep);", "throw deep;", "scene.addAim('Aim', deep, deep, deep);",
+          "scene.find('Child').variants.move(deep, 0);"})
         EXPECT_NE(errorOf(deep + use), "") << use;
     EXPECT_NE(errorOf("var ring = []; ring[0] = ring; scene.root.translate(ring);"), "");
     EXPECT_NE(errorOf("scene.root.translate(new Array(4000000000));"), "");

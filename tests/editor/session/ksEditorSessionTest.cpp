@@ -96,7 +96,7 @@ TEST_F(ksEditorSessionTest, ReportsAScriptsError)
                         "scene.find('Table').set('travMask', 'one');\n"),
               ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
-                                ":3: Error: 'one' does not fit the field 'travMask', SFUInt32\n");
+                                ":3: Error: 'travMask' is a whole number from 0 to 4294967295, not 'one'\n");
     EXPECT_THAT(out.str(), EndsWith("\nFAILED: 0 steps, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
