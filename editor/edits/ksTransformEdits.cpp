@@ -14,7 +14,7 @@ using osg::Transform3D;
 /// A row of the table: the command that sets what \a Get answers. \a Mode is bool for those that take a
 /// space.
 template <class Command, auto Get, class... Mode>
-struct Row
+struct TransformRow
 {
     static constexpr bool HasIndex = std::is_invocable_v<decltype(Get), osg::NodePtr, Mode..., int>;
     static constexpr bool HasCallback = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, Mode...,
@@ -62,24 +62,27 @@ ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &
 const std::vector<ksTransformProperty> &ksTransformEdits::properties()
 {
     static const std::vector<ksTransformProperty> all = {
-        Row<ksTranslationUndoCommand, &ksNodeUtils::getTransformNodeTranslation, bool>::named(
+        TransformRow<ksTranslationUndoCommand, &ksNodeUtils::getTransformNodeTranslation, bool>::named(
             "translation", Transform3D::TranslationFieldId),
-        Row<ksRotationUndoCommand, &ksNodeUtils::getTransformNodeRotation>::named(
+        TransformRow<ksRotationUndoCommand, &ksNodeUtils::getTransformNodeRotation>::named(
             "eulerRotation", Transform3D::EulerRotationFieldId),
-        Row<ksScaleUndoCommand, &ksNodeUtils::getTransformNodeScale>::named("scale",
-                                                                            Transform3D::ScaleFieldId),
-        Row<ksShearUndoCommand, &ksNodeUtils::getTransformNodeShear>::named("shear",
-                                                                            Transform3D::ShearFieldId),
-        Row<ksScalePivotUndoCommand, &ksNodeUtils::getTransformNodeScalePivot, bool>::named(
+        TransformRow<ksScaleUndoCommand, &ksNodeUtils::getTransformNodeScale>::named(
+            "scale", Transform3D::ScaleFieldId),
+        TransformRow<ksShearUndoCommand, &ksNodeUtils::getTransformNodeShear>::named(
+            "shear", Transform3D::ShearFieldId),
+        TransformRow<ksScalePivotUndoCommand, &ksNodeUtils::getTransformNodeScalePivot, bool>::named(
             "scalePivot", Transform3D::ScalePivotFieldId),
-        Row<ksRotationPivotUndoCommand, &ksNodeUtils::getTransformNodeRotatePivot, bool>::named(
+        TransformRow<ksRotationPivotUndoCommand, &ksNodeUtils::getTransformNodeRotatePivot, bool>::named(
             "rotatePivot", Transform3D::RotatePivotFieldId),
-        Row<ksScalePivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeScalePivotTranslation>::named(
-            "scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
-        Row<ksRotationPivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeRotatePivotTranslation>::
+        TransformRow<ksScalePivotTranslationUndoCommand,
+                     &ksNodeUtils::getTransformNodeScalePivotTranslation>::
+            named("scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
+        TransformRow<ksRotationPivotTranslationUndoCommand,
+                     &ksNodeUtils::getTransformNodeRotatePivotTranslation>::
             named("rotatePivotTranslation", Transform3D::RotatePivotTranslationFieldId),
-        Row<ksRotationPivotOrientationUndoCommand, &ksNodeUtils::getTransformNodeRotationOrientation>::named(
-            "rotationOrientation", Transform3D::RotationOrientationFieldId),
+        TransformRow<ksRotationPivotOrientationUndoCommand,
+                     &ksNodeUtils::getTransformNodeRotationOrientation>::
+            named("rotationOrientation", Transform3D::RotationOrientationFieldId),
         {"rotationDirection", Transform3D::RotationDirectionFieldId, false, true, false, &readDirection,
          &makeDirection},
     };

@@ -16,7 +16,7 @@ constexpr float HalfTurn = 180;
 using ksSoundNumbers::finite;
 using ksSoundNumbers::positive;
 
-osg::Vec3f toColor(const aiColor3D &colour)
+osg::Vec3f soundColor(const aiColor3D &colour)
 {
     return {positive(colour.r), positive(colour.g), positive(colour.b)};
 }
@@ -28,11 +28,11 @@ float peak(const osg::Vec3f &colour)
 
 void takeColours(ksLightValues &values, const aiLight &light)
 {
-    values.diffuse = toColor(light.mColorDiffuse);
-    values.glossy = toColor(light.mColorSpecular);
+    values.diffuse = soundColor(light.mColorDiffuse);
+    values.glossy = soundColor(light.mColorSpecular);
     // Some readers give light that comes from everywhere its ambient share only.
     if (light.mType == aiLightSource_AMBIENT && peak(values.diffuse) == 0)
-        values.diffuse = toColor(light.mColorAmbient);
+        values.diffuse = soundColor(light.mColorAmbient);
 
     values.intensity = std::max({1.0F, peak(values.diffuse), peak(values.glossy)});
     values.diffuse *= 1 / values.intensity;
