@@ -6,6 +6,15 @@
 
 #include <algorithm>
 
+namespace {
+
+QString textOf(const char *what, const std::string &tag)
+{
+    return QLatin1String(what) + QStringLiteral(" tag '") + QString::fromStdString(tag) + QLatin1Char('\'');
+}
+
+} // namespace
+
 const osg::MFString &ksTagEdits::listOf(const osg::TagAttachmentPtr &tags, osg::UInt32 field)
 {
     return field == UserTags ? tags->getUserTags() : tags->getLayerTags();
@@ -16,15 +25,6 @@ bool ksTagEdits::hasTag(const osg::TagAttachmentPtr &tags, osg::UInt32 field, co
     const osg::MFString &list = listOf(tags, field);
     return std::find(list.begin(), list.end(), tag) != list.end();
 }
-
-namespace {
-
-QString textOf(const char *what, const std::string &tag)
-{
-    return QLatin1String(what) + QStringLiteral(" tag '") + QString::fromStdString(tag) + QLatin1Char('\'');
-}
-
-} // namespace
 
 ksTagUndoCommand *ksTagEdits::make(const osg::NodePtr &node, osg::UInt32 field, const std::string &tag,
                                    bool adding)
@@ -39,7 +39,9 @@ ksTagUndoCommand *ksTagEdits::make(const osg::NodePtr &node, osg::UInt32 field, 
         newValues.push_back(tag.size());
     } else {
         tags.erase(tags.find(tag));
-        newValues.erase(newValues.find(tag.size()));
+        // Whoever set the field may have left it out.
+        if (const auto value = newValues.find(tag.size()); value != newValues.end())
+            newValues.erase(value);
     }
     // Both lists are announced by this mask.
     const osg::BitVector mask = osg::TagAttachment::TagValuesFieldMask |

@@ -20,6 +20,8 @@ void copyVariants(const osg::NodePtr &node, const osg::NodePtr &copy)
         return;
     CPEdit(target, osg::TransformVariantsAttachment::VariantsFieldMask);
     for (const osg::TransformVariantPtr &variant : source->getVariants()) {
+        if (variant == osg::NullFC)
+            continue;
         const auto made = osg::TransformVariantPtr::dcast(variant->shallowCopy());
         CPEdit(made, osg::TransformVariant::TransformFieldMask);
         if (variant->getTransform() != osg::NullFC)
@@ -46,28 +48,32 @@ void refuseRoot(const osg::NodePtr &node, const char *what)
                             QLatin1String(what));
 }
 
-/// How many nodes are above \a node.
+/// How many nodes there are from \a node, which is counted, up to the root.
 int depthOf(osg::NodePtr node)
 {
     int depth = 0;
-    for (node = node->getParent(); node != osg::NullFC; node = node->getParent())
+    for (; node != osg::NullFC; node = node->getParent())
         ++depth;
     return depth;
+}
+
+/// How many there are from \a node down to the deepest leaf, up to one more than may be.
+int heightOf(const osg::NodePtr &node, int most = ksContainers::MostLevels)
+{
+    int height = 0;
+    for (osg::UInt32 i = 0; i < node->getNChildren() && height < most; ++i)
+        height = std::max(height, heightOf(node->getChild(i), most - 1));
+    return height + 1;
 }
 
 /// Throws ksEditorError when \a child would be, or have something, too deep below \a parent.
 void refuseTooDeep(const osg::NodePtr &parent, const osg::NodePtr &child)
 {
-    int height = 0;
-    const int start = depthOf(child);
-    ksContainers::visitNodes(child, [&](const osg::NodePtr &node) {
-        if (node->getNChildren() == 0)
-            height = std::max(height, depthOf(node) - start);
-    });
-    if (depthOf(parent) + 1 + height > ksTreeEdits::MostLevels)
+    constexpr int Most = ksContainers::MostLevels;
+    if (depthOf(parent) + heightOf(child) > Most)
         throw ksEditorError(ksContainers::label(child) + QStringLiteral(" cannot be placed below ") +
                             ksContainers::label(parent) +
-                            QStringLiteral(": nodes nest %1 deep at most").arg(ksTreeEdits::MostLevels));
+                            QStringLiteral(": nodes nest %1 deep at most").arg(Most));
 }
 
 QString textOf(const char *what, const osg::NodePtr &node)

@@ -6,11 +6,9 @@
 #include <OpenSG/OSGNode.h>
 
 /// The edits of the scene's tree that the editor offers. All commands belong to the caller. What is not
-/// possible throws ksEditorError: to move or remove the root, or a node below itself, or to nest too deep.
+/// possible throws ksEditorError: to move or remove the root, or a node below itself, or to nest nodes deeper
+/// than ksContainers::MostLevels.
 namespace ksTreeEdits {
-
-/// How deep nodes nest below the root: the scene graph takes trees apart by calls within each other.
-constexpr int MostLevels = 1000;
 
 /// A copy of \a node and all below it, with cores, settings, tags and variants of their own; materials and
 /// images are shared. What the cores refer to elsewhere is not copied: visibility references, links and what

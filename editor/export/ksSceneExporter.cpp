@@ -162,7 +162,7 @@ private:
     /// The node at the position \a next, and those below it.
     std::unique_ptr<aiNode> createAssimpNode(std::size_t &next, int level = 1)
     {
-        if (level > ksGltfNames::MostLevels)
+        if (level > ksContainers::MostLevels)
             throw ksEditorError("its nodes are nested too deeply");
         const osg::NodePtr node = nodes[next];
         auto result = std::make_unique<aiNode>(std::to_string(next++));

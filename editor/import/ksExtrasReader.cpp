@@ -8,6 +8,7 @@
 #include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksTransformImporter.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldJson.h>
 #include <editor/scene/ksGltfNames.h>
 #include <editor/scene/ksNodeSettings.h>
@@ -62,7 +63,7 @@ osg::Matrix asInFiles(const osg::Matrix &matrix)
 /// Whether \a upper is \a node or above it, or \a node is nested too deeply to tell.
 bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 {
-    for (int level = 0; level < ksGltfNames::MostLevels && node != osg::NullFC && node != upper; ++level)
+    for (int level = 0; level < ksContainers::MostLevels && node != osg::NullFC && node != upper; ++level)
         node = node->getParent();
     return node != osg::NullFC;
 }
@@ -297,11 +298,13 @@ bool ksExtrasReader::readReferences(const osg::FieldContainerPtr &holder, osg::F
         return osg::MaterialPtr::dcast(holder) != osg::NullFC && ksReferenceCycles::wouldClose(holder, held);
     };
     const QJsonArray ids = value.isArray() ? value.toArray() : QJsonArray{value};
+    // What a container consists of is there.
+    const bool mayBeNull = !(value.isArray() && areCounted);
     std::vector<osg::FieldContainerPtr> found;
     std::string text;
     for (const QJsonValue &id : ids)
         if (const osg::FieldContainerPtr container = find(id);
-            (container != osg::NullFC && !isCircle(container)) || id.toInt(-1) == 0) {
+            (container != osg::NullFC && !isCircle(container)) || (mayBeNull && id.toInt(-1) == 0)) {
             text += (found.empty() ? "" : ", ") + std::to_string(container.getFieldContainerId());
             found.push_back(container);
         }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksGltfFile.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksGltfNames.h>
 
 #include <QDir>
@@ -84,7 +85,7 @@ bool ksGltfFile::isNestedTooDeeply() const
     };
     for (const QJsonValue &scene : json[QLatin1String("scenes")].toArray())
         add(level, scene[QLatin1String("nodes")].toArray());
-    for (int depth = 0; !level.empty() && depth < ksGltfNames::MostLevels; ++depth) {
+    for (int depth = 0; !level.empty() && depth < ksContainers::MostLevels; ++depth) {
         std::set<int> next;
         for (const int node : level)
             add(next, nodes[node][QLatin1String("children")].toArray());

@@ -5,6 +5,7 @@
 #include <editor/import/ksModelRepair.h>
 #include <editor/import/ksQuietStandardError.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksGltfNames.h>
 
 #include <QFile>
@@ -48,7 +49,7 @@ const char *flawOfNodes(const aiScene &scene, const aiNode *node, int level = 1)
 {
     if (node == nullptr)
         return "a node is missing";
-    if (level > ksGltfNames::MostLevels)
+    if (level > ksContainers::MostLevels)
         return TooDeep;
     const unsigned int *meshes = node->mMeshes;
     if (std::any_of(meshes, meshes + node->mNumMeshes,

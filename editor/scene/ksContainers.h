@@ -13,6 +13,10 @@
 /// What the editor asks containers of any class.
 namespace ksContainers {
 
+/// How many nodes there may be from the root to a leaf: the scene graph takes trees apart by calls within
+/// each other.
+constexpr int MostLevels = 1000;
+
 /// The node that \a container belongs to: a node itself, the first node that has it as core or attachment.
 /// NullFC when there is none.
 osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);

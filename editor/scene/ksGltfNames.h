@@ -6,9 +6,6 @@
 /// What the editor's glTF files are known by.
 namespace ksGltfNames {
 
-/// How deep nodes may be nested.
-constexpr int MostLevels = 1000;
-
 /// The program that a file says it is of.
 inline QString generator()
 {

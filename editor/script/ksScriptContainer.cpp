@@ -64,7 +64,7 @@ osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
         return component->getImage();
     if (const auto material = osg::UberMaterialPtr::dcast(container))
         for (const osg::ColorComponentPtr &component : material->getColorComponentData())
-            if (component->getImage() != osg::NullFC)
+            if (component != osg::NullFC && component->getImage() != osg::NullFC)
                 return component->getImage();
     return osg::NullFC;
 }

@@ -69,6 +69,18 @@ TEST_F(ksTagEditsTest, KeepTheListsAndTheirValuesTogether)
     EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u, 6u));
 }
 
+TEST_F(ksTagEditsTest, RemoveATagWithoutAValue)
+{
+    edit(UserTags, "wood", true);
+    {
+        CPEdit(tags, osg::TagAttachment::UserTagsFieldMask);
+        tags->getUserTags().getValues() = {"wood", "walnut"};
+    }
+    edit(UserTags, "walnut", false);
+    EXPECT_THAT(tags->getUserTags().getValues(), ElementsAre("wood"));
+    EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u));
+}
+
 TEST_F(ksTagEditsTest, SayWhetherATagComesOrGoes)
 {
     edit(UserTags, "wood", true);

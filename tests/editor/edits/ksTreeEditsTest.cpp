@@ -71,7 +71,7 @@ TEST_F(ksTreeEditsTest, LeaveANodeWhoseNewParentHasGone)
 TEST_F(ksTreeEditsTest, RefuseToNestTooDeep)
 {
     osg::NodePtr last = leaf;
-    for (int level = 3; level < ksTreeEdits::MostLevels; ++level) {
+    for (int level = 3; level < ksContainers::MostLevels - 1; ++level) {
         const osg::NodePtr next = makeNode("Link");
         CPEdit(last, osg::Node::ChildrenFieldMask);
         last->addChild(next);

@@ -166,6 +166,17 @@ TEST_F(ksExtrasReaderTest, LeavesOutValuesThatDoNotFit)
     }
 }
 
+TEST_F(ksExtrasReaderTest, HasNoNullAmongTheParts)
+{
+    replaceInExtras("RugPlate", "\"colorComponentData\":[", "\"colorComponentData\":[0,");
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings,
+                ElementsAre("node 'RugPlate': its extras are not sound in UberMaterial.colorComponentData"));
+    for (const auto &component :
+         osg::UberMaterialPtr::dcast(materialOf(root, "RugPlate"))->getColorComponentData())
+        EXPECT_NE(component, osg::NullFC);
+}
+
 TEST_F(ksExtrasReaderTest, LeavesOutReferencesToNothing)
 {
     replaceInExtras("TableTop", "\"core\":", "\"core\":9");
