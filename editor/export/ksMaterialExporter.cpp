@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksMaterialExporter.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksSoundNumbers.h>
 
 #include <OSGUBRDFMaterial.h>
@@ -72,11 +73,9 @@ bool isClose(const aiColor3D &a, const aiColor3D &b)
 
 osg::ColorComponentPtr findComponent(const osg::UberMaterial &material, const char *name)
 {
-    for (const osg::ColorComponentPtr &component : material.getColorComponentData()) {
-        const char *ownName = component == osg::NullFC ? nullptr : osg::getName(component);
-        if (ownName != nullptr && std::string_view(ownName) == name)
+    for (const osg::ColorComponentPtr &component : material.getColorComponentData())
+        if (ksContainers::ownNameOf(component) == name)
             return component;
-    }
     return osg::NullFC;
 }
 

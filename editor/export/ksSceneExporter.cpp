@@ -74,8 +74,7 @@ void replace(T **&array, unsigned int &count, std::vector<std::unique_ptr<T>> &o
 
 QString nameOf(const osg::AttachmentContainerPtr &container)
 {
-    const char *name = container == osg::NullFC ? nullptr : osg::getName(container);
-    return QString::fromUtf8(name);
+    return QString::fromStdString(ksContainers::ownNameOf(container));
 }
 
 void insertName(QJsonObject &target, const QString &name)

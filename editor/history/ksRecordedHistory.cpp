@@ -38,6 +38,7 @@ void ksRecordedHistory::beginStep(const QString &what)
     parts.clear();
     isMacro = false;
     earlierIndex = stack()->index();
+    earlierCount = stack()->count();
     isAddition = false;
     isCleared = false;
 }
@@ -94,12 +95,13 @@ void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const
         QJsonArray list;
         for (const ksFieldChange &change : changes)
             list += change.toJson();
-        record.object({{QStringLiteral("event"), eventName()},
-                       {QStringLiteral("step"), std::min(earlierIndex, stack()->index()) +
-                                                    (earlierIndex == stack()->index() ? 0 : 1)},
-                       {QStringLiteral("count"), std::abs(stack()->index() - earlierIndex)},
-                       {QStringLiteral("text"), text()},
-                       {QStringLiteral("changes"), list}});
+        record.object(
+            {{QStringLiteral("event"), eventName()},
+             {QStringLiteral("step"), std::min(earlierIndex, stack()->index()) +
+                                          (earlierIndex == stack()->index() && !isCleared ? 0 : 1)},
+             {QStringLiteral("count"), isCleared ? earlierCount : std::abs(stack()->index() - earlierIndex)},
+             {QStringLiteral("text"), text()},
+             {QStringLiteral("changes"), list}});
         return;
     }
     if (record.style().detail == ksRecordStyle::Verbose) {

@@ -61,6 +61,7 @@ private:
     QString doing;
     QStringList parts;
     int earlierIndex = 0;
+    int earlierCount = 0;
     bool isMacro = false;
     bool isAddition = false;
     bool isCleared = false;

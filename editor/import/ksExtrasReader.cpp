@@ -102,17 +102,34 @@ bool areClose(const osg::MFVec2f &a, const osg::MFVec2f &b)
         });
 }
 
-/// How a texture lies on a surface, with what goes without saying. \a transform is as
-/// KHR_texture_transform has it.
-QJsonObject completed(QJsonObject transform)
+/// \a object with those of \a defaults that it leaves out.
+QJsonObject completed(QJsonObject object, const QJsonObject &defaults)
 {
-    const QJsonObject defaults{{QStringLiteral("scale"), QJsonArray{1, 1}},
-                               {QStringLiteral("rotation"), 0},
-                               {QStringLiteral("offset"), QJsonArray{0, 0}}};
     for (auto member = defaults.begin(); member != defaults.end(); ++member)
-        if (!transform.contains(member.key()))
-            transform.insert(member.key(), member.value());
-    return transform;
+        if (!object.contains(member.key()))
+            object.insert(member.key(), member.value());
+    return object;
+}
+
+/// How a texture lies on a surface, as KHR_texture_transform has it, with what goes without saying.
+QJsonObject completedTransform(const QJsonObject &transform)
+{
+    return completed(transform, {{QStringLiteral("scale"), QJsonArray{1, 1}},
+                                 {QStringLiteral("rotation"), 0},
+                                 {QStringLiteral("offset"), QJsonArray{0, 0}}});
+}
+
+/// A light, as KHR_lights_punctual has it, with what goes without saying.
+QJsonObject completedLight(const QJsonObject &light)
+{
+    constexpr double QuarterOfHalfTurn = 0.785398163397448;
+    QJsonObject result =
+        completed(light, {{QStringLiteral("color"), QJsonArray{1, 1, 1}}, {QStringLiteral("intensity"), 1}});
+    if (result[QLatin1String("type")] == QLatin1String("spot"))
+        result[QLatin1String("spot")] = completed(
+            result[QLatin1String("spot")].toObject(),
+            {{QStringLiteral("innerConeAngle"), 0}, {QStringLiteral("outerConeAngle"), QuarterOfHalfTurn}});
+    return result;
 }
 
 /// Whether \a container has what its kind has to have.
@@ -410,8 +427,7 @@ void ksExtrasReader::adaptToModel(const Entry &entry)
     const osg::NodePtr own = node(*entry.source);
     if (own == osg::NullFC)
         return;
-    const char *name = osg::getName(own);
-    if (!entry.name.isEmpty() && entry.name != QString::fromUtf8(name))
+    if (!entry.name.isEmpty() && entry.name != QString::fromStdString(ksContainers::ownNameOf(own)))
         osg::setName(own, entry.name.toStdString());
     adaptMaterial(entry, own);
     adaptLight(entry, own);
@@ -454,7 +470,7 @@ bool ksExtrasReader::looksLike(const osg::MaterialPtr &material, const QJsonValu
         const osg::UInt32 id = image.getFieldContainerId();
         return imagesOfModel.count(id) > 0 ? std::to_string(id) : std::string();
     });
-    const QJsonObject transform = completed(ksMaterialExporter::textureTransform(material));
+    const QJsonObject transform = completedTransform(ksMaterialExporter::textureTransform(material));
     const auto isLaidOn = [&](aiTextureType type, const QJsonValue &texture) {
         aiString id;
         if (made->GetTexture(type, 0, &id) != aiReturn_SUCCESS)
@@ -463,7 +479,7 @@ bool ksExtrasReader::looksLike(const osg::MaterialPtr &material, const QJsonValu
             element("images", element("textures", texture[QLatin1String("index")])[QLatin1String("source")]);
         const QJsonValue there = texture[QLatin1String("extensions")][ksGltfNames::textureTransform()];
         return std::to_string(find(extrasIn(image)).getFieldContainerId()) == id.C_Str() &&
-               isClose(completed(there.toObject()), transform);
+               isClose(completedTransform(there.toObject()), transform);
     };
     const QJsonValue surface = source[QLatin1String("pbrMetallicRoughness")];
     return ksMaterialExporter::lookTheSame(*made, read) &&
@@ -476,8 +492,8 @@ void ksExtrasReader::adaptLight(const Entry &entry, const osg::NodePtr &node) co
     const auto light = osg::UberLightPtr::dcast(node->getCore());
     if (light == osg::NullFC || !entry.light.isObject())
         return;
-    const QJsonObject there = entry.light.toObject();
-    const QJsonObject made = ksLightExporter::toGltf(light, {});
+    const QJsonObject there = completedLight(entry.light.toObject());
+    const QJsonObject made = completedLight(ksLightExporter::toGltf(light, {}));
     for (const char *member : {"type", "color", "intensity", "spot"})
         if (!isClose(there[QLatin1String(member)], made[QLatin1String(member)])) {
             ksLightImporter::apply(ksLightImporter::values(there), light);

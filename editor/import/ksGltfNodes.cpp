@@ -79,6 +79,7 @@ private:
 };
 
 ksGltfNodes::ksGltfNodes(const QJsonObject &document, const aiScene &scene)
+    : meshes(document[QLatin1String("meshes")].toArray())
 {
     const QString version = document[QLatin1String("asset")][QLatin1String("version")].toString();
     if (version.startsWith(QLatin1String("2")))
@@ -100,4 +101,10 @@ const aiLight *ksGltfNodes::lightOf(const aiNode &node) const
 std::string ksGltfNodes::nameOf(const aiNode &node) const
 {
     return sourceOf(node).value(QLatin1String("name")).toString().toStdString();
+}
+
+std::string ksGltfNodes::meshNameOf(const aiNode &node) const
+{
+    const QJsonValue mesh = meshes.at(sourceOf(node).value(QLatin1String("mesh")).toInt(-1));
+    return mesh[QLatin1String("name")].toString().toStdString();
 }

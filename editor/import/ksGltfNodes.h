@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include <map>
@@ -30,9 +31,13 @@ public:
     /// The name of \a node; empty when there is none.
     std::string nameOf(const aiNode &node) const;
 
+    /// The name of the mesh of \a node; empty when there is none.
+    std::string meshNameOf(const aiNode &node) const;
+
 private:
     class Reader;
 
+    QJsonArray meshes;
     bool hasLights = false;
     std::map<const aiNode *, const aiLight *> lights;
     std::map<const aiNode *, QJsonObject> sources;

@@ -89,14 +89,58 @@ bool hasSuffix(const QString &path, const QStringList &suffixes)
     return suffixes.contains(QFileInfo(path).suffix().toLower());
 }
 
+bool isXml(const QString &path)
+{
+    return hasSuffix(path, {QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"),
+                            QStringLiteral("irr"), QStringLiteral("irrmesh"), QStringLiteral("amf")});
+}
+
+/// Readers go down as deep as a file says, by calls within each other; nodes are nested in elements.
+constexpr int MostNestings = 2 * ksContainers::MostLevels;
+
+bool isXmlTooDeep(QFile &file)
+{
+    QXmlStreamReader reader(&file);
+    int depth = 0;
+    while (!reader.atEnd() && depth <= MostNestings) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
+    }
+    return depth > MostNestings;
+}
+
+bool areBracesTooDeep(QFile &file)
+{
+    int depth = 0;
+    while (depth <= MostNestings && !file.atEnd())
+        for (const char character : file.read(1 << 16)) {
+            depth += character == '{' ? 1 : character == '}' ? -1 : 0;
+            if (depth > MostNestings)
+                break;
+        }
+    return depth > MostNestings;
+}
+
+/// Whether the file \a path, if it is of XML or has its nodes in braces, is nested too deeply to be read.
+bool isTextTooDeep(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    if (isXml(path))
+        return isXmlTooDeep(file);
+    const bool isText = file.peek(16).startsWith("xof ") ? file.peek(12).endsWith("txt ")
+                                                         : hasSuffix(path, {QStringLiteral("fbx")}) &&
+                                                               !file.peek(8).startsWith("Kaydara ");
+    return isText && areBracesTooDeep(file);
+}
+
 /// Where the text in the file \a path stops being XML, if that is what it ought to be; empty when it does
 /// not.
 QString damageOfXml(const QString &path)
 {
     QFile file(path);
-    if (!hasSuffix(path, {QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"),
-                          QStringLiteral("irr"), QStringLiteral("irrmesh"), QStringLiteral("amf")}) ||
-        !file.open(QIODevice::ReadOnly))
+    if (!isXml(path) || !file.open(QIODevice::ReadOnly))
         return {};
     QXmlStreamReader reader(&file);
     while (!reader.atEnd())
@@ -168,9 +212,9 @@ private:
         // The reader of these would go down as deep as they say.
         if (hasSuffix(path, {QStringLiteral("gltf"), QStringLiteral("glb")})) {
             gltf = ksGltfFile(path);
-            if (gltf.isNestedTooDeeply())
-                throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(TooDeep));
         }
+        if (gltf.isNestedTooDeeply() || isTextTooDeep(path))
+            throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(TooDeep));
         // Meshes that are made up where there are bones only.
         importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
         // Later stages rely on sound input, so the file is checked as it comes before they run.
@@ -228,6 +272,8 @@ private:
             text = QStringLiteral("takes more memory than it is given");
         else if (const QString damage = gltf.damageOfDocument() + damageOfXml(path); !damage.isEmpty())
             text = QStringLiteral("is damaged, ") + damage;
+        else if (!isUnknown && isXml(path))
+            text = QStringLiteral("cannot be read, although it is sound XML: ") + reason;
         else if (!isUnknown)
             text = QStringLiteral("is damaged: ") +
                    (reason.isEmpty() ? QStringLiteral("its reader gives no reason") : reason);

@@ -25,7 +25,7 @@ constexpr float ksDegreesPerRadian = 57.29577951F;
 class ksModelFile
 {
 public:
-    /// Reads the model in the file \a modelPath: meshes made of triangles, lines or points, each mesh of one
+    /// Reads the model in the file \a filePath: meshes made of triangles, lines or points, each mesh of one
     /// kind, with normals unless the reader gives meshes that cannot have them. What the editor has saved
     /// stays as it is. What the reader complains about, and what has been repaired, see ksModelRepair, is
     /// reported to \a warn. Throws ksEditorError when there is no such file, no reader knows its format, the

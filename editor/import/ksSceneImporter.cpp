@@ -77,7 +77,7 @@ private:
         const bool isMesh = osg::ksMeshPtr::dcast(node->getCore()) != osg::NullFC;
         const bool isLight = osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
         for (unsigned int i = isMesh ? 1 : 0; i < source.mNumMeshes; ++i)
-            node->addChild(buildMeshNode(name, source.mMeshes[i]));
+            node->addChild(buildMeshNode(meshNameOf(source, i, name), source.mMeshes[i]));
         if (const aiLight *light = lightOf(source); light != nullptr && !isLight)
             node->addChild(buildLightNode(name, *light));
         return placed(node, source, name);
@@ -121,7 +121,17 @@ private:
         return light;
     }
 
-    osg::NodePtr buildMeshNode(const std::string &owner, unsigned int index)
+    /// The name of the mesh at \a index of \a node, which is called \a owner.
+    std::string meshNameOf(const aiNode &node, unsigned int index, const std::string &owner)
+    {
+        const std::string name = written.meshNameOf(node);
+        if (ksModelText::isTooLong(name))
+            return node.mNumMeshes > 1 ? name + '-' + std::to_string(index) : name;
+        const aiString &known = file.scene().mMeshes[node.mMeshes[index]]->mName;
+        return known.length > 0 ? nameFrom(known) : owner + " mesh";
+    }
+
+    osg::NodePtr buildMeshNode(const std::string &name, unsigned int index)
     {
         const aiMesh &source = *file.scene().mMeshes[index];
         osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
@@ -130,8 +140,7 @@ private:
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
-        return ksContainers::createNode(source.mName.length > 0 ? nameFrom(source.mName) : owner + " mesh",
-                                        mesh.get(), settings);
+        return ksContainers::createNode(name, mesh.get(), settings);
     }
 
     osg::ksMeshPtr createMesh(const aiMesh &source)

@@ -36,9 +36,9 @@ QString ksContainers::nameOf(const osg::FieldContainerPtr &container)
     return image == osg::NullFC ? QString() : QString::fromStdString(image->getName());
 }
 
-std::string ksContainers::ownNameOf(const osg::NodePtr &node)
+std::string ksContainers::ownNameOf(const osg::AttachmentContainerPtr &container)
 {
-    const char *name = osg::getName(node);
+    const char *name = container == osg::NullFC ? nullptr : osg::getName(container);
     return name != nullptr ? name : "";
 }
 

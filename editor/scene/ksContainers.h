@@ -25,8 +25,8 @@ osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
 /// there is none.
 QString nameOf(const osg::FieldContainerPtr &container);
 
-/// The name that \a node itself has; empty when there is none.
-std::string ownNameOf(const osg::NodePtr &node);
+/// The name of \a container itself, in UTF-8; empty when it has none, and for NullFC.
+std::string ownNameOf(const osg::AttachmentContainerPtr &container);
 
 /// How messages call \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
 QString label(const osg::FieldContainerPtr &container);

@@ -82,6 +82,8 @@ int ksHeadlessSession::start(int argc, char **argv)
 {
     // Who closes the other end of a pipe makes a write fail, which is an error like others.
     std::signal(SIGPIPE, SIG_IGN);
+    // So does a file that would become larger than files may.
+    std::signal(SIGXFSZ, SIG_IGN);
     colouredErrors = showsColours(STDERR_FILENO);
     ksEditorOptions options;
     try {
@@ -128,6 +130,10 @@ int ksHeadlessSession::show(const QString &text)
 void ksHeadlessSession::warn(const QString &text)
 {
     ++warnings;
+    if (sessionRecord != nullptr && sessionRecord->failure().isEmpty() &&
+        sessionRecord->style().detail != ksRecordStyle::Quiet)
+        sessionRecord->object(
+            {{QStringLiteral("event"), QStringLiteral("warning")}, {QStringLiteral("text"), text}});
     const QString label = QStringLiteral("warning:");
     errors << name << ": "
            << (colouredErrors ? ksRecord::coloured(label, ksRecord::Tone::Doubtful) : label).toStdString()
@@ -151,6 +157,7 @@ int ksHeadlessSession::run(const ksEditorOptions &options)
 {
     warnings = 0;
     ksRecord record(out, options.record);
+    const QScopedValueRollback<ksRecord *> recording(sessionRecord, &record);
     ksVerdict verdict;
     QString error;
     int exitCode = runSteps(options, record, verdict, error);
@@ -248,7 +255,8 @@ void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
                                          const std::function<void()> &interrupt,
                                          const std::function<void()> &work)
 {
-    interrupter->start(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt);
+    interrupter->start(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt,
+                       [this, &options](const QString &reason) { endByForce(options, reason); });
     const auto stop = qScopeGuard([this] { interrupter->stop(); });
     try {
         work();
@@ -258,6 +266,17 @@ void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
     }
     // It may have come at the very end.
     refuseInterruption(options);
+}
+
+void ksHeadlessSession::endByForce(const ksEditorOptions &options, const QString &reason) const
+{
+    const QString error = subjectOf(options) + QStringLiteral(": ") + reason;
+    complain(error);
+    ksRecord record(out, options.record);
+    ksVerdict verdict;
+    verdict.remark(QStringLiteral("ended by force"));
+    verdict.write(record, false, error);
+    std::_Exit(ScriptError);
 }
 
 void ksHeadlessSession::refuseInterruption(const ksEditorOptions &options) const

@@ -84,6 +84,9 @@ private:
 
     /// Throws ksScriptError when the session is to end.
     void refuseInterruption(const ksEditorOptions &options) const;
+
+    /// Ends the process, from another thread, when the work does not end for \a reason.
+    [[noreturn]] void endByForce(const ksEditorOptions &options, const QString &reason) const;
     int show(const QString &text);
 
     /// Shows \a text as a warning, which the verdict counts.
@@ -101,4 +104,5 @@ private:
 
     /// That of the run that is going on.
     ksInterrupter *interrupter = nullptr;
+    ksRecord *sessionRecord = nullptr;
 };

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <poll.h>
@@ -14,6 +15,10 @@
 namespace {
 
 constexpr int MillisecondsBetweenLooks = 20;
+
+/// What work may still take that was told to end: it looks at that now and then only.
+constexpr qint64 MillisecondsToEnd = 10000;
+constexpr qint64 BytesToEnd = qint64(512) << 20U;
 
 constexpr std::array Signals = {SIGINT, SIGTERM};
 
@@ -32,10 +37,15 @@ void notice(char what)
 /// Whether a signal has come.
 std::atomic<bool> isSignalled = false;
 
+/// The next signal, whichever it is, ends the process.
 void handleSignal(int)
 {
+    const int error = errno;
+    for (const int signal : Signals)
+        std::signal(signal, SIG_DFL);
     isSignalled = true;
     notice(Signalled);
+    errno = error;
 }
 
 /// Why the work is to end; empty when no signal has come.
@@ -55,9 +65,12 @@ ksInterrupter::ksInterrupter()
         throw ksEditorError("the process has no file descriptors left");
     struct sigaction action = {};
     action.sa_handler = &handleSignal;
-    action.sa_flags = static_cast<int>(SA_RESTART | SA_RESETHAND);
-    for (std::size_t i = 0; i < Signals.size(); ++i)
+    action.sa_flags = SA_RESTART;
+    for (std::size_t i = 0; i < Signals.size(); ++i) {
         sigaction(Signals[i], &action, &previousActions[i]);
+        if (previousActions[i].sa_handler == SIG_IGN)
+            sigaction(Signals[i], &previousActions[i], nullptr);
+    }
     thread = std::thread(&ksInterrupter::watch, this);
 }
 
@@ -77,19 +90,23 @@ QString ksInterrupter::reason() const
     return found.isEmpty() ? signalReason() : found;
 }
 
-void ksInterrupter::start(double seconds, qint64 bytes, std::function<void()> interrupt)
+void ksInterrupter::start(double seconds, qint64 bytes, std::function<void()> interrupt,
+                          std::function<void(const QString &reason)> force)
 {
     const std::lock_guard<std::mutex> lock(mutex);
     timer.start();
+    told.invalidate();
     timeLimit = seconds;
     memoryLimit = bytes;
     call = std::move(interrupt);
+    endByForce = std::move(force);
 }
 
 void ksInterrupter::stop()
 {
     const std::lock_guard<std::mutex> lock(mutex);
     call = nullptr;
+    endByForce = nullptr;
 }
 
 QString ksInterrupter::limitReached() const
@@ -97,6 +114,12 @@ QString ksInterrupter::limitReached() const
     if (timeLimit > 0 && static_cast<double>(timer.elapsed()) >= timeLimit * 1000)
         return QStringLiteral("ended after %1 seconds").arg(timeLimit);
     return ksMemory::used() > memoryLimit ? QStringLiteral("out of memory") : QString();
+}
+
+bool ksInterrupter::isUnheeded() const
+{
+    return told.isValid() &&
+           (told.elapsed() > MillisecondsToEnd || ksMemory::used() > memoryLimit + BytesToEnd);
 }
 
 void ksInterrupter::watch()
@@ -112,7 +135,11 @@ void ksInterrupter::watch()
             found = signalReason();
         if (found.isEmpty() && call)
             found = limitReached();
-        if (!found.isEmpty() && call)
+        if (!found.isEmpty() && call) {
+            told.start();
             std::exchange(call, nullptr)();
+        }
+        if (endByForce && isUnheeded())
+            endByForce(found);
     }
 }

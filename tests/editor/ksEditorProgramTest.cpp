@@ -136,6 +136,32 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
     }
 }
 
+/// The language's own functions look at no limit.
+TEST(ksEditorProgram, EndsByForceWhatDoesNotHeedItsLimit)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers' own memory counts as the program's";
+    const ksTestFolder folder;
+    const QString path = folder.write("script.js", "new Array(4000000000).fill(7);\n");
+    const ksProgram run = runEditor({QStringLiteral("--headless"), ksRoomFile(), QStringLiteral("--script"),
+                                     path, QStringLiteral("--memory-limit"), QStringLiteral("300")});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, "ks-editor: " + path.toStdString() + ": out of memory\n");
+    EXPECT_EQ(run.output, "model room.gltf: 58 nodes; left out: 1 camera\nFAILED: ended by force\n");
+}
+
+TEST(ksEditorProgram, FailsWhereFilesMayNotBeSoLarge)
+{
+    const ksTestFolder folder;
+    const ksProgram run(QStringLiteral("sh"),
+                        {QStringLiteral("-c"),
+                         QStringLiteral("ulimit -f 20 && exec \"$0\" --headless \"$1\" --output \"$2\""),
+                         QStringLiteral(KS_EDITOR), ksRoomFile(), folder.path("large.glb")});
+    EXPECT_EQ(run.exitCode, 5);
+    EXPECT_THAT(run.errors, StartsWith("ks-editor: " + folder.path("large.glb").toStdString() + ": "));
+    EXPECT_FALSE(QFile::exists(folder.path("large.glb")));
+}
+
 TEST(ksEditorProgram, WritesNoColoursIntoFiles)
 {
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));

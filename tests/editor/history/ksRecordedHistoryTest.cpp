@@ -111,7 +111,7 @@ TEST_F(ksRecordedHistoryTest, WritesAnObjectForEachStep)
                                            R"("count":1,"event":"add","step":3,"text":"Layer"})",
                                            R"("count":1,"event":"add","step":4,"text":"Layer"})",
                                            R"("count":2,"event":"undo","step":3,"text":"Layer"})",
-                                           R"("count":2,"event":"clear","step":1,"text":"clear"})"));
+                                           R"("count":4,"event":"clear","step":1,"text":"clear"})"));
 }
 
 TEST_F(ksRecordedHistoryTest, SumsUpWhatAMacroChanges)

@@ -458,6 +458,33 @@ TEST_F(ksExtrasReaderTest, TakesOverHowOtherProgramsLaidTextures)
     EXPECT_EQ(layersOf(root, "Seat")->getComponentSettings()->getMappingScale(), osg::Vec2f(4, 4));
 }
 
+/// Other programs leave out what goes without saying.
+TEST_F(ksExtrasReaderTest, KeepsLightsOfWhichDefaultsAreLeftOut)
+{
+    const osg::UberLightPtr light = osg::UberLight::create();
+    // Setting the mode scales the intensity.
+    light->setAttenuation(osg::UberLight::Linear);
+    light->setIntensity(120);
+    const osg::NodeRefPtr scene(ksContainers::createNode("Bulb", light));
+    document = saved(scene);
+    QJsonArray lights =
+        document
+            .value(QLatin1String("extensions"))[QLatin1String("KHR_lights_punctual")][QLatin1String("lights")]
+            .toArray();
+    ASSERT_EQ(lights.size(), 1);
+    QJsonObject bulb = lights.at(0).toObject();
+    EXPECT_EQ(bulb.take(QLatin1String("color")), (QJsonArray{1, 1, 1}));
+    lights.replace(0, bulb);
+    document.insert(QStringLiteral("extensions"),
+                    QJsonObject{{QStringLiteral("KHR_lights_punctual"),
+                                 QJsonObject{{QStringLiteral("lights"), lights}}}});
+    const osg::NodeRefPtr root = open();
+    const auto again = osg::UberLightPtr::dcast(ksFindNode(root, "Bulb")->getCore());
+    ASSERT_NE(again, osg::NullFC);
+    EXPECT_EQ(again->getAttenuation(), osg::UberLight::Linear);
+    EXPECT_EQ(again->getIntensity(), 120);
+}
+
 TEST_F(ksExtrasReaderTest, TakesOverLights)
 {
     QJsonArray lights =

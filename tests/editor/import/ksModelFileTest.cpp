@@ -137,6 +137,20 @@ TEST_F(ksModelFileTest, RefusesNodesThatAreNestedTooDeeply)
     EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
     folder.write("chain.gltf", "{\"extras\": " + std::string(100000, '[') + std::string(100000, ']') + "}");
     EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
+    const auto nested = [](const char *begin, const char *open, const char *close) {
+        std::string text = begin;
+        for (int i = 0; i < 20000; ++i)
+            text += open;
+        for (int i = 0; i < 20000; ++i)
+            text += close;
+        return text;
+    };
+    folder.write("chain.dae", nested("", "<node>", "</node>"));
+    EXPECT_EQ(reasonAgainst("chain.dae"), reason);
+    folder.write("chain.x", nested("xof 0303txt 0032\n", "Frame f {\n", "}\n"));
+    EXPECT_EQ(reasonAgainst("chain.x"), reason);
+    folder.write("chain.fbx", nested("; FBX 7.5.0 project file\n", "Objects: {\n", "}\n"));
+    EXPECT_EQ(reasonAgainst("chain.fbx"), reason);
     std::string joints;
     for (int i = 0; i < 1001; ++i)
         joints += "JOINT j\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
