@@ -308,6 +308,7 @@ void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSVa
 {
     host.guard([&] {
         const QString title = ksFieldEdits::defaultText(container(), field);
+        ksScriptCall::refuseUnlessFunction(action);
         if (!ksFieldEdits::holds(container(), field, value))
             host.add(new ksInvokeBoolFieldUndoCommand(title, container(), field.toStdString(), value,
                                                       ksScriptCall::make(host, action), "call()",
