@@ -88,7 +88,7 @@ private:
     T numberFrom(const QVariant &given) const
     {
         const std::optional<T> number = ksLooseNumber::to<T>(given);
-        refuseUnless(number.has_value(), given);
+        refuseUnless(number && (sizeof(T) == 8 || given.userType() != QMetaType::QString), given);
         ksFieldRanges::check(container, name, {static_cast<double>(*number)});
         return *number;
     }

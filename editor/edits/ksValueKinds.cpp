@@ -59,7 +59,9 @@ QString ksValueKinds::shown(const QVariant &value)
             return QStringLiteral("NaN");
         if (std::isinf(number))
             return number < 0 ? QStringLiteral("-Infinity") : QStringLiteral("Infinity");
-        return QString::number(number, 'g', QLocale::FloatingPointShortest);
+        return QString::number(number, 'g', QLocale::FloatingPointShortest) +
+               (std::abs(number) > std::numeric_limits<float>::max() ? QStringLiteral(", which is too large")
+                                                                     : QString());
     }
     case QMetaType::QString: {
         const QString text = value.toString();

@@ -84,13 +84,18 @@ void ksEditHistory::add(QUndoCommand *command)
 
 void ksEditHistory::drag(int events, const std::function<QUndoCommand *(int event)> &make)
 {
-    if (events == 0)
+    int event = 0;
+    std::unique_ptr<QUndoCommand> next;
+    const auto makeNext = [&] {
+        while (next == nullptr && event < events)
+            next.reset(make(event++));
+        return next != nullptr;
+    };
+    if (!makeNext())
         return;
-    std::unique_ptr<QUndoCommand> first(make(0));
-    step(named("drag", first->text()) + QStringLiteral(", %1 events").arg(events), [&] {
-        add(first.release());
-        for (int event = 1; event < events; ++event)
-            add(make(event));
+    step(named("drag", next->text()) + QStringLiteral(", %1 events").arg(events), [&] {
+        while (makeNext())
+            add(next.release());
     });
 }
 

@@ -32,7 +32,7 @@ public:
     virtual void add(QUndoCommand *command);
 
     /// Adds the commands that \a make gives for the numbers from 0 to \a events - 1, which follow each other
-    /// as those of a drag do, as one step. When \a make throws, those before stay.
+    /// as those of a drag do, as one step; null stands for none. When \a make throws, those before stay.
     virtual void drag(int events, const std::function<QUndoCommand *(int event)> &make);
 
     /// One step each. Not possible without a command to undo or redo, within a macro and within a step.

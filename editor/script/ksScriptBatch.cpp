@@ -5,6 +5,7 @@
 
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
+#include <ksundo/tag/ksTagUndoCommands.h>
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGFieldContainerType.h>
@@ -26,6 +27,7 @@ ksScriptBatch::~ksScriptBatch()
 void ksScriptBatch::add(QUndoCommand *part)
 {
     std::unique_ptr<QUndoCommand> whole(part);
+    records = records || dynamic_cast<ksEmptyTagUndoCommand *>(part) != nullptr;
     const int count = command->childCount();
     if (count > 0 && command->child(count - 1) == part)
         static_cast<void>(whole.release());
@@ -43,12 +45,13 @@ std::unique_ptr<QUndoCommand> ksScriptBatch::finish()
 {
     const std::vector<Content> after = changed();
     undo();
-    const bool changes = switchesFlags || std::any_of(after.begin(), after.end(), [](const Content &each) {
-                             const auto container = ksFindContainer<osg::FieldContainerPtr>(each.container);
-                             return container != osg::NullFC &&
-                                    !ksFieldReader::holds(*container->getField(each.field), each.content);
-                         });
-    return changes ? std::move(command) : nullptr;
+    const bool counts =
+        switchesFlags || records || std::any_of(after.begin(), after.end(), [](const Content &each) {
+            const auto container = ksFindContainer<osg::FieldContainerPtr>(each.container);
+            return container != osg::NullFC &&
+                   !ksFieldReader::holds(*container->getField(each.field), each.content);
+        });
+    return counts ? std::move(command) : nullptr;
 }
 
 std::vector<ksScriptBatch::Content> ksScriptBatch::changed() const

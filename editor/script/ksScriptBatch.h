@@ -35,7 +35,8 @@ public:
     /// Adds and does \a part, which belongs to the batch; it has parent() as its parent, or none.
     void add(QUndoCommand *part);
 
-    /// Takes everything back. Returns the command; null when doing it would leave everything as it is.
+    /// Takes everything back. Returns the command; null when doing it would leave everything as it is, unless
+    /// it records a tag of nothing.
     std::unique_ptr<QUndoCommand> finish();
 
 private:
@@ -55,6 +56,9 @@ private:
     /// The children that have been done.
     std::vector<QUndoCommand *> done;
     bool switchesFlags = false;
+
+    /// Whether a part is a step although it changes nothing.
+    bool records = false;
 
     /// How many changes the change list had before.
     std::size_t start;

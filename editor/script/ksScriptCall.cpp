@@ -13,10 +13,15 @@ ksScriptCall::ksScriptCall(ksScriptHost &scriptHost, const QJSValue &called)
     connect(scriptHost.history().stack(), &ksUndoStack::cleared, this, [this] { delete this; });
 }
 
+void ksScriptCall::refuseUnlessFunction(const QJSValue &value)
+{
+    if (!value.isCallable())
+        throw ksEditorError("the action is a function");
+}
+
 ksScriptCall *ksScriptCall::make(ksScriptHost &host, const QJSValue &function)
 {
-    if (!function.isCallable())
-        throw ksEditorError("the action is a function");
+    refuseUnlessFunction(function);
     return new ksScriptCall(host, function);
 }
 

@@ -20,6 +20,7 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <memory>
@@ -81,22 +82,11 @@ osg::ksMeshPtr meshOf(const osg::FieldContainerPtr &container, const QString &na
     return mesh;
 }
 
-osg::MaterialPtr materialFrom(const QJSValue &value)
-{
-    return value.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(value, "material");
-}
-
 /// The colour component whose image is meant by \a name as a value of \a container; NullFC when it is none.
 osg::ColorComponentPtr componentOf(const osg::FieldContainerPtr &container, const QString &name)
 {
     return name == QLatin1String("image") ? osg::ColorComponentPtr::dcast(container)
                                           : osg::ColorComponentPtr();
-}
-
-/// An image, or none for null.
-osg::ImagePtr imageFrom(const QJSValue &value)
-{
-    return value.isNull() ? osg::ImagePtr() : containerFrom<osg::ImagePtr>(value, "image");
 }
 
 /// Whether the name of \a container, which has no field for it, is meant by \a name.
@@ -126,10 +116,10 @@ osg::NodePtr namedOwnerOf(const osg::FieldContainerPtr &container)
     return owner;
 }
 
-osg::NamePtr makeName(const QJSValue &value)
+osg::RefPtr<osg::NamePtr> makeName(const QJSValue &value)
 {
     const std::string name = textFrom(value, Name).toStdString();
-    const osg::NamePtr made = osg::Name::create();
+    const osg::RefPtr<osg::NamePtr> made(osg::Name::create());
     CPEdit(made, osg::Name::SimpleFieldMask);
     made->getFieldPtr()->setValue(name);
     return made;
@@ -291,6 +281,8 @@ void ksScriptContainer::perform(ksScriptEdit edit)
 
 void ksScriptContainer::performDrag(ksScriptEdit edit, const QJSValue &values)
 {
+    if (!merges(edit.name))
+        throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' cannot be dragged"));
     addDrag(
         values,
         [&](const QJSValue &value, ksMerging merging) {
@@ -308,6 +300,7 @@ void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSVa
 {
     host.guard([&] {
         const QString title = ksFieldEdits::defaultText(container(), field);
+        ksScriptCall::refuseUnlessFunction(action);
         if (!ksFieldEdits::holds(container(), field, value))
             host.add(new ksInvokeBoolFieldUndoCommand(title, container(), field.toStdString(), value,
                                                       ksScriptCall::make(host, action), "call()",
@@ -346,16 +339,20 @@ QUndoCommand *ksScriptContainer::makeEdit(const ksScriptEdit &edit) const
     const osg::FieldContainerPtr target = container();
     if (!edit.options.isUndefined())
         throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' takes no options"));
+    if (edit.name == Name && edit.value.isString() && edit.value.toString().contains(QChar::Null))
+        throw ksEditorError("'name' has a NUL character");
     if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
-        return new ksMeshMaterialUndoCommand(mesh, materialFrom(edit.value), host.parent());
+        return new ksMeshMaterialUndoCommand(mesh, containerOrNone<osg::MaterialPtr>(edit.value, "material"),
+                                             host.parent());
     if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
-        return new ksImageFieldUndoCommand(component, "image", imageFrom(edit.value), host.parent());
+        return new ksImageFieldUndoCommand(
+            component, "image", containerOrNone<osg::ImagePtr>(edit.value, "image"), host.parent());
     if (const osg::NamePtr known = nameAttachmentOf(target, edit.name))
         return ksFieldEdits::make(QStringLiteral("Rename '") + ksContainers::nameOf(target) +
                                       QLatin1Char('\''),
                                   known, Name, plainFrom(edit.value), edit.merging, host.parent());
     if (isName(target, edit.name))
-        return new ksAttachUndoCommand(namedOwnerOf(target), makeName(edit.value), host.parent());
+        return new ksAttachUndoCommand(namedOwnerOf(target), makeName(edit.value).get(), host.parent());
     const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(target, edit.name) : edit.text;
     return ksFieldEdits::make(title, target, edit.name, plainFrom(edit.value), edit.merging, host.parent());
 }
@@ -364,12 +361,19 @@ bool ksScriptContainer::holds(const ksScriptEdit &edit) const
 {
     const osg::FieldContainerPtr target = container();
     if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
-        return mesh->getMaterial() == materialFrom(edit.value);
+        return mesh->getMaterial() == containerOrNone<osg::MaterialPtr>(edit.value, "material");
     if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
-        return component->getImage() == imageFrom(edit.value);
+        return component->getImage() == containerOrNone<osg::ImagePtr>(edit.value, "image");
     if (const osg::NamePtr known = nameAttachmentOf(target, edit.name))
         return ksFieldEdits::holds(known, Name, plainFrom(edit.value));
     if (isName(target, edit.name))
         return false;
     return ksFieldEdits::holds(target, edit.name, plainFrom(edit.value));
+}
+
+bool ksScriptContainer::merges(const QString &name) const
+{
+    const osg::FieldContainerPtr target = container();
+    return meshOf(target, name) == osg::NullFC && componentOf(target, name) == osg::NullFC &&
+           (!isName(target, name) || nameAttachmentOf(target, name) != osg::NullFC);
 }

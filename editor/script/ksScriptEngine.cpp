@@ -13,8 +13,9 @@ namespace {
 
 constexpr int MostCalls = 10;
 
-/// The calls that \a error comes out of, the innermost first, each as "function@file:line"; those of the
-/// editor's own code are left out, and those in the middle of an endless recursion.
+/// The calls that \a error, see ksScriptPrelude's tell(), comes out of, the innermost first, each as
+/// "function@file:line"; those of the editor's own code are left out, and those in the middle of an endless
+/// recursion.
 QStringList callsOf(const QJSValue &error)
 {
     QStringList calls;
@@ -37,9 +38,11 @@ QString placeOf(const QJSValue &error)
     const QStringList calls = callsOf(error);
     if (!calls.isEmpty())
         return QLatin1Char(':') + lineOf(calls.first());
-    return error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName())
+    const QString line = error.property(QStringLiteral("lineNumber")).toString();
+    return line.isEmpty() ||
+                   error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName())
                ? QString()
-               : QLatin1Char(':') + error.property(QStringLiteral("lineNumber")).toString();
+               : QLatin1Char(':') + line;
 }
 
 /// The call stack of \a error, a line each; empty when the script has called nothing.
@@ -62,7 +65,7 @@ QString messageOf(const QJSValue &error)
 {
     static const QRegularExpression wrapped(
         QStringLiteral("^TypeError: Property '[^']*' of object (TypeError: .*) is not a function$"));
-    const QString message = error.toString();
+    const QString message = error.property(QStringLiteral("text")).toString();
     const QRegularExpressionMatch match = wrapped.match(message);
     return match.hasMatch() ? match.captured(1) : message;
 }
@@ -112,11 +115,12 @@ bool ksScriptEngine::takeInterruption()
 
 void ksScriptEngine::refuseError(const QJSValue &result, const QString &path) const
 {
-    if (!result.isError())
+    if (result.isUndefined())
         return;
-    const QString message = path + placeOf(result) + QStringLiteral(": ") + messageOf(result) +
-                            stackOf(result, QFileInfo(path).fileName());
-    if (host.isOutputFailure(result))
+    const QJSValue told = result.isError() ? host.prelude("tell").call({result}) : result;
+    const QString message = path + placeOf(told) + QStringLiteral(": ") + messageOf(told) +
+                            stackOf(told, QFileInfo(path).fileName());
+    if (host.isOutputFailure(told))
         throw ksOutputError(message);
     throw ksScriptError(message);
 }
@@ -135,7 +139,7 @@ void ksScriptEngine::run(const QString &path)
             throw ksScriptError(path + QStringLiteral(": interrupted"));
     };
     refuse(takeInterruption());
-    refuseError(script, path);
+    refuseError(script.isError() ? script : QJSValue(), path);
     host.setScriptFile(path);
     const QJSValue result = host.prelude("run").call({script});
     const bool isInterrupted = takeInterruption();

@@ -61,7 +61,8 @@ private:
     /// Whether the engine has been interrupted; it is so no more then.
     bool takeInterruption();
 
-    /// Throws when \a result is an error of the script \a path.
+    /// Throws when \a result is an Error of the script \a path, or what ksScriptPrelude's tell() says of one,
+    /// and not undefined.
     void refuseError(const QJSValue &result, const QString &path) const;
 
     QJSEngine engine;

@@ -25,6 +25,7 @@ void ksScriptHistory::step(const Work &work)
 {
     host.guard([&] {
         host.refuseWithinBatch();
+        host.refuseWithinCall();
         work();
     });
 }

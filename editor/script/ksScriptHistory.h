@@ -57,7 +57,7 @@ public:
     Q_INVOKABLE void closeBatch(bool succeeded);
 
 private:
-    /// Runs \a work, which is not possible within a batch.
+    /// Runs \a work, which is not possible within a batch and within another step.
     template <class Work>
     void step(const Work &work);
 

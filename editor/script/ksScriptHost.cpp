@@ -238,7 +238,7 @@ void ksScriptHost::guard(const std::function<void()> &work) const
         scriptEngine.throwError(message);
     }
     // It is that of the outermost, which has run the step.
-    if (calls > 0 || !failureOfCall.isError())
+    if (calls > 0 || failureOfCall.isUndefined())
         return;
     prelude("fail").call({std::exchange(failureOfCall, QJSValue())});
     scriptEngine.throwError(QStringLiteral("a function of the script has failed"));
@@ -285,8 +285,8 @@ void ksScriptHost::call(const QJSValue &function)
         return;
     const QScopedValueRollback<int> calling(calls, calls + 1);
     const QJSValue result = prelude("run").call({function});
-    if (result.isError() && !failureOfCall.isError())
-        failureOfCall = result;
+    if (!result.isUndefined() && failureOfCall.isUndefined())
+        failureOfCall = result.isError() ? result : result.property(QStringLiteral("error"));
 }
 
 void ksScriptHost::refuseWithinBatch() const

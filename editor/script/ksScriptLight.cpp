@@ -17,11 +17,6 @@ const ksScriptRegistry::Wrapper<osg::UberLightPtr, ksScriptLight> wrapper;
 
 const QLatin1String VisibilityReference("visibilityReference");
 
-osg::NodePtr nodeOrNone(const QJSValue &value)
-{
-    return value.isNull() ? osg::NodePtr() : containerFrom<osg::NodePtr>(value, "node");
-}
-
 } // namespace
 
 QJSValue ksScriptLight::value(const char *name) const
@@ -71,7 +66,8 @@ QUndoCommand *ksScriptLight::makeEdit(const ksScriptEdit &edit) const
 {
     if (edit.name == VisibilityReference && edit.options.isUndefined())
         return ksLightEdits::makeVisibilityReference(osg::UberLightPtr::dcast(container()),
-                                                     nodeOrNone(edit.value), host.index().lights());
+                                                     containerOrNone<osg::NodePtr>(edit.value, "node"),
+                                                     host.index().lights());
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr || !edit.options.isUndefined())
         return ksScriptContainer::makeEdit(edit);
@@ -83,9 +79,15 @@ QUndoCommand *ksScriptLight::makeEdit(const ksScriptEdit &edit) const
 bool ksScriptLight::holds(const ksScriptEdit &edit) const
 {
     if (edit.name == VisibilityReference)
-        return osg::UberLightPtr::dcast(container())->getVisibilityReference() == nodeOrNone(edit.value);
+        return osg::UberLightPtr::dcast(container())->getVisibilityReference() ==
+               containerOrNone<osg::NodePtr>(edit.value, "node");
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr)
         return ksScriptContainer::holds(edit);
     return property->read(node()).isSame(valueFrom(*property, edit.value));
+}
+
+bool ksScriptLight::merges(const QString &name) const
+{
+    return name != VisibilityReference && ksScriptContainer::merges(name);
 }

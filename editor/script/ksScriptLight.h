@@ -51,6 +51,7 @@ public:
 
     QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
     bool holds(const ksScriptEdit &edit) const override;
+    bool merges(const QString &name) const override;
 
 private:
     QJSValue value(const char *name) const;

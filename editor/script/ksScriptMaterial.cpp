@@ -141,3 +141,8 @@ bool ksScriptSurface::holds(const ksScriptEdit &edit) const
     return osg::UBRDFMaterialPtr::dcast(container())->getEnvironment() ==
            containerFrom<osg::MaterialPtr>(edit.value, "material");
 }
+
+bool ksScriptSurface::merges(const QString &name) const
+{
+    return name != Environment && ksScriptContainer::merges(name);
+}

@@ -19,6 +19,7 @@
 
 #include <QJSValueIterator>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <map>
@@ -61,10 +62,10 @@ void visitMembers(const QJSValue &object, const Take &take)
         take(member.name(), member.value());
 }
 
-/// Sets the member of \a values called \a name.
-void assign(ksTransformation &values, const QString &name, const QJSValue &value)
+/// The members that are vectors.
+const std::map<QString, osg::Vec3f ksTransformation::*> &vectors()
 {
-    static const std::map<QString, osg::Vec3f ksTransformation::*> vectors = {
+    static const std::map<QString, osg::Vec3f ksTransformation::*> all = {
         {QStringLiteral("translation"), &ksTransformation::translation},
         {QStringLiteral("eulerRotation"), &ksTransformation::rotation},
         {QStringLiteral("scale"), &ksTransformation::scale},
@@ -74,7 +75,13 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
         {QStringLiteral("scalePivotTranslation"), &ksTransformation::scalePivotTranslation},
         {QStringLiteral("rotatePivotTranslation"), &ksTransformation::rotatePivotTranslation},
         {QStringLiteral("rotationDirection"), &ksTransformation::rotationDirection}};
-    if (const auto vector = vectors.find(name); vector != vectors.end())
+    return all;
+}
+
+/// Sets the member of \a values called \a name.
+void assign(ksTransformation &values, const QString &name, const QJSValue &value)
+{
+    if (const auto vector = vectors().find(name); vector != vectors().end())
         values.*vector->second = vectorFrom(value, name);
     else if (name == QLatin1String("inheritType"))
         values.inheritType = numberFrom<int>(value, name);
@@ -111,14 +118,10 @@ bool areSame(const osg::Vec3f &left, const osg::Vec3f &right)
 
 bool areSame(const ksTransformation &left, const ksTransformation &right)
 {
-    return left.translation.isSame(right.translation) && left.rotation.isSame(right.rotation) &&
-           left.scale.isSame(right.scale) && left.shear.isSame(right.shear) &&
-           left.scalePivot.isSame(right.scalePivot) && left.rotatePivot.isSame(right.rotatePivot) &&
-           left.scalePivotTranslation.isSame(right.scalePivotTranslation) &&
-           left.rotatePivotTranslation.isSame(right.rotatePivotTranslation) &&
+    return std::all_of(vectors().begin(), vectors().end(),
+                       [&](const auto &each) { return areSame(left.*each.second, right.*each.second); }) &&
            left.inheritType == right.inheritType && left.eulerRotationOrder == right.eulerRotationOrder &&
            left.rotationDirectionOn == right.rotationDirectionOn &&
-           left.rotationDirection.isSame(right.rotationDirection) &&
            left.rotationDirectionMode == right.rotationDirectionMode;
 }
 

@@ -4,9 +4,11 @@
 const char *const ksScriptPrelude = R"js((function(write, goOn) {
 "use strict";
 
-// By these, which no script has, the objects made here tell what they stand for.
-var nativeOf = Symbol("native");
-var typeOf = Symbol("type");
+// What the objects made here stand for.
+var targets = new WeakMap();
+
+// The call stacks of what was thrown.
+var stacks = new WeakMap();
 var mostElements = 1000000;
 var deepest = 4;
 
@@ -69,7 +71,7 @@ function isObject(value) {
 }
 
 function isOurs(value) {
-    return isObject(value) && value[nativeOf] !== undefined;
+    return isObject(value) && targets.has(value);
 }
 
 function show(value) {
@@ -92,7 +94,7 @@ function pass(value, depth) {
     if (!isObject(value))
         return value;
     if (isOurs(value))
-        return value[nativeOf];
+        return targets.get(value).native;
     if (depth === 0)
         throw new RangeError("arrays are nested too deep");
     var copy;
@@ -126,6 +128,8 @@ function check(place, name, type, value) {
     var kind = kinds[type];
     if (kind !== undefined && !kind.fits(value))
         throw new TypeError(place + ": '" + name + "' is " + kind.what + ", not " + show(value));
+    if (type === "text" && value.indexOf("\0") >= 0)
+        throw new TypeError(place + ": '" + name + "' has a NUL character");
 }
 
 function countOf(member) {
@@ -231,7 +235,7 @@ function isWritable(target, key) {
 var handler = {
     get: function(target, key) {
         if (typeof key === "symbol")
-            return key === nativeOf ? target.native : key === typeOf ? target.type : undefined;
+            return undefined;
         if (isMember(target, key))
             return read(target, key);
         if (key === "toString" || key === "toJSON")
@@ -252,6 +256,13 @@ var handler = {
     },
     has: function(target, key) {
         return isMember(target, key);
+    },
+    // The engine would compare others with what the target has, which is not for scripts.
+    ownKeys: function() {
+        return [];
+    },
+    getOwnPropertyDescriptor: function() {
+        return undefined;
     },
     defineProperty: function(target, key) {
         throw new TypeError("the properties of " + describe(target) + " cannot be redefined");
@@ -288,6 +299,34 @@ function text(values) {
     return Array.prototype.map.call(values, String).join(" ");
 }
 
+// What read returns; it may be code of the script, which may throw.
+function attemptTo(read, otherwise) {
+    try {
+        return read();
+    } catch (thrown) {
+        return otherwise;
+    }
+}
+
+function tell(thrown) {
+    var isError = attemptTo(function() { return thrown instanceof Error; }, false);
+    var error = isError ? thrown
+                        : new Error("uncaught " + attemptTo(function() { return String(thrown); }, "object"));
+    function textOf(key) {
+        return attemptTo(function() { return error[key] === undefined ? "" : String(error[key]); }, "");
+    }
+    if (!stacks.has(error))
+        stacks.set(error, textOf("stack") || new Error().stack);
+    return {
+        error: error,
+        text: attemptTo(function() { return String(error); }, "uncaught error"),
+        message: textOf("message"),
+        stack: stacks.get(error),
+        fileName: textOf("fileName"),
+        lineNumber: textOf("lineNumber")
+    };
+}
+
 return {
     makeType: function(name, members, parts) {
         var type = { name: name, members: Object.create(null), parts: parts };
@@ -300,7 +339,9 @@ return {
         Object.keys(content).forEach(function(key) {
             Object.defineProperty(target, key, { value: content[key], configurable: true });
         });
-        return new Proxy(target, handler);
+        var made = new Proxy(target, handler);
+        targets.set(made, target);
+        return made;
     },
     addMacro: function(type) {
         type.members.macro.call = function(title, body) {
@@ -336,7 +377,7 @@ return {
             }
             var found = [];
             if (isOurs(what))
-                found = helpOnType(what[typeOf]);
+                found = helpOnType(targets.get(what).type);
             else
                 types.forEach(function(type) {
                     if (type.name.toLowerCase() === String(what).toLowerCase())
@@ -348,14 +389,22 @@ return {
                 throw new Error("there is no help on " + show(what));
             write(found.join("\n"));
         };
+        globals.concat("print", "help").forEach(function(name) {
+            var own = global[name];
+            Object.defineProperty(global, name, {
+                get: function() { return own; },
+                set: function() { throw new TypeError("'" + name + "' cannot be replaced"); }
+            });
+        });
     },
     fail: function(error) { failure = error; },
     run: function(script) {
         try {
             script();
         } catch (thrown) {
-            throw thrown instanceof Error ? thrown : new Error("uncaught " + text([thrown]));
+            return tell(thrown);
         }
-    }
+    },
+    tell: tell
 };
 }))js";

@@ -14,5 +14,7 @@
 /// - setGlobals(global, globals, types) adds the functions that belong to no object; globals are the names of
 ///   the global objects;
 /// - fail(error) makes error what the call into C++ that is under way throws, when it throws;
-/// - run(script) calls a function, and makes an Error of whatever it throws.
+/// - tell(thrown) returns an object with what there is to say of something that was thrown: error, itself if
+///   it is an Error, else a new one; and texts, text, message, stack, fileName and lineNumber;
+/// - run(script) calls a function; returns what tell() does of whatever it throws, else undefined.
 extern const char *const ksScriptPrelude;

@@ -29,12 +29,12 @@ QVariant plainFrom(const QJSValue &value);
 /// The number of elements of an array.
 quint32 lengthOf(const QJSValue &array);
 
-/// \a value as a \a T; \a name is what it is for.
+/// \a value as a \a T; \a name is what it is for. Integers of 64 bits may be texts.
 template <class T>
 T numberFrom(const QJSValue &value, const QString &name)
 {
     const auto number = ksLooseNumber::to<T>(plainFrom(value));
-    if (!number || !std::isfinite(static_cast<double>(*number)))
+    if (!number || !std::isfinite(static_cast<double>(*number)) || (value.isString() && sizeof(T) < 8))
         ksValueKinds::refuse(name, ksValueKinds::ofNumber<T>(), shown(value));
     return *number;
 }
@@ -73,6 +73,13 @@ PtrT containerFrom(const QJSValue &value, const char *kind)
     if (container == osg::NullFC)
         throw ksEditorError(ksContainers::label(given) + QStringLiteral(" is no ") + QLatin1String(kind));
     return container;
+}
+
+/// The same; NullFC if \a value is null.
+template <class PtrT>
+PtrT containerOrNone(const QJSValue &value, const char *kind)
+{
+    return value.isNull() ? PtrT() : containerFrom<PtrT>(value, kind);
 }
 
 /// One node, or those of an array.

@@ -111,12 +111,9 @@ void ksScriptVariants::options(int index, const QJSValue &flags)
 {
     host.guard([&] {
         const osg::TransformVariantPtr changed = variant(index);
-        const auto bits = ksLooseNumber::to<osg::UInt64>(plainFrom(flags));
-        if (!bits)
-            ksValueKinds::refuse(QStringLiteral("flags"), ksValueKinds::ofNumber<osg::UInt64>(),
-                                 shown(flags));
-        if (changed->getApplyFlags() != *bits)
-            host.add(new ksTransformVariantOptionsUndoCommand(changed, *bits, nullptr, unheard));
+        const auto bits = numberFrom<osg::UInt64>(flags, QStringLiteral("flags"));
+        if (changed->getApplyFlags() != bits)
+            host.add(new ksTransformVariantOptionsUndoCommand(changed, bits, nullptr, unheard));
     });
 }
 

@@ -70,6 +70,7 @@ TEST_F(ksFieldEditsTest, RefuseWhatDoesNotFit)
     EXPECT_EQ(refusal("layer", 0.5), "'layer' is a whole number from 0 to 255, not 0.5");
     EXPECT_EQ(refusal("opacity", QStringLiteral("half")), "'opacity' is a number, not 'half'");
     EXPECT_EQ(refusal("locked", 1), "'locked' is true or false, not 1");
+    EXPECT_EQ(refusal("layer", QStringLiteral("7")), "'layer' is a whole number from 0 to 255, not '7'");
     EXPECT_EQ(refusal("layer", {}), "'layer' is a whole number from 0 to 255, not undefined");
 }
 

@@ -39,6 +39,7 @@ TEST(ksValueKindsTest, ShowValues)
     EXPECT_EQ(shown(0.1), "0.1");
     EXPECT_EQ(shown(std::numeric_limits<double>::quiet_NaN()), "NaN");
     EXPECT_EQ(shown(-std::numeric_limits<double>::infinity()), "-Infinity");
+    EXPECT_EQ(shown(1e39), "1e+39, which is too large");
     EXPECT_EQ(shown(true), "true");
     EXPECT_EQ(shown(QStringLiteral("300")), "'300'");
     EXPECT_EQ(shown(QString(100, QLatin1Char('x'))), '\'' + std::string(57, 'x') + "...'");

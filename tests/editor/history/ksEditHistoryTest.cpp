@@ -101,7 +101,11 @@ TEST_F(ksEditHistoryTest, TakesADragAsOneStep)
     EXPECT_THAT(history.notes, ElementsAre("drag \"Layer\", 3 events", "finished"));
     history.notes.clear();
     history.drag(0, [this](int) { return setLayer(9); });
+    history.drag(2, [](int) { return nullptr; });
     EXPECT_THAT(history.notes, IsEmpty());
+    history.drag(4, [this](int event) { return event % 2 > 0 ? setLayer(event) : nullptr; });
+    EXPECT_EQ(stack.count(), 1);
+    EXPECT_EQ(childSettings()->getLayer(), 3);
 }
 
 TEST_F(ksEditHistoryTest, FinishesADragThatFails)

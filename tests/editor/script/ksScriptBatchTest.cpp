@@ -150,6 +150,13 @@ TEST_F(ksScriptBatchTest, IsNoStepWhenItChangesNothing)
     EXPECT_TRUE(stack.canRedo());
 }
 
+TEST_F(ksScriptBatchTest, RecordsTagsOfNothing)
+{
+    run("history.batch('b', function () { scene.recordTag('x', true); });"
+        "history.batch('b', function () { scene.recordTag('x', false, true); });");
+    EXPECT_EQ(stack.count(), 2);
+}
+
 TEST_F(ksScriptBatchTest, DoesNothingWhenAnEditFails)
 {
     const std::string set = "own.set('layer', 1); child.tags.add('x'); child.name = 'A';";

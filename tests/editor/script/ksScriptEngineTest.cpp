@@ -111,8 +111,13 @@ TEST_F(ksScriptEngineTest, CallsFunctionsOfSteps)
                 "history.batch('b', [[own, 'layer', 6]], false, function () { own.set('layer', 7); });"),
         ":1: Error: not possible within another step");
     EXPECT_EQ(rootSettings()->getLayer(), 6);
-    EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', true, 5);"),
-              ":1: Error: the action is a function");
+    for (const char *flag : {"true", "false"})
+        EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', " +
+                          std::string(flag) + ", 5);"),
+                  ":1: Error: the action is a function");
+    EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');"
+                      "own.switchFlag('locked', true, function () { history.mark(); });"),
+              ":1: Error: not possible within another step");
 }
 
 /// Whichever guard is asked next, a step fails by the first error of the functions that it calls, which says
@@ -140,6 +145,33 @@ TEST_F(ksScriptEngineTest, TellsTheErrorsOfFunctionsOfSteps)
     EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
                       "own.switchFlag('locked', true, function () { throw 'text'; });"),
               ":2: Error: uncaught text");
+}
+
+TEST_F(ksScriptEngineTest, TellsOfWhateverIsThrown)
+{
+    const std::string mine = "function Mine(text) { this.name = 'Mine'; this.message = text; }"
+                             "Mine.prototype = Object.create(Error.prototype);"
+                             "function fails() { throw 7; }";
+    int layer = 0;
+    for (const auto &[thrown, told] : std::vector<std::pair<std::string, std::string>>{
+             {"new Mine('text')", "Mine: text"},
+             {"{ toString: fails }", "Error: uncaught object"},
+             {"Object.create(null)", "Error: uncaught object"},
+             {"new Proxy({}, { get: fails, getPrototypeOf: fails })", "Error: uncaught object"},
+             {"Symbol('s')", "Error: uncaught Symbol(s)"},
+             {"undefined", "Error: uncaught undefined"},
+             {"5", "Error: uncaught 5"}}) {
+        const std::string script = mine + "function fail() { throw " + thrown + "; }\n";
+        EXPECT_EQ(errorOf(script + "fail();"), ": " + told);
+        // That of a step is told where the step is.
+        EXPECT_EQ(errorOf(script + "history.batch('b', [[scene.root.attachment('ksNodeSettings'), 'layer', " +
+                          std::to_string(++layer) + "]], false, fail);"),
+                  ":2: " + told);
+    }
+    EXPECT_EQ(errorOf("var error = new Error('x');\n"
+                      "Object.defineProperty(error, 'message', { get: function () { throw 7; } });"
+                      "throw error;"),
+              ":1: uncaught error");
 }
 
 /// It is ended, nothing of it is called again, and what was open is taken back.
@@ -464,6 +496,26 @@ TEST_F(ksScriptEngineTest, ReadsAllValuesBeforeTheyAreUsed)
                       "scene.find('Child').attachment('ksNodeSettings').drag('opacity', values);"),
               ":2: Error: the container " + std::to_string(childSettings().getFieldContainerId()) +
                   " has gone");
+}
+
+TEST_F(ksScriptEngineTest, KeepsWhatIsGlobal)
+{
+    for (const char *name : {"scene", "history", "console", "print", "help"})
+        EXPECT_EQ(errorOf(std::string(name) + " = 5;"),
+                  ":1: TypeError: '" + std::string(name) + "' cannot be replaced");
+    EXPECT_EQ(run("(function (scene) { print(scene); }(5)); print(scene.root.name);"), "5\nRoot\n");
+}
+
+/// Scripts get at nothing that stands behind the objects.
+TEST_F(ksScriptEngineTest, HidesWhatIsItsOwn)
+{
+    EXPECT_EQ(run("var keys = [];"
+                  "var spy = new Proxy({}, { get: function (target, key) { keys.push(String(key)); } });"
+                  "try { scene.root.moveTo(spy); } catch (error) { print(error.message); } print(keys);"
+                  "print(Object.getOwnPropertyNames(scene.root), Object.keys(scene.root),"
+                  "      scene.root.hasOwnProperty('native'),"
+                  "      Object.getOwnPropertyDescriptor(scene.root, 'native'));"),
+              "an object is no node\n\n  false undefined\n");
 }
 
 TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)

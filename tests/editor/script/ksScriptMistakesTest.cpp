@@ -1,23 +1,38 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/script/ksScriptDescription.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <tests/editor/ksTransformScene.h>
 #include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
+
+#include <map>
+#include <set>
 
 namespace {
 
-/// The transforms' scene, with a light "Lamp" and a mesh "Metal".
+/// The transforms' scene, with a light "Lamp" and meshes "Metal" and "Other", the latter with a colour
+/// component.
 class ksMistakesScene : public ksTransformScene
 {
 protected:
     ksMistakesScene()
     {
+        const osg::UberMaterialPtr other = osg::UberMaterial::create();
+        const osg::ksMeshPtr otherMesh = osg::ksMesh::create();
         CPEditAll(mesh);
+        CPEditAll(other);
+        CPEditAll(otherMesh);
         CPEdit(root.get(), osg::Node::ChildrenFieldMask);
         mesh->setMaterial(metal);
+        other->addColorComponent(osg::ColorComponent::create());
+        otherMesh->setMaterial(other);
         root->addChild(ksContainers::createNode("Lamp", light));
         root->addChild(ksContainers::createNode("Metal", mesh));
+        root->addChild(ksContainers::createNode("Other", otherMesh));
     }
 
     const osg::UberLightPtr light = osg::UberLight::create();
@@ -79,6 +94,11 @@ TEST_F(ksScriptMistakesTest, NamesWrongArguments)
     expectMistake("history.macro(5, function () {});", "TypeError: macro: 'text' is a text, not 5");
     expectMistake("own.set('layer', 1, 5);", "TypeError: set: 'text' is a text, not 5");
     expectMistake("history.batch('b', [], 1);", "TypeError: batch: 'merging' is true or false, not 1");
+    expectMistake("child.translate([0, 0, 1], { index: '-1' });",
+                  "Error: 'index' is a whole number from -2147483648 to 2147483647, not '-1'");
+    expectMistake("own.set('layer', '7');", "Error: 'layer' is a whole number from 0 to 255, not '7'");
+    expectMistake("child.apply({ inheritType: '1' });",
+                  "Error: 'inheritType' is a whole number from -2147483648 to 2147483647, not '1'");
     // What is left out by its name is left out.
     EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').set('layer', 1, undefined);"), "");
 }
@@ -123,6 +143,82 @@ TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
     expectMistake("child.core.set('eulerRotation', [1, 2, 3]);",
                   "Error: the field 'eulerRotation' of " +
                       ksContainers::label(child->getCore()).toStdString() + " is edited by its node");
+}
+
+TEST_F(ksScriptMistakesTest, NamesNumbersThatAreTooLarge)
+{
+    expectMistake("light.diffuse = [1, 1, 1e39];",
+                  "Error: 'diffuse' is a colour [r, g, b], not an array with 1e+39, which is too large");
+    expectMistake("own.set('opacity', 1e39);", "Error: 'opacity' is a number, not 1e+39, which is too large");
+}
+
+TEST_F(ksScriptMistakesTest, RefusesNamesThatEndEarly)
+{
+    for (const std::string call :
+         {"add('a\\0b')", "copy(scene.root, 'a\\0b')", "variants.add('a\\0b')", "tags.add('a\\0b')"})
+        EXPECT_THAT(errorOf("scene.find('Child')." + call + ";"), testing::HasSubstr("has a NUL character"));
+    expectMistake("scene.addLinkSet('a\\0b');", "TypeError: addLinkSet: 'name' has a NUL character");
+    expectMistake("child.name = 'a\\0b';", "TypeError: " + label + ": 'name' has a NUL character");
+    expectMistake("child.set('name', 'a\\0b');", "Error: 'name' has a NUL character");
+    expectMistake("child.drag('name', ['a\\0b']);", "Error: 'name' has a NUL character");
+    expectMistake("history.batch('b', [[child, 'name', 'a\\0b']]);", "Error: 'name' has a NUL character");
+    EXPECT_EQ(stack.count(), 0);
+}
+
+/// Nothing is left of the name.
+TEST_F(ksScriptMistakesTest, RefusesANameThatCannotBeAttached)
+{
+    const std::string metalLabel = ksContainers::label(metal).toStdString();
+    run("print(scene.find('Metal').material.name);");
+    const std::ptrdiff_t before = ksLivingContainers();
+    expectMistake("scene.find('Metal').material.name = 'x';",
+                  "Error: " + metalLabel + " cannot be given a name");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+/// A drag is one step, whatever its value.
+TEST_F(ksScriptMistakesTest, DragsEveryValueOrRefusesIt)
+{
+    std::map<std::string, std::string> drags = {
+        {"Container.name", "child: 'A', 'B', 'C'"},
+        {"Container.material", "scene.find('Metal'): null, other, null"},
+        {"Node.rotationOrder", "child: 'ZYX', 'XZY', 'YXZ'"},
+        {"Light.diffuse", "light: [0, 0, 0], [0, 1, 0], [1, 0, 0]"},
+        {"Light.glossy", "light: [0, 0, 0], [0, 1, 0], [1, 0, 0]"},
+        {"Light.intensity", "light: 2, 3, 4"},
+        {"Light.penumbraAngle", "light: 10, 20, 30"},
+        {"Light.coneAngle", "light: 40, 50, 60"},
+        {"Light.attenuation", "light: 0, 1, 2"},
+        {"Light.visibilityReference", "light: null, child, child, scene.root"},
+        {"Surface.environment", "scene.find('Metal').material: other, other"},
+        {"ColorComponent.image", "other.components[0]: null, null"},
+        {"Node.rotation", "child: [0, 0.6, 0, 0.8], [0.6, 0, 0, 0.8], [0, 0, 0.6, 0.8]"}};
+    for (const ksTransformProperty &property : ksTransformEdits::properties())
+        drags[std::string("Node.") + property.name] = "child: [0.5, 2, 3], [4, 5, 6], [7, 8, 9]";
+    ksScriptRegistry::visitClasses([&drags](const QMetaObject &type, const QStringList &) {
+        for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))
+            if (member.isWritable) {
+                const QString name = ksScriptDescription::nameOf(type) + QLatin1Char('.') + member.name;
+                EXPECT_EQ(drags.count(name.toStdString()), 1u) << name.toStdString();
+            }
+    });
+    const std::set<std::string> refused = {"Container.material", "Light.visibilityReference",
+                                           "Surface.environment", "ColorComponent.image"};
+    for (const auto &[name, drag] : drags) {
+        const std::string value = name.substr(name.find('.') + 1);
+        const std::string script = "var child = scene.find('Child'), light = scene.find('Lamp').light;"
+                                   "var other = scene.find('Other').material;\n" +
+                                   drag.substr(0, drag.find(':')) + ".drag('" + value + "', [" +
+                                   drag.substr(drag.find(':') + 1) + "]);";
+        const int index = stack.index();
+        EXPECT_EQ(errorOf(script),
+                  refused.count(name) > 0 ? ":2: Error: '" + value + "' cannot be dragged" : "")
+            << name;
+        EXPECT_EQ(stack.index(), index + (refused.count(name) > 0 ? 0 : 1)) << name;
+    }
+    // A node that has no name yet is given one by a command that does not merge.
+    EXPECT_EQ(errorOf("var bare = scene.root.add('');\nbare.drag('name', ['A', 'B']);"),
+              ":2: Error: 'name' cannot be dragged");
 }
 
 TEST_F(ksScriptMistakesTest, RefusesAMaterialThatMirrorsItself)
