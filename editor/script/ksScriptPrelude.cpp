@@ -4,11 +4,13 @@
 const char *const ksScriptPrelude = R"js((function(write, goOn) {
 "use strict";
 
-// What the objects made here stand for.
-var targets = new WeakMap();
+// The objects made here are asked by this for what they stand for. They leave it in asked, since proxies of
+// scripts may learn the key. The engine's own weak maps crash once it has collected their keys.
+var ask = Symbol("ask");
+var asked;
 
-// The call stacks of what was thrown.
-var stacks = new WeakMap();
+// What was told of last.
+var last = {};
 var mostElements = 1000000;
 var deepest = 4;
 
@@ -70,8 +72,13 @@ function isObject(value) {
     return typeof value === "object" && value !== null;
 }
 
-function isOurs(value) {
-    return isObject(value) && targets.has(value);
+function targetOf(value) {
+    asked = undefined;
+    if (isObject(value))
+        value[ask];
+    var target = asked;
+    asked = undefined;
+    return target;
 }
 
 function show(value) {
@@ -85,7 +92,7 @@ function show(value) {
         return "an array";
     if (!isObject(value))
         return String(value);
-    return isOurs(value) ? String(value) : "an object";
+    return targetOf(value) ? String(value) : "an object";
 }
 
 function pass(value, depth) {
@@ -93,8 +100,9 @@ function pass(value, depth) {
         throw new TypeError("a symbol is no value");
     if (!isObject(value))
         return value;
-    if (isOurs(value))
-        return targets.get(value).native;
+    var target = targetOf(value);
+    if (target)
+        return target.native;
     if (depth === 0)
         throw new RangeError("arrays are nested too deep");
     var copy;
@@ -234,6 +242,8 @@ function isWritable(target, key) {
 
 var handler = {
     get: function(target, key) {
+        if (key === ask)
+            asked = target;
         if (typeof key === "symbol")
             return undefined;
         if (isMember(target, key))
@@ -315,13 +325,12 @@ function tell(thrown) {
     function textOf(key) {
         return attemptTo(function() { return error[key] === undefined ? "" : String(error[key]); }, "");
     }
-    if (!stacks.has(error))
-        stacks.set(error, textOf("stack") || new Error().stack);
+    last = { error: error, stack: textOf("stack") || (last.error === error ? last.stack : new Error().stack) };
     return {
         error: error,
         text: attemptTo(function() { return String(error); }, "uncaught error"),
         message: textOf("message"),
-        stack: stacks.get(error),
+        stack: last.stack,
         fileName: textOf("fileName"),
         lineNumber: textOf("lineNumber")
     };
@@ -339,9 +348,7 @@ return {
         Object.keys(content).forEach(function(key) {
             Object.defineProperty(target, key, { value: content[key], configurable: true });
         });
-        var made = new Proxy(target, handler);
-        targets.set(made, target);
-        return made;
+        return new Proxy(target, handler);
     },
     addMacro: function(type) {
         type.members.macro.call = function(title, body) {
@@ -376,8 +383,9 @@ return {
                 return;
             }
             var found = [];
-            if (isOurs(what))
-                found = helpOnType(targets.get(what).type);
+            var target = targetOf(what);
+            if (target)
+                found = helpOnType(target.type);
             else
                 types.forEach(function(type) {
                     if (type.name.toLowerCase() === String(what).toLowerCase())

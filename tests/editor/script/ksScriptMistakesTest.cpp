@@ -206,7 +206,7 @@ TEST_F(ksScriptMistakesTest, DragsEveryValueOrRefusesIt)
                                            "Surface.environment", "ColorComponent.image"};
     for (const auto &[name, drag] : drags) {
         const std::string value = name.substr(name.find('.') + 1);
-        const std::string script = "var child = scene.find('Child'), light = scene.find('Lamp').light;"
+        const std::string script = "var child = scene.root.children[0], light = scene.find('Lamp').light;"
                                    "var other = scene.find('Other').material;\n" +
                                    drag.substr(0, drag.find(':')) + ".drag('" + value + "', [" +
                                    drag.substr(drag.find(':') + 1) + "]);";
