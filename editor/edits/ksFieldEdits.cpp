@@ -19,7 +19,7 @@
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
 
@@ -156,8 +156,7 @@ bool ksFieldEdits::holds(const osg::FieldContainerPtr &container, const QString 
         else if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
             same = typed.getValue() == wanted;
         else // exactly, which their own comparison is not
-            same =
-                std::memcmp(typed.getValue().getValues(), wanted.getValues(), T::Size * sizeof(float)) == 0;
+            same = std::equal(wanted.getValues(), wanted.getValues() + T::Size, typed.getValue().getValues());
     });
     return same;
 }

@@ -40,7 +40,7 @@ void appendChunk(QByteArray &bytes, const char *type, const QByteArray &content)
 void collectExtensions(const QJsonValue &value, std::set<QString> &names)
 {
     if (value.isArray()) {
-        for (const QJsonValue &element : value.toArray())
+        for (const QJsonValue element : value.toArray())
             collectExtensions(element, names);
         return;
     }

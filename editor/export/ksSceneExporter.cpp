@@ -331,7 +331,7 @@ private:
             isDone[index] = true;
         };
         // The exporter has made those that materials show, and knows them by the path that it was given.
-        for (const QJsonValue &entry : document.json.value(QLatin1String("images")).toArray())
+        for (const QJsonValue entry : document.json.value(QLatin1String("images")).toArray())
             append(entry[QLatin1String("uri")].toString().toUInt());
         for (std::size_t i = 0; i < images.size(); ++i)
             if (!isDone[i])

@@ -349,7 +349,7 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
 {
     const osg::NodePtr parent = osg::NodePtr::dcast(container);
     bool areFound = value.isArray();
-    for (const QJsonValue &id : value.toArray()) {
+    for (const QJsonValue id : value.toArray()) {
         const osg::NodePtr child = osg::NodePtr::dcast(find(id));
         const bool isFree = child != osg::NullFC && child->getParent() == osg::NullFC &&
                             !isAtOrAbove(child, parent) && nodeIds.count(child.getFieldContainerId()) == 0;

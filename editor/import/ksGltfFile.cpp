@@ -42,7 +42,7 @@ QByteArray takeChunk(QByteArray &rest)
         return {};
     const auto length = qFromLittleEndian<quint32>(rest.constData());
     const int size = static_cast<int>(std::min(length, static_cast<quint32>(rest.size() - ChunkHeaderSize)));
-    const QByteArray content = rest.mid(ChunkHeaderSize, size);
+    QByteArray content = rest.mid(ChunkHeaderSize, size);
     rest.remove(0, ChunkHeaderSize + size);
     return content;
 }

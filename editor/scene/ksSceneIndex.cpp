@@ -135,6 +135,11 @@ void ksSceneIndex::order(Called &called, const std::string &name)
                   ids.begin(), ids.end(),
                   [&name](osg::UInt32 id) { return !isCalled(ksFindContainer<osg::NodePtr>(id), name); }),
               ids.end());
+    if (ids.size() <= 1) {
+        called.ordered = !ids.empty() && isInScene(ksFindContainer<osg::NodePtr>(ids[0])) ? ids : Ids();
+        called.moves = moves;
+        return;
+    }
     // The nodes above them, and of their children those on the way, in order.
     std::unordered_set<osg::UInt32> onTheWay;
     std::unordered_map<osg::UInt32, std::vector<osg::NodePtr>> below;

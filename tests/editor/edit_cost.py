@@ -26,6 +26,7 @@ for (var i = 1; i <= Number(args[0]); ++i) {
     node.tags.add("tag");
     node.tags.remove("tag");
     node.moveTo(places[i % 2]);
+    scene.find(node.name);
 }
 """
 
