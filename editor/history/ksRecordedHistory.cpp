@@ -95,13 +95,16 @@ void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const
         QJsonArray list;
         for (const ksFieldChange &change : changes)
             list += change.toJson();
-        record.object(
-            {{QStringLiteral("event"), eventName()},
-             {QStringLiteral("step"), std::min(earlierIndex, stack()->index()) +
-                                          (earlierIndex == stack()->index() && !isCleared ? 0 : 1)},
-             {QStringLiteral("count"), isCleared ? earlierCount : std::abs(stack()->index() - earlierIndex)},
-             {QStringLiteral("text"), text()},
-             {QStringLiteral("changes"), list}});
+        const int moved = stack()->index() - earlierIndex;
+        const bool isMerge = isAddition && moved == 0;
+        record.object({{QStringLiteral("event"), eventName()},
+                       {QStringLiteral("step"),
+                        std::min(earlierIndex, stack()->index()) + (moved == 0 && !isCleared ? 0 : 1)},
+                       {QStringLiteral("count"), isCleared ? earlierCount
+                                                 : isMerge ? 1
+                                                           : std::abs(moved)},
+                       {QStringLiteral("text"), text()},
+                       {QStringLiteral("changes"), list}});
         return;
     }
     if (record.style().detail == ksRecordStyle::Verbose) {

@@ -273,7 +273,7 @@ private:
         else if (const QString damage = gltf.damageOfDocument() + damageOfXml(path); !damage.isEmpty())
             text = QStringLiteral("is damaged, ") + damage;
         else if (!isUnknown && isXml(path))
-            text = QStringLiteral("cannot be read, although it is sound XML: ") + reason;
+            text = QStringLiteral("is damaged, although it is sound XML: ") + reason;
         else if (!isUnknown)
             text = QStringLiteral("is damaged: ") +
                    (reason.isEmpty() ? QStringLiteral("its reader gives no reason") : reason);

@@ -124,9 +124,12 @@ private:
     /// The name of the mesh at \a index of \a node, which is called \a owner.
     std::string meshNameOf(const aiNode &node, unsigned int index, const std::string &owner)
     {
-        const std::string name = written.meshNameOf(node);
+        std::string name = written.meshNameOf(node);
+        // As the reader names those that one mesh is taken apart into.
+        if (node.mNumMeshes > 1)
+            name += '-' + std::to_string(index);
         if (ksModelText::isTooLong(name))
-            return node.mNumMeshes > 1 ? name + '-' + std::to_string(index) : name;
+            return name;
         const aiString &known = file.scene().mMeshes[node.mMeshes[index]]->mName;
         return known.length > 0 ? nameFrom(known) : owner + " mesh";
     }

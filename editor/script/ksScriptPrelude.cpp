@@ -11,6 +11,7 @@ var asked;
 
 // What was told of last.
 var last = {};
+var OwnError = Error;
 var mostElements = 1000000;
 var deepest = 4;
 
@@ -319,13 +320,13 @@ function attemptTo(read, otherwise) {
 }
 
 function tell(thrown) {
-    var isError = attemptTo(function() { return thrown instanceof Error; }, false);
+    var isError = attemptTo(function() { return thrown instanceof OwnError; }, false);
     var error = isError ? thrown
-                        : new Error("uncaught " + attemptTo(function() { return String(thrown); }, "object"));
+                        : new OwnError("uncaught " + attemptTo(function() { return String(thrown); }, "object"));
     function textOf(key) {
         return attemptTo(function() { return error[key] === undefined ? "" : String(error[key]); }, "");
     }
-    last = { error: error, stack: textOf("stack") || (last.error === error ? last.stack : new Error().stack) };
+    last = { error: error, stack: textOf("stack") || (last.error === error ? last.stack : new OwnError().stack) };
     return {
         error: error,
         text: attemptTo(function() { return String(error); }, "uncaught error"),
@@ -400,6 +401,7 @@ return {
         globals.concat("print", "help").forEach(function(name) {
             var own = global[name];
             Object.defineProperty(global, name, {
+                configurable: false,
                 get: function() { return own; },
                 set: function() { throw new TypeError("'" + name + "' cannot be replaced"); }
             });

@@ -130,10 +130,14 @@ int ksHeadlessSession::show(const QString &text)
 void ksHeadlessSession::warn(const QString &text)
 {
     ++warnings;
-    if (sessionRecord != nullptr && sessionRecord->failure().isEmpty() &&
-        sessionRecord->style().detail != ksRecordStyle::Quiet)
-        sessionRecord->object(
-            {{QStringLiteral("event"), QStringLiteral("warning")}, {QStringLiteral("text"), text}});
+    try {
+        if (sessionRecord != nullptr && sessionRecord->failure().isEmpty() &&
+            sessionRecord->style().detail != ksRecordStyle::Quiet)
+            sessionRecord->object(
+                {{QStringLiteral("event"), QStringLiteral("warning")}, {QStringLiteral("text"), text}});
+    } catch (const ksOutputError &) {
+        // Those who warn stand no exception. The record knows of its failure, which ends the session.
+    }
     const QString label = QStringLiteral("warning:");
     errors << name << ": "
            << (colouredErrors ? ksRecord::coloured(label, ksRecord::Tone::Doubtful) : label).toStdString()
@@ -275,8 +279,13 @@ void ksHeadlessSession::endByForce(const ksEditorOptions &options, const QString
     ksRecord record(out, options.record);
     ksVerdict verdict;
     verdict.remark(QStringLiteral("ended by force"));
-    verdict.write(record, false, error);
-    std::_Exit(ScriptError);
+    int exitCode = ScriptError;
+    try {
+        verdict.write(record, false, error);
+    } catch (const std::exception &) {
+        exitCode = OutputError;
+    }
+    std::_Exit(exitCode);
 }
 
 void ksHeadlessSession::refuseInterruption(const ksEditorOptions &options) const

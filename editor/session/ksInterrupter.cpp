@@ -3,6 +3,7 @@
 #include <editor/session/ksInterrupter.h>
 #include <editor/session/ksMemory.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -16,9 +17,11 @@ namespace {
 
 constexpr int MillisecondsBetweenLooks = 20;
 
-/// What work may still take that was told to end: it looks at that now and then only.
+/// What work may still take that was told to end, which it looks at now and then only: some time, and this
+/// share of its memory.
 constexpr qint64 MillisecondsToEnd = 10000;
-constexpr qint64 BytesToEnd = qint64(512) << 20U;
+constexpr qint64 ShareToEnd = 4;
+constexpr qint64 MostToEnd = qint64(512) << 20U;
 
 constexpr std::array Signals = {SIGINT, SIGTERM};
 
@@ -118,8 +121,8 @@ QString ksInterrupter::limitReached() const
 
 bool ksInterrupter::isUnheeded() const
 {
-    return told.isValid() &&
-           (told.elapsed() > MillisecondsToEnd || ksMemory::used() > memoryLimit + BytesToEnd);
+    return told.isValid() && (told.elapsed() > MillisecondsToEnd ||
+                              ksMemory::used() - memoryLimit > std::min(memoryLimit / ShareToEnd, MostToEnd));
 }
 
 void ksInterrupter::watch()

@@ -104,7 +104,7 @@ TEST_F(ksRecordedHistoryTest, WritesAnObjectForEachStep)
     std::vector<std::string> rest;
     while (std::getline(record, line))
         rest.push_back(line.substr(line.find("\"count\"")));
-    EXPECT_THAT(rest, testing::ElementsAre(R"("count":0,"event":"merge","step":1,"text":"Layer"})",
+    EXPECT_THAT(rest, testing::ElementsAre(R"("count":1,"event":"merge","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"undo","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"redo","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"add","step":2,"text":"Both"})",

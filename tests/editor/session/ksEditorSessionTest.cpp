@@ -131,6 +131,18 @@ TEST_F(ksEditorSessionTest, ReportsWhatAScriptCannotSave)
     EXPECT_EQ(runScript("try { " + save + " } catch (error) {} nothing();"), ksEditorSession::ScriptError);
 }
 
+TEST_F(ksEditorSessionTest, HasWarningsInJson)
+{
+    options.record.json = true;
+    EXPECT_EQ(runScript("console.warn('careful');"), ksEditorSession::Done);
+    EXPECT_THAT(out.str(), HasSubstr("\n{\"event\":\"warning\",\"text\":\"careful\"}\n"));
+    EXPECT_EQ(errors.str(), "ks-editor: warning: careful\n");
+    out.str({});
+    options.record.detail = ksRecordStyle::Quiet;
+    EXPECT_EQ(runScript("console.warn('careful');"), ksEditorSession::Done);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("careful")));
+}
+
 TEST_F(ksEditorSessionTest, SavesWhatTheScriptLeaves)
 {
     const QString script = folder.write("script.js", "scene.find('Table').set('travMask', 1, 'Hide');");
