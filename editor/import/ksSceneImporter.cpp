@@ -124,10 +124,9 @@ private:
     /// The name of the mesh at \a index of \a node, which is called \a owner.
     std::string meshNameOf(const aiNode &node, unsigned int index, const std::string &owner)
     {
-        std::string name = written.meshNameOf(node);
         // As the reader names those that one mesh is taken apart into.
-        if (node.mNumMeshes > 1)
-            name += '-' + std::to_string(index);
+        const std::string part = node.mNumMeshes > 1 ? '-' + std::to_string(index) : std::string();
+        const std::string name = written.meshNameOf(node) + part;
         if (ksModelText::isTooLong(name))
             return name;
         const aiString &known = file.scene().mMeshes[node.mMeshes[index]]->mName;
