@@ -122,13 +122,12 @@ QJsonObject completedTransform(const QJsonObject &transform)
 /// A light, as KHR_lights_punctual has it, with what goes without saying.
 QJsonObject completedLight(const QJsonObject &light)
 {
-    constexpr double QuarterOfHalfTurn = 0.785398163397448;
     QJsonObject result =
         completed(light, {{QStringLiteral("color"), QJsonArray{1, 1, 1}}, {QStringLiteral("intensity"), 1}});
     if (result[QLatin1String("type")] == QLatin1String("spot"))
-        result[QLatin1String("spot")] = completed(
-            result[QLatin1String("spot")].toObject(),
-            {{QStringLiteral("innerConeAngle"), 0}, {QStringLiteral("outerConeAngle"), QuarterOfHalfTurn}});
+        result[QLatin1String("spot")] =
+            completed(result[QLatin1String("spot")].toObject(),
+                      {{QStringLiteral("innerConeAngle"), 0}, {QStringLiteral("outerConeAngle"), M_PI_4}});
     return result;
 }
 

@@ -2,6 +2,7 @@
 #include <editor/import/ksImageImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksImageLayout.h>
 
 #include <ksTextureManager.h>
 
@@ -15,7 +16,6 @@
 #include <assimp/scene.h>
 
 #include <algorithm>
-#include <iterator>
 #include <new>
 #include <utility>
 #include <vector>
@@ -105,26 +105,15 @@ QString missingReader(const QString &path)
     return {};
 }
 
-struct Layout
-{
-    QImage::Format format;
-    osg::UInt32 pixelFormat;
-    int channels;
-};
-
-constexpr Layout Layouts[] = {{QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4},
-                              {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1},
-                              {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3}};
-
-const Layout &layoutFor(const QImage &image)
+const ksImageLayout &layoutFor(const QImage &image)
 {
     if (image.hasAlphaChannel())
-        return Layouts[0];
-    return image.isGrayscale() ? Layouts[1] : Layouts[2];
+        return ksImageLayout::all()[0];
+    return ksImageLayout::all()[image.isGrayscale() ? 1 : 2];
 }
 
 /// The pixels of \a source, from the lower left.
-std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
+std::vector<osg::UInt8> pixelsOf(const QImage &source, const ksImageLayout &layout)
 {
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
     if (pixels.isNull())
@@ -188,15 +177,12 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
 
 void ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
 {
-    const auto *known = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &layout) {
-        return layout.pixelFormat == image->getPixelFormat();
-    });
-    if (known != std::end(Layouts) && source.width() == image->getWidth() &&
-        source.height() == image->getHeight()) {
+    const ksImageLayout *known = ksImageLayout::of(*image);
+    if (known != nullptr && source.width() == image->getWidth() && source.height() == image->getHeight()) {
         image->getPixel().getValues() = pixelsOf(source, *known);
         return;
     }
-    const Layout &layout = layoutFor(source);
+    const ksImageLayout &layout = layoutFor(source);
     image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
                pixelsOf(source, layout).data());
 }

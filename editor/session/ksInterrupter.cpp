@@ -40,12 +40,22 @@ void notice(char what)
 /// Whether a signal has come.
 std::atomic<bool> isSignalled = false;
 
+/// What was done at each of them before.
+std::array<struct sigaction, Signals.size()> previousActions;
+
+/// Whether it is ignored then, which it stays.
+bool isIgnored(std::size_t signal)
+{
+    return previousActions[signal].sa_handler == SIG_IGN;
+}
+
 /// The next signal, whichever it is, ends the process.
 void handleSignal(int)
 {
     const int error = errno;
-    for (const int signal : Signals)
-        std::signal(signal, SIG_DFL);
+    for (std::size_t i = 0; i < Signals.size(); ++i)
+        if (!isIgnored(i))
+            std::signal(Signals[i], SIG_DFL);
     isSignalled = true;
     notice(Signalled);
     errno = error;
@@ -56,8 +66,6 @@ QString signalReason()
 {
     return isSignalled ? QStringLiteral("interrupted") : QString();
 }
-
-std::array<struct sigaction, Signals.size()> previousActions;
 
 } // namespace
 
@@ -71,7 +79,7 @@ ksInterrupter::ksInterrupter()
     action.sa_flags = SA_RESTART;
     for (std::size_t i = 0; i < Signals.size(); ++i) {
         sigaction(Signals[i], &action, &previousActions[i]);
-        if (previousActions[i].sa_handler == SIG_IGN)
+        if (isIgnored(i))
             sigaction(Signals[i], &previousActions[i], nullptr);
     }
     thread = std::thread(&ksInterrupter::watch, this);

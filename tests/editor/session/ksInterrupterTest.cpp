@@ -101,6 +101,22 @@ TEST(ksInterrupter, PutsBackWhatWasDoneAtASignal)
     EXPECT_EQ(std::signal(SIGINT, previous), SIG_IGN);
 }
 
+TEST(ksInterrupter, LeavesASignalThatIsIgnored)
+{
+    const auto previous = std::signal(SIGTERM, SIG_IGN);
+    {
+        Calls calls;
+        ksInterrupter interrupter;
+        interrupter.start(0, Endless, calls.taker());
+        std::raise(SIGTERM);
+        EXPECT_EQ(interrupter.reason(), QString());
+        std::raise(SIGINT);
+        calls.wait();
+        EXPECT_EQ(std::signal(SIGTERM, SIG_IGN), SIG_IGN) << "also after another one";
+    }
+    std::signal(SIGTERM, previous);
+}
+
 TEST(ksInterrupter, CallsOnceAtALimit)
 {
     Calls time;
