@@ -10,10 +10,22 @@ if(KSUNDO_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# ks_join(target): compiles its files as one when KSUNDO_JOIN says so.
+# ks_join(target [FOLDERS name...]): compiles its files as one when KSUNDO_JOIN says so; with folders, those of each as one, and
+# the others one by one.
 function(ks_join target)
-    if(KSUNDO_JOIN)
-        set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "FOLDERS")
+    if(NOT KSUNDO_JOIN)
+        return()
+    endif()
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+    if(arg_FOLDERS)
+        set_target_properties(${target} PROPERTIES UNITY_BUILD_MODE GROUP)
+        get_target_property(files ${target} SOURCES)
+        foreach(folder IN LISTS arg_FOLDERS)
+            set(members ${files})
+            list(FILTER members INCLUDE REGEX "^${folder}/")
+            set_source_files_properties(${members} PROPERTIES UNITY_GROUP ${folder})
+        endforeach()
     endif()
 endfunction()
 

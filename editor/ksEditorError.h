@@ -5,8 +5,9 @@
 
 #include <stdexcept>
 
-/// What kept the editor from doing what was asked. The message is one line in UTF-8 that names the file, if
-/// there is one, and the reason; the editor shows it as it is.
+/// What kept the editor from doing what was asked. The message, in UTF-8, names the file, if there is one,
+/// and the reason. It is one line, but that the call stack of a script follows on lines of its own, which are
+/// indented, and that names may hold whatever they do: who shows it escapes that.
 class ksEditorError : public std::runtime_error
 {
 public:

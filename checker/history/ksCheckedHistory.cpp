@@ -2,10 +2,13 @@
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksInexactUndo.h>
 #include <checker/history/ksTranscript.h>
+#include <editor/history/ksRecord.h>
 #include <editor/scene/ksContainers.h>
 
 #include <ksundo/core/ksUndoCommand.h>
 
+#include <OSGEulerAngles.h>
+#include <OSGTransform3D.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <ksMessage.h>
 
@@ -16,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <tuple>
 
 namespace {
 
@@ -72,31 +76,53 @@ double largestOf(const Numbers &numbers)
     return largest;
 }
 
-/// Whether \a actual is \a expected as far as \a rounding allows, after a multiplication by \a sign.
-bool areNear(const Numbers &expected, const Numbers &actual, const ksExpectedRounding &rounding, double sign)
+/// Whether \a actual is \a expected, but for \a limit, after a multiplication by \a sign.
+bool areNear(const Numbers &expected, const Numbers &actual, double limit, double sign)
 {
-    const double limit = rounding.tolerance * std::max(rounding.length, largestOf(expected));
     return std::equal(
         expected.begin(), expected.end(), actual.begin(), actual.end(),
         [limit, sign](double left, double right) { return std::abs(left - sign * right) <= limit; });
 }
 
-/// The same of whole fields. A quaternion and its negative are the same rotation.
+/// Whether \a actual, a whole field, is \a expected as far as \a rounding allows. A quaternion and its
+/// negative are the same rotation. Of a matrix, only the translation is calculated from other values.
 bool areNear(const Numbers &expected, const Numbers &actual, const ksExpectedRounding &rounding)
 {
     constexpr std::size_t Column = 4;
     if (expected.empty() || expected.size() != actual.size())
         return false;
+    const auto limitOf = [&rounding](const Numbers &numbers, double length) {
+        return rounding.tolerance * std::max(length, largestOf(numbers));
+    };
+    const double limit = limitOf(expected, rounding.length);
     if (expected.size() == Column)
-        return areNear(expected, actual, rounding, 1) || areNear(expected, actual, rounding, -1);
-    const std::size_t step = expected.size() == Column * Column ? Column : expected.size();
-    bool near = true;
-    for (auto left = expected.begin(), right = actual.begin(); left != expected.end();
-         left += static_cast<std::ptrdiff_t>(step), right += static_cast<std::ptrdiff_t>(step)) {
-        const auto length = static_cast<std::ptrdiff_t>(step);
-        near = near && areNear(Numbers(left, left + length), Numbers(right, right + length), rounding, 1);
+        return areNear(expected, actual, limit, 1) || areNear(expected, actual, limit, -1);
+    if (expected.size() != Column * Column)
+        return areNear(expected, actual, limit, 1);
+    for (std::size_t at = 0; at < expected.size(); at += Column) {
+        const auto columnOf = [at](const Numbers &matrix) {
+            const auto first = matrix.begin() + static_cast<std::ptrdiff_t>(at);
+            return Numbers(first, first + Column);
+        };
+        const Numbers column = columnOf(expected);
+        const bool isTranslation = at + Column == expected.size();
+        if (!areNear(column, columnOf(actual), limitOf(column, isTranslation ? rounding.length : 0), 1))
+            return false;
     }
-    return near;
+    return true;
+}
+
+/// The numbers of the quaternion that \a angles, in degrees, give in the order that \a order, the text of a
+/// field, has in quotes.
+Numbers rotationOf(const Numbers &angles, const std::string &order)
+{
+    constexpr double Degree = 3.14159265358979323846 / 180;
+    const osg::Quaterniond rotation = osg::quatFromEuler(
+        osg::Vec3d(angles[0] * Degree, angles[1] * Degree, angles[2] * Degree), order.substr(1, 3));
+    Numbers numbers;
+    for (osg::UInt32 i = 0; i < 4; ++i)
+        numbers.push_back(static_cast<float>(rotation[i]));
+    return numbers;
 }
 
 /// Whether \a older is sure to take in \a newer.
@@ -160,17 +186,15 @@ void ksCheckedHistory::beginPart(const QString &title)
 
 bool ksCheckedHistory::check()
 {
-    const int before = faults;
+    const int before = differenceCount();
     step(QStringLiteral("check"), [] {});
-    return faults == before;
+    return differenceCount() == before;
 }
 
 bool ksCheckedHistory::verify(bool holds, const QString &text)
 {
-    if (!holds) {
+    if (!holds)
         transcript.fault(QStringLiteral("FAILS"), text);
-        ++faults;
-    }
     return holds;
 }
 
@@ -182,6 +206,11 @@ void ksCheckedHistory::expect(const ksExpectedDifference &difference)
 void ksCheckedHistory::expect(const ksExpectedRounding &rounding)
 {
     expectations.roundings.push_back(rounding);
+}
+
+int ksCheckedHistory::differenceCount() const
+{
+    return transcript.faultCount();
 }
 
 int ksCheckedHistory::containerCount() const
@@ -205,6 +234,9 @@ void ksCheckedHistory::forgetSnapshots()
     // What only commands and aspect 1 held goes with the latter.
     takeSnapshots();
     snapshots.assign(1, current);
+    // Nothing is left that could come back.
+    expectations = {};
+    originals.clear();
 }
 
 void ksCheckedHistory::noteAdded(const QUndoCommand &command)
@@ -250,6 +282,8 @@ void ksCheckedHistory::beginStep(const QString &what)
         transcript.note(QStringLiteral("within"), what);
         return;
     }
+    if (mayGoOn)
+        mayGoOn();
     transcript.step(what);
     beforeStep = current;
 }
@@ -267,13 +301,14 @@ void ksCheckedHistory::finishStep()
     isSnapshotDue = false;
     noteChanges();
     const int found = compareWithHistory() + compareWithMirror();
-    transcript.note(
-        QStringLiteral("check"),
-        QStringLiteral("index %1 of %2, %3 containers: %4")
-            .arg(stack()->index())
-            .arg(stack()->count())
-            .arg(containerCount())
-            .arg(found == 0 ? QStringLiteral("no difference") : QStringLiteral("%1 DIFFERENCES").arg(found)));
+    transcript.note(QStringLiteral("check"),
+                    QStringLiteral("index %1 of %2, %3 containers: %4")
+                        .arg(stack()->index())
+                        .arg(stack()->count())
+                        .arg(containerCount())
+                        .arg(found == 0 ? QStringLiteral("no difference")
+                                        : ksRecord::counted(found, QStringLiteral("DIFFERENCE"),
+                                                            QStringLiteral("DIFFERENCES"))));
 }
 
 void ksCheckedHistory::takeSnapshots()
@@ -334,14 +369,30 @@ bool ksCheckedHistory::acceptRounding(const ksDifference &difference)
     const auto contentOf = [&difference](const ksSceneSnapshot &snapshot) {
         return snapshot.content(difference.container, difference.field);
     };
-    const std::string expected = contentOf(snapshots.at(static_cast<std::size_t>(stack()->index())));
+    const ksSceneSnapshot &known = snapshots.at(static_cast<std::size_t>(stack()->index()));
+    const std::string expected = contentOf(known);
+    const std::string actual = contentOf(current);
+    // What has come back before counts as what it was at first, or many roundings would add up.
+    const auto place = std::make_tuple(difference.container, difference.field, expected);
+    const auto earlier = originals.find(place);
+    const std::string original = earlier != originals.end() ? earlier->second : expected;
+    const auto numbersOf = [&difference](const std::string &content, const ksSceneSnapshot &snapshot) {
+        // Different angles may be the same rotation.
+        const bool areAngles =
+            difference.type == "Transform3D" && difference.field == osg::Transform3D::EulerRotationFieldId;
+        return areAngles ? rotationOf(numbersIn(content),
+                                      snapshot.text(difference.container,
+                                                    osg::Transform3D::EulerRotationOrderFieldId))
+                         : numbersIn(content);
+    };
     const auto rounding = std::find_if(
-        expectations.roundings.begin(), expectations.roundings.end(), [&](const ksExpectedRounding &known) {
-            return known.container == difference.container && known.field == difference.field &&
-                   areNear(numbersIn(expected), numbersIn(contentOf(current)), known);
+        expectations.roundings.begin(), expectations.roundings.end(), [&](const ksExpectedRounding &each) {
+            return each.container == difference.container && each.field == difference.field &&
+                   areNear(numbersOf(original, known), numbersOf(actual, current), each);
         });
     if (rounding == expectations.roundings.end())
         return false;
+    originals[std::make_tuple(difference.container, difference.field, actual)] = original;
     takeOver(difference, rounding->reason,
              [&](const ksSceneSnapshot &snapshot) { return contentOf(snapshot) == expected; });
     return true;
@@ -360,7 +411,6 @@ void ksCheckedHistory::takeOver(const ksDifference &difference, const QString &r
 
 void ksCheckedHistory::noteFaults(const QString &label, const std::vector<ksDifference> &differences)
 {
-    faults += static_cast<int>(differences.size());
     for (std::size_t i = 0; i < differences.size() && i < ShownLines; ++i)
         transcript.fault(label, describe(differences[i]) + QStringLiteral(": expected ") +
                                     QString::fromStdString(differences[i].expected) +

@@ -10,7 +10,11 @@
 #include <QString>
 
 #include <functional>
+#include <map>
 #include <set>
+#include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 class ksMessage;
@@ -57,15 +61,22 @@ public:
     /// When \a holds is false, notes that \a text does not hold and counts a difference. Returns \a holds.
     bool verify(bool holds, const QString &text);
 
-    /// From now on, \a difference is no fault: when it is found, the snapshots that held the expected value
-    /// take over the actual one.
+    /// Until all commands are forgotten, \a difference is no fault: when it is found, the snapshots that held
+    /// the expected value take over the actual one.
     void expect(const ksExpectedDifference &difference);
 
     /// The same for all values within the tolerance.
     void expect(const ksExpectedRounding &rounding);
 
-    /// How many differences and failed verifications there have been.
-    int differenceCount() const { return faults; }
+    /// Has \a goOn called before each step, which is not taken when that throws. One at a time; an empty one
+    /// ends that.
+    void setGoOn(std::function<void()> goOn) { mayGoOn = std::move(goOn); }
+
+    /// Whether no step is being taken, and no macro is open.
+    bool isBetweenSteps() const { return !isStepping() && !isInMacro(); }
+
+    /// How many differences and failed verifications the transcript has had.
+    int differenceCount() const;
 
     /// How often something was accepted that is not as it was, but as expect() says.
     int toleratedCount() const { return tolerated; }
@@ -103,6 +114,7 @@ private:
     static ksCheckedHistory *receiver;
 
     ksTranscript &transcript;
+    std::function<void()> mayGoOn;
     ksMirror mirror;
 
     /// By stack index: entry 0 is the scene before the first command.
@@ -113,6 +125,9 @@ private:
     std::set<int> addedIds;
     ksExpectations expectations;
 
+    /// By container, field and content: what that was before it came back, rounded, as this content.
+    std::map<std::tuple<osg::UInt32, osg::UInt32, std::string>, std::string> originals;
+
     /// The message that came last, and how often it came in a row, as long as that is not written.
     QString message;
     int messageCount = 0;
@@ -122,6 +137,5 @@ private:
     bool dragging = false;
     int draggedIndex = 0;
     bool isSnapshotDue = false;
-    int faults = 0;
     int tolerated = 0;
 };

@@ -32,7 +32,8 @@ struct ksExpectedRounding
     /// matrix is each column.
     double tolerance;
 
-    /// What it is a part of where that is more: the length of the value where it is calculated.
+    /// What it is a part of where that is more: the length of the value where it is calculated. Of a matrix
+    /// it counts for the translation only.
     double length;
 
     /// Where the numbers come from, for the transcript.

@@ -4,19 +4,9 @@
 
 #include <utility>
 
-namespace {
-
-constexpr int LabelWidth = 9;
-
-QString countText(int number, const QString &one, const QString &many)
-{
-    return QString::number(number) + QLatin1Char(' ') + (number == 1 ? one : many);
-}
-
-} // namespace
-
 ksTranscript::ksTranscript(ksRecord &sessionRecord)
     : record(sessionRecord)
+    , isWanted(record.style().detail == ksRecordStyle::Verbose)
 {}
 
 void ksTranscript::beginPart(const QString &title)
@@ -31,44 +21,48 @@ void ksTranscript::step(const QString &what)
 {
     finishStep();
     ++steps;
-    isWanted = record.style().detail == ksRecordStyle::Verbose;
-    block = {{QStringLiteral("event"), QStringLiteral("step")},
-             {QStringLiteral("step"), steps},
-             {QStringLiteral("text"), what}};
+    heading = what;
+    isOpen = true;
     pending += QStringLiteral("step %1: ").arg(steps) + what;
     if (isWanted)
-        record.line(pending.takeFirst());
+        writePending();
 }
 
 void ksTranscript::note(const QString &label, const QString &text)
 {
     notes += QJsonObject{{label, text}};
-    pending += QStringLiteral("  ") + label.leftJustified(LabelWidth) + text;
-    while (isWanted && !pending.isEmpty())
-        record.line(pending.takeFirst());
+    pending += ksRecord::note(label, text);
+    if (isWanted)
+        writePending();
 }
 
 void ksTranscript::fault(const QString &label, const QString &text, int count)
 {
     faults += count;
     isWanted = true;
-    const QString line = QStringLiteral("  ") + label.leftJustified(LabelWidth) + text;
+    notes += QJsonObject{{label, text}};
+    writePending();
+    record.line(ksRecord::note(label, text), ksRecord::Tone::Bad);
+}
+
+void ksTranscript::writePending()
+{
     while (!pending.isEmpty())
         record.line(pending.takeFirst());
-    notes += QJsonObject{{label, text}};
-    record.line(line, ksRecord::Tone::Bad);
 }
 
 void ksTranscript::finishStep()
 {
     pending.clear();
-    // Every step is an object.
-    if (!block.isEmpty() && record.style().detail != ksRecordStyle::Quiet) {
-        block.insert(QStringLiteral("notes"), std::exchange(notes, {}));
-        record.object(std::exchange(block, {}));
-    }
-    block = {};
-    notes = {};
+    const bool isLeft = std::exchange(isOpen, false) || !notes.isEmpty();
+    const QJsonArray found = std::exchange(notes, {});
+    // Every step is an object, in a quiet record those with a fault.
+    if (isLeft && (isWanted || record.style().detail != ksRecordStyle::Quiet))
+        record.object({{QStringLiteral("event"), QStringLiteral("step")},
+                       {QStringLiteral("step"), steps},
+                       {QStringLiteral("text"), heading},
+                       {QStringLiteral("notes"), found}});
+    isWanted = record.style().detail == ksRecordStyle::Verbose;
 }
 
 void ksTranscript::finish()
@@ -86,11 +80,11 @@ void ksTranscript::finishPart()
         return;
     const int found = faults - faultsBefore;
     record.line(title + QStringLiteral(": ") +
-                    countText(steps - stepsBefore, QStringLiteral("step"), QStringLiteral("steps")) +
+                    ksRecord::counted(steps - stepsBefore, QStringLiteral("step"), QStringLiteral("steps")) +
                     QStringLiteral(", ") +
-                    (found == 0
-                         ? QStringLiteral("no difference")
-                         : countText(found, QStringLiteral("DIFFERENCE"), QStringLiteral("DIFFERENCES"))),
+                    (found == 0 ? QStringLiteral("no difference")
+                                : ksRecord::counted(found, QStringLiteral("DIFFERENCE"),
+                                                    QStringLiteral("DIFFERENCES"))),
                 found == 0 ? ksRecord::Tone::Plain : ksRecord::Tone::Bad);
     record.object({{QStringLiteral("event"), QStringLiteral("part")},
                    {QStringLiteral("text"), title},

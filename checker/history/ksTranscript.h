@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QJsonArray>
-#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
@@ -41,16 +40,19 @@ public:
 
 private:
     void finishPart();
+    void writePending();
 
     ksRecord &record;
     int steps = 0;
     int faults = 0;
 
-    /// The latest block: its lines that are not written, and the whole of it for JSON.
+    /// The latest block: its lines that are not written, its heading and its notes for JSON, and whether it
+    /// is to be written.
     QStringList pending;
-    QJsonObject block;
+    QString heading;
     QJsonArray notes;
-    bool isWanted = false;
+    bool isOpen = false;
+    bool isWanted;
 
     /// The part, and what there was before it.
     QString part;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <checker/history/ksWorldRounding.h>
+#include <editor/scene/ksWorldSpace.h>
 
-#include <OSGPrecision.h>
 #include <ksNodeUtils.h>
 
 #include <algorithm>
@@ -10,15 +10,6 @@
 namespace {
 
 constexpr double Precision = 1e-6;
-
-osg::Matrix4d toWorld(const osg::NodePtr &node)
-{
-    osg::Matrix4d result;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            result.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    return result;
-}
 
 /// By how much \a matrix can lengthen a vector, its largest component being its length.
 template <class T>
@@ -52,7 +43,7 @@ ksWorldRounding::ksWorldRounding(const ksTransformProperty &editedProperty,
 
 bool ksWorldRounding::isReachable(const osg::NodePtr &node)
 {
-    return toWorld(node).invert();
+    return ksWorldSpace::above(node).invert();
 }
 
 double ksWorldRounding::length(const osg::Vec3f &value)
@@ -62,12 +53,12 @@ double ksWorldRounding::length(const osg::Vec3f &value)
 
 double ksWorldRounding::inWorld() const
 {
-    return Precision * (world + stretchOf(toWorld(target.node)) * parent);
+    return Precision * (world + stretchOf(ksWorldSpace::above(target.node)) * parent);
 }
 
 double ksWorldRounding::lengthInParent() const
 {
-    osg::Matrix4d toParent = toWorld(target.node);
+    osg::Matrix4d toParent = ksWorldSpace::above(target.node);
     toParent.invert();
     return parent + stretchOf(toParent) * world;
 }

@@ -44,6 +44,7 @@ ksCheckedSession::ksCheckedSession(std::ostream &record, std::ostream &errorStre
 int ksCheckedSession::run(const ksEditorOptions &options)
 {
     firstId = allContainers().size();
+    differences = 0;
     return ksHeadlessSession::run(options);
 }
 
@@ -56,40 +57,49 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
                            ksVerdict &verdict)
 {
     ksTranscript transcript(record);
-    int differences = 0;
     int tolerated = 0;
     int containers = 0;
     QString classes;
     std::exception_ptr failure;
+    const auto attempt = [&failure](const auto &work) {
+        try {
+            work();
+        } catch (...) {
+            failure = failure == nullptr ? std::current_exception() : failure;
+        }
+    };
     {
         const ksOpenScene scene(root.get());
         ksCheckedHistory history(root.get(), transcript);
         root = osg::NodeRefPtr();
         containers = history.containerCount();
-        try {
+        attempt([&] {
             runEdits(history, options, record, transcript);
             if (options.script.isEmpty())
                 classes = QStringLiteral("%1 of %2 command classes")
                               .arg(ksCommandClasses::countIn(history))
                               .arg(ksCommandClasses::all().size());
-        } catch (const ksEditorError &) {
-            failure = std::current_exception();
-        }
-        if (record.failure().isEmpty())
-            history.check();
-        transcript.finish();
+        });
+        attempt([&] {
+            if (record.failure().isEmpty())
+                history.check();
+            transcript.finish();
+        });
         differences = history.differenceCount();
         tolerated = history.toleratedCount();
-        try {
+        attempt([&] {
             if (failure == nullptr && differences == 0)
                 saveOutput(history.root(), options, record);
-        } catch (const ksEditorError &) {
-            failure = std::current_exception();
-        }
+        });
     }
 
     if (const std::ptrdiff_t left = livingSince(firstId); left != 0) {
-        record.line(QStringLiteral("NOT RELEASED: %1 containers").arg(left), ksRecord::Tone::Bad);
+        record.line(QStringLiteral("NOT RELEASED: ") + ksRecord::counted(static_cast<int>(left),
+                                                                         QStringLiteral("container"),
+                                                                         QStringLiteral("containers")),
+                    ksRecord::Tone::Bad);
+        record.object({{QStringLiteral("event"), QStringLiteral("notReleased")},
+                       {QStringLiteral("containers"), static_cast<int>(left)}});
         ++differences;
     }
     verdict.count(transcript.stepCount(), QStringLiteral("step"), QStringLiteral("steps"));
@@ -101,7 +111,12 @@ int ksCheckedSession::edit(osg::NodeRefPtr root, const ksEditorOptions &options,
         verdict.remark(classes);
     if (failure != nullptr)
         std::rethrow_exception(failure);
-    return differences == 0 ? static_cast<int>(Done) : DifferenceFound;
+    return exitCodeAfter(Done);
+}
+
+int ksCheckedSession::exitCodeAfter(int exitCode) const
+{
+    return differences == 0 ? exitCode : DifferenceFound;
 }
 
 void ksCheckedSession::runEdits(ksCheckedHistory &history, const ksEditorOptions &options, ksRecord &record,
@@ -120,8 +135,10 @@ void ksCheckedSession::runEdits(ksCheckedHistory &history, const ksEditorOptions
     }
     runScript(
         options,
-        [&record, &transcript](const QString &line) {
-            transcript.finishStep();
+        [&record, &transcript, &history](const QString &line) {
+            // What is printed within a step stands before it.
+            if (history.isBetweenSteps())
+                transcript.finishStep();
             record.print(line);
         },
         [&history](std::ostream &prints) { return std::make_unique<ksCheckedScript>(history, prints); });

@@ -12,7 +12,8 @@ class ksTranscript;
 class ksCheckedSession : public ksHeadlessSession
 {
 public:
-    /// What the program exits with when it found a difference, or containers that were not released.
+    /// What the program exits with when it found a difference, or containers that were not released; also
+    /// when an error ended the edits.
     static constexpr int DifferenceFound = 4;
 
     /// The transcript goes to \a record. Both must outlive the session.
@@ -30,6 +31,11 @@ private:
 
     const char *ownStatusHelp() const override;
 
+    /// That of a difference, where there was one.
+    int exitCodeAfter(int exitCode) const override;
+
     /// The first id of those that the session's containers get.
     std::size_t firstId = 0;
+
+    int differences = 0;
 };

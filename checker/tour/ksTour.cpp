@@ -25,6 +25,13 @@ ksTour::ksTour(ksCheckedHistory &checkedHistory, std::function<void()> goOn)
 
 void ksTour::run()
 {
+    history.setGoOn(mayGoOn);
+    const auto askNoMore = qScopeGuard([this] { history.setGoOn({}); });
+    const auto undoAll = [this] {
+        while (history.stack()->canUndo())
+            history.stack()->undo();
+    };
+    const auto undoExtras = qScopeGuard(undoAll);
     ksTourTargets targets(history.root());
     const ksTourExtras extras(targets);
     begin("Add what the scene lacks");
@@ -32,10 +39,7 @@ void ksTour::run()
     // Commands call these when they are undone, as they are in any case.
     ksInvokeTour invokeTour(history, targets, extras);
     ksTransformTour transformTour(history, targets, extras);
-    const auto undoAll = qScopeGuard([this] {
-        while (history.stack()->canUndo())
-            history.stack()->undo();
-    });
+    const auto undoTour = qScopeGuard(undoAll);
 
     begin("Set fields of every type");
     ksFieldTour(history, targets, extras).run();
@@ -64,7 +68,6 @@ void ksTour::run()
 
 void ksTour::begin(const char *part)
 {
-    mayGoOn();
     history.beginPart(QLatin1String(part));
 }
 
@@ -73,7 +76,6 @@ void ksTour::walkHistory()
     for (const bool back : {true, false, true}) {
         ksUndoStack *stack = history.stack();
         while (back ? stack->canUndo() : stack->canRedo()) {
-            mayGoOn();
             if (back)
                 history.undo();
             else

@@ -10,7 +10,7 @@ class ksCheckedHistory;
 class ksTour
 {
 public:
-    /// \a checkedHistory must outlive the tour. \a goOn is called every now and then; what it throws ends the
+    /// \a checkedHistory must outlive the tour. \a goOn is called before each step; what it throws ends the
     /// tour.
     explicit ksTour(
         ksCheckedHistory &checkedHistory, std::function<void()> goOn = [] {});

@@ -18,7 +18,7 @@
 
 namespace {
 
-constexpr std::size_t NodesAtMost = 2;
+constexpr std::size_t VariedAtMost = 2;
 
 std::string namesOf(const osg::NodePtr &node)
 {
@@ -48,7 +48,7 @@ ksVariantTour::ksVariantTour(ksCheckedHistory &checkedHistory, const ksTourTarge
 
 void ksVariantTour::run()
 {
-    for (std::size_t i = 0; i < std::min(NodesAtMost, targets.transforms.size()); ++i)
+    for (std::size_t i = 0; i < std::min(VariedAtMost, targets.transforms.size()); ++i)
         visit(targets.transforms[i]);
 }
 

@@ -2,10 +2,11 @@
 #include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/scene/ksContainers.h>
 
-ksAttachUndoCommand::ksAttachUndoCommand(const osg::NodePtr &node, const osg::AttachmentPtr &attachment)
+ksAttachUndoCommand::ksAttachUndoCommand(const osg::NodePtr &node, const osg::AttachmentPtr &attachment,
+                                         QUndoCommand *parent)
     : ksContainerUndoCommand(QStringLiteral("Attach ") + QString::fromLatin1(attachment->getTypeName()) +
                                  QStringLiteral(" to '") + ksContainers::nameOf(node) + QLatin1Char('\''),
-                             node, false, true, nullptr)
+                             node, false, true, parent)
     , attachment(attachment)
 {}
 

@@ -14,7 +14,8 @@ class ksAttachUndoCommand : public ksContainerUndoCommand<ksAttachUndoCommand, o
     KS_UNDO_COMMAND(ksAttachUndoCommand)
 
 public:
-    ksAttachUndoCommand(const osg::NodePtr &node, const osg::AttachmentPtr &attachment);
+    ksAttachUndoCommand(const osg::NodePtr &node, const osg::AttachmentPtr &attachment,
+                        QUndoCommand *parent = nullptr);
 
 private:
     friend ksContainerUndoCommand;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksFieldRanges.h>
+#include <editor/edits/ksValueKinds.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksLooseNumber.h>
@@ -18,21 +19,9 @@
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 
-#include <cstring>
+#include <algorithm>
 
 namespace {
-
-QString shown(const QVariant &value)
-{
-    switch (static_cast<int>(value.type())) {
-    case QVariant::Invalid:
-        return QStringLiteral("undefined");
-    case QVariant::List:
-        return QStringLiteral("a list");
-    default:
-        return value.toString();
-    }
-}
 
 /// A field that is to be edited, and what it is to hold.
 class Edit
@@ -73,36 +62,34 @@ public:
                                      osg::Color4f>(*found, useTuple))
             return;
         if (found->getType() == osg::SFBool::getClassType()) {
-            refuseUnless(value.userType() == QMetaType::Bool);
+            refuseUnless(value.userType() == QMetaType::Bool, value);
             use(static_cast<osg::SFBool &>(*found), value.toBool());
         } else if (found->getType() == osg::SFString::getClassType()) {
-            refuseUnless(value.userType() == QMetaType::QString);
+            refuseUnless(value.userType() == QMetaType::QString, value);
             use(static_cast<osg::SFString &>(*found), value.toString().toStdString());
         } else if (found->getType() == osg::MFString::getClassType()) {
             use(static_cast<osg::MFString &>(*found), textsFrom());
         } else
             throw ksEditorError(QStringLiteral("the field '") + name + QStringLiteral("' of ") +
-                                ksContainers::label(container) + QStringLiteral(" is an ") +
-                                QString::fromLatin1(found->getType().getCName()) +
-                                QStringLiteral(", which cannot be edited"));
+                                ksContainers::label(container) + QStringLiteral(" cannot be edited"));
     }
 
 private:
-    void refuseUnless(bool fits) const
+    /// Throws unless \a part, the value or an element of it, \a fits.
+    void refuseUnless(bool fits, const QVariant &part) const
     {
         if (!fits)
-            throw ksEditorError(QLatin1Char('\'') + shown(value) +
-                                QStringLiteral("' does not fit the field '") + name + QStringLiteral("', ") +
-                                QString::fromLatin1(found->getType().getCName()));
+            ksValueKinds::refuse(name, ksValueKinds::ofField(*found),
+                                 (&part == &value ? QString() : QStringLiteral("an array with ")) +
+                                     ksValueKinds::shown(part));
     }
 
     template <class T>
     T numberFrom(const QVariant &given) const
     {
         const std::optional<T> number = ksLooseNumber::to<T>(given);
-        refuseUnless(number.has_value());
-        if constexpr (std::is_floating_point_v<T>)
-            ksFieldRanges::check(container, name, {static_cast<double>(*number)});
+        refuseUnless(number && (sizeof(T) == 8 || given.userType() != QMetaType::QString), given);
+        ksFieldRanges::check(container, name, {static_cast<double>(*number)});
         return *number;
     }
 
@@ -110,7 +97,7 @@ private:
     T tupleFrom() const
     {
         const QVariantList list = value.toList();
-        refuseUnless(list.size() == static_cast<int>(T::Size));
+        refuseUnless(list.size() == static_cast<int>(T::Size), value);
         T tuple;
         for (int i = 0; i < list.size(); ++i)
             tuple[static_cast<osg::UInt32>(i)] = numberFrom<float>(list[i]);
@@ -121,10 +108,10 @@ private:
     {
         const bool isList =
             value.userType() == QMetaType::QVariantList || value.userType() == QMetaType::QStringList;
-        refuseUnless(isList);
+        refuseUnless(isList, value);
         osg::MFString texts;
         for (const QVariant &text : value.toList()) {
-            refuseUnless(text.userType() == QMetaType::QString);
+            refuseUnless(text.userType() == QMetaType::QString, text);
             texts.push_back(text.toString().toStdString());
         }
         return texts;
@@ -169,8 +156,7 @@ bool ksFieldEdits::holds(const osg::FieldContainerPtr &container, const QString 
         else if constexpr (std::is_arithmetic_v<T> || std::is_same_v<T, std::string>)
             same = typed.getValue() == wanted;
         else // exactly, which their own comparison is not
-            same =
-                std::memcmp(typed.getValue().getValues(), wanted.getValues(), T::Size * sizeof(float)) == 0;
+            same = std::equal(wanted.getValues(), wanted.getValues() + T::Size, typed.getValue().getValues());
     });
     return same;
 }

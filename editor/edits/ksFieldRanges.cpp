@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/edits/ksFieldRanges.h>
+#include <editor/edits/ksValueKinds.h>
 #include <editor/ksEditorError.h>
 
 #include <OpenSG/OSGField.h>
@@ -26,6 +27,8 @@ const std::map<std::string, Range> &ranges()
     static const std::map<std::string, Range> all = {
         {"UberLight.diffuse", NotNegative},
         {"UberLight.glossy", NotNegative},
+        {"UberLight.intensity", NotNegative},
+        {"UberLight.attenuation", {0, 2}},
         {"UberLight.coneAngle", {0, 180}},
         {"UberLight.penumbraAngle", {0, 180}},
         {"UberLight.referenceDistance", NotNegative},
@@ -35,6 +38,7 @@ const std::map<std::string, Range> &ranges()
         {"UBRDFMaterial.roughness", Share},
         {"UBRDFMaterial.metalness", Share},
         {"UBRDFMaterial.refractionIndex", NotNegative},
+        {"Transform3D.rotationDirectionMode", {0, 2}},
         {"ksNodeSettings.opacity", Share},
     };
     return all;
@@ -42,8 +46,9 @@ const std::map<std::string, Range> &ranges()
 
 QString text(const Range &range)
 {
-    return range.most < Infinity ? QStringLiteral("%1 to %2").arg(range.least).arg(range.most)
-                                 : QStringLiteral("at least %1").arg(range.least);
+    return range.most < Infinity ? QStringLiteral("numbers from %1 to %2").arg(range.least).arg(range.most)
+           : range.least > -Infinity ? QStringLiteral("numbers of at least %1").arg(range.least)
+                                     : QStringLiteral("finite numbers");
 }
 
 } // namespace
@@ -64,12 +69,8 @@ void ksFieldRanges::check(const osg::FieldContainerPtr &container, const QString
 {
     const Range range = of(container, field);
     for (const double number : numbers) {
-        const QString refusal = QLatin1Char('\'') + QString::number(number) +
-                                QStringLiteral("' makes no sense for '") + field +
-                                QStringLiteral("': it is ");
-        if (!std::isfinite(number))
-            throw ksEditorError(refusal + QStringLiteral("not finite"));
-        if (number < range.least || number > range.most)
-            throw ksEditorError(refusal + QStringLiteral("not ") + text(range));
+        if (!std::isfinite(number) || number < range.least || number > range.most)
+            throw ksEditorError(QLatin1Char('\'') + field + QStringLiteral("' takes ") + text(range) +
+                                QStringLiteral(", not ") + ksValueKinds::shown(number));
     }
 }

@@ -7,7 +7,7 @@
 
 #include <vector>
 
-/// Which numbers make sense in fields of floating-point numbers.
+/// Which numbers make sense in fields.
 namespace ksFieldRanges {
 
 /// Both ends belong to it; they are infinite where there is no limit.

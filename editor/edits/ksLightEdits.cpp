@@ -17,7 +17,7 @@ namespace {
 
 /// A row of the table: the command that sets what \a Get answers.
 template <class Command, auto Get>
-struct Row
+struct LightRow
 {
     using Value = std::decay_t<decltype(Get(osg::NodePtr()))>;
     static constexpr bool IsColour = std::is_same_v<Value, osg::Vec3f>;
@@ -68,12 +68,12 @@ void addMark(QUndoCommand *batch, const osg::NodePtr &node, bool keeps)
 const std::vector<ksLightProperty> &ksLightEdits::properties()
 {
     static const std::vector<ksLightProperty> all = {
-        Row<ksLightDiffuseUndoCommand, &ksLights::getDiffuse>::named("diffuse"),
-        Row<ksLightGlossyUndoCommand, &ksLights::getGlossy>::named("glossy"),
-        Row<ksLightIntensityUndoCommand, &ksLights::getLightValue>::named("intensity"),
-        Row<ksLightPenumbraAngleUndoCommand, &ksLights::getPenumbraAngle>::named("penumbraAngle"),
-        Row<ksLightConeAngleUndoCommand, &ksLights::getConeAngle>::named("coneAngle"),
-        Row<ksLightAttenuationUndoCommand, &ksLights::getAttenuation>::named("attenuation"),
+        LightRow<ksLightDiffuseUndoCommand, &ksLights::getDiffuse>::named("diffuse"),
+        LightRow<ksLightGlossyUndoCommand, &ksLights::getGlossy>::named("glossy"),
+        LightRow<ksLightIntensityUndoCommand, &ksLights::getLightValue>::named("intensity"),
+        LightRow<ksLightPenumbraAngleUndoCommand, &ksLights::getPenumbraAngle>::named("penumbraAngle"),
+        LightRow<ksLightConeAngleUndoCommand, &ksLights::getConeAngle>::named("coneAngle"),
+        LightRow<ksLightAttenuationUndoCommand, &ksLights::getAttenuation>::named("attenuation"),
     };
     return all;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 class ksTagUndoCommand;
+class QUndoCommand;
 
 /// The edits of tags that the editor offers.
 namespace ksTagEdits {
@@ -25,5 +26,8 @@ bool hasTag(const osg::TagAttachmentPtr &tags, osg::UInt32 field, const std::str
 /// with a tag is its length. The node must have tags, among them the one to be removed. The caller owns the
 /// command.
 ksTagUndoCommand *make(const osg::NodePtr &node, osg::UInt32 field, const std::string &tag, bool adding);
+
+/// The same for the first tag of a node that has none as yet.
+QUndoCommand *makeFirst(const osg::NodePtr &node, osg::UInt32 field, const std::string &tag);
 
 } // namespace ksTagEdits

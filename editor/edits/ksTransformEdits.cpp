@@ -2,11 +2,13 @@
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksWorldSpace.h>
 
-#include <OSGPrecision.h>
 #include <ksNodeUtils.h>
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -17,7 +19,7 @@ using osg::Transform3D;
 /// A row of the table: the command that sets what \a Get answers. \a Mode is bool for those that take a
 /// space.
 template <class Command, auto Get, class... Mode>
-struct Row
+struct TransformRow
 {
     static constexpr bool HasIndex = std::is_invocable_v<decltype(Get), osg::NodePtr, Mode..., int>;
     static constexpr bool HasCallback = std::is_constructible_v<Command, osg::NodePtr, osg::Vec3f, Mode...,
@@ -65,24 +67,27 @@ ksUndoCommand *makeDirection(const ksTransformTarget &target, const osg::Vec3f &
 const std::vector<ksTransformProperty> &ksTransformEdits::properties()
 {
     static const std::vector<ksTransformProperty> all = {
-        Row<ksTranslationUndoCommand, &ksNodeUtils::getTransformNodeTranslation, bool>::named(
+        TransformRow<ksTranslationUndoCommand, &ksNodeUtils::getTransformNodeTranslation, bool>::named(
             "translation", Transform3D::TranslationFieldId),
-        Row<ksRotationUndoCommand, &ksNodeUtils::getTransformNodeRotation>::named(
+        TransformRow<ksRotationUndoCommand, &ksNodeUtils::getTransformNodeRotation>::named(
             "eulerRotation", Transform3D::EulerRotationFieldId),
-        Row<ksScaleUndoCommand, &ksNodeUtils::getTransformNodeScale>::named("scale",
-                                                                            Transform3D::ScaleFieldId),
-        Row<ksShearUndoCommand, &ksNodeUtils::getTransformNodeShear>::named("shear",
-                                                                            Transform3D::ShearFieldId),
-        Row<ksScalePivotUndoCommand, &ksNodeUtils::getTransformNodeScalePivot, bool>::named(
+        TransformRow<ksScaleUndoCommand, &ksNodeUtils::getTransformNodeScale>::named(
+            "scale", Transform3D::ScaleFieldId),
+        TransformRow<ksShearUndoCommand, &ksNodeUtils::getTransformNodeShear>::named(
+            "shear", Transform3D::ShearFieldId),
+        TransformRow<ksScalePivotUndoCommand, &ksNodeUtils::getTransformNodeScalePivot, bool>::named(
             "scalePivot", Transform3D::ScalePivotFieldId),
-        Row<ksRotationPivotUndoCommand, &ksNodeUtils::getTransformNodeRotatePivot, bool>::named(
+        TransformRow<ksRotationPivotUndoCommand, &ksNodeUtils::getTransformNodeRotatePivot, bool>::named(
             "rotatePivot", Transform3D::RotatePivotFieldId),
-        Row<ksScalePivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeScalePivotTranslation>::named(
-            "scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
-        Row<ksRotationPivotTranslationUndoCommand, &ksNodeUtils::getTransformNodeRotatePivotTranslation>::
+        TransformRow<ksScalePivotTranslationUndoCommand,
+                     &ksNodeUtils::getTransformNodeScalePivotTranslation>::
+            named("scalePivotTranslation", Transform3D::ScalePivotTranslationFieldId),
+        TransformRow<ksRotationPivotTranslationUndoCommand,
+                     &ksNodeUtils::getTransformNodeRotatePivotTranslation>::
             named("rotatePivotTranslation", Transform3D::RotatePivotTranslationFieldId),
-        Row<ksRotationPivotOrientationUndoCommand, &ksNodeUtils::getTransformNodeRotationOrientation>::named(
-            "rotationOrientation", Transform3D::RotationOrientationFieldId),
+        TransformRow<ksRotationPivotOrientationUndoCommand,
+                     &ksNodeUtils::getTransformNodeRotationOrientation>::
+            named("rotationOrientation", Transform3D::RotationOrientationFieldId),
         {"rotationDirection", Transform3D::RotationDirectionFieldId, false, true, false, &readDirection,
          &makeDirection},
     };
@@ -98,23 +103,26 @@ const ksTransformProperty *ksTransformEdits::find(const QString &name)
     return found != properties().end() ? &*found : nullptr;
 }
 
-void ksTransformEdits::refuseUnreachable(const osg::NodePtr &node)
+void ksTransformEdits::refuseUnreachable(const osg::NodePtr &node, const osg::Vec3f &position)
 {
-    osg::Matrix4d toWorld;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC; parent = parent->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(parent->getCore()))
-            toWorld.multLeft(osg::inPrecisionOf<osg::Matrix4d>(transform->getMatrix()));
-    if (!toWorld.invert())
-        throw ksEditorError(
-            ksContainers::label(node) +
-            QStringLiteral(" cannot be placed in world space: what is above it is flattened"));
+    const QString refusal = ksContainers::label(node) + QStringLiteral(" cannot be placed ");
+    osg::Matrix4d toParent = ksWorldSpace::above(node);
+    if (!toParent.invert())
+        throw ksEditorError(refusal + QStringLiteral("in world space: what is above it is flattened"));
+    for (osg::UInt32 row = 0; row < 3; ++row) {
+        double value = toParent[3][row];
+        for (osg::UInt32 column = 0; column < 3; ++column)
+            value += toParent[column][row] * position[column];
+        if (!(std::abs(value) <= std::numeric_limits<float>::max()))
+            throw ksEditorError(refusal + QStringLiteral("so far away"));
+    }
 }
 
 ksTransformationUndoCommand *
 ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &values, int index, bool syncs,
-                            ksTransformationUndoCommand::Notification notification)
+                            ksTransformationUndoCommand::Notification notification, QUndoCommand *parent)
 {
-    return new ksTransformationUndoCommand(node, values, syncs, nullptr, std::move(notification), index);
+    return new ksTransformationUndoCommand(node, values, syncs, parent, std::move(notification), index);
 }
 
 osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)

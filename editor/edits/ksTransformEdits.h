@@ -64,12 +64,13 @@ const std::vector<ksTransformProperty> &properties();
 /// The one called \a name, or null.
 const ksTransformProperty *find(const QString &name);
 
-/// Throws ksEditorError when positions in world space have none in the space of \a node's parent.
-void refuseUnreachable(const osg::NodePtr &node);
+/// Throws ksEditorError when \a position in world space has none in the space of \a node's parent.
+void refuseUnreachable(const osg::NodePtr &node, const osg::Vec3f &position);
 
 /// A new command that applies \a values to the transform of \a node that \a index means. The caller owns it.
 ksTransformationUndoCommand *makeApply(const osg::NodePtr &node, const ksTransformation &values, int index,
-                                       bool syncs, ksTransformationUndoCommand::Notification notification);
+                                       bool syncs, ksTransformationUndoCommand::Notification notification,
+                                       QUndoCommand *parent = nullptr);
 
 /// A new variant called \a name, with a transform that is as \a node's own is now.
 osg::TransformVariantPtr makeVariant(const osg::NodePtr &node, const std::string &name);

@@ -5,26 +5,23 @@
 #include <editor/scene/ksContainers.h>
 
 #include <OSGTransformVariantsAttachment.h>
+#include <ksNodeUtils.h>
 
 #include <algorithm>
 
 namespace {
 
-osg::TransformVariantsAttachmentPtr variantsOf(const osg::NodePtr &node)
-{
-    return osg::TransformVariantsAttachmentPtr::dcast(
-        node->findAttachment(osg::TransformVariantsAttachment::getClassType()));
-}
-
 /// Gives \a copy the variants of \a node, which copies of attachments leave out.
 void copyVariants(const osg::NodePtr &node, const osg::NodePtr &copy)
 {
-    const osg::TransformVariantsAttachmentPtr source = variantsOf(node);
-    const osg::TransformVariantsAttachmentPtr target = variantsOf(copy);
+    const osg::TransformVariantsAttachmentPtr source = ksNodeUtils::getTransformVariantsAttachment(node);
+    const osg::TransformVariantsAttachmentPtr target = ksNodeUtils::getTransformVariantsAttachment(copy);
     if (source == osg::NullFC || target == osg::NullFC)
         return;
     CPEdit(target, osg::TransformVariantsAttachment::VariantsFieldMask);
     for (const osg::TransformVariantPtr &variant : source->getVariants()) {
+        if (variant == osg::NullFC)
+            continue;
         const auto made = osg::TransformVariantPtr::dcast(variant->shallowCopy());
         CPEdit(made, osg::TransformVariant::TransformFieldMask);
         if (variant->getTransform() != osg::NullFC)
@@ -51,6 +48,34 @@ void refuseRoot(const osg::NodePtr &node, const char *what)
                             QLatin1String(what));
 }
 
+/// How many nodes there are from \a node, which is counted, up to the root.
+int depthOf(osg::NodePtr node)
+{
+    int depth = 0;
+    for (; node != osg::NullFC; node = node->getParent())
+        ++depth;
+    return depth;
+}
+
+/// How many there are from \a node down to the deepest leaf, up to one more than may be.
+int heightOf(const osg::NodePtr &node, int most = ksContainers::MostLevels)
+{
+    int height = 0;
+    for (osg::UInt32 i = 0; i < node->getNChildren() && height < most; ++i)
+        height = std::max(height, heightOf(node->getChild(i), most - 1));
+    return height + 1;
+}
+
+/// Throws ksEditorError when \a child would be, or have something, too deep below \a parent.
+void refuseTooDeep(const osg::NodePtr &parent, const osg::NodePtr &child)
+{
+    constexpr int Most = ksContainers::MostLevels;
+    if (depthOf(parent) + heightOf(child) > Most)
+        throw ksEditorError(ksContainers::label(child) + QStringLiteral(" cannot be placed below ") +
+                            ksContainers::label(parent) +
+                            QStringLiteral(": nodes nest %1 deep at most").arg(Most));
+}
+
 QString textOf(const char *what, const osg::NodePtr &node)
 {
     return QLatin1String(what) + QStringLiteral(" '") + ksContainers::nameOf(node) + QLatin1Char('\'');
@@ -67,6 +92,7 @@ osg::NodePtr ksTreeEdits::copy(const osg::NodePtr &node)
 
 QUndoCommand *ksTreeEdits::makeAdd(const osg::NodePtr &parent, const osg::NodePtr &child)
 {
+    refuseTooDeep(parent, child);
     return new ksAddChildUndoCommand(parent, child);
 }
 
@@ -93,5 +119,6 @@ QUndoCommand *ksTreeEdits::makeMove(const osg::NodePtr &node, const osg::NodePtr
         place.index = static_cast<osg::UInt32>(index);
     if (place.parent == before.parent && place.index == before.index)
         return nullptr;
+    refuseTooDeep(parent, node);
     return new ksMoveNodeUndoCommand(textOf("Move", node), node, place);
 }

@@ -6,7 +6,8 @@
 #include <OpenSG/OSGNode.h>
 
 /// The edits of the scene's tree that the editor offers. All commands belong to the caller. What is not
-/// possible throws ksEditorError: to move or remove the root, or a node below itself.
+/// possible throws ksEditorError: to move or remove the root, or a node below itself, or to nest nodes deeper
+/// than ksContainers::MostLevels.
 namespace ksTreeEdits {
 
 /// A copy of \a node and all below it, with cores, settings, tags and variants of their own; materials and

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksExtrasWriter.h>
 #include <editor/scene/ksFieldJson.h>
+#include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksSavedFields.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
@@ -9,31 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include <charconv>
-#include <string>
 #include <utility>
-
-namespace {
-
-/// The ids in the text of a field of handles, 0 for null.
-std::vector<osg::UInt32> idsIn(const osg::Field &field)
-{
-    std::string text;
-    field.getValueByStr(text);
-    std::vector<osg::UInt32> ids;
-    const char *const end = text.data() + text.size();
-    for (const char *at = text.data(); at < end; ++at) {
-        osg::UInt32 id = 0;
-        const std::from_chars_result read = std::from_chars(at, end, id);
-        if (read.ec == std::errc()) {
-            ids.push_back(id);
-            at = read.ptr;
-        }
-    }
-    return ids;
-}
-
-} // namespace
 
 ksExtrasWriter::ksExtrasWriter(const std::vector<osg::NodePtr> &nodes, IsElsewhere elsewhere)
     : isElsewhere(std::move(elsewhere))
@@ -118,7 +95,7 @@ const std::vector<QJsonValue> &ksExtrasWriter::valuesWhenNew(const osg::FieldCon
 QJsonValue ksExtrasWriter::references(const osg::Field &field)
 {
     QJsonArray list;
-    for (const osg::UInt32 id : idsIn(field))
+    for (const osg::UInt32 id : ksFieldReferences::ids(field))
         list.append(reach(id));
     if (field.getCardinality() == osg::FieldType::MULTI_FIELD)
         return list.isEmpty() ? QJsonValue() : QJsonValue(list);
@@ -138,7 +115,7 @@ QJsonValue ksExtrasWriter::parents(const osg::Field &field)
 {
     QJsonArray list;
     // They do not belong to the scene just because of what they share with it.
-    for (const osg::UInt32 id : idsIn(field))
+    for (const osg::UInt32 id : ksFieldReferences::ids(field))
         list.append(idOf(osg::FieldContainerFactory::the()->getContainer(id)));
     return list;
 }

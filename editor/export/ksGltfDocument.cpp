@@ -40,7 +40,7 @@ void appendChunk(QByteArray &bytes, const char *type, const QByteArray &content)
 void collectExtensions(const QJsonValue &value, std::set<QString> &names)
 {
     if (value.isArray()) {
-        for (const QJsonValue &element : value.toArray())
+        for (const QJsonValue element : value.toArray())
             collectExtensions(element, names);
         return;
     }
@@ -100,13 +100,21 @@ int ksGltfDocument::addBytes(const QByteArray &bytes)
 
 void ksGltfDocument::replaceBytes(int index, const void *bytes, std::size_t size)
 {
-    const QJsonValue accessor = json.value(QLatin1String("accessors"))[index];
+    // Taken away, so that nothing is copied.
+    QJsonArray accessors = json.take(QLatin1String("accessors")).toArray();
+    QJsonObject accessor = accessors.at(index).toObject();
     const QJsonValue view =
         json.value(QLatin1String("bufferViews"))[accessor[QLatin1String("bufferView")].toInt(-1)];
     const int offset =
         view[QLatin1String("byteOffset")].toInt() + accessor[QLatin1String("byteOffset")].toInt();
-    if (offset <= buffer.size() && static_cast<std::size_t>(buffer.size() - offset) >= size)
-        std::memcpy(buffer.data() + offset, bytes, size);
+    if (!view.isObject() || offset > buffer.size() || static_cast<std::size_t>(buffer.size() - offset) < size)
+        throw ksEditorError("the exported document is not sound");
+    std::memcpy(buffer.data() + offset, bytes, size);
+    // They are those of the bytes that were there.
+    accessor.remove(QStringLiteral("min"));
+    accessor.remove(QStringLiteral("max"));
+    accessors.replace(index, accessor);
+    json.insert(QStringLiteral("accessors"), accessors);
 }
 
 QByteArray ksGltfDocument::toText()

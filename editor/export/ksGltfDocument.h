@@ -22,7 +22,8 @@ public:
     /// Adds bytes to the buffer; the index of their buffer view.
     int addBytes(const QByteArray &bytes);
 
-    /// Puts \a bytes in the place of those that the accessor \a index is about, as many as there are.
+    /// Puts \a bytes in the place of those that the accessor \a index is about, as many as there are. Throws
+    /// ksEditorError when there is no such place.
     void replaceBytes(int index, const void *bytes, std::size_t size);
 
     /// The document as text, with its buffer in base64.

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksMaterialExporter.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
@@ -16,15 +18,7 @@ namespace {
 
 constexpr float UsualRefractionIndex = 1.5F;
 
-float positive(float value)
-{
-    return std::isfinite(value) ? std::max(value, 0.0F) : 0;
-}
-
-float share(float value)
-{
-    return std::min(positive(value), 1.0F);
-}
+using ksSoundNumbers::share;
 
 aiColor3D toShares(const osg::Vec3f &color)
 {
@@ -79,11 +73,9 @@ bool isClose(const aiColor3D &a, const aiColor3D &b)
 
 osg::ColorComponentPtr findComponent(const osg::UberMaterial &material, const char *name)
 {
-    for (const osg::ColorComponentPtr &component : material.getColorComponentData()) {
-        const char *ownName = component == osg::NullFC ? nullptr : osg::getName(component);
-        if (ownName != nullptr && std::string_view(ownName) == name)
+    for (const osg::ColorComponentPtr &component : material.getColorComponentData())
+        if (ksContainers::ownNameOf(component) == name)
             return component;
-    }
     return osg::NullFC;
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <editor/export/ksMeshExporter.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <assimp/mesh.h>
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 
 namespace {
@@ -13,9 +13,7 @@ template <class FieldT>
 bool isFinite(const FieldT &vectors)
 {
     return std::all_of(vectors.begin(), vectors.end(), [](const auto &vector) {
-        const auto *values = vector.getValues();
-        return std::all_of(values, values + std::decay_t<decltype(vector)>::Size,
-                           [](float value) { return std::isfinite(value); });
+        return ksSoundNumbers::areFinite(vector.getValues(), std::decay_t<decltype(vector)>::Size);
     });
 }
 

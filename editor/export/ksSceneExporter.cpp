@@ -9,6 +9,7 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 #include <editor/scene/ksGltfNames.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <OpenSG/OSGTransform.h>
@@ -73,8 +74,7 @@ void replace(T **&array, unsigned int &count, std::vector<std::unique_ptr<T>> &o
 
 QString nameOf(const osg::AttachmentContainerPtr &container)
 {
-    const char *name = container == osg::NullFC ? nullptr : osg::getName(container);
-    return QString::fromUtf8(name);
+    return QString::fromStdString(ksContainers::ownNameOf(container));
 }
 
 void insertName(QJsonObject &target, const QString &name)
@@ -97,13 +97,12 @@ QJsonArray matrixOf(const osg::NodePtr &node)
     const osg::TransformPtr transform = osg::TransformPtr::dcast(node->getCore());
     if (transform == osg::NullFC || transform->getMatrix() == osg::Matrix())
         return {};
-    QJsonArray numbers;
     const float *values = transform->getMatrix().getValues();
-    for (unsigned int i = 0; i < osg::Matrix::Size; ++i)
+    QJsonArray numbers;
+    for (unsigned int i = 0; ksSoundNumbers::areFinite(values, osg::Matrix::Size) && i < osg::Matrix::Size;
+         ++i)
         numbers.append(double(values[i]));
-    const bool isFinite =
-        std::all_of(values, values + osg::Matrix::Size, [](float value) { return std::isfinite(value); });
-    return isFinite ? numbers : QJsonArray();
+    return numbers;
 }
 
 QJsonObject extrasOf(const QJsonValue &content)
@@ -112,7 +111,8 @@ QJsonObject extrasOf(const QJsonValue &content)
 }
 
 /// Makes the document of one scene. The document's nodes, meshes, materials and images are known by their
-/// positions, which are also what Assimp gets as their names and paths.
+/// positions, which are also what Assimp gets as their names and paths: where these are equal it takes long
+/// to find others.
 class DocumentBuilder
 {
 public:
@@ -150,19 +150,19 @@ private:
     std::unique_ptr<aiScene> createAssimpScene()
     {
         std::unique_ptr<aiScene> scene = createScene();
-        delete scene->mRootNode;
+        delete std::exchange(scene->mRootNode, nullptr);
         std::size_t next = 0;
         scene->mRootNode = createAssimpNode(next).release();
         replace(scene->mMeshes, scene->mNumMeshes, assimpMeshes);
-        if (assimpMaterials.empty())
-            assimpMaterials.push_back(createAssimpMaterial({}));
         replace(scene->mMaterials, scene->mNumMaterials, assimpMaterials);
         return scene;
     }
 
     /// The node at the position \a next, and those below it.
-    std::unique_ptr<aiNode> createAssimpNode(std::size_t &next)
+    std::unique_ptr<aiNode> createAssimpNode(std::size_t &next, int level = 1)
     {
+        if (level > ksContainers::MostLevels)
+            throw ksEditorError("its nodes are nested too deeply");
         const osg::NodePtr node = nodes[next];
         auto result = std::make_unique<aiNode>(std::to_string(next++));
         const auto mesh = osg::ksMeshPtr::dcast(node->getCore());
@@ -172,7 +172,7 @@ private:
         }
         result->mChildren = node->getNChildren() > 0 ? new aiNode *[node->getNChildren()] : nullptr;
         for (osg::UInt32 i = 0; i < node->getNChildren(); ++i) {
-            result->mChildren[i] = createAssimpNode(next).release();
+            result->mChildren[i] = createAssimpNode(next, level + 1).release();
             result->mChildren[i]->mParent = result.get();
             result->mNumChildren = i + 1;
         }
@@ -188,6 +188,7 @@ private:
             meshes.push_back(mesh);
             exportedMeshes.insert(mesh.getFieldContainerId());
             assimpMeshes.push_back(ksMeshExporter::create(mesh, material));
+            assimpMeshes.back()->mName = aiString(QStringLiteral("mesh %1").arg(found->second).toStdString());
         }
         return found->second;
     }
@@ -199,6 +200,8 @@ private:
         if (isNew) {
             materials.push_back({material, opacity});
             assimpMaterials.push_back(createAssimpMaterial(materials.back()));
+            const aiString name(QStringLiteral("material %1").arg(found->second).toStdString());
+            assimpMaterials.back()->AddProperty(&name, AI_MATKEY_NAME);
         }
         return found->second;
     }
@@ -250,7 +253,7 @@ private:
                 QLatin1String("primitives"))[0][QLatin1String("attributes")][QLatin1String("NORMAL")];
             const osg::MFVec3f::StorageType &normals = meshes[i]->getNormals().getValues();
             if (!normals.empty())
-                document.replaceBytes(normal.toInt(), normals.data(), normals.size() * sizeof(osg::Vec3f));
+                document.replaceBytes(normal.toInt(-1), normals.data(), normals.size() * sizeof(osg::Vec3f));
             all.replace(position, entry);
         }
         if (!all.isEmpty())
@@ -272,7 +275,7 @@ private:
                 entry.insert(QStringLiteral("matrix"), matrix);
             if (const auto light = osg::UberLightPtr::dcast(nodes[i]->getCore())) {
                 const QJsonObject reference{{QStringLiteral("light"), lights.size()}};
-                entry.insert(QStringLiteral("extensions"), QJsonObject{{lightExtension(), reference}});
+                entry.insert(QStringLiteral("extensions"), QJsonObject{{ksGltfNames::lights(), reference}});
                 lights.append(ksLightExporter::toGltf(light, nameOf(nodes[i])));
             }
             entry.insert(QStringLiteral("extras"), extrasOf(extras.textOf(nodes[i])));
@@ -281,11 +284,9 @@ private:
         document.json.insert(QStringLiteral("nodes"), all);
         if (!lights.isEmpty()) {
             const QJsonObject content{{QStringLiteral("lights"), lights}};
-            document.json.insert(QStringLiteral("extensions"), QJsonObject{{lightExtension(), content}});
+            document.json.insert(QStringLiteral("extensions"), QJsonObject{{ksGltfNames::lights(), content}});
         }
     }
-
-    static QString lightExtension() { return QStringLiteral("KHR_lights_punctual"); }
 
     void completeMaterials(ksGltfDocument &document, ksExtrasWriter &extras) const
     {
@@ -299,7 +300,8 @@ private:
             transformTextures(entry, ksMaterialExporter::textureTransform(materials[i].source));
             all.replace(position, entry);
         }
-        document.json.insert(QStringLiteral("materials"), all);
+        if (!all.isEmpty())
+            document.json.insert(QStringLiteral("materials"), all);
     }
 
     /// Gives the textures of \a material the transform, unless that is empty.
@@ -310,7 +312,7 @@ private:
             if (info.isEmpty() || transform.isEmpty())
                 return;
             info.insert(QStringLiteral("extensions"),
-                        QJsonObject{{QStringLiteral("KHR_texture_transform"), transform}});
+                        QJsonObject{{ksGltfNames::textureTransform(), transform}});
             owner.insert(texture, info);
         };
         const QString physicallyBased = QStringLiteral("pbrMetallicRoughness");
@@ -329,7 +331,7 @@ private:
             isDone[index] = true;
         };
         // The exporter has made those that materials show, and knows them by the path that it was given.
-        for (const QJsonValue &entry : document.json.value(QLatin1String("images")).toArray())
+        for (const QJsonValue entry : document.json.value(QLatin1String("images")).toArray())
             append(entry[QLatin1String("uri")].toString().toUInt());
         for (std::size_t i = 0; i < images.size(); ++i)
             if (!isDone[i])

@@ -7,24 +7,12 @@
 #include <QUndoCommand>
 
 #include <memory>
-#include <typeinfo>
 
 namespace {
 
 QString named(const char *what, const QString &text)
 {
     return QLatin1String(what) + QStringLiteral(" \"") + text + QLatin1Char('"');
-}
-
-/// Whether \a macro and the macros in it have no commands.
-bool isEmpty(const QUndoCommand &macro)
-{
-    for (int i = 0; i < macro.childCount(); ++i) {
-        const QUndoCommand &child = *macro.child(i);
-        if (typeid(child) != typeid(QUndoCommand) || !isEmpty(child))
-            return false;
-    }
-    return true;
 }
 
 } // namespace
@@ -43,8 +31,10 @@ ksEditHistory::~ksEditHistory()
 
 void ksEditHistory::close()
 {
-    for (; openMacros > 0; --openMacros)
+    for (; openMacros > static_cast<int>(emptyMacros.size()); --openMacros)
         undoStack->endMacro();
+    openMacros = 0;
+    emptyMacros.clear();
     while (undoStack->canUndo())
         undoStack->undo();
     undoStack->clear();
@@ -84,6 +74,8 @@ void ksEditHistory::add(QUndoCommand *command)
 {
     std::unique_ptr<QUndoCommand> owned(command);
     step(named("add", command->text()), [this, &owned] {
+        for (const QString &text : std::exchange(emptyMacros, {}))
+            undoStack->beginMacro(text);
         undoStack->add(owned.get());
         static_cast<void>(owned.release());
     });
@@ -91,13 +83,18 @@ void ksEditHistory::add(QUndoCommand *command)
 
 void ksEditHistory::drag(int events, const std::function<QUndoCommand *(int event)> &make)
 {
-    if (events == 0)
+    int event = 0;
+    std::unique_ptr<QUndoCommand> next;
+    const auto makeNext = [&] {
+        while (next == nullptr && event < events)
+            next.reset(make(event++));
+        return next != nullptr;
+    };
+    if (!makeNext())
         return;
-    std::unique_ptr<QUndoCommand> first(make(0));
-    step(named("drag", first->text()) + QStringLiteral(", %1 events").arg(events), [&] {
-        add(first.release());
-        for (int event = 1; event < events; ++event)
-            add(make(event));
+    step(named("drag", next->text()) + QStringLiteral(", %1 events").arg(events), [&] {
+        while (makeNext())
+            add(next.release());
     });
 }
 
@@ -138,7 +135,7 @@ void ksEditHistory::beginMacro(const QString &text)
 {
     refuseWithinStep();
     beginStep(named("macro", text));
-    undoStack->beginMacro(text);
+    emptyMacros.push_back(text);
     ++openMacros;
 }
 
@@ -150,8 +147,12 @@ void ksEditHistory::endMacro(bool keep)
     // It counts as ended already when those who are told of it throw.
     --openMacros;
     finish([this, keep] {
+        if (!emptyMacros.empty()) {
+            emptyMacros.pop_back();
+            return;
+        }
         undoStack->endMacro();
-        if (openMacros == 0 && (!keep || isEmpty(*undoStack->currentCommand())))
+        if (openMacros == 0 && !keep)
             dropLast();
     });
 }

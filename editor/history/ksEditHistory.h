@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 class QUndoCommand;
 
@@ -31,7 +32,7 @@ public:
     virtual void add(QUndoCommand *command);
 
     /// Adds the commands that \a make gives for the numbers from 0 to \a events - 1, which follow each other
-    /// as those of a drag do, as one step. When \a make throws, those before stay.
+    /// as those of a drag do, as one step; null stands for none. When \a make throws, those before stay.
     virtual void drag(int events, const std::function<QUndoCommand *(int event)> &make);
 
     /// One step each. Not possible without a command to undo or redo, within a macro and within a step.
@@ -53,8 +54,8 @@ public:
     /// end throws, the macro has ended all the same.
     void beginMacro(const QString &text);
 
-    /// A macro in which nothing was done leaves no command. Nor does one that is not to be kept: what it did
-    /// is undone. Only the outermost macro may be dropped so.
+    /// A macro in which nothing was done leaves the stack as it was. One that is not to be kept leaves no
+    /// command: what it did is undone. Only the outermost macro may be dropped so.
     void endMacro(bool keep = true);
 
     /// Has \a observer called at the end of each step, while the change list still tells what it changed. One
@@ -113,5 +114,9 @@ private:
     ksUndoStack *undoStack;
     std::function<void()> stepObserver;
     int openMacros = 0;
+
+    /// The innermost of them, in which nothing has been done: the stack forgets what can be redone when it is
+    /// told of one.
+    std::vector<QString> emptyMacros;
     bool stepping = false;
 };

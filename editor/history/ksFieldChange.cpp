@@ -18,6 +18,7 @@
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -94,6 +95,7 @@ bool isBackReference(const std::string &field)
 
 /// Appends what has changed in the fields \a mask of \a container.
 void appendChanges(const osg::FieldContainerPtr &container, osg::BitVector mask,
+                   const std::function<bool(osg::UInt32, osg::UInt32)> &keepsContent,
                    std::vector<ksFieldChange> &changes)
 {
     const osg::FieldContainerType &type = container->getType();
@@ -108,17 +110,27 @@ void appendChanges(const osg::FieldContainerPtr &container, osg::BitVector mask,
             const osg::AspectScope scope(EarlierAspect);
             before = container->getField(id);
         }
+        std::optional<std::string> content;
+        if (keepsContent && keepsContent(container.getFieldContainerId(), id))
+            content = ksFieldReader::content(*before);
         // The sizes tell of most long lists, which take long to read.
         if (after->getSize() != before->getSize() ||
-            !ksFieldReader::holds(*after, ksFieldReader::content(*before)))
+            !ksFieldReader::holds(*after, content ? *content : ksFieldReader::content(*before)))
             changes.push_back({container.getFieldContainerId(), QString::fromLatin1(type.getCName()),
                                ksContainers::nameOf(container), id,
                                QString::fromLatin1(description->getCName()), valueText(*before),
-                               valueText(*after), entriesText(*before, *after)});
+                               valueText(*after), entriesText(*before, *after), std::move(content)});
     }
 }
 
 } // namespace
+
+bool ksFieldChange::isTakenBack() const
+{
+    const osg::FieldContainerPtr owner = osg::FieldContainerFactory::the()->getContainer(container);
+    return owner == osg::NullFC ||
+           (contentBefore && ksFieldReader::holds(*owner->getField(fieldId), *contentBefore));
+}
 
 QString ksFieldChange::inFull() const
 {
@@ -162,7 +174,8 @@ QString ksFieldChange::summary(const std::vector<ksFieldChange> &changes)
     return text;
 }
 
-std::vector<ksFieldChange> ksFieldChange::take()
+std::vector<ksFieldChange>
+ksFieldChange::take(const std::function<bool(osg::UInt32, osg::UInt32)> &keepsContent)
 {
     osg::ChangeList &list = *osg::Thread::getCurrentChangeList();
     const std::unordered_set<osg::UInt32> created(list.beginCreated(), list.endCreated());
@@ -179,7 +192,7 @@ std::vector<ksFieldChange> ksFieldChange::take()
     for (const osg::UInt32 id : order) {
         const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
         if (container != osg::NullFC && created.count(id) == 0)
-            appendChanges(container, masks[id], changes);
+            appendChanges(container, masks[id], keepsContent, changes);
     }
     list.applyTo(EarlierAspect);
     return changes;

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+#include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 class QJsonObject;
@@ -28,6 +31,12 @@ struct ksFieldChange
     /// What became of a list of containers, as in "+ Node 'Lamp'"; empty for other fields.
     QString entries;
 
+    /// All that it held, as ksFieldReader has it, if take() was to keep that.
+    std::optional<std::string> contentBefore;
+
+    /// Whether the field holds contentBefore again, or its container has gone.
+    bool isTakenBack() const;
+
     /// The change on a line of its own, with the container's id.
     QString inFull() const;
 
@@ -41,6 +50,8 @@ struct ksFieldChange
     /// What the calling thread has changed, as its change list has it, since aspect 1 last followed, which it
     /// does now. Fields that hold what they held are left out, and so are those that tell who refers to a
     /// container, and containers that are new: the field that leads there has changed as well. Takes as long
-    /// as there are changes, however large the scene is.
-    static std::vector<ksFieldChange> take();
+    /// as there are changes, however large the scene is. Those changes have contentBefore for which
+    /// \a keepsContent returns true.
+    static std::vector<ksFieldChange>
+    take(const std::function<bool(osg::UInt32 container, osg::UInt32 fieldId)> &keepsContent = {});
 };

@@ -46,8 +46,8 @@ QString escapeOf(QChar character)
 bool isControl(QChar character)
 {
     const ushort code = character.unicode();
-    return character.category() == QChar::Other_Control || code == 0x2028 || code == 0x2029 ||
-           (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+    return character.category() == QChar::Other_Control || code == 0x061C || code == 0x200E ||
+           code == 0x200F || (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
 /// \a text with its control characters escaped, but for those in \a kept.
@@ -94,6 +94,17 @@ void ksRecord::print(const QString &text)
         object({{QStringLiteral("event"), QStringLiteral("print")}, {QStringLiteral("text"), text}});
     else
         write(escapedLines(text));
+}
+
+QString ksRecord::note(const QString &label, const QString &text)
+{
+    constexpr int LabelWidth = 9;
+    return QStringLiteral("  ") + label.leftJustified(LabelWidth) + text;
+}
+
+QString ksRecord::counted(int number, const QString &one, const QString &many)
+{
+    return QString::number(number) + QLatin1Char(' ') + (number == 1 ? one : many);
 }
 
 QString ksRecord::escaped(const QString &text)

@@ -60,6 +60,12 @@ public:
     /// Why something could not be written; empty when all could.
     const QString &failure() const { return reason; }
 
+    /// A line of those below a heading: \a label in a column of its own, and \a text.
+    static QString note(const QString &label, const QString &text);
+
+    /// \a number and what there are that many of: \a one or \a many.
+    static QString counted(int number, const QString &one, const QString &many);
+
     /// \a text with its control characters, line ends and separators as escapes such as "\n" and "\u001b".
     static QString escaped(const QString &text);
 

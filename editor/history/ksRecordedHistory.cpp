@@ -8,16 +8,6 @@
 #include <cstdlib>
 #include <utility>
 
-namespace {
-
-QString noteLine(const char *label, const QString &text)
-{
-    constexpr int LabelWidth = 9;
-    return QStringLiteral("  ") + QString::fromLatin1(label).leftJustified(LabelWidth) + text;
-}
-
-} // namespace
-
 ksRecordedHistory::ksRecordedHistory(const osg::NodePtr &scene, ksRecord &sessionRecord, ksUndoStack *stack)
     : ksEditHistory(scene, stack)
     , record(sessionRecord)
@@ -39,13 +29,16 @@ ksRecordedHistory::~ksRecordedHistory()
 void ksRecordedHistory::beginStep(const QString &what)
 {
     if (isInMacro()) {
+        isMacro = true;
         if (record.style().detail == ksRecordStyle::Verbose)
             parts += what;
         return;
     }
     doing = what;
     parts.clear();
+    isMacro = false;
     earlierIndex = stack()->index();
+    earlierCount = stack()->count();
     isAddition = false;
     isCleared = false;
 }
@@ -60,7 +53,8 @@ void ksRecordedHistory::finishStep()
     const std::vector<ksFieldChange> changes = takeChanges();
     const ksRecordStyle::Detail detail = record.style().detail;
     // What neither changes anything nor goes anywhere is a detail: a mark, or an addition that left nothing.
-    isAddition = isAddition && (stack()->index() != earlierIndex || !changes.empty());
+    // A macro does not merge: when it is no step, it was taken back.
+    isAddition = isAddition && (stack()->index() != earlierIndex || (!changes.empty() && !isMacro));
     const bool isStep = isCleared || stack()->index() != earlierIndex || !changes.empty();
     if (detail == ksRecordStyle::Verbose || (detail == ksRecordStyle::Short && isStep))
         write(changes);
@@ -68,7 +62,10 @@ void ksRecordedHistory::finishStep()
 
 void ksRecordedHistory::collectChanges()
 {
-    for (ksFieldChange &change : ksFieldChange::take()) {
+    const auto isFirst = [this](osg::UInt32 container, osg::UInt32 field) {
+        return isInMacro() && places.count({container, field}) == 0;
+    };
+    for (ksFieldChange &change : ksFieldChange::take(isFirst)) {
         const auto [place, isNew] =
             places.emplace(std::make_pair(change.container, change.fieldId), collected.size());
         if (isNew) {
@@ -87,7 +84,7 @@ std::vector<ksFieldChange> ksRecordedHistory::takeChanges()
     places.clear();
     std::vector<ksFieldChange> changes = std::exchange(collected, {});
     changes.erase(std::remove_if(changes.begin(), changes.end(),
-                                 [](const ksFieldChange &change) { return change.before == change.after; }),
+                                 [](const ksFieldChange &change) { return change.isTakenBack(); }),
                   changes.end());
     return changes;
 }
@@ -98,21 +95,25 @@ void ksRecordedHistory::write(const std::vector<ksFieldChange> &changes) const
         QJsonArray list;
         for (const ksFieldChange &change : changes)
             list += change.toJson();
+        const int moved = stack()->index() - earlierIndex;
+        const bool isMerge = isAddition && moved == 0;
         record.object({{QStringLiteral("event"), eventName()},
-                       {QStringLiteral("step"), std::min(earlierIndex, stack()->index()) +
-                                                    (earlierIndex == stack()->index() ? 0 : 1)},
-                       {QStringLiteral("count"), std::abs(stack()->index() - earlierIndex)},
+                       {QStringLiteral("step"),
+                        std::min(earlierIndex, stack()->index()) + (moved == 0 && !isCleared ? 0 : 1)},
+                       {QStringLiteral("count"), isCleared ? earlierCount
+                                                 : isMerge ? 1
+                                                           : std::abs(moved)},
                        {QStringLiteral("text"), text()},
                        {QStringLiteral("changes"), list}});
         return;
     }
     if (record.style().detail == ksRecordStyle::Verbose) {
         record.line(title());
-        record.line(noteLine("done", doing));
+        record.line(ksRecord::note(QStringLiteral("done"), doing));
         for (const QString &part : parts)
-            record.line(noteLine("within", part));
+            record.line(ksRecord::note(QStringLiteral("within"), part));
         for (const ksFieldChange &change : changes)
-            record.line(noteLine("changed", change.inFull()));
+            record.line(ksRecord::note(QStringLiteral("changed"), change.inFull()));
         return;
     }
     record.line(title(), ksRecord::Tone::Plain,
@@ -125,7 +126,9 @@ QString ksRecordedHistory::title() const
     if (isCleared)
         return QStringLiteral("all steps are forgotten");
     if (index == earlierIndex)
-        return isAddition ? QStringLiteral("step %1 goes on: ").arg(index) + text() : doing;
+        return isAddition ? QStringLiteral("step %1 goes on: ").arg(index) + text()
+               : isMacro  ? doing + QStringLiteral(" taken back")
+                          : doing;
     const int first = std::min(index, earlierIndex) + 1;
     const int last = std::max(index, earlierIndex);
     const QString what = isAddition             ? QString()

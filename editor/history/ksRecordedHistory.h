@@ -56,11 +56,13 @@ private:
     ksRecord &record;
     int steps = 0;
 
-    /// The step that is being run: what it is, what is done within its macro, the index before it, and what
-    /// the stack has told since.
+    /// The step that is being run: what it is, what is done within its macro, the index before it, whether it
+    /// is a macro in which something was done, and what the stack has told since.
     QString doing;
     QStringList parts;
     int earlierIndex = 0;
+    int earlierCount = 0;
+    bool isMacro = false;
     bool isAddition = false;
     bool isCleared = false;
 

@@ -3,13 +3,18 @@
 #include <editor/export/ksMaterialExporter.h>
 #include <editor/import/ksExtrasReader.h>
 #include <editor/import/ksGltfFile.h>
+#include <editor/import/ksGltfNodes.h>
 #include <editor/import/ksLightImporter.h>
 #include <editor/import/ksMeshImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/import/ksTransformImporter.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksFieldJson.h>
 #include <editor/scene/ksGltfNames.h>
 #include <editor/scene/ksNodeSettings.h>
+#include <editor/scene/ksReferenceCycles.h>
 #include <editor/scene/ksSavedFields.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGSimpleAttachments.h>
@@ -22,17 +27,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace {
-
-bool hasExtras(const aiNode &node)
-{
-    const QByteArray key = ksGltfNames::extras().toLatin1();
-    if (node.mMetaData != nullptr && node.mMetaData->HasKey(key.constData()))
-        return true;
-    return std::any_of(node.mChildren, node.mChildren + node.mNumChildren,
-                       [](const aiNode *child) { return hasExtras(*child); });
-}
 
 QJsonValue extrasIn(const QJsonValue &owner)
 {
@@ -57,23 +54,16 @@ bool differ(const osg::Matrix &a, const osg::Matrix &b)
     return false;
 }
 
-osg::Matrix matrixOf(const aiNode &node)
+/// The matrix as a file holds it.
+osg::Matrix asInFiles(const osg::Matrix &matrix)
 {
-    const aiMatrix4x4 &m = node.mTransformation;
-    return osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4, m.d1, m.d2,
-                       m.d3, m.d4);
+    return ksSoundNumbers::areFinite(matrix.getValues(), osg::Matrix::Size) ? matrix : osg::Matrix();
 }
 
-/// Whether a file holds the matrix.
-bool isFinite(const osg::Matrix &matrix)
-{
-    return std::all_of(matrix.getValues(), matrix.getValues() + osg::Matrix::Size,
-                       [](float value) { return std::isfinite(value); });
-}
-
+/// Whether \a upper is \a node or above it, or \a node is nested too deeply to tell.
 bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 {
-    while (node != osg::NullFC && node != upper)
+    for (int level = 0; level < ksContainers::MostLevels && node != osg::NullFC && node != upper; ++level)
         node = node->getParent();
     return node != osg::NullFC;
 }
@@ -82,7 +72,8 @@ bool isAtOrAbove(const osg::NodePtr &upper, osg::NodePtr node)
 bool isClose(double a, double b)
 {
     constexpr double Rounding = 1e-4;
-    return std::abs(a - b) <= Rounding * std::max(std::abs(a), std::abs(b));
+    constexpr double Nothing = 1e-7;
+    return std::abs(a - b) <= Rounding * std::max(std::abs(a), std::abs(b)) + Nothing;
 }
 
 /// The same for what JSON holds, of which only what \a expected has counts.
@@ -111,6 +102,35 @@ bool areClose(const osg::MFVec2f &a, const osg::MFVec2f &b)
         });
 }
 
+/// \a object with those of \a defaults that it leaves out.
+QJsonObject completed(QJsonObject object, const QJsonObject &defaults)
+{
+    for (auto member = defaults.begin(); member != defaults.end(); ++member)
+        if (!object.contains(member.key()))
+            object.insert(member.key(), member.value());
+    return object;
+}
+
+/// How a texture lies on a surface, as KHR_texture_transform has it, with what goes without saying.
+QJsonObject completedTransform(const QJsonObject &transform)
+{
+    return completed(transform, {{QStringLiteral("scale"), QJsonArray{1, 1}},
+                                 {QStringLiteral("rotation"), 0},
+                                 {QStringLiteral("offset"), QJsonArray{0, 0}}});
+}
+
+/// A light, as KHR_lights_punctual has it, with what goes without saying.
+QJsonObject completedLight(const QJsonObject &light)
+{
+    QJsonObject result =
+        completed(light, {{QStringLiteral("color"), QJsonArray{1, 1, 1}}, {QStringLiteral("intensity"), 1}});
+    if (result[QLatin1String("type")] == QLatin1String("spot"))
+        result[QLatin1String("spot")] =
+            completed(result[QLatin1String("spot")].toObject(),
+                      {{QStringLiteral("innerConeAngle"), 0}, {QStringLiteral("outerConeAngle"), M_PI_4}});
+    return result;
+}
+
 /// Whether \a container has what its kind has to have.
 bool isSound(const QJsonArray &container)
 {
@@ -120,34 +140,25 @@ bool isSound(const QJsonArray &container)
 
 } // namespace
 
-ksExtrasReader::ksExtrasReader(const ksModelFile &model, ksMaterialImporter &modelMaterials,
-                               const ksWarn &reportTo)
+ksExtrasReader::ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sources,
+                               ksMaterialImporter &modelMaterials, const ksWarn &reportTo)
     : warn(reportTo)
     , scene(model.scene())
+    , file(model.gltf())
     , materials(modelMaterials)
     , images(model, reportTo)
 {
-    const aiNode &root = *scene.mRootNode;
-    if (model.format() != ksModelFormat::Gltf || !hasExtras(root))
+    collect(*scene.mRootNode, sources);
+    if (entries.empty())
         return;
-    ksGltfFile file(model.filePath());
-    const QJsonObject &document = file.document();
-    const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
-    const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
-    // Several roots have got a common one.
-    if (roots.size() == 1)
-        collect(root, document, roots.at(0));
-    else
-        for (int i = 0; i < roots.size() && roots.size() == static_cast<int>(root.mNumChildren); ++i)
-            collect(*root.mChildren[i], document, roots.at(i));
-
     for (Entry &entry : entries)
         createContainers(entry);
     for (const Entry &entry : entries)
         readMesh(entry);
     for (const Entry &entry : entries)
         readContainers(entry);
-    readImages(file);
+    flatten();
+    readImages();
     for (const Entry &entry : entries)
         orderParents(entry);
     for (const auto &[id, container] : containers) {
@@ -163,23 +174,27 @@ osg::NodePtr ksExtrasReader::node(const aiNode &source) const
     return found != nodes.end() ? found->second : osg::NodePtr();
 }
 
-void ksExtrasReader::collect(const aiNode &source, const QJsonObject &document, const QJsonValue &index)
+void ksExtrasReader::collect(const aiNode &source, const ksGltfNodes &sources)
 {
-    const QJsonValue node = document[QLatin1String("nodes")][index.toInt(-1)];
+    const QJsonValue node = sources.sourceOf(source);
     if (const QJsonValue extras = extrasIn(node); !extras.isUndefined()) {
-        const QJsonValue surface = document[QLatin1String("meshes")][node[QLatin1String("mesh")].toInt(-1)]
-                                           [QLatin1String("primitives")][0][QLatin1String("material")];
-        const QString lights = QStringLiteral("KHR_lights_punctual");
-        const QJsonValue light = node[QLatin1String("extensions")][lights][QLatin1String("light")];
+        const QJsonValue mesh = element("meshes", node[QLatin1String("mesh")]);
+        const QJsonValue light =
+            node[QLatin1String("extensions")][ksGltfNames::lights()][QLatin1String("light")];
+        const QJsonValue lights = file.document()[QLatin1String("extensions")][ksGltfNames::lights()];
         entries.push_back(
             {&source, node[QLatin1String("name")].toString(),
-             extrasIn(document[QLatin1String("materials")][surface.toInt(-1)]),
-             document[QLatin1String("extensions")][lights][QLatin1String("lights")][light.toInt(-1)],
+             element("materials", mesh[QLatin1String("primitives")][0][QLatin1String("material")]),
+             lights[QLatin1String("lights")][light.toInt(-1)],
              QJsonDocument::fromJson(extras.toString().toUtf8()).array()});
     }
-    const QJsonArray children = node[QLatin1String("children")].toArray();
-    for (int i = 0; i < children.size() && children.size() == static_cast<int>(source.mNumChildren); ++i)
-        collect(*source.mChildren[i], document, children.at(i));
+    for (unsigned int i = 0; i < source.mNumChildren; ++i)
+        collect(*source.mChildren[i], sources);
+}
+
+QJsonValue ksExtrasReader::element(const char *list, const QJsonValue &index) const
+{
+    return file.document()[QLatin1String(list)][index.toInt(-1)];
 }
 
 void ksExtrasReader::createContainers(Entry &entry)
@@ -266,7 +281,7 @@ void ksExtrasReader::readField(const Entry &entry, const osg::FieldContainerPtr 
             break;
         case Reference::Counted:
         case Reference::Uncounted:
-            isRead = readReferences(field, value, reference == Reference::Counted);
+            isRead = readReferences(container, field, value, reference == Reference::Counted);
             break;
         }
     }
@@ -291,14 +306,21 @@ bool ksExtrasReader::readValue(const osg::FieldContainerPtr &container, osg::Fie
     return isRead;
 }
 
-bool ksExtrasReader::readReferences(osg::Field &field, const QJsonValue &value, bool areCounted)
+bool ksExtrasReader::readReferences(const osg::FieldContainerPtr &holder, osg::Field &field,
+                                    const QJsonValue &value, bool areCounted)
 {
+    // Of materials nothing would ever release a circle.
+    const auto isCircle = [&holder](const osg::FieldContainerPtr &held) {
+        return osg::MaterialPtr::dcast(holder) != osg::NullFC && ksReferenceCycles::wouldClose(holder, held);
+    };
     const QJsonArray ids = value.isArray() ? value.toArray() : QJsonArray{value};
+    // What a container consists of is there.
+    const bool mayBeNull = !(value.isArray() && areCounted);
     std::vector<osg::FieldContainerPtr> found;
     std::string text;
     for (const QJsonValue &id : ids)
         if (const osg::FieldContainerPtr container = find(id);
-            container != osg::NullFC || id.toInt(-1) == 0) {
+            (container != osg::NullFC && !isCircle(container)) || (mayBeNull && id.toInt(-1) == 0)) {
             text += (found.empty() ? "" : ", ") + std::to_string(container.getFieldContainerId());
             found.push_back(container);
         }
@@ -326,7 +348,7 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
 {
     const osg::NodePtr parent = osg::NodePtr::dcast(container);
     bool areFound = value.isArray();
-    for (const QJsonValue &id : value.toArray()) {
+    for (const QJsonValue id : value.toArray()) {
         const osg::NodePtr child = osg::NodePtr::dcast(find(id));
         const bool isFree = child != osg::NullFC && child->getParent() == osg::NullFC &&
                             !isAtOrAbove(child, parent) && nodeIds.count(child.getFieldContainerId()) == 0;
@@ -337,7 +359,23 @@ bool ksExtrasReader::readChildren(const osg::FieldContainerPtr &container, const
     return areFound;
 }
 
-void ksExtrasReader::readImages(ksGltfFile &file)
+void ksExtrasReader::flatten()
+{
+    bool isFlat = true;
+    for (const auto &[id, container] : containers) {
+        const osg::NodePtr node = osg::NodePtr::dcast(container.get());
+        if (node == osg::NullFC || node->getParent() == osg::NullFC ||
+            !isAtOrAbove(osg::NodePtr(), node->getParent()))
+            continue;
+        isFlat = false;
+        const osg::NodePtr parent = node->getParent();
+        parent->subChild(node);
+    }
+    if (!isFlat)
+        warn(QStringLiteral("nodes outside of the scene are nested too deeply, and taken apart"));
+}
+
+void ksExtrasReader::readImages()
 {
     const QJsonArray all = file.document().value(QLatin1String("images")).toArray();
     for (int i = 0; i < all.size(); ++i) {
@@ -388,16 +426,14 @@ void ksExtrasReader::adaptToModel(const Entry &entry)
     const osg::NodePtr own = node(*entry.source);
     if (own == osg::NullFC)
         return;
-    const char *name = osg::getName(own);
-    if (!entry.name.isEmpty() && entry.name != QString::fromUtf8(name))
+    if (!entry.name.isEmpty() && entry.name != QString::fromStdString(ksContainers::ownNameOf(own)))
         osg::setName(own, entry.name.toStdString());
     adaptMaterial(entry, own);
     adaptLight(entry, own);
 
     const osg::TransformPtr transform = osg::TransformPtr::dcast(own->getCore());
-    const osg::Matrix placed = matrixOf(*entry.source);
-    if (transform == osg::NullFC ||
-        !differ(isFinite(transform->getMatrix()) ? transform->getMatrix() : osg::Matrix(), placed))
+    const osg::Matrix placed = ksTransformImporter::matrix(*entry.source);
+    if (transform == osg::NullFC || !differ(asInFiles(transform->getMatrix()), placed))
         return;
     CPEdit(transform, osg::Transform::MatrixFieldMask);
     transform->setMatrix(placed);
@@ -410,11 +446,8 @@ void ksExtrasReader::adaptMaterial(const Entry &entry, const osg::NodePtr &node)
         entry.source->mNumMeshes == 0)
         return;
     const unsigned int index = scene.mMeshes[entry.source->mMeshes[0]]->mMaterialIndex;
-    auto material = osg::MaterialPtr::dcast(find(entry.materialId));
-    const auto made = ksMaterialExporter::create(material, 1, [this](const osg::ImagePtr &image) {
-        return std::string(imagesOfModel.count(image.getFieldContainerId()) > 0 ? "there" : "");
-    });
-    if (!ksMaterialExporter::lookTheSame(*made, *scene.mMaterials[index]))
+    auto material = osg::MaterialPtr::dcast(find(extrasIn(entry.material)));
+    if (!looksLike(material, entry.material, *scene.mMaterials[index]))
         material = materials.material(index);
     if (material != mesh->getMaterial()) {
         CPEdit(mesh, osg::ksMesh::MaterialFieldMask);
@@ -429,13 +462,37 @@ void ksExtrasReader::adaptMaterial(const Entry &entry, const osg::NodePtr &node)
     }
 }
 
+bool ksExtrasReader::looksLike(const osg::MaterialPtr &material, const QJsonValue &source,
+                               const aiMaterial &read) const
+{
+    const auto made = ksMaterialExporter::create(material, 1, [this](const osg::ImagePtr &image) {
+        const osg::UInt32 id = image.getFieldContainerId();
+        return imagesOfModel.count(id) > 0 ? std::to_string(id) : std::string();
+    });
+    const QJsonObject transform = completedTransform(ksMaterialExporter::textureTransform(material));
+    const auto isLaidOn = [&](aiTextureType type, const QJsonValue &texture) {
+        aiString id;
+        if (made->GetTexture(type, 0, &id) != aiReturn_SUCCESS)
+            return true;
+        const QJsonValue image =
+            element("images", element("textures", texture[QLatin1String("index")])[QLatin1String("source")]);
+        const QJsonValue there = texture[QLatin1String("extensions")][ksGltfNames::textureTransform()];
+        return std::to_string(find(extrasIn(image)).getFieldContainerId()) == id.C_Str() &&
+               isClose(completedTransform(there.toObject()), transform);
+    };
+    const QJsonValue surface = source[QLatin1String("pbrMetallicRoughness")];
+    return ksMaterialExporter::lookTheSame(*made, read) &&
+           isLaidOn(aiTextureType_BASE_COLOR, surface[QLatin1String("baseColorTexture")]) &&
+           isLaidOn(aiTextureType_EMISSIVE, source[QLatin1String("emissiveTexture")]);
+}
+
 void ksExtrasReader::adaptLight(const Entry &entry, const osg::NodePtr &node) const
 {
     const auto light = osg::UberLightPtr::dcast(node->getCore());
     if (light == osg::NullFC || !entry.light.isObject())
         return;
-    const QJsonObject there = entry.light.toObject();
-    const QJsonObject made = ksLightExporter::toGltf(light, {});
+    const QJsonObject there = completedLight(entry.light.toObject());
+    const QJsonObject made = completedLight(ksLightExporter::toGltf(light, {}));
     for (const char *member : {"type", "color", "intensity", "spot"})
         if (!isClose(there[QLatin1String(member)], made[QLatin1String(member)])) {
             ksLightImporter::apply(ksLightImporter::values(there), light);

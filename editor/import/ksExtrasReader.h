@@ -15,9 +15,11 @@
 #include <unordered_set>
 #include <vector>
 
+struct aiMaterial;
 struct aiNode;
 struct aiScene;
 class ksGltfFile;
+class ksGltfNodes;
 class ksModelFile;
 
 /// Brings back the containers that a glTF file keeps in its extras, see ksGltfNames::extras().
@@ -28,9 +30,10 @@ class ksModelFile;
 class ksExtrasReader
 {
 public:
-    /// Makes all containers that \a model has extras of. \a modelMaterials makes materials of the model that
-    /// are not those of the extras any more. All must outlive the reader.
-    ksExtrasReader(const ksModelFile &model, ksMaterialImporter &modelMaterials, const ksWarn &reportTo);
+    /// Makes all containers that \a model, whose nodes are \a sources, has extras of. \a modelMaterials makes
+    /// materials of the model that are not those of the extras any more. All must outlive the reader.
+    ksExtrasReader(const ksModelFile &model, const ksGltfNodes &sources, ksMaterialImporter &modelMaterials,
+                   const ksWarn &reportTo);
 
     /// The node that \a source has the extras of, with its core and attachments, but only such children as
     /// are no nodes of the model; its parent is up to the caller. NullFC when there are none.
@@ -43,28 +46,40 @@ private:
         const aiNode *source;
         QString name;
 
-        /// The extras of the material that its mesh has, and its light; undefined when there is none.
-        QJsonValue materialId;
+        /// The material that its mesh has, and its light; undefined when there is none.
+        QJsonValue material;
         QJsonValue light;
 
         /// What the extras hold.
         QJsonArray containers;
     };
 
-    void collect(const aiNode &source, const QJsonObject &document, const QJsonValue &index);
+    void collect(const aiNode &source, const ksGltfNodes &sources);
+
+    /// The element of one of the document's lists; undefined when there is none.
+    QJsonValue element(const char *list, const QJsonValue &index) const;
+
     void createContainers(Entry &entry);
     void readMesh(const Entry &entry);
     void readContainers(const Entry &entry);
     void readField(const Entry &entry, const osg::FieldContainerPtr &container, const QString &name,
                    const QJsonValue &value);
     bool readValue(const osg::FieldContainerPtr &container, osg::Field &field, const QJsonValue &value) const;
-    bool readReferences(osg::Field &field, const QJsonValue &value, bool areCounted);
+    bool readReferences(const osg::FieldContainerPtr &holder, osg::Field &field, const QJsonValue &value,
+                        bool areCounted);
     bool readAttachments(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
     bool readChildren(const osg::FieldContainerPtr &container, const QJsonValue &value) const;
-    void readImages(ksGltfFile &file);
+    void readImages();
+
+    /// Takes nodes that are no nodes of the model apart where they are nested too deeply.
+    void flatten();
     void orderParents(const Entry &entry);
     void adaptToModel(const Entry &entry);
     void adaptMaterial(const Entry &entry, const osg::NodePtr &node);
+
+    /// Whether \a material looks as the document's material \a source does, which has become \a read.
+    bool looksLike(const osg::MaterialPtr &material, const QJsonValue &source, const aiMaterial &read) const;
+
     void adaptLight(const Entry &entry, const osg::NodePtr &node) const;
 
     osg::FieldContainerPtr find(const QJsonValue &id) const;
@@ -72,6 +87,7 @@ private:
 
     const ksWarn &warn;
     const aiScene &scene;
+    ksGltfFile &file;
     ksMaterialImporter &materials;
     ksImageImporter images;
     std::vector<Entry> entries;

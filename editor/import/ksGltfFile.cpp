@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksGltfFile.h>
+#include <editor/scene/ksContainers.h>
+#include <editor/scene/ksGltfNames.h>
 
 #include <QDir>
 #include <QFile>
@@ -10,6 +12,7 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -29,16 +32,18 @@ QByteArray dataIn(const QString &uri)
     return QByteArray::fromBase64(uri.mid(uri.indexOf(QLatin1Char(',')) + 1).toLatin1());
 }
 
+constexpr int FileHeaderSize = 12;
+constexpr int ChunkHeaderSize = 8;
+
 /// Takes the chunk that \a rest starts with; of one that says it is longer, what there is.
 QByteArray takeChunk(QByteArray &rest)
 {
-    constexpr int HeaderSize = 8;
-    if (rest.size() < HeaderSize)
+    if (rest.size() < ChunkHeaderSize)
         return {};
     const auto length = qFromLittleEndian<quint32>(rest.constData());
-    const int size = static_cast<int>(std::min(length, static_cast<quint32>(rest.size() - HeaderSize)));
-    const QByteArray content = rest.mid(HeaderSize, size);
-    rest.remove(0, HeaderSize + size);
+    const int size = static_cast<int>(std::min(length, static_cast<quint32>(rest.size() - ChunkHeaderSize)));
+    QByteArray content = rest.mid(ChunkHeaderSize, size);
+    rest.remove(0, ChunkHeaderSize + size);
     return content;
 }
 
@@ -48,14 +53,45 @@ ksGltfFile::ksGltfFile(const QString &path)
     : folder(QFileInfo(path).absolutePath())
 {
     QByteArray content = readFile(path);
-    if (content.startsWith("glTF")) {
-        constexpr int HeaderSize = 12;
-        content.remove(0, HeaderSize);
+    const bool isBinary = content.startsWith("glTF");
+    if (!isBinary && path.endsWith(QLatin1String(".glb"), Qt::CaseInsensitive))
+        return;
+    if (isBinary) {
+        content.remove(0, FileHeaderSize);
         const QByteArray text = takeChunk(content);
         binary = takeChunk(content);
         content = text;
     }
-    json = QJsonDocument::fromJson(content).object();
+    QJsonParseError error;
+    json = QJsonDocument::fromJson(content, &error).object();
+    isTooDeep = error.error == QJsonParseError::DeepNesting;
+    if (error.error == QJsonParseError::NoError || (isBinary && content.isEmpty()))
+        return;
+    const QByteArray before = content.left(error.offset);
+    damage = isBinary ? QStringLiteral("byte %1").arg(FileHeaderSize + ChunkHeaderSize + error.offset)
+                      : QStringLiteral("line %1, column %2")
+                            .arg(before.count('\n') + 1)
+                            .arg(before.size() - before.lastIndexOf('\n'));
+    damage += QStringLiteral(": ") + error.errorString();
+}
+
+bool ksGltfFile::isNestedTooDeeply() const
+{
+    const QJsonValue nodes = json[QLatin1String("nodes")];
+    std::set<int> level;
+    const auto add = [](std::set<int> &target, const QJsonArray &indices) {
+        for (const QJsonValue &index : indices)
+            target.insert(index.toInt(-1));
+    };
+    for (const QJsonValue &scene : json[QLatin1String("scenes")].toArray())
+        add(level, scene[QLatin1String("nodes")].toArray());
+    for (int depth = 0; !level.empty() && depth < ksContainers::MostLevels; ++depth) {
+        std::set<int> next;
+        for (const int node : level)
+            add(next, nodes[node][QLatin1String("children")].toArray());
+        level.swap(next);
+    }
+    return isTooDeep || !level.empty();
 }
 
 QImage ksGltfFile::image(int index)

@@ -1,58 +1,32 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksGltfNodes.h>
+#include <editor/import/ksLightImporter.h>
+#include <editor/scene/ksGltfNames.h>
 
 #include <QJsonArray>
-#include <QJsonObject>
-#include <QString>
 #include <assimp/scene.h>
 
+#include <utility>
 #include <vector>
-
-namespace {
-
-aiLightSourceType typeOf(const QString &name)
-{
-    if (name == QLatin1String("directional"))
-        return aiLightSource_DIRECTIONAL;
-    return name == QLatin1String("spot") ? aiLightSource_SPOT : aiLightSource_POINT;
-}
-
-} // namespace
 
 /// Walks along the nodes of the document and of the scene.
 class ksGltfNodes::Reader
 {
 public:
     Reader(const QJsonObject &document, const aiScene &readScene, ksGltfNodes &target)
-        : nodes(document.value(QLatin1String("nodes")).toArray())
-        , sources(document.value(QLatin1String("extensions"))
-                      .toObject()
-                      .value(QLatin1String("KHR_lights_punctual"))
-                      .toObject()
-                      .value(QLatin1String("lights"))
-                      .toArray())
+        : nodes(document[QLatin1String("nodes")].toArray())
         , scene(readScene)
         , result(target)
     {
-        const QJsonArray roots = document.value(QLatin1String("scenes"))
-                                     .toArray()
-                                     .at(document.value(QLatin1String("scene")).toInt())
-                                     .toObject()
-                                     .value(QLatin1String("nodes"))
-                                     .toArray();
-        const aiNode &root = *scene.mRootNode;
-        bool fits = roots.size() == 1 ? visit(roots[0].toInt(-1), root) : visitAll(roots, root);
-        if (!fits)
-            result.names.clear();
-        fits = fits && order.size() == scene.mNumLights;
-        for (std::size_t i = 0; fits && i < order.size(); ++i)
-            fits = typeOf(sources.at(order[i]).toObject().value(QLatin1String("type")).toString()) ==
-                   scene.mLights[i]->mType;
-        result.hasLights = fits;
-        for (const auto &[node, source] : lightSources)
-            for (std::size_t i = 0; fits && i < order.size(); ++i)
-                if (order[i] == source)
-                    result.lights[node] = scene.mLights[i];
+        const QJsonValue shown = document[QLatin1String("scenes")][document[QLatin1String("scene")].toInt()];
+        const QJsonArray roots = shown[QLatin1String("nodes")].toArray();
+        // Several roots have got a common one.
+        const bool fits =
+            roots.size() == 1 ? visit(roots[0], *scene.mRootNode) : visitAll(roots, *scene.mRootNode);
+        if (fits)
+            readLights(document[QLatin1String("extensions")][ksGltfNames::lights()][QLatin1String("lights")]);
+        else
+            result.sources.clear();
     }
 
 private:
@@ -61,51 +35,61 @@ private:
         if (static_cast<unsigned int>(indices.size()) != parent.mNumChildren)
             return false;
         for (int i = 0; i < indices.size(); ++i)
-            if (!visit(indices[i].toInt(-1), *parent.mChildren[i]))
+            if (!visit(indices[i], *parent.mChildren[i]))
                 return false;
         return true;
     }
 
-    bool visit(int index, const aiNode &node)
+    bool visit(const QJsonValue &index, const aiNode &node)
     {
-        if (index < 0 || index >= nodes.size())
+        const QJsonValue source = nodes.at(index.toInt(-1));
+        if (!source.isObject() || !visitAll(source[QLatin1String("children")].toArray(), node))
             return false;
-        const QJsonObject source = nodes.at(index).toObject();
-        if (!visitAll(source.value(QLatin1String("children")).toArray(), node))
-            return false;
-        result.names[&node] = source.value(QLatin1String("name")).toString().toStdString();
-        const int light = source.value(QLatin1String("extensions"))
-                              .toObject()
-                              .value(QLatin1String("KHR_lights_punctual"))
-                              .toObject()
-                              .value(QLatin1String("light"))
-                              .toInt(-1);
-        if (light < 0)
+        result.sources[&node] = source.toObject();
+        const QJsonValue light =
+            source[QLatin1String("extensions")][ksGltfNames::lights()][QLatin1String("light")];
+        if (light.toInt(-1) < 0)
             return true;
         // The scene has lights in the order in which nodes are found to have them, children first.
-        lightSources[&node] = light;
-        bool isKnown = false;
-        for (const int known : order)
-            isKnown = isKnown || known == light;
-        if (!isKnown)
-            order.push_back(light);
+        const int position =
+            positions.emplace(light.toInt(), static_cast<int>(positions.size())).first->second;
+        lightNodes.emplace_back(&node, position);
         return true;
     }
 
+    void readLights(const QJsonValue &lights)
+    {
+        if (positions.size() != scene.mNumLights)
+            return;
+        for (const auto &[light, position] : positions)
+            if (ksLightImporter::type(lights[light].toObject()) != scene.mLights[position]->mType)
+                return;
+        result.hasLights = true;
+        for (const auto &[node, position] : lightNodes)
+            result.lights[node] = scene.mLights[position];
+    }
+
     const QJsonArray nodes;
-    const QJsonArray sources;
     const aiScene &scene;
     ksGltfNodes &result;
-    std::map<const aiNode *, int> lightSources;
-    std::vector<int> order;
+    std::vector<std::pair<const aiNode *, int>> lightNodes;
+
+    /// Those of the lights of the document in the scene.
+    std::map<int, int> positions;
 };
 
 ksGltfNodes::ksGltfNodes(const QJsonObject &document, const aiScene &scene)
+    : meshes(document[QLatin1String("meshes")].toArray())
 {
-    const QString version =
-        document.value(QLatin1String("asset")).toObject().value(QLatin1String("version")).toString();
+    const QString version = document[QLatin1String("asset")][QLatin1String("version")].toString();
     if (version.startsWith(QLatin1String("2")))
         const Reader reader(document, scene, *this);
+}
+
+QJsonObject ksGltfNodes::sourceOf(const aiNode &node) const
+{
+    const auto found = sources.find(&node);
+    return found != sources.end() ? found->second : QJsonObject();
 }
 
 const aiLight *ksGltfNodes::lightOf(const aiNode &node) const
@@ -116,6 +100,11 @@ const aiLight *ksGltfNodes::lightOf(const aiNode &node) const
 
 std::string ksGltfNodes::nameOf(const aiNode &node) const
 {
-    const auto found = names.find(&node);
-    return found != names.end() ? found->second : std::string();
+    return sourceOf(node).value(QLatin1String("name")).toString().toStdString();
+}
+
+std::string ksGltfNodes::meshNameOf(const aiNode &node) const
+{
+    const QJsonValue mesh = meshes.at(sourceOf(node).value(QLatin1String("mesh")).toInt(-1));
+    return mesh[QLatin1String("name")].toString().toStdString();
 }

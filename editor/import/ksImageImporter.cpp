@@ -2,6 +2,7 @@
 #include <editor/import/ksImageImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksImageLayout.h>
 
 #include <ksTextureManager.h>
 
@@ -15,7 +16,7 @@
 #include <assimp/scene.h>
 
 #include <algorithm>
-#include <iterator>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -104,28 +105,19 @@ QString missingReader(const QString &path)
     return {};
 }
 
-struct Layout
-{
-    QImage::Format format;
-    osg::UInt32 pixelFormat;
-    int channels;
-};
-
-constexpr Layout Layouts[] = {{QImage::Format_RGBA8888, osg::Image::OSG_RGBA_PF, 4},
-                              {QImage::Format_Grayscale8, osg::Image::OSG_L_PF, 1},
-                              {QImage::Format_RGB888, osg::Image::OSG_RGB_PF, 3}};
-
-const Layout &layoutFor(const QImage &image)
+const ksImageLayout &layoutFor(const QImage &image)
 {
     if (image.hasAlphaChannel())
-        return Layouts[0];
-    return image.isGrayscale() ? Layouts[1] : Layouts[2];
+        return ksImageLayout::all()[0];
+    return ksImageLayout::all()[image.isGrayscale() ? 1 : 2];
 }
 
 /// The pixels of \a source, from the lower left.
-std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
+std::vector<osg::UInt8> pixelsOf(const QImage &source, const ksImageLayout &layout)
 {
     const QImage pixels = source.convertToFormat(layout.format).mirrored(false, true);
+    if (pixels.isNull())
+        throw std::bad_alloc();
 
     // Lines of a QImage are padded, those of the scene graph's images are not.
     const auto lineLength =
@@ -139,11 +131,11 @@ std::vector<osg::UInt8> pixelsOf(const QImage &source, const Layout &layout)
     return data;
 }
 
-osg::ImagePtr toSceneImage(const QImage &source, const std::string &name)
+osg::ImageRefPtr toSceneImage(const QImage &source, const std::string &name)
 {
-    const osg::ImagePtr image = osg::Image::create();
-    ksImageImporter::setPixels(image, source);
-    CPEdit(image, osg::Image::NameFieldMask);
+    const osg::ImageRefPtr image(osg::Image::create());
+    ksImageImporter::setPixels(image.get(), source);
+    CPEdit(image.get(), osg::Image::NameFieldMask);
     image->setName(name);
     return image;
 }
@@ -178,30 +170,33 @@ osg::ImagePtr ksImageImporter::image(const std::string &name)
     if (known != images.end())
         return known->second.get();
     // Two names of the model may mean images that are equal, or that another scene has.
-    const osg::ImageRefPtr created(createImage(name));
+    const osg::ImageRefPtr created = createImage(name);
     const osg::ImagePtr shared = ksTextureManager::the()->getImage(created, true);
     return images.emplace(name, shared).first->second.get();
 }
 
 void ksImageImporter::setPixels(const osg::ImagePtr &image, const QImage &source)
 {
-    const auto *known = std::find_if(std::begin(Layouts), std::end(Layouts), [&image](const Layout &layout) {
-        return layout.pixelFormat == image->getPixelFormat();
-    });
-    if (known != std::end(Layouts) && source.width() == image->getWidth() &&
-        source.height() == image->getHeight()) {
+    const ksImageLayout *known = ksImageLayout::of(*image);
+    if (known != nullptr && source.width() == image->getWidth() && source.height() == image->getHeight()) {
         image->getPixel().getValues() = pixelsOf(source, *known);
         return;
     }
-    const Layout &layout = layoutFor(source);
+    const ksImageLayout &layout = layoutFor(source);
     image->set(layout.pixelFormat, source.width(), source.height(), 1, 1, 1, 0,
                pixelsOf(source, layout).data());
 }
 
-osg::ImagePtr ksImageImporter::createImage(const std::string &name) const
+osg::ImageRefPtr ksImageImporter::createImage(const std::string &name) const
 {
-    const QImage image = read(name);
-    return image.isNull() ? osg::ImagePtr() : toSceneImage(image, name);
+    try {
+        const QImage image = read(name);
+        return image.isNull() ? osg::ImageRefPtr() : toSceneImage(image, name);
+    } catch (const std::bad_alloc &) {
+        warn(QStringLiteral("texture ") + QString::fromStdString(name) +
+             QStringLiteral(": takes more memory than there is"));
+        return {};
+    }
 }
 
 QImage ksImageImporter::read(const std::string &name) const
@@ -233,6 +228,6 @@ osg::ImageRefPtr ksImageImporter::imageInFile(const QString &path)
     const QImage image = readFile(path, reason);
     if (image.isNull())
         throw ksEditorError(path + QStringLiteral(": ") + reason);
-    const osg::ImageRefPtr created(toSceneImage(image, QFileInfo(path).fileName().toStdString()));
+    const osg::ImageRefPtr created = toSceneImage(image, QFileInfo(path).fileName().toStdString());
     return osg::ImageRefPtr(ksTextureManager::the()->getImage(created, true));
 }

@@ -37,7 +37,7 @@ public:
     static osg::ImageRefPtr imageInFile(const QString &path);
 
 private:
-    osg::ImagePtr createImage(const std::string &name) const;
+    osg::ImageRefPtr createImage(const std::string &name) const;
 
     const ksModelFile &file;
     ksWarn warn;

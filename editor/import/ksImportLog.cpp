@@ -38,7 +38,9 @@ ksImportLog::~ksImportLog()
 void ksImportLog::take(const QString &message)
 {
     // "Warn,  T0: " or the like comes first.
-    const QString text = message.mid(message.indexOf(QStringLiteral(": ")) + 2).trimmed();
+    const QString mark = QStringLiteral(": ");
+    const int begin = message.indexOf(mark);
+    const QString text = (begin < 0 ? message : message.mid(begin + mark.size())).trimmed();
     if (!messages.contains(text))
         messages += text;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksLightImporter.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <QtMath>
-#include <assimp/light.h>
 
 #include <algorithm>
 #include <cmath>
@@ -13,17 +13,10 @@ namespace {
 constexpr float NarrowestCone = 0.1F;
 constexpr float HalfTurn = 180;
 
-float finite(float value)
-{
-    return std::isfinite(value) ? value : 0;
-}
+using ksSoundNumbers::finite;
+using ksSoundNumbers::positive;
 
-float positive(float value)
-{
-    return std::max(finite(value), 0.0F);
-}
-
-osg::Vec3f toColor(const aiColor3D &colour)
+osg::Vec3f soundColor(const aiColor3D &colour)
 {
     return {positive(colour.r), positive(colour.g), positive(colour.b)};
 }
@@ -35,11 +28,11 @@ float peak(const osg::Vec3f &colour)
 
 void takeColours(ksLightValues &values, const aiLight &light)
 {
-    values.diffuse = toColor(light.mColorDiffuse);
-    values.glossy = toColor(light.mColorSpecular);
+    values.diffuse = soundColor(light.mColorDiffuse);
+    values.glossy = soundColor(light.mColorSpecular);
     // Some readers give light that comes from everywhere its ambient share only.
     if (light.mType == aiLightSource_AMBIENT && peak(values.diffuse) == 0)
-        values.diffuse = toColor(light.mColorAmbient);
+        values.diffuse = soundColor(light.mColorAmbient);
 
     values.intensity = std::max({1.0F, peak(values.diffuse), peak(values.glossy)});
     values.diffuse *= 1 / values.intensity;
@@ -107,6 +100,14 @@ ksLightValues ksLightImporter::values(const aiLight &light, ksModelFormat format
     return values;
 }
 
+aiLightSourceType ksLightImporter::type(const QJsonObject &light)
+{
+    const QJsonValue name = light.value(QLatin1String("type"));
+    if (name == QLatin1String("directional"))
+        return aiLightSource_DIRECTIONAL;
+    return name == QLatin1String("spot") ? aiLightSource_SPOT : aiLightSource_POINT;
+}
+
 ksLightValues ksLightImporter::values(const QJsonObject &light)
 {
     aiLight source;
@@ -118,11 +119,7 @@ ksLightValues ksLightImporter::values(const QJsonObject &light)
     source.mColorSpecular = source.mColorDiffuse;
     source.mAttenuationLinear = 0;
     source.mAttenuationQuadratic = 1;
-    const QString type = light.value(QLatin1String("type")).toString();
-    if (type == QLatin1String("directional"))
-        source.mType = aiLightSource_DIRECTIONAL;
-    else
-        source.mType = type == QLatin1String("spot") ? aiLightSource_SPOT : aiLightSource_POINT;
+    source.mType = type(light);
     const QJsonValue spot = light.value(QLatin1String("spot"));
     source.mAngleInnerCone = static_cast<float>(spot[QLatin1String("innerConeAngle")].toDouble());
     source.mAngleOuterCone = static_cast<float>(spot[QLatin1String("outerConeAngle")].toDouble(M_PI_4));

@@ -7,8 +7,7 @@
 #include <OpenSG/OSGVector.h>
 
 #include <QJsonObject>
-
-struct aiLight;
+#include <assimp/light.h>
 
 /// A light as the scene graph means it, whatever format it came from.
 struct ksLightValues
@@ -51,6 +50,9 @@ public:
 
     /// The values of a light of a glTF file, as KHR_lights_punctual has it.
     static ksLightValues values(const QJsonObject &light);
+
+    /// The kind of such a light.
+    static aiLightSourceType type(const QJsonObject &light);
 
     /// A new light core with \a values, except place and direction: a light core shines from the place of
     /// its node along the negative z axis.

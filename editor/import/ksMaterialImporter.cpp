@@ -2,6 +2,7 @@
 #include <editor/import/ksMaterialImporter.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksModelText.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberMaterial.h>
@@ -87,7 +88,7 @@ bool isPlain(const aiMaterial &source)
 
 float share(const aiMaterial &source, const char *key, unsigned int type, unsigned int index, float otherwise)
 {
-    return std::clamp(property(source, key, type, index, otherwise), 0.0F, 1.0F);
+    return ksSoundNumbers::share(property(source, key, type, index, otherwise));
 }
 
 osg::MaterialPtr createPhysicallyBased(const aiMaterial &source)
@@ -115,25 +116,37 @@ void addComponent(const osg::UberMaterialPtr &material, const char *name, const 
     material->addColorComponent(component);
 }
 
-osg::ColorComponentSettingsPtr createSettings(const aiMaterial &source)
+osg::ColorComponentSettingsPtr createSettings(const aiMaterial &source, ksModelFormat format)
 {
     const osg::ColorComponentSettingsPtr settings = osg::ColorComponentSettings::create();
     aiUVTransform mapping;
     if (source.Get(AI_MATKEY_UVTRANSFORM(colourTexture(source).type, 0), mapping) != aiReturn_SUCCESS)
         return settings;
-    // The model turns coordinates about the texture's centre and scales then, the settings scale and then
-    // turn about the origin.
+    const bool isGltf = format == ksModelFormat::Gltf;
+    // Of glTF the reader turns the angle over.
+    const float angle = isGltf ? -mapping.mRotation : mapping.mRotation;
+    const float sine = std::sin(angle);
+    const float cosine = std::cos(angle);
+    const osg::Vec2f scale(mapping.mScaling.x, mapping.mScaling.y);
+    osg::Vec2f offset(mapping.mTranslation.x, mapping.mTranslation.y);
     constexpr float Centre = 0.5F;
-    const float sine = std::sin(mapping.mRotation);
-    const float cosine = std::cos(mapping.mRotation);
-    const osg::Vec2f way(Centre * (1 - cosine + sine), Centre * (1 - cosine - sine));
+    if (isGltf) {
+        // The file scales coordinates and then turns them about the upper left corner, as the settings do
+        // about the lower left one. The reader has moved them by what would be right for a turn about the
+        // centre.
+        offset += osg::Vec2f(scale[0] * Centre * (cosine - 1 - sine) + scale[1] * sine,
+                             scale[1] * (1 - cosine - Centre * (sine + cosine - 1)));
+    } else {
+        // The model turns coordinates about the texture's centre and scales then.
+        offset +=
+            osg::Vec2f(scale[0] * Centre * (1 - cosine + sine), scale[1] * Centre * (1 - cosine - sine));
+    }
     CPEdit(settings, osg::ColorComponentSettings::MappingScaleFieldMask |
                          osg::ColorComponentSettings::MappingOffsetFieldMask |
                          osg::ColorComponentSettings::MappingRotationFieldMask);
-    settings->setMappingScale(osg::Vec2f(mapping.mScaling.x, mapping.mScaling.y));
-    settings->setMappingOffset(osg::Vec2f(mapping.mTranslation.x + mapping.mScaling.x * way[0],
-                                          mapping.mTranslation.y + mapping.mScaling.y * way[1]));
-    settings->setMappingRotation(mapping.mRotation * ksDegreesPerRadian);
+    settings->setMappingScale(scale);
+    settings->setMappingOffset(offset);
+    settings->setMappingRotation(angle * ksDegreesPerRadian);
     return settings;
 }
 
@@ -152,6 +165,7 @@ osg::MaterialPtr ksMaterialImporter::material(unsigned int index)
         const aiMaterial &source = *file.scene().mMaterials[index];
         known = createMaterial(source);
         osg::setName(known.get(), ksModelText::whole(source.GetName()).c_str());
+        numberOfCutNames += ksModelText::mayBeCut(source.GetName()) ? 1 : 0;
     }
     return known.get();
 }
@@ -182,6 +196,6 @@ osg::MaterialPtr ksMaterialImporter::createLayered(const aiMaterial &source)
     const osg::ImagePtr glowImage = imageOf(glowTexture(source));
     if (glowColor(source) != osg::Vec3f(0, 0, 0) || glowImage != osg::NullFC)
         addComponent(material, "glow", glowColor(source), glowImage);
-    material->setComponentSettings(createSettings(source));
+    material->setComponentSettings(createSettings(source, file.format()));
     return material;
 }

@@ -31,6 +31,9 @@ public:
     /// Its opacity, 0 (invisible) to 1, which materials of the scene graph do not have.
     float opacity(unsigned int index) const;
 
+    /// How many of the materials that it has made have names that may be cut.
+    int cutNames() const { return numberOfCutNames; }
+
 private:
     osg::MaterialPtr createMaterial(const aiMaterial &source);
     osg::MaterialPtr createLayered(const aiMaterial &source);
@@ -38,4 +41,5 @@ private:
     const ksModelFile &file;
     ksImageImporter images;
     std::vector<osg::RefPtr<osg::MaterialPtr>> materials;
+    int numberOfCutNames = 0;
 };

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
+#include <editor/import/ksGltfFile.h>
 #include <editor/import/ksImportLog.h>
 #include <editor/import/ksModelFile.h>
 #include <editor/import/ksModelRepair.h>
 #include <editor/import/ksQuietStandardError.h>
 #include <editor/ksEditorError.h>
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksGltfNames.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonDocument>
 #include <QStringList>
 #include <QXmlStreamReader>
 #include <assimp/Importer.hpp>
@@ -42,11 +43,15 @@ void checkFile(const QString &path)
         throw ksEditorError(path.toStdString() + ": " + reason);
 }
 
+constexpr const char *TooDeep = "it is nested too deeply";
+
 /// The first thing that is wrong with \a node or the nodes below it; null when they are sound.
-const char *flawOfNodes(const aiScene &scene, const aiNode *node)
+const char *flawOfNodes(const aiScene &scene, const aiNode *node, int level = 1)
 {
     if (node == nullptr)
         return "a node is missing";
+    if (level > ksContainers::MostLevels)
+        return TooDeep;
     const unsigned int *meshes = node->mMeshes;
     if (std::any_of(meshes, meshes + node->mNumMeshes,
                     [&scene](unsigned int mesh) { return mesh >= scene.mNumMeshes; }))
@@ -54,7 +59,7 @@ const char *flawOfNodes(const aiScene &scene, const aiNode *node)
     for (unsigned int i = 0; i < node->mNumChildren; ++i) {
         // A missing one can be done without.
         const aiNode *child = node->mChildren[i];
-        const char *flaw = child != nullptr ? flawOfNodes(scene, child) : nullptr;
+        const char *flaw = child != nullptr ? flawOfNodes(scene, child, level + 1) : nullptr;
         if (flaw != nullptr)
             return flaw;
     }
@@ -80,34 +85,73 @@ const char *flawOfMesh(const aiScene &scene, const aiMesh &mesh)
     return nullptr;
 }
 
-/// Where the text in the file \a path stops being JSON or XML, if that is what it ought to be; empty when it
-/// does not.
-QString damageOf(const QString &path)
+bool hasSuffix(const QString &path, const QStringList &suffixes)
+{
+    return suffixes.contains(QFileInfo(path).suffix().toLower());
+}
+
+bool isXml(const QString &path)
+{
+    return hasSuffix(path, {QStringLiteral("dae"), QStringLiteral("x3d"), QStringLiteral("xml"),
+                            QStringLiteral("irr"), QStringLiteral("irrmesh"), QStringLiteral("amf")});
+}
+
+/// Readers go down as deep as a file says, by calls within each other; nodes are nested in elements.
+constexpr int MostNestings = 2 * ksContainers::MostLevels;
+
+bool isXmlTooDeep(QFile &file)
+{
+    QXmlStreamReader reader(&file);
+    int depth = 0;
+    while (!reader.atEnd() && depth <= MostNestings) {
+        const QXmlStreamReader::TokenType token = reader.readNext();
+        depth += token == QXmlStreamReader::StartElement ? 1 : token == QXmlStreamReader::EndElement ? -1 : 0;
+    }
+    return depth > MostNestings;
+}
+
+bool areBracesTooDeep(QFile &file)
+{
+    int depth = 0;
+    while (depth <= MostNestings && !file.atEnd())
+        for (const char character : file.read(1 << 16)) {
+            depth += character == '{' ? 1 : character == '}' ? -1 : 0;
+            if (depth > MostNestings)
+                break;
+        }
+    return depth > MostNestings;
+}
+
+/// Whether the file \a path, if it is of XML or has its nodes in braces, is nested too deeply to be read.
+bool isTextTooDeep(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
+        return false;
+    if (isXml(path))
+        return isXmlTooDeep(file);
+    const bool isText = file.peek(16).startsWith("xof ") ? file.peek(12).endsWith("txt ")
+                                                         : hasSuffix(path, {QStringLiteral("fbx")}) &&
+                                                               !file.peek(8).startsWith("Kaydara ");
+    return isText && areBracesTooDeep(file);
+}
+
+/// Where the text in the file \a path stops being XML, if that is what it ought to be; empty when it does
+/// not.
+QString damageOfXml(const QString &path)
+{
+    QFile file(path);
+    if (!isXml(path) || !file.open(QIODevice::ReadOnly))
         return {};
-    const auto place = [](qint64 line, qint64 column, const QString &reason) -> QString {
-        return QStringLiteral("line %1, column %2: ").arg(line).arg(column) + reason;
-    };
-    if (path.endsWith(QLatin1String(".gltf"), Qt::CaseInsensitive)) {
-        const QByteArray text = file.readAll();
-        QJsonParseError error;
-        QJsonDocument::fromJson(text, &error);
-        if (error.error == QJsonParseError::NoError)
-            return {};
-        const QByteArray before = text.left(error.offset);
-        return place(before.count('\n') + 1, before.size() - before.lastIndexOf('\n'), error.errorString());
-    }
-    for (const char *suffix : {".dae", ".x3d", ".xml", ".irr", ".irrmesh", ".amf"})
-        if (path.endsWith(QLatin1String(suffix), Qt::CaseInsensitive)) {
-            QXmlStreamReader reader(&file);
-            while (!reader.atEnd())
-                reader.readNext();
-            return reader.hasError() ? place(reader.lineNumber(), reader.columnNumber(), reader.errorString())
-                                     : QString();
-        }
-    return {};
+    QXmlStreamReader reader(&file);
+    while (!reader.atEnd())
+        reader.readNext();
+    if (!reader.hasError())
+        return {};
+    return QStringLiteral("line %1, column %2: %3")
+        .arg(reader.lineNumber())
+        .arg(reader.columnNumber())
+        .arg(reader.errorString());
 }
 
 /// Whether the file says so: what other programs write is theirs, even if it was the editor's before.
@@ -192,11 +236,18 @@ public:
     }
 
     const aiScene *scene = nullptr;
+    ksGltfFile gltf;
 
 private:
     void load(QStringList &repairs)
     {
         const ksQuietStandardError quiet;
+        // The reader of these would go down as deep as they say.
+        if (hasSuffix(path, {QStringLiteral("gltf"), QStringLiteral("glb")})) {
+            gltf = ksGltfFile(path);
+        }
+        if (gltf.isNestedTooDeeply() || isTextTooDeep(path))
+            throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(TooDeep));
         // Meshes that are made up where there are bones only.
         importer.SetPropertyBool(AI_CONFIG_IMPORT_NO_SKELETON_MESHES, true);
         // Later stages rely on sound input, so the file is checked as it comes before they run.
@@ -204,10 +255,17 @@ private:
         check();
         if (const char *flaw = flawOf(*scene))
             throw ksEditorError(path + QStringLiteral(": is damaged: ") + QLatin1String(flaw));
+        if (format() != ksModelFormat::Gltf)
+            gltf = {};
+        else if (gltf.document().isEmpty())
+            gltf = ksGltfFile(path);
         // What importers hand over is theirs, but it is not constant.
         ksModelRepair::repair(const_cast<aiScene &>(*scene),
                               [&repairs](const QString &text) { repairs += text; });
-        if (format() == ksModelFormat::Gltf && isSavedByEditor(*scene))
+        // Without any face the sorting of these would refuse the file.
+        const bool hasFaces = std::any_of(scene->mMeshes, scene->mMeshes + scene->mNumMeshes,
+                                          [](const aiMesh *mesh) { return mesh->mNumFaces > 0; });
+        if (!hasFaces || (format() == ksModelFormat::Gltf && isSavedByEditor(*scene)))
             return;
         // Where faces share vertices already, the last two steps would refuse the file.
         const bool isShared = (scene->mFlags & AI_SCENE_FLAGS_NON_VERBOSE_FORMAT) != 0;
@@ -252,8 +310,10 @@ private:
         QString text;
         if (isOutOfMemory() || reason.contains(QLatin1String("bad_alloc")))
             text = QStringLiteral("takes more memory than it is given");
-        else if (const QString damage = damageOf(path); !damage.isEmpty())
+        else if (const QString damage = gltf.damageOfDocument() + damageOfXml(path); !damage.isEmpty())
             text = QStringLiteral("is damaged, ") + damage;
+        else if (!isUnknown && isXml(path))
+            text = QStringLiteral("is damaged, although it is sound XML: ") + reason;
         else if (!isUnknown)
             text = QStringLiteral("is damaged: ") +
                    (reason.isEmpty() ? QStringLiteral("its reader gives no reason") : reason);
@@ -289,6 +349,11 @@ const aiScene &ksModelFile::scene() const
 ksModelFormat ksModelFile::format() const
 {
     return reader->format();
+}
+
+ksGltfFile &ksModelFile::gltf() const
+{
+    return reader->gltf;
 }
 
 QString ksModelFile::folder() const

@@ -9,6 +9,7 @@
 #include <memory>
 
 struct aiScene;
+class ksGltfFile;
 
 /// The formats whose readers hand over their content by conventions of their own.
 enum class ksModelFormat
@@ -25,12 +26,13 @@ constexpr float ksDegreesPerRadian = 57.29577951F;
 class ksModelFile
 {
 public:
-    /// Reads the model in the file \a modelPath: meshes made of triangles, lines or points, each mesh of one
+    /// Reads the model in the file \a filePath: meshes made of triangles, lines or points, each mesh of one
     /// kind, with normals unless the reader gives meshes that cannot have them. What the editor has saved
     /// stays as it is. What the reader complains about, and what has been repaired, see ksModelRepair, is
     /// reported to \a warn. Throws ksEditorError when there is no such file, no reader knows its format, the
-    /// file is damaged, or what it holds is not a scene: no root, faces without corners or with corners that
-    /// do not exist. Throws ksCancelled when \a progress, which may be empty, says no.
+    /// file is damaged, or what it holds is not a scene: no root, nodes nested too deeply, faces without
+    /// corners or with corners that do not exist. Throws ksCancelled when \a progress, which may be empty,
+    /// says no.
     explicit ksModelFile(
         const QString &filePath, const ksWarn &warn = [](const QString &) {},
         const ksProgress &progress = {});
@@ -42,6 +44,9 @@ public:
     const aiScene &scene() const;
 
     ksModelFormat format() const;
+
+    /// The file as it stands there; without a document unless it is glTF.
+    ksGltfFile &gltf() const;
 
     /// The path that it has been read from.
     const QString &filePath() const { return path; }

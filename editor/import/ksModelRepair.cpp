@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksModelRepair.h>
 #include <editor/import/ksModelText.h>
+#include <editor/scene/ksSoundNumbers.h>
 
 #include <assimp/scene.h>
 
@@ -57,7 +58,7 @@ void placeMeshes(aiScene &scene)
 bool isFinite(const aiMatrix4x4 &matrix)
 {
     for (unsigned int row = 0; row < 4; ++row)
-        if (!std::all_of(matrix[row], matrix[row] + 4, [](ai_real number) { return std::isfinite(number); }))
+        if (!ksSoundNumbers::areFinite(matrix[row], 4))
             return false;
     return true;
 }
@@ -100,25 +101,26 @@ void repairMesh(aiMesh &mesh, const ksWarn &warn)
     repair(mesh.mTextureCoords[0], "texture coordinates");
 }
 
+/// Whether all of the numbers of type T that \a property consists of are finite.
+template <class T>
+bool isFinite(const aiMaterialProperty &property)
+{
+    std::vector<T> numbers(property.mDataLength / sizeof(T));
+    std::memcpy(numbers.data(), property.mData, numbers.size() * sizeof(T));
+    return ksSoundNumbers::areFinite(numbers.data(), static_cast<unsigned int>(numbers.size()));
+}
+
 void repairMaterial(aiMaterial &material, const ksWarn &warn)
 {
-    for (unsigned int i = 0; i < material.mNumProperties; ++i) {
-        aiMaterialProperty &property = *material.mProperties[i];
-        if (property.mType != aiPTI_Float)
+    for (unsigned int i = material.mNumProperties; i-- > 0;) {
+        const aiMaterialProperty &property = *material.mProperties[i];
+        if (property.mType == aiPTI_Double ? isFinite<double>(property)
+                                           : property.mType != aiPTI_Float || isFinite<float>(property))
             continue;
-        bool isSound = true;
-        for (unsigned int at = 0; at + sizeof(float) <= property.mDataLength; at += sizeof(float)) {
-            float number = 0;
-            std::memcpy(&number, property.mData + at, sizeof(float));
-            if (std::isfinite(number))
-                continue;
-            isSound = false;
-            std::memset(property.mData + at, 0, sizeof(float));
-        }
-        if (!isSound)
-            warn(quoted("material", material.GetName()) + QStringLiteral(": ") +
-                 ksModelText::shown(property.mKey) +
-                 QStringLiteral(" has numbers that are not finite, which count as 0"));
+        const aiString key = property.mKey;
+        warn(quoted("material", material.GetName()) + QStringLiteral(": ") + ksModelText::shown(key) +
+             QStringLiteral(" has numbers that are not finite, and is left out"));
+        material.RemoveProperty(key.C_Str(), property.mSemantic, property.mIndex);
     }
 }
 
@@ -126,11 +128,13 @@ void repairMaterial(aiMaterial &material, const ksWarn &warn)
 void checkLight(const aiLight &light, const ksWarn &warn)
 {
     for (const ai_real number :
-         {light.mPosition.x, light.mPosition.y, light.mPosition.z, light.mDirection.x, light.mDirection.y,
-          light.mDirection.z, light.mAttenuationConstant, light.mAttenuationLinear,
-          light.mAttenuationQuadratic, light.mColorDiffuse.r, light.mColorDiffuse.g, light.mColorDiffuse.b,
-          light.mColorSpecular.r, light.mColorSpecular.g, light.mColorSpecular.b, light.mAngleInnerCone,
-          light.mAngleOuterCone})
+         {light.mPosition.x,          light.mPosition.y,        light.mPosition.z,
+          light.mDirection.x,         light.mDirection.y,       light.mDirection.z,
+          light.mAttenuationConstant, light.mAttenuationLinear, light.mAttenuationQuadratic,
+          light.mColorDiffuse.r,      light.mColorDiffuse.g,    light.mColorDiffuse.b,
+          light.mColorSpecular.r,     light.mColorSpecular.g,   light.mColorSpecular.b,
+          light.mColorAmbient.r,      light.mColorAmbient.g,    light.mColorAmbient.b,
+          light.mAngleInnerCone,      light.mAngleOuterCone})
         if (!std::isfinite(number)) {
             warn(quoted("light", light.mName) +
                  QStringLiteral(" has numbers that are not finite, which count as 0"));

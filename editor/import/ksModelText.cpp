@@ -43,3 +43,8 @@ bool ksModelText::mayBeCut(const aiString &text)
 {
     return text.length + 1 >= MAXLEN;
 }
+
+bool ksModelText::isTooLong(const std::string &text)
+{
+    return text.size() >= MAXLEN;
+}

@@ -19,4 +19,7 @@ QString shown(const aiString &text);
 /// Whether \a text is as long as there is room, so that some of it may be missing.
 bool mayBeCut(const aiString &text);
 
+/// Whether there is no room for \a text, of which Assimp has a part or nothing then.
+bool isTooLong(const std::string &text);
+
 } // namespace ksModelText

@@ -18,7 +18,6 @@
 
 #include <deque>
 #include <map>
-#include <memory>
 #include <set>
 #include <string>
 #include <utility>
@@ -40,11 +39,10 @@ public:
         : file(model)
         , warn(reportTo)
         , materials(model, reportTo)
-        , saved(model, materials, reportTo)
+        , written(model.gltf().document(), model.scene())
+        , saved(model, written, materials, reportTo)
         , meshes(model.scene().mNumMeshes)
     {
-        if (file.format() == ksModelFormat::Gltf)
-            written = std::make_unique<ksGltfNodes>(ksGltfFile(file.filePath()).document(), file.scene());
         for (unsigned int i = 0; i < file.scene().mNumLights; ++i) {
             const aiLight *light = file.scene().mLights[i];
             lights[ksModelText::whole(light->mName)].push_back(light);
@@ -55,14 +53,12 @@ public:
     {
         osg::NodeRefPtr root(buildNode(*file.scene().mRootNode));
         for (const auto &[name, homeless] : lights)
-            for (std::size_t i = 0; !knowsLights() && i < homeless.size(); ++i)
+            for (std::size_t i = 0; !written.knowsLights() && i < homeless.size(); ++i)
                 warn(QStringLiteral("light '") + QString::fromStdString(name) +
                      QStringLiteral("' has no place"));
-        for (unsigned int i = 0; i < file.scene().mNumMaterials; ++i)
-            cutNames += ksModelText::mayBeCut(file.scene().mMaterials[i]->GetName()) ? 1 : 0;
-        if (cutNames > 0)
+        if (const int count = cutNames + materials.cutNames(); count > 0)
             warn(QStringLiteral("%1 of the names are longer than the reader has room for, and cut")
-                     .arg(cutNames));
+                     .arg(count));
         return root;
     }
 
@@ -81,7 +77,7 @@ private:
         const bool isMesh = osg::ksMeshPtr::dcast(node->getCore()) != osg::NullFC;
         const bool isLight = osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
         for (unsigned int i = isMesh ? 1 : 0; i < source.mNumMeshes; ++i)
-            node->addChild(buildMeshNode(name, source.mMeshes[i]));
+            node->addChild(buildMeshNode(meshNameOf(source, i, name), source.mMeshes[i]));
         if (const aiLight *light = lightOf(source); light != nullptr && !isLight)
             node->addChild(buildLightNode(name, *light));
         return placed(node, source, name);
@@ -101,7 +97,7 @@ private:
 
     std::string nameOf(const aiNode &node)
     {
-        const std::string name = written != nullptr ? written->nameOf(node) : std::string();
+        const std::string name = written.nameOf(node);
         return name.empty() ? nameFrom(node.mName) : name;
     }
 
@@ -111,14 +107,12 @@ private:
         return ksModelText::whole(text);
     }
 
-    bool knowsLights() const { return written != nullptr && written->knowsLights(); }
-
     /// The light that is at \a node. Where lights have nothing but names, the first light of a name is at the
     /// first node of that name, and so on.
     const aiLight *lightOf(const aiNode &node)
     {
-        if (knowsLights())
-            return written->lightOf(node);
+        if (written.knowsLights())
+            return written.lightOf(node);
         const auto found = lights.find(ksModelText::whole(node.mName));
         if (found == lights.end() || found->second.empty())
             return nullptr;
@@ -127,7 +121,19 @@ private:
         return light;
     }
 
-    osg::NodePtr buildMeshNode(const std::string &owner, unsigned int index)
+    /// The name of the mesh at \a index of \a node, which is called \a owner.
+    std::string meshNameOf(const aiNode &node, unsigned int index, const std::string &owner)
+    {
+        // As the reader names those that one mesh is taken apart into.
+        const std::string part = node.mNumMeshes > 1 ? '-' + std::to_string(index) : std::string();
+        const std::string name = written.meshNameOf(node) + part;
+        if (ksModelText::isTooLong(name))
+            return name;
+        const aiString &known = file.scene().mMeshes[node.mMeshes[index]]->mName;
+        return known.length > 0 ? nameFrom(known) : owner + " mesh";
+    }
+
+    osg::NodePtr buildMeshNode(const std::string &name, unsigned int index)
     {
         const aiMesh &source = *file.scene().mMeshes[index];
         osg::RefPtr<osg::ksMeshPtr> &mesh = meshes[index];
@@ -136,8 +142,7 @@ private:
         const osg::ksNodeSettingsPtr settings = osg::ksNodeSettings::create();
         CPEdit(settings, osg::ksNodeSettings::OpacityFieldMask);
         settings->setOpacity(materials.opacity(source.mMaterialIndex));
-        return ksContainers::createNode(source.mName.length > 0 ? nameFrom(source.mName) : owner + " mesh",
-                                        mesh.get(), settings);
+        return ksContainers::createNode(name, mesh.get(), settings);
     }
 
     osg::ksMeshPtr createMesh(const aiMesh &source)
@@ -166,10 +171,9 @@ private:
     const ksModelFile &file;
     const ksWarn &warn;
     ksMaterialImporter materials;
-    ksExtrasReader saved;
+    const ksGltfNodes written;
+    const ksExtrasReader saved;
     std::vector<osg::RefPtr<osg::ksMeshPtr>> meshes;
-    /// Null unless the file is glTF.
-    std::unique_ptr<ksGltfNodes> written;
 
     /// Those that have found no place yet, by name, in the order of the file.
     std::map<std::string, std::deque<const aiLight *>> lights;

@@ -8,12 +8,6 @@
 
 namespace {
 
-osg::Matrix matrixOf(const aiMatrix4x4 &m)
-{
-    return osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4, m.d1, m.d2,
-                       m.d3, m.d4);
-}
-
 /// Whether \a transform has got \a matrix.
 bool compose(const osg::Transform3DPtr &transform, const osg::Matrix &matrix)
 {
@@ -39,10 +33,17 @@ osg::Quaternion turnTo(const osg::Vec3f &direction)
 
 } // namespace
 
+osg::Matrix ksTransformImporter::matrix(const aiNode &node)
+{
+    const aiMatrix4x4 &m = node.mTransformation;
+    return osg::Matrix(m.a1, m.a2, m.a3, m.a4, m.b1, m.b2, m.b3, m.b4, m.c1, m.c2, m.c3, m.c4, m.d1, m.d2,
+                       m.d3, m.d4);
+}
+
 osg::Transform3DPtr ksTransformImporter::create(const aiNode &node, const ksWarn &warn)
 {
     const osg::Transform3DPtr transform = osg::Transform3D::create();
-    if (!compose(transform, matrixOf(node.mTransformation)))
+    if (!compose(transform, matrix(node)))
         warn(QStringLiteral("the matrix of node '") + ksModelText::shown(node.mName) +
              QStringLiteral("' is not one of a transform"));
     return transform;

@@ -13,6 +13,9 @@ class ksTransformImporter
 public:
     ksTransformImporter() = delete;
 
+    /// The matrix of \a node.
+    static osg::Matrix matrix(const aiNode &node);
+
     /// A new transform whose matrix is that of \a node, put together from components: translation, Euler
     /// angles and the rotation that these give bit for bit, as if a user had set them, scale and shear. Where
     /// no components give the matrix, see osg::Transform3D::decompose(), it is left out with a warning.

@@ -143,9 +143,10 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
     field.make = [&property, view](const osg::FieldContainerPtr &target, const QVariant &value,
                                    QUndoCommand *parent) {
         const ksTransformTarget meant = targetOf(nodeOf(target), property, *view);
+        const osg::Vec3f wanted = vectorOf(value);
         if (meant.world)
-            ksTransformEdits::refuseUnreachable(meant.node);
-        return property.make(meant, vectorOf(value), {}, parent);
+            ksTransformEdits::refuseUnreachable(meant.node, wanted);
+        return property.make(meant, wanted, {}, parent);
     };
     ksNumberKind kind;
     if (property.field == osg::Transform3D::EulerRotationFieldId ||

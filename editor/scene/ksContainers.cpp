@@ -8,6 +8,9 @@
 #include <OpenSG/OSGNodeCore.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
+#include <iterator>
+#include <vector>
+
 osg::NodePtr ksContainers::ownerOf(const osg::FieldContainerPtr &container)
 {
     if (const osg::NodePtr node = osg::NodePtr::dcast(container))
@@ -33,6 +36,12 @@ QString ksContainers::nameOf(const osg::FieldContainerPtr &container)
     return image == osg::NullFC ? QString() : QString::fromStdString(image->getName());
 }
 
+std::string ksContainers::ownNameOf(const osg::AttachmentContainerPtr &container)
+{
+    const char *name = container == osg::NullFC ? nullptr : osg::getName(container);
+    return name != nullptr ? name : "";
+}
+
 QString ksContainers::label(const osg::FieldContainerPtr &container)
 {
     if (container == osg::NullFC)
@@ -46,9 +55,16 @@ QString ksContainers::label(const osg::FieldContainerPtr &container)
 void ksContainers::visitNodes(const osg::NodePtr &root,
                               const std::function<void(const osg::NodePtr &)> &visit)
 {
-    visit(root);
-    for (osg::UInt32 i = 0; i < root->getNChildren(); ++i)
-        visitNodes(root->getChild(i), visit);
+    // The stack of calls has no room for trees of any depth.
+    std::vector<osg::NodePtr> open = {root};
+    while (!open.empty()) {
+        const osg::NodePtr node = open.back();
+        open.pop_back();
+        visit(node);
+        const osg::MFNodePtr &children = node->getChildren();
+        open.insert(open.end(), std::make_reverse_iterator(children.end()),
+                    std::make_reverse_iterator(children.begin()));
+    }
 }
 
 osg::NodePtr ksContainers::createNode(const std::string &name, const osg::NodeCorePtr &core,

@@ -13,6 +13,10 @@
 /// What the editor asks containers of any class.
 namespace ksContainers {
 
+/// How many nodes there may be from the root to a leaf: the scene graph takes trees apart by calls within
+/// each other.
+constexpr int MostLevels = 1000;
+
 /// The node that \a container belongs to: a node itself, the first node that has it as core or attachment.
 /// NullFC when there is none.
 osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
@@ -20,6 +24,9 @@ osg::NodePtr ownerOf(const osg::FieldContainerPtr &container);
 /// The name that the user knows \a container by: its own, or that of the node that it belongs to. Empty when
 /// there is none.
 QString nameOf(const osg::FieldContainerPtr &container);
+
+/// The name of \a container itself, in UTF-8; empty when it has none, and for NullFC.
+std::string ownNameOf(const osg::AttachmentContainerPtr &container);
 
 /// How messages call \a container: its type, its id, and its name if there is one. "nothing" for NullFC.
 QString label(const osg::FieldContainerPtr &container);

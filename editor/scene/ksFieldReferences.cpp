@@ -18,23 +18,6 @@ bool isOfHandles(const osg::FieldType &type)
            type == osg::SFAttachmentMap::getClassType();
 }
 
-/// Calls \a visit with the containers whose ids stand in \a text, which is that of a field of handles. So
-/// handles of every class are read alike.
-void visitIds(const std::string &text, const std::function<void(const osg::FieldContainerPtr &)> &visit)
-{
-    const char *const end = text.data() + text.size();
-    for (const char *at = text.data(); at < end; ++at) {
-        osg::UInt32 id = 0;
-        const std::from_chars_result read = std::from_chars(at, end, id);
-        if (read.ec != std::errc())
-            continue;
-        at = read.ptr;
-        const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
-        if (container != osg::NullFC)
-            visit(container);
-    }
-}
-
 } // namespace
 
 bool ksFieldReferences::arePossibleIn(const osg::Field &field)
@@ -45,6 +28,24 @@ bool ksFieldReferences::arePossibleIn(const osg::Field &field)
     return found != known.end() ? found->second : known.emplace(&type, isOfHandles(type)).first->second;
 }
 
+std::vector<osg::UInt32> ksFieldReferences::ids(const osg::Field &field)
+{
+    // The text is the same for handles of every class.
+    std::string text;
+    field.getValueByStr(text);
+    std::vector<osg::UInt32> result;
+    const char *const end = text.data() + text.size();
+    for (const char *at = text.data(); at < end; ++at) {
+        osg::UInt32 id = 0;
+        const std::from_chars_result read = std::from_chars(at, end, id);
+        if (read.ec != std::errc())
+            continue;
+        result.push_back(id);
+        at = read.ptr;
+    }
+    return result;
+}
+
 void ksFieldReferences::visit(const osg::Field &field,
                               const std::function<void(const osg::FieldContainerPtr &)> &visit)
 {
@@ -52,7 +53,10 @@ void ksFieldReferences::visit(const osg::Field &field,
         for (const auto &[key, attachment] : attachments->getValue())
             visit(attachment);
     } else if (arePossibleIn(field)) {
-        std::string text;
-        visitIds(field.getValueByStr(text), visit);
+        for (const osg::UInt32 id : ids(field)) {
+            const osg::FieldContainerPtr container = osg::FieldContainerFactory::the()->getContainer(id);
+            if (container != osg::NullFC)
+                visit(container);
+        }
     }
 }

@@ -23,4 +23,16 @@ inline QString extras()
     return QStringLiteral("ksundo");
 }
 
+/// The extension that holds lights.
+inline QString lights()
+{
+    return QStringLiteral("KHR_lights_punctual");
+}
+
+/// The extension that holds how textures lie on surfaces.
+inline QString textureTransform()
+{
+    return QStringLiteral("KHR_texture_transform");
+}
+
 } // namespace ksGltfNames

@@ -1,19 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksNodePaths.h>
-
-#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <algorithm>
 #include <charconv>
 #include <string_view>
 
 namespace {
-
-std::string nameOf(const osg::NodePtr &node)
-{
-    const char *name = osg::getName(node);
-    return name != nullptr ? name : "";
-}
 
 bool canBePartOfPath(const std::string &name)
 {
@@ -24,7 +17,7 @@ bool canBePartOfPath(const std::string &name)
 osg::NodePtr childCalled(const osg::NodePtr &node, std::string_view name)
 {
     for (osg::UInt32 i = 0; i < node->getNChildren(); ++i)
-        if (nameOf(node->getChild(i)) == name)
+        if (ksContainers::ownNameOf(node->getChild(i)) == name)
             return node->getChild(i);
     return osg::NullFC;
 }
@@ -43,7 +36,7 @@ osg::NodePtr childAt(const osg::NodePtr &node, std::string_view part)
 
 std::string partOf(const osg::NodePtr &parent, const osg::NodePtr &node)
 {
-    const std::string name = nameOf(node);
+    const std::string name = ksContainers::ownNameOf(node);
     if (canBePartOfPath(name) && childCalled(parent, name) == node)
         return name;
     return '#' + std::to_string(parent->findChild(node));

@@ -44,6 +44,17 @@ void releaseLinks(const osg::LightLinkSetPtr &set)
             set->subSceneNode(node);
 }
 
+/// The circle may lie behind \a material, between those that it mirrors.
+void releaseEnvironments(osg::UBRDFMaterialPtr material)
+{
+    while (material != osg::NullFC && !wouldClose(material, material->getEnvironment()))
+        material = osg::UBRDFMaterialPtr::dcast(material->getEnvironment());
+    if (material == osg::NullFC)
+        return;
+    CPEdit(material, osg::UBRDFMaterial::EnvironmentFieldMask);
+    material->setEnvironment(osg::NullFC);
+}
+
 /// Takes away what \a core refers to in a circle.
 void releaseCore(const osg::NodeCorePtr &core)
 {
@@ -60,11 +71,7 @@ void releaseCore(const osg::NodeCorePtr &core)
     } else if (const auto set = osg::LightLinkSetPtr::dcast(core)) {
         releaseLinks(set);
     } else if (const auto mesh = osg::ksMeshPtr::dcast(core)) {
-        const auto material = osg::UBRDFMaterialPtr::dcast(mesh->getMaterial());
-        if (material != osg::NullFC && wouldClose(material, material->getEnvironment())) {
-            CPEdit(material, osg::UBRDFMaterial::EnvironmentFieldMask);
-            material->setEnvironment(osg::NullFC);
-        }
+        releaseEnvironments(osg::UBRDFMaterialPtr::dcast(mesh->getMaterial()));
     }
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksContainers.h>
 #include <editor/scene/ksSceneIndex.h>
 
 #include <ksundo/core/ksFindContainer.h>
@@ -9,24 +10,13 @@
 #include <OpenSG/OSGThread.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace {
 
 bool isCalled(const osg::NodePtr &node, const std::string &name)
 {
-    const char *own = node == osg::NullFC ? nullptr : osg::getName(node);
-    return own != nullptr && name == own;
-}
-
-/// The indexes that lead from the root of the tree to \a node.
-std::vector<osg::Int32> pathOf(osg::NodePtr node)
-{
-    std::vector<osg::Int32> path;
-    for (osg::NodePtr parent = node->getParent(); parent != osg::NullFC;
-         node = parent, parent = node->getParent())
-        path.push_back(parent->findChild(node));
-    std::reverse(path.begin(), path.end());
-    return path;
+    return node != osg::NullFC && ksContainers::ownNameOf(node) == name;
 }
 
 } // namespace
@@ -37,11 +27,13 @@ void ksSceneIndex::noteName(const osg::NodePtr &node)
     const char *name = node == osg::NullFC ? nullptr : osg::getName(node);
     if (name == nullptr)
         return;
-    Ids &ids = nodes[name];
+    Called &called = nodes[name];
     const osg::UInt32 id = node.getFieldContainerId();
-    const auto place = std::lower_bound(ids.begin(), ids.end(), id);
-    if (place == ids.end() || *place != id)
-        ids.insert(place, id);
+    const auto place = std::lower_bound(called.ids.begin(), called.ids.end(), id);
+    if (place != called.ids.end() && *place == id)
+        return;
+    called.ids.insert(place, id);
+    called.moves.reset();
 }
 
 void ksSceneIndex::note(const osg::FieldContainerPtr &container)
@@ -74,9 +66,13 @@ void ksSceneIndex::noteRecorded()
         const osg::FieldContainerPtr container = ksFindContainer<osg::FieldContainerPtr>(change->first);
         if (container == osg::NullFC || change->first >= next)
             continue;
-        const bool hasNewName = container->getType() == osg::Name::getClassType() ||
-                                (container->getType() == osg::Node::getClassType() &&
-                                 (change->second & osg::Node::AttachmentsFieldMask) != 0);
+        const osg::NodePtr node = osg::NodePtr::dcast(container);
+        if (node != osg::NullFC && (change->second & osg::Node::ParentFieldMask) != 0 &&
+            node->getParent() != osg::NullFC)
+            ++moves;
+        const bool hasNewName =
+            container->getType() == osg::Name::getClassType() ||
+            (node != osg::NullFC && (change->second & osg::Node::AttachmentsFieldMask) != 0);
         if (hasNewName)
             note(container);
     }
@@ -101,39 +97,73 @@ bool ksSceneIndex::isInScene(osg::NodePtr node) const
 
 osg::NodePtr ksSceneIndex::find(const std::string &name)
 {
-    const std::vector<osg::NodePtr> all = findAll(name);
-    return all.empty() ? osg::NodePtr() : all.front();
+    noteNew();
+    const auto known = nodes.find(name);
+    if (known == nodes.end())
+        return osg::NullFC;
+    Called &called = known->second;
+    if (called.moves != moves)
+        order(called, name);
+    for (const osg::UInt32 id : called.ordered) {
+        ++visited;
+        const auto node = ksFindContainer<osg::NodePtr>(id);
+        if (isCalled(node, name) && isInScene(node))
+            return node;
+    }
+    return osg::NullFC;
 }
 
 std::vector<osg::NodePtr> ksSceneIndex::findAll(const std::string &name)
 {
     noteNew();
-    const auto known = nodes.find(name);
-    if (known == nodes.end())
-        return {};
+    std::vector<osg::NodePtr> all;
+    if (const auto known = nodes.find(name); known != nodes.end()) {
+        order(known->second, name);
+        for (const osg::UInt32 id : known->second.ordered)
+            all.push_back(ksFindContainer<osg::NodePtr>(id));
+    }
+    return all;
+}
+
+void ksSceneIndex::order(Called &called, const std::string &name)
+{
     // One that has another name now, or has gone, is not asked again; one that is out of the scene may be
     // back.
-    Ids &ids = known->second;
+    Ids &ids = called.ids;
+    visited += ids.size();
     ids.erase(std::remove_if(
                   ids.begin(), ids.end(),
                   [&name](osg::UInt32 id) { return !isCalled(ksFindContainer<osg::NodePtr>(id), name); }),
               ids.end());
-    std::vector<std::pair<std::vector<osg::Int32>, osg::NodePtr>> found;
-    for (const osg::UInt32 id : ids) {
-        ++visited;
-        const auto node = ksFindContainer<osg::NodePtr>(id);
-        if (isInScene(node))
-            found.emplace_back(std::vector<osg::Int32>(), node);
+    if (ids.size() <= 1) {
+        called.ordered = !ids.empty() && isInScene(ksFindContainer<osg::NodePtr>(ids[0])) ? ids : Ids();
+        called.moves = moves;
+        return;
     }
-    if (found.size() > 1) {
-        for (auto &[path, node] : found)
-            path = pathOf(node);
-        std::sort(found.begin(), found.end());
+    // The nodes above them, and of their children those on the way, in order.
+    std::unordered_set<osg::UInt32> onTheWay;
+    std::unordered_map<osg::UInt32, std::vector<osg::NodePtr>> below;
+    for (const osg::UInt32 id : ids)
+        for (auto node = ksFindContainer<osg::NodePtr>(id);
+             node != osg::NullFC && onTheWay.insert(node.getFieldContainerId()).second;
+             node = node->getParent())
+            if (node->getParent() != osg::NullFC)
+                below[node->getParent().getFieldContainerId()];
+    for (auto &[parent, children] : below)
+        for (const osg::NodePtr &each : ksFindContainer<osg::NodePtr>(parent)->getChildren())
+            if (onTheWay.count(each.getFieldContainerId()) > 0)
+                children.push_back(each);
+    called.ordered.clear();
+    called.moves = moves;
+    std::vector<osg::NodePtr> open = {root};
+    while (!open.empty()) {
+        const osg::UInt32 id = open.back().getFieldContainerId();
+        open.pop_back();
+        if (std::binary_search(ids.begin(), ids.end(), id))
+            called.ordered.push_back(id);
+        if (const auto children = below.find(id); children != below.end())
+            open.insert(open.end(), children->second.rbegin(), children->second.rend());
     }
-    std::vector<osg::NodePtr> all;
-    for (const auto &entry : found)
-        all.push_back(entry.second);
-    return all;
 }
 
 std::vector<osg::UberLightPtr> ksSceneIndex::lights()

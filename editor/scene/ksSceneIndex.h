@@ -5,6 +5,7 @@
 #include <OpenSG/OSGNode.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -42,17 +43,36 @@ public:
 private:
     using Ids = std::vector<osg::UInt32>;
 
+    /// The nodes that have, or had, a name.
+    struct Called
+    {
+        /// All of them.
+        Ids ids;
+
+        /// Those of them that were in the scene when their order was found, in that order.
+        Ids ordered;
+
+        /// The number of moves then; none when it has to be found anew.
+        std::optional<std::size_t> moves;
+    };
+
+    void order(Called &called, const std::string &name);
+
     void noteNew();
     void noteRecorded();
     void note(const osg::FieldContainerPtr &container);
     void noteName(const osg::NodePtr &node);
 
     osg::NodePtr root;
-    std::unordered_map<std::string, Ids> nodes;
+    std::unordered_map<std::string, Called> nodes;
     Ids lightIds;
 
     /// The first id of those that have not been noted yet.
     std::size_t next = 0;
+
+    /// How often a node that has been noted came to a place in the tree, which may change the order of nodes;
+    /// leaving the tree does not.
+    std::size_t moves = 0;
 
     /// How many changes of the change list have been noted.
     osg::UInt32 recorded = 0;

@@ -9,13 +9,19 @@ ksScriptCall::ksScriptCall(ksScriptHost &scriptHost, const QJSValue &called)
     , engine(&scriptHost.engine())
     , function(called)
 {
-    connect(scriptHost.history().stack(), &ksUndoStack::cleared, this, &QObject::deleteLater);
+    // Scripts run without an event loop, which deleteLater() would wait for.
+    connect(scriptHost.history().stack(), &ksUndoStack::cleared, this, [this] { delete this; });
+}
+
+void ksScriptCall::refuseUnlessFunction(const QJSValue &value)
+{
+    if (!value.isCallable())
+        throw ksEditorError("the action is a function");
 }
 
 ksScriptCall *ksScriptCall::make(ksScriptHost &host, const QJSValue &function)
 {
-    if (!function.isCallable())
-        throw ksEditorError("the action is a function");
+    refuseUnlessFunction(function);
     return new ksScriptCall(host, function);
 }
 

@@ -18,6 +18,9 @@ public:
     /// ksEditorError when \a function is none.
     static ksScriptCall *make(ksScriptHost &host, const QJSValue &function);
 
+    /// Throws as make() does.
+    static void refuseUnlessFunction(const QJSValue &value);
+
     Q_INVOKABLE void call();
 
 private:

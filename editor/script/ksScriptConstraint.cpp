@@ -31,7 +31,7 @@ void ksScriptConstraint::remove(const QJSValue &nodes)
                 throw ksEditorError(ksContainers::label(constraint) + QStringLiteral(" does not refer to ") +
                                     ksContainers::label(node));
         if (!removed.empty())
-            host.add(
-                new ksDeleteConstraintReferenceUndoCommand(constraint, {removed.begin(), removed.end()}));
+            host.add(new ksDeleteConstraintReferenceUndoCommand(constraint, {removed.begin(), removed.end()},
+                                                                host.parent()));
     });
 }

@@ -20,6 +20,7 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGFieldContainerFactory.h>
 #include <OpenSG/OSGFieldContainerType.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <memory>
@@ -29,6 +30,9 @@ using namespace ksScriptValues;
 namespace {
 
 const ksScriptRegistry::Wrapper<osg::FieldContainerPtr, ksScriptContainer> wrapper;
+
+const QLatin1String Name("name");
+const QLatin1String Material("material");
 
 /// The core of \a container, a node, or of the first of its children that has one of the class of \a PtrT; or
 /// \a container itself, if that is one.
@@ -61,7 +65,7 @@ osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
         return component->getImage();
     if (const auto material = osg::UberMaterialPtr::dcast(container))
         for (const osg::ColorComponentPtr &component : material->getColorComponentData())
-            if (component->getImage() != osg::NullFC)
+            if (component != osg::NullFC && component->getImage() != osg::NullFC)
                 return component->getImage();
     return osg::NullFC;
 }
@@ -70,17 +74,12 @@ osg::ImagePtr findImage(const osg::FieldContainerPtr &container)
 /// ksEditorError when a node has no mesh.
 osg::ksMeshPtr meshOf(const osg::FieldContainerPtr &container, const QString &name)
 {
-    if (name != QLatin1String("material"))
+    if (name != Material)
         return osg::NullFC;
     const osg::ksMeshPtr mesh = findCore<osg::ksMeshPtr>(container);
     if (mesh == osg::NullFC)
         throw ksEditorError(ksContainers::label(container) + QStringLiteral(" has no mesh"));
     return mesh;
-}
-
-osg::MaterialPtr materialFrom(const QJSValue &value)
-{
-    return value.isNull() ? osg::MaterialPtr() : containerFrom<osg::MaterialPtr>(value, "material");
 }
 
 /// The colour component whose image is meant by \a name as a value of \a container; NullFC when it is none.
@@ -90,14 +89,40 @@ osg::ColorComponentPtr componentOf(const osg::FieldContainerPtr &container, cons
                                           : osg::ColorComponentPtr();
 }
 
-/// An image, that in a file, or none for null.
-osg::ImageRefPtr imageFrom(const ksScriptHost &host, const QJSValue &value)
+/// Whether the name of \a container, which has no field for it, is meant by \a name.
+bool isName(const osg::FieldContainerPtr &container, const QString &name)
 {
-    if (value.isNull())
-        return {};
-    if (value.isString())
-        return ksImageImporter::imageInFile(host.pathFrom(value.toString()));
-    return osg::ImageRefPtr(containerFrom<osg::ImagePtr>(value, "image"));
+    return name == Name && container->getField("name") == nullptr;
+}
+
+/// What holds the name that is meant by \a name as a value of \a container; NullFC when it is none.
+osg::NamePtr nameAttachmentOf(const osg::FieldContainerPtr &container, const QString &name)
+{
+    if (!isName(container, name))
+        return osg::NullFC;
+    const osg::NodePtr owner = ksContainers::ownerOf(container);
+    const auto named = owner != osg::NullFC ? osg::AttachmentContainerPtr(owner)
+                                            : osg::AttachmentContainerPtr::dcast(container);
+    return named == osg::NullFC ? osg::NamePtr()
+                                : osg::NamePtr::dcast(named->findAttachment(osg::Name::getClassType()));
+}
+
+/// The node that a name can be attached to.
+osg::NodePtr namedOwnerOf(const osg::FieldContainerPtr &container)
+{
+    const osg::NodePtr owner = ksContainers::ownerOf(container);
+    if (owner == osg::NullFC)
+        throw ksEditorError(ksContainers::label(container) + QStringLiteral(" cannot be given a name"));
+    return owner;
+}
+
+osg::RefPtr<osg::NamePtr> makeName(const QJSValue &value)
+{
+    const std::string name = textFrom(value, Name).toStdString();
+    const osg::RefPtr<osg::NamePtr> made(osg::Name::create());
+    CPEdit(made, osg::Name::SimpleFieldMask);
+    made->getFieldPtr()->setValue(name);
+    return made;
 }
 
 } // namespace
@@ -134,29 +159,7 @@ QString ksScriptContainer::label() const
 
 void ksScriptContainer::setName(const QString &name)
 {
-    host.guard([&] {
-        const osg::NodePtr owner = ksContainers::ownerOf(container());
-        const auto named = owner != osg::NullFC ? osg::AttachmentContainerPtr(owner)
-                                                : osg::AttachmentContainerPtr::dcast(container());
-        const osg::AttachmentPtr known =
-            named == osg::NullFC ? osg::AttachmentPtr() : named->findAttachment(osg::Name::getClassType());
-        const QString field = QStringLiteral("name");
-        if (known != osg::NullFC) {
-            if (!ksFieldEdits::holds(known, field, name))
-                host.add(ksFieldEdits::make(QStringLiteral("Rename '") + ksContainers::nameOf(container()) +
-                                                QLatin1Char('\''),
-                                            known, field, name, ksMerging::Never));
-            return;
-        }
-        if (owner == osg::NullFC)
-            throw ksEditorError(ksContainers::label(container()) + QStringLiteral(" cannot be given a name"));
-        const osg::NamePtr made = osg::Name::create();
-        {
-            CPEdit(made, osg::Name::SimpleFieldMask);
-            made->getFieldPtr()->setValue(name.toStdString());
-        }
-        host.add(new ksAttachUndoCommand(owner, made));
-    });
+    host.guard([&] { perform({Name, name, {}, {}}); });
 }
 
 QStringList ksScriptContainer::fields() const
@@ -206,7 +209,7 @@ QJSValue ksScriptContainer::material() const
 
 void ksScriptContainer::setMaterial(const QJSValue &material)
 {
-    host.guard([&] { perform({QStringLiteral("material"), material, {}, {}}); });
+    host.guard([&] { perform({Material, material, {}, {}}); });
 }
 
 QJSValue ksScriptContainer::light() const
@@ -258,18 +261,28 @@ void ksScriptContainer::drag(const QString &field, const QJSValue &values, const
     host.guard([&] { performDrag({field, {}, {}, titleFrom(text)}, values); });
 }
 
-void ksScriptContainer::perform(const ksScriptEdit &edit)
+void ksScriptContainer::perform(ksScriptEdit edit)
 {
-    if (holds(edit))
+    // A file is read once.
+    osg::ImageRefPtr image;
+    if (edit.value.isString() && componentOf(container(), edit.name) != osg::NullFC) {
+        image = ksImageImporter::imageInFile(host.pathFrom(edit.value.toString()));
+        edit.value = host.engine().newQObject(new ksScriptContainer(host, image.get().getFieldContainerId()));
+    }
+    // Batches merge when they have the same edits, whatever these change.
+    if (host.parent() == nullptr && holds(edit))
         return;
-    std::unique_ptr<QUndoCommand> command(makeEdit(edit));
-    if (!edit.text.isEmpty())
+    edit.merging = host.merging();
+    QUndoCommand *const command = makeEdit(edit);
+    if (command != nullptr && !edit.text.isEmpty())
         command->setText(edit.text);
-    host.add(command.release());
+    host.add(command);
 }
 
 void ksScriptContainer::performDrag(ksScriptEdit edit, const QJSValue &values)
 {
+    if (!merges(edit.name))
+        throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' cannot be dragged"));
     addDrag(
         values,
         [&](const QJSValue &value, ksMerging merging) {
@@ -287,9 +300,11 @@ void ksScriptContainer::switchFlag(const QString &field, bool value, const QJSVa
 {
     host.guard([&] {
         const QString title = ksFieldEdits::defaultText(container(), field);
+        ksScriptCall::refuseUnlessFunction(action);
         if (!ksFieldEdits::holds(container(), field, value))
             host.add(new ksInvokeBoolFieldUndoCommand(title, container(), field.toStdString(), value,
-                                                      ksScriptCall::make(host, action), "call()"));
+                                                      ksScriptCall::make(host, action), "call()",
+                                                      host.parent()));
     });
 }
 
@@ -307,6 +322,7 @@ void ksScriptContainer::addDrag(
 {
     if (!values.isArray())
         throw ksEditorError("the values of a drag are an array");
+    host.refuseWithinBatch();
     const quint32 count = lengthOf(values);
     // Commands may look at the value that they follow, so that these only tell whether the values fit.
     for (quint32 i = 0; i < count; ++i)
@@ -323,21 +339,41 @@ QUndoCommand *ksScriptContainer::makeEdit(const ksScriptEdit &edit) const
     const osg::FieldContainerPtr target = container();
     if (!edit.options.isUndefined())
         throw ksEditorError(QLatin1Char('\'') + edit.name + QStringLiteral("' takes no options"));
+    if (edit.name == Name && edit.value.isString() && edit.value.toString().contains(QChar::Null))
+        throw ksEditorError("'name' has a NUL character");
     if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
-        return new ksMeshMaterialUndoCommand(mesh, materialFrom(edit.value), edit.parent);
+        return new ksMeshMaterialUndoCommand(mesh, containerOrNone<osg::MaterialPtr>(edit.value, "material"),
+                                             host.parent());
     if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
-        return new ksImageFieldUndoCommand(component, "image", imageFrom(host, edit.value).get(),
-                                           edit.parent);
+        return new ksImageFieldUndoCommand(
+            component, "image", containerOrNone<osg::ImagePtr>(edit.value, "image"), host.parent());
+    if (const osg::NamePtr known = nameAttachmentOf(target, edit.name))
+        return ksFieldEdits::make(QStringLiteral("Rename '") + ksContainers::nameOf(target) +
+                                      QLatin1Char('\''),
+                                  known, Name, plainFrom(edit.value), edit.merging, host.parent());
+    if (isName(target, edit.name))
+        return new ksAttachUndoCommand(namedOwnerOf(target), makeName(edit.value).get(), host.parent());
     const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(target, edit.name) : edit.text;
-    return ksFieldEdits::make(title, target, edit.name, plainFrom(edit.value), edit.merging, edit.parent);
+    return ksFieldEdits::make(title, target, edit.name, plainFrom(edit.value), edit.merging, host.parent());
 }
 
 bool ksScriptContainer::holds(const ksScriptEdit &edit) const
 {
     const osg::FieldContainerPtr target = container();
     if (const osg::ksMeshPtr mesh = meshOf(target, edit.name))
-        return mesh->getMaterial() == materialFrom(edit.value);
+        return mesh->getMaterial() == containerOrNone<osg::MaterialPtr>(edit.value, "material");
     if (const osg::ColorComponentPtr component = componentOf(target, edit.name))
-        return component->getImage() == imageFrom(host, edit.value).get();
+        return component->getImage() == containerOrNone<osg::ImagePtr>(edit.value, "image");
+    if (const osg::NamePtr known = nameAttachmentOf(target, edit.name))
+        return ksFieldEdits::holds(known, Name, plainFrom(edit.value));
+    if (isName(target, edit.name))
+        return false;
     return ksFieldEdits::holds(target, edit.name, plainFrom(edit.value));
+}
+
+bool ksScriptContainer::merges(const QString &name) const
+{
+    const osg::FieldContainerPtr target = container();
+    return meshOf(target, name) == osg::NullFC && componentOf(target, name) == osg::NullFC &&
+           (!isName(target, name) || nameAttachmentOf(target, name) != osg::NullFC);
 }

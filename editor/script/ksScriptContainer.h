@@ -28,9 +28,6 @@ struct ksScriptEdit
     QString text;
 
     ksMerging merging = ksMerging::Never;
-
-    /// Of the command.
-    QUndoCommand *parent = nullptr;
 };
 
 /// A container of the scene in a script.
@@ -58,8 +55,10 @@ class ksScriptContainer : public QObject
     Q_CLASSINFO("attachment(type)", "the attachment of that class; null when there is none")
     Q_CLASSINFO("get(field)", "what a field holds")
     Q_CLASSINFO("set(field, value, [text])", "sets a field, as a step called `text`")
-    Q_CLASSINFO("drag(field, values, [text])",
-                "sets a field to each of an array of values, as a drag does: the edits merge into one step")
+    Q_CLASSINFO(
+        "drag(field, values, [text])",
+        "sets a field, or the name, to each of an array of values, as a drag does: the edits merge into "
+        "one step; materials, images and a first name cannot be dragged")
     Q_CLASSINFO("switchFlag(field, value, action)",
                 "switches a flag and calls the function `action`, also on a redo; undoing it is left to the "
                 "application, so that the flag stays")
@@ -110,15 +109,18 @@ public:
                                   const QJSValue &text = QJSValue());
     Q_INVOKABLE void switchFlag(const QString &field, bool value, const QJSValue &action);
 
-    /// A new command for \a edit, which belongs to the caller unless that has a parent. Throws ksEditorError
-    /// when there is no such value, or the new one does not fit.
+    /// A new command for \a edit, whose parent is that of the host; null when nothing changes. Throws
+    /// ksEditorError when there is no such value, or the new one does not fit.
     virtual QUndoCommand *makeEdit(const ksScriptEdit &edit) const;
 
     /// Whether the value is there already. Throws as makeEdit() does.
     virtual bool holds(const ksScriptEdit &edit) const;
 
-    /// Makes \a edit a step, unless the value is there already.
-    void perform(const ksScriptEdit &edit);
+    /// Whether edits of the value called \a name may merge, so that it can be dragged.
+    virtual bool merges(const QString &name) const;
+
+    /// Makes \a edit a step, unless the value is there already, or a part of the open batch.
+    void perform(ksScriptEdit edit);
 
 protected:
     /// What \a read answers, or undefined with an error in the script when it throws ksEditorError.
@@ -134,7 +136,7 @@ protected:
     static QString titleFrom(const QJSValue &text);
 
     /// Performs \a edit with each of \a values, an array, as a drag. Throws ksEditorError, before it does
-    /// anything, when it is no array or a value does not fit.
+    /// anything, when it is no array, a value does not fit, or such edits do not merge.
     void performDrag(ksScriptEdit edit, const QJSValue &values);
 
     /// Adds the commands that \a make gives for each of \a values, an array, as a drag, unless the last is

@@ -41,9 +41,12 @@ struct ksScriptMember
 };
 
 /// The members that classes declare for scripts. A class says in its declaration, by Q_CLASSINFO, what each
-/// of its members does; one that it does not describe is not for scripts: \code Q_CLASSINFO("width", "how
-/// wide it is") Q_CLASSINFO("resize(width, [height])", "makes it as wide and high; as high as it is wide by
-/// default") \endcode
+/// of its members does; one that it does not describe is not for scripts:
+///
+/// \code
+/// Q_CLASSINFO("width", "how wide it is")
+/// Q_CLASSINFO("resize(width, [height])", "makes it as wide and high; a square by default")
+/// \endcode
 namespace ksScriptDescription {
 
 /// What scripts call the class \a type: its name without "ksScript".

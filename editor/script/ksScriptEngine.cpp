@@ -14,8 +14,9 @@ namespace {
 
 constexpr int MostCalls = 10;
 
-/// The calls that \a error comes out of, the innermost first, each as "function@file:line"; those of the
-/// editor's own code are left out, and those in the middle of an endless recursion.
+/// The calls that \a error, see ksScriptPrelude's tell(), comes out of, the innermost first, each as
+/// "function@file:line"; those of the editor's own code are left out, and those in the middle of an endless
+/// recursion.
 QStringList callsOf(const QJSValue &error)
 {
     QStringList calls;
@@ -38,9 +39,11 @@ QString placeOf(const QJSValue &error)
     const QStringList calls = callsOf(error);
     if (!calls.isEmpty())
         return QLatin1Char(':') + lineOf(calls.first());
-    return error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName())
+    const QString line = error.property(QStringLiteral("lineNumber")).toString();
+    return line.isEmpty() ||
+                   error.property(QStringLiteral("fileName")).toString().contains(ksScriptHost::ownFileName())
                ? QString()
-               : QLatin1Char(':') + error.property(QStringLiteral("lineNumber")).toString();
+               : QLatin1Char(':') + line;
 }
 
 /// The call stack of \a error, a line each; empty when the script has called nothing.
@@ -63,17 +66,9 @@ QString messageOf(const QJSValue &error)
 {
     static const QRegularExpression wrapped(
         QStringLiteral("^TypeError: Property '[^']*' of object (TypeError: .*) is not a function$"));
-    const QString message = error.toString();
+    const QString message = error.property(QStringLiteral("text")).toString();
     const QRegularExpressionMatch match = wrapped.match(message);
     return match.hasMatch() ? match.captured(1) : message;
-}
-
-/// Throws ksScriptError when \a result is an error of the script \a path.
-void refuseError(const QJSValue &result, const QString &path)
-{
-    if (result.isError())
-        throw ksScriptError(path + placeOf(result) + QStringLiteral(": ") + messageOf(result) +
-                            stackOf(result, QFileInfo(path).fileName()));
 }
 
 void refuseInterrupted(bool isInterrupted, const QString &path)
@@ -116,17 +111,25 @@ void ksScriptEngine::setArguments(const QStringList &arguments)
     engine.globalObject().setProperty(QStringLiteral("args"), array);
 }
 
-void ksScriptEngine::interrupt()
-{
-    engine.setInterrupted(true);
-}
-
 bool ksScriptEngine::takeInterruption()
 {
+    host.resume();
     const bool wasInterrupted = engine.isInterrupted();
     // Otherwise nothing would run in this engine any more.
     engine.setInterrupted(false);
     return wasInterrupted;
+}
+
+void ksScriptEngine::refuseError(const QJSValue &result, const QString &path) const
+{
+    if (result.isUndefined())
+        return;
+    const QJSValue told = result.isError() ? host.prelude("tell").call({result}) : result;
+    const QString message = path + placeOf(told) + QStringLiteral(": ") + messageOf(told) +
+                            stackOf(told, QFileInfo(path).fileName());
+    if (host.isOutputFailure(told))
+        throw ksOutputError(message);
+    throw ksScriptError(message);
 }
 
 void ksScriptEngine::run(const QString &path)
@@ -139,7 +142,7 @@ void ksScriptEngine::run(const QString &path)
     const QJSValue script =
         engine.evaluate(QStringLiteral("(function() {") + program + QStringLiteral("\n})"), path);
     refuseInterrupted(takeInterruption(), path);
-    refuseError(script, path);
+    refuseError(script.isError() ? script : QJSValue(), path);
     host.setScriptFile(path);
     finish(host.prelude("run").call({script}), path);
 }
@@ -164,7 +167,7 @@ QStringList ksScriptEngine::globalNames() const
 void ksScriptEngine::finish(const QJSValue &result, const QString &path)
 {
     const bool isInterrupted = takeInterruption();
-    const QJSValue left = host.endMacrosLeft();
+    const QJSValue left = host.endWhatIsLeft();
     refuseInterrupted(isInterrupted, path);
     refuseError(result, path);
     refuseError(left, path);

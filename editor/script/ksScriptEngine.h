@@ -14,8 +14,9 @@
 
 /// Runs JavaScript files on the scene.
 ///
-/// Scripts have the global objects that ksScriptRegistry knows, among them "scene" (see ksScriptScene) and
-/// "history" (see ksScriptHistory), containers as ksScriptContainer, and the function print(values...).
+/// Scripts have the global objects that ksScriptRegistry knows, "scene", "history" and "console" (see
+/// ksScriptScene, ksScriptHistory and ksScriptConsole), containers as the classes that it knows for theirs,
+/// and the functions print(values...) and help([what]).
 class ksScriptEngine
 {
 public:
@@ -38,16 +39,22 @@ public:
     /// What it costs to find nodes, see ksSceneIndex::visitedCount().
     std::size_t visitedCount() { return host.index().visitedCount(); }
 
+    /// How many objects for containers are kept, see ksScriptHost.
+    std::size_t objectCount() const { return host.objectCount(); }
+
     /// Gives scripts the global array "args", which holds \a arguments.
     void setArguments(const QStringList &arguments);
 
-    /// Makes run(), which may be going on in another thread, end as if the script had ended by an error.
-    void interrupt();
+    /// Makes run(), which is going on in another thread, end as if the script had ended by an error.
+    void interrupt() { host.interrupt(); }
+
+    /// The same, for what the script calls.
+    void interruptAtOnce() { engine.setInterrupted(true); }
 
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and
     /// the call stack on lines of its own if there is one, when the file cannot be read, the script ends by
-    /// an error, is interrupted or does not end a macro. The steps that it has done by then stay; a macro
-    /// that is open then is taken back.
+    /// an error, is interrupted or does not end a macro; ksOutputError when the error is that something could
+    /// not be written. The steps that it has done by then stay; a macro that is open then is taken back.
     void run(const QString &path);
 
     /// Evaluates \a text, the line of a console that is called \a name: what it declares stays. Returns what
@@ -63,6 +70,10 @@ private:
 
     /// Whether the engine has been interrupted; it is so no more then.
     bool takeInterruption();
+
+    /// Throws when \a result is an Error of the script \a path, or what ksScriptPrelude's tell() says of one,
+    /// and not undefined.
+    void refuseError(const QJSValue &result, const QString &path) const;
 
     QJSEngine engine;
     ksScriptHost host;

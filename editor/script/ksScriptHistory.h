@@ -26,8 +26,9 @@ class ksScriptHistory : public QObject
     Q_CLASSINFO("endMacro()", "ends the macro that `beginMacro` has begun last")
     Q_CLASSINFO(
         "batch(text, edits, [merging], [action])",
-        "several edits as one step; with `merging` true it merges with a batch of the same values right "
-        "before it; the function `action` is called after each do, undo and redo")
+        "several edits as one step: an array, or a function that makes them; with `merging` true it merges "
+        "with a batch of the same values right before it; the function `action` is called after each do, "
+        "undo and redo")
 
     Q_PROPERTY(int index READ index)
     Q_PROPERTY(int count READ count)
@@ -49,10 +50,16 @@ public:
     Q_INVOKABLE void beginMacro(const QString &text);
     Q_INVOKABLE void endMacro();
 
-    /// The two ends of macro(), see ksScriptHost.
+    /// The two ends of macro(), and of batch() with a function, see ksScriptHost.
     Q_INVOKABLE void openMacro(const QString &text);
     Q_INVOKABLE void closeMacro(bool succeeded);
+    Q_INVOKABLE void openBatch(const QString &text, bool merging, const QJSValue &action);
+    Q_INVOKABLE void closeBatch(bool succeeded);
 
 private:
+    /// Runs \a work, which is not possible within a batch and within another step.
+    template <class Work>
+    void step(const Work &work);
+
     ksScriptHost &host;
 };

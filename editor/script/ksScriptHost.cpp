@@ -2,12 +2,17 @@
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksNumericFields.h>
+#include <editor/script/ksScriptCall.h>
 #include <editor/script/ksScriptConsole.h>
 #include <editor/script/ksScriptDescription.h>
+#include <editor/script/ksScriptFunction.h>
 #include <editor/script/ksScriptHistory.h>
 #include <editor/script/ksScriptHost.h>
 #include <editor/script/ksScriptPrelude.h>
 #include <editor/script/ksScriptRegistry.h>
+
+#include <ksundo/core/ksFindContainer.h>
+#include <ksundo/field/ksInvokeMultiCommand.h>
 
 #include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGMFBaseTypes.h>
@@ -22,9 +27,13 @@
 #include <QScopeGuard>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <iterator>
 #include <memory>
 #include <ostream>
+#include <thread>
 
 namespace {
 
@@ -75,8 +84,16 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     , sceneIndex(history.root())
 {
     const QJSValue console = engine.newQObject(new ksScriptConsole(*this));
-    preludeFunctions = engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
-                           .call({console.property(QStringLiteral("write"))});
+    const QJSValue goOn = engine.newQObject(new ksScriptFunction(
+        *this,
+        [this] {
+            if (isToEnd.exchange(false))
+                scriptEngine.setInterrupted(true);
+        },
+        &engine));
+    preludeFunctions =
+        engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
+            .call({console.property(QStringLiteral("write")), goOn.property(QStringLiteral("call"))});
     history.setObserver([this] { sceneIndex.noteChanges(); });
 }
 
@@ -117,12 +134,22 @@ QJSValue ksScriptHost::object(const osg::FieldContainerPtr &container)
     if (known != objects.end())
         return known->second;
 
+    if (objects.size() >= mostObjects)
+        letGoOfObjects();
     QObject *made = ksScriptRegistry::makeObject(*this, container);
     QJSValue parts = scriptEngine.newObject();
     ksScriptRegistry::makeParts(*this, container, *made, [this, &parts](const char *name, QObject *part) {
         parts.setProperty(QLatin1String(name), object(part, scriptEngine.newObject()));
     });
     return objects.emplace(id, object(made, parts)).first->second;
+}
+
+void ksScriptHost::letGoOfObjects()
+{
+    for (auto each = objects.begin(); each != objects.end();)
+        each = ksFindContainer<osg::FieldContainerPtr>(each->first) == osg::NullFC ? objects.erase(each)
+                                                                                   : std::next(each);
+    mostObjects = 2 * std::max(mostObjects / 2, objects.size());
 }
 
 QJSValue ksScriptHost::object(QObject *native, const QJSValue &parts)
@@ -204,20 +231,45 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 {
     try {
         work();
-        const QString failure = std::exchange(failureOfCall, QString());
-        if (!failure.isEmpty())
-            throw ksEditorError(failure);
     } catch (const std::exception &error) {
-        failureOfCall.clear();
-        scriptEngine.throwError(QString::fromUtf8(error.what()));
+        const QString message = QString::fromUtf8(error.what());
+        if (dynamic_cast<const ksOutputError *>(&error) != nullptr)
+            outputFailure = message;
+        scriptEngine.throwError(message);
     }
+    // It is that of the outermost, which has run the step.
+    if (calls > 0 || failureOfCall.isUndefined())
+        return;
+    prelude("fail").call({std::exchange(failureOfCall, QJSValue())});
+    scriptEngine.throwError(QStringLiteral("a function of the script has failed"));
+}
+
+void ksScriptHost::interrupt()
+{
+    constexpr int Looks = 100;
+    isToEnd = true;
+    for (int i = 0; i < Looks && isToEnd; ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    if (isToEnd.exchange(false))
+        scriptEngine.setInterrupted(true);
+}
+
+bool ksScriptHost::isOutputFailure(const QJSValue &error) const
+{
+    // That of a function that a step called has more before it.
+    return !outputFailure.isEmpty() &&
+           error.property(QStringLiteral("message")).toString().endsWith(outputFailure);
 }
 
 void ksScriptHost::add(QUndoCommand *command)
 {
     std::unique_ptr<QUndoCommand> owned(command);
     refuseWithinCall();
-    if (command != nullptr)
+    if (command == nullptr)
+        return;
+    if (batch != nullptr)
+        batch->add(owned.release());
+    else
         editHistory.add(owned.release());
 }
 
@@ -227,18 +279,44 @@ void ksScriptHost::refuseWithinCall() const
         throw ksEditorError("not possible within another step");
 }
 
-void ksScriptHost::call(QJSValue function)
+void ksScriptHost::call(const QJSValue &function)
 {
     if (isEnding)
         return;
     const QScopedValueRollback<int> calling(calls, calls + 1);
-    const QJSValue result = function.call();
-    if (result.isError() && failureOfCall.isEmpty())
-        failureOfCall = result.toString();
+    const QJSValue result = prelude("run").call({function});
+    if (!result.isUndefined() && failureOfCall.isUndefined())
+        failureOfCall = result.isError() ? result : result.property(QStringLiteral("error"));
+}
+
+void ksScriptHost::refuseWithinBatch() const
+{
+    if (batch != nullptr)
+        throw ksEditorError("not possible within a batch");
+}
+
+void ksScriptHost::openBatch(const QString &text, ksMerging merging, const QJSValue &action)
+{
+    refuseWithinCall();
+    refuseWithinBatch();
+    batch = std::make_unique<ksScriptBatch>(
+        action.isUndefined()
+            ? std::make_unique<ksMultiCommand>(text)
+            : std::make_unique<ksInvokeMultiCommand>(text, ksScriptCall::make(*this, action), "call()"));
+    batchMerging = merging;
+}
+
+void ksScriptHost::closeBatch(bool succeeded)
+{
+    const std::unique_ptr<ksScriptBatch> ended = std::move(batch);
+    batchMerging = ksMerging::Never;
+    if (ended != nullptr && succeeded)
+        add(ended->finish().release());
 }
 
 void ksScriptHost::open(const QString &text, bool isOfFunction)
 {
+    refuseWithinBatch();
     editHistory.beginMacro(text);
     macros.push_back(
         {text,
@@ -272,6 +350,7 @@ void ksScriptHost::beginMacro(const QString &text)
 
 void ksScriptHost::endMacro()
 {
+    refuseWithinBatch();
     if (macros.empty())
         throw ksEditorError("there is no open macro");
     if (macros.back().isOfFunction)
@@ -303,10 +382,11 @@ void ksScriptHost::closeMacro(bool succeeded)
         throw ksEditorError(failure);
 }
 
-QJSValue ksScriptHost::endMacrosLeft()
+QJSValue ksScriptHost::endWhatIsLeft()
 {
     const QJSValue first = macros.empty() ? QJSValue() : macros.front().opened;
     const QScopedValueRollback<bool> ending(isEnding, true);
+    closeBatch(false);
     while (!macros.empty())
         close(false);
     return first;

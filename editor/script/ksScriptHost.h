@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <editor/edits/ksMerging.h>
 #include <editor/history/ksEditHistory.h>
 #include <editor/scene/ksSceneIndex.h>
+#include <editor/script/ksScriptBatch.h>
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 
@@ -11,9 +13,11 @@
 #include <QString>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <utility>
 #include <vector>
 
@@ -40,7 +44,7 @@ public:
     void setWarningHandler(std::function<void(const QString &)> handler);
     void warn(const QString &text) const;
 
-    /// The file of the script that runs; paths in it start at its folder.
+    /// The file of the script that runs; paths in it, of images and of what it saves, start at its folder.
     void setScriptFile(const QString &path) { scriptFile = path; }
     QString pathFrom(const QString &name) const;
 
@@ -49,6 +53,9 @@ public:
 
     /// The script object for \a container, see ksScriptRegistry; null for NullFC.
     QJSValue object(const osg::FieldContainerPtr &container);
+
+    /// How many objects for containers are kept.
+    std::size_t objectCount() const { return objects.size(); }
 
     /// The script object for \a native, which belongs to the engine unless it has a parent, with \a parts.
     QJSValue object(QObject *native, const QJSValue &parts);
@@ -66,15 +73,40 @@ public:
     /// it is.
     void guard(const std::function<void()> &work) const;
 
-    /// Adds \a command to the history; null, an edit that changes nothing, is no step. Throws ksEditorError
-    /// while a step calls a function of the script.
+    /// Has the script end as if by an error; for another thread to call. The engine crashes when it is
+    /// interrupted while it looks up a method of an object of ours, so that the script ends where it calls
+    /// one next. When it does not for a while, it ends where it is.
+    void interrupt();
+
+    /// No longer has it end so.
+    void resume() { isToEnd = false; }
+
+    /// Whether \a error, which the script ended by, is that something could not be written.
+    bool isOutputFailure(const QJSValue &error) const;
+
+    /// Adds \a command, which has no other parent than parent(), to the history, or to the open batch; null,
+    /// an edit that changes nothing, is no step. Throws ksEditorError while a step calls a function of the
+    /// script.
     void add(QUndoCommand *command);
 
-    /// Throws ksEditorError while a step calls a function of the script.
+    /// Of the commands to be added, where they take one: null unless a batch is open.
+    QUndoCommand *parent() const { return batch != nullptr ? batch->parent() : nullptr; }
+
+    /// How they merge.
+    ksMerging merging() const { return batchMerging; }
+
+    /// Throw ksEditorError while a step calls a function of the script, and within a batch.
     void refuseWithinCall() const;
+    void refuseWithinBatch() const;
 
     /// Calls \a function, which belongs to a step that is being run. Its error is that of the step.
-    void call(QJSValue function);
+    void call(const QJSValue &function);
+
+    /// The two ends of a batch: what is added in between is one step called \a text, which merges as \a
+    /// merging says, with \a action, a function unless it is undefined. One that did not succeed is taken
+    /// back. Throw ksEditorError when that is not possible at the moment.
+    void openBatch(const QString &text, ksMerging merging, const QJSValue &action);
+    void closeBatch(bool succeeded);
 
     /// Opens a macro in the history and ends the latest that the script has opened so. Throws ksEditorError
     /// when there is none, or when that is the one of a function.
@@ -87,10 +119,10 @@ public:
     void openMacro(const QString &text);
     void closeMacro(bool succeeded);
 
-    /// Takes back the macros that the script has left open; nothing of the script is called, which may have
-    /// been ended for taking too long. Returns an Error that says where it opened the first of them;
-    /// undefined when there were none.
-    QJSValue endMacrosLeft();
+    /// Takes back the macros and the batch that the script has left open; nothing of the script is called,
+    /// which may have been ended for taking too long. Returns an Error that says where it opened the first of
+    /// them; undefined when there was none.
+    QJSValue endWhatIsLeft();
 
 private:
     struct Macro
@@ -107,6 +139,7 @@ private:
     };
 
     QJSValue containers(const osg::Field &field);
+    void letGoOfObjects();
     void open(const QString &text, bool isOfFunction);
     void close(bool keep);
 
@@ -118,14 +151,24 @@ private:
     QJSValue preludeFunctions;
     ksSceneIndex sceneIndex;
     std::map<osg::UInt32, QJSValue> objects;
+
+    /// How many of them there are when those of containers that have gone are let go of.
+    std::size_t mostObjects = 1000;
     std::map<std::pair<const QMetaObject *, QStringList>, QJSValue> types;
     std::vector<Macro> macros;
+    std::unique_ptr<ksScriptBatch> batch;
+    ksMerging batchMerging = ksMerging::Never;
 
     /// How many functions of the script are called by steps, which must not make steps.
     int calls = 0;
 
     bool isEnding = false;
 
-    /// What a function of the script that a step called has thrown.
-    mutable QString failureOfCall;
+    /// The first error of the functions of the script that a step called; undefined for none.
+    mutable QJSValue failureOfCall;
+
+    std::atomic<bool> isToEnd = false;
+
+    /// What the latest ksOutputError said.
+    mutable QString outputFailure;
 };

@@ -7,11 +7,15 @@
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/script/ksScriptValues.h>
 
+#include <OpenSG/OSGSFBaseTypes.h>
+
 using namespace ksScriptValues;
 
 namespace {
 
 const ksScriptRegistry::Wrapper<osg::UberLightPtr, ksScriptLight> wrapper;
+
+const QLatin1String VisibilityReference("visibilityReference");
 
 } // namespace
 
@@ -27,11 +31,7 @@ void ksScriptLight::setValue(const char *name, const QJSValue &value)
 
 void ksScriptLight::setVisibilityReference(const QJSValue &node)
 {
-    host.guard([&] {
-        const osg::NodePtr after = node.isNull() ? osg::NodePtr() : containerFrom<osg::NodePtr>(node, "node");
-        host.add(ksLightEdits::makeVisibilityReference(osg::UberLightPtr::dcast(container()), after,
-                                                       host.index().lights()));
-    });
+    host.guard([&] { perform({VisibilityReference, node, {}, {}}); });
 }
 
 void ksScriptLight::drag(const QString &property, const QJSValue &values, const QJSValue &text)
@@ -50,11 +50,11 @@ osg::NodePtr ksScriptLight::node() const
 ksLightValue ksScriptLight::valueFrom(const ksLightProperty &property, const QJSValue &value) const
 {
     const QString name = QString::fromLatin1(property.name);
-    const ksLightValue wanted = property.components == 3 ? vectorFrom(value, name)
-                                                         : ksLightValue(numberFrom<float>(value, name), 0, 0);
+    const ksLightValue wanted =
+        property.components == 3 ? tupleFrom<osg::Vec3f>(value, name, ksValueKinds::ofField(osg::SFColor3f()))
+                                 : ksLightValue(numberFrom<float>(value, name), 0, 0);
     if (!property.accepts(wanted))
-        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' does not fit '") + name +
-                            QLatin1Char('\''));
+        ksValueKinds::refuse(name, QStringLiteral("0, 1 or 2"), shown(value));
     std::vector<double> numbers;
     for (int i = 0; i < property.components; ++i)
         numbers.push_back(wanted[static_cast<osg::UInt32>(i)]);
@@ -64,18 +64,30 @@ ksLightValue ksScriptLight::valueFrom(const ksLightProperty &property, const QJS
 
 QUndoCommand *ksScriptLight::makeEdit(const ksScriptEdit &edit) const
 {
+    if (edit.name == VisibilityReference && edit.options.isUndefined())
+        return ksLightEdits::makeVisibilityReference(osg::UberLightPtr::dcast(container()),
+                                                     containerOrNone<osg::NodePtr>(edit.value, "node"),
+                                                     host.index().lights());
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr || !edit.options.isUndefined())
         return ksScriptContainer::makeEdit(edit);
     const QString title = edit.text.isEmpty() ? ksFieldEdits::defaultText(node(), edit.name) : edit.text;
     return ksMergingAs(edit.merging,
-                       property->make(title, node(), valueFrom(*property, edit.value), edit.parent));
+                       property->make(title, node(), valueFrom(*property, edit.value), host.parent()));
 }
 
 bool ksScriptLight::holds(const ksScriptEdit &edit) const
 {
+    if (edit.name == VisibilityReference)
+        return osg::UberLightPtr::dcast(container())->getVisibilityReference() ==
+               containerOrNone<osg::NodePtr>(edit.value, "node");
     const ksLightProperty *property = ksLightEdits::find(edit.name);
     if (property == nullptr)
         return ksScriptContainer::holds(edit);
     return property->read(node()).isSame(valueFrom(*property, edit.value));
+}
+
+bool ksScriptLight::merges(const QString &name) const
+{
+    return name != VisibilityReference && ksScriptContainer::merges(name);
 }

@@ -11,7 +11,7 @@ class ksScriptLight : public ksScriptContainer
     Q_OBJECT
     Q_CLASSINFO("diffuse", "the colour that matt surfaces reflect")
     Q_CLASSINFO("glossy", "the colour that shiny surfaces reflect")
-    Q_CLASSINFO("intensity", "what both are multiplied by")
+    Q_CLASSINFO("intensity", "what both are multiplied by, at least 0")
     Q_CLASSINFO("penumbraAngle", "of a spot light: what is added to its cone, over which it fades out")
     Q_CLASSINFO("coneAngle", "of a spot light: the opening of its cone, 0 to 180")
     Q_CLASSINFO("attenuation",
@@ -51,6 +51,7 @@ public:
 
     QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
     bool holds(const ksScriptEdit &edit) const override;
+    bool merges(const QString &name) const override;
 
 private:
     QJSValue value(const char *name) const;

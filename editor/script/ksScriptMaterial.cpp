@@ -131,7 +131,7 @@ QUndoCommand *ksScriptSurface::makeEdit(const ksScriptEdit &edit) const
     const auto own = osg::UBRDFMaterialPtr::dcast(container());
     const auto wanted = containerFrom<osg::MaterialPtr>(edit.value, "material");
     ksReferenceCycles::refuse(own, wanted);
-    return new ksSetEnvironmentUndoCommand(own, wanted, edit.parent);
+    return new ksSetEnvironmentUndoCommand(own, wanted, host.parent());
 }
 
 bool ksScriptSurface::holds(const ksScriptEdit &edit) const
@@ -140,4 +140,9 @@ bool ksScriptSurface::holds(const ksScriptEdit &edit) const
         return ksScriptContainer::holds(edit);
     return osg::UBRDFMaterialPtr::dcast(container())->getEnvironment() ==
            containerFrom<osg::MaterialPtr>(edit.value, "material");
+}
+
+bool ksScriptSurface::merges(const QString &name) const
+{
+    return name != Environment && ksScriptContainer::merges(name);
 }

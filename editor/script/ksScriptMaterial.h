@@ -61,4 +61,5 @@ public:
 
     QUndoCommand *makeEdit(const ksScriptEdit &edit) const override;
     bool holds(const ksScriptEdit &edit) const override;
+    bool merges(const QString &name) const override;
 };

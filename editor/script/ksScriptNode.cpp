@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksFieldRanges.h>
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/scene/ksContainers.h>
@@ -11,12 +12,15 @@
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 #include <ksundo/transform/ksRotationAsQuaternionUndoCommand.h>
 
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
 #include <QJSValueIterator>
 
-#include <array>
+#include <algorithm>
+#include <cmath>
+#include <limits>
 #include <map>
 
 using namespace ksScriptValues;
@@ -52,16 +56,15 @@ template <class Take>
 void visitMembers(const QJSValue &object, const Take &take)
 {
     if (!object.isObject() || object.isArray())
-        throw ksEditorError(QLatin1Char('\'') + shown(object) +
-                            QStringLiteral("' is no object with members"));
+        throw ksEditorError(shown(object) + QStringLiteral(" is no object with members"));
     for (QJSValueIterator member(object); member.next();)
         take(member.name(), member.value());
 }
 
-/// Sets the member of \a values called \a name.
-void assign(ksTransformation &values, const QString &name, const QJSValue &value)
+/// The members that are vectors.
+const std::map<QString, osg::Vec3f ksTransformation::*> &vectors()
 {
-    static const std::map<QString, osg::Vec3f ksTransformation::*> vectors = {
+    static const std::map<QString, osg::Vec3f ksTransformation::*> all = {
         {QStringLiteral("translation"), &ksTransformation::translation},
         {QStringLiteral("eulerRotation"), &ksTransformation::rotation},
         {QStringLiteral("scale"), &ksTransformation::scale},
@@ -71,12 +74,18 @@ void assign(ksTransformation &values, const QString &name, const QJSValue &value
         {QStringLiteral("scalePivotTranslation"), &ksTransformation::scalePivotTranslation},
         {QStringLiteral("rotatePivotTranslation"), &ksTransformation::rotatePivotTranslation},
         {QStringLiteral("rotationDirection"), &ksTransformation::rotationDirection}};
-    if (const auto vector = vectors.find(name); vector != vectors.end())
+    return all;
+}
+
+/// Sets the member of \a values called \a name.
+void assign(ksTransformation &values, const QString &name, const QJSValue &value)
+{
+    if (const auto vector = vectors().find(name); vector != vectors().end())
         values.*vector->second = vectorFrom(value, name);
     else if (name == QLatin1String("inheritType"))
         values.inheritType = numberFrom<int>(value, name);
     else if (name == QLatin1String("eulerRotationOrder"))
-        values.eulerRotationOrder = orderFrom(shown(value));
+        values.eulerRotationOrder = orderFrom(textFrom(value, name));
     else if (name == QLatin1String("rotationDirectionOn"))
         values.rotationDirectionOn = flagFrom(value, name);
     else if (name == QLatin1String("rotationDirectionMode"))
@@ -92,14 +101,10 @@ bool areSame(const osg::Vec3f &left, const osg::Vec3f &right)
 
 bool areSame(const ksTransformation &left, const ksTransformation &right)
 {
-    return left.translation.isSame(right.translation) && left.rotation.isSame(right.rotation) &&
-           left.scale.isSame(right.scale) && left.shear.isSame(right.shear) &&
-           left.scalePivot.isSame(right.scalePivot) && left.rotatePivot.isSame(right.rotatePivot) &&
-           left.scalePivotTranslation.isSame(right.scalePivotTranslation) &&
-           left.rotatePivotTranslation.isSame(right.rotatePivotTranslation) &&
+    return std::all_of(vectors().begin(), vectors().end(),
+                       [&](const auto &each) { return areSame(left.*each.second, right.*each.second); }) &&
            left.inheritType == right.inheritType && left.eulerRotationOrder == right.eulerRotationOrder &&
            left.rotationDirectionOn == right.rotationDirectionOn &&
-           left.rotationDirection.isSame(right.rotationDirection) &&
            left.rotationDirectionMode == right.rotationDirectionMode;
 }
 
@@ -143,8 +148,6 @@ ksTransformTarget ksScriptNode::target(const ksTransformProperty &property, cons
         throw ksEditorError(name + QStringLiteral(" has no world space"));
     if (result.index >= 0 && !property.hasIndex)
         throw ksEditorError(name + QStringLiteral(" can be edited in the node's own transform only"));
-    if (result.world)
-        ksTransformEdits::refuseUnreachable(result.node);
     return result;
 }
 
@@ -213,28 +216,36 @@ void ksScriptNode::turn(const QJSValue &quaternion)
 
 osg::Quaternion ksScriptNode::rotationFrom(const QJSValue &value) const
 {
-    const std::array<float, 4> q = numbersFrom<4>(value, QStringLiteral("quaternion"));
-    osg::Quaternion rotation(q[0], q[1], q[2], q[3]);
-    if (rotation.length() == 0)
+    const auto q = tupleFrom<osg::Vec4f>(value, QStringLiteral("quaternion"),
+                                         QStringLiteral("an array [x, y, z, w] of numbers"));
+    // In double precision, which has room for the squares of all numbers in single precision.
+    const double length =
+        std::sqrt(double(q[0]) * q[0] + double(q[1]) * q[1] + double(q[2]) * q[2] + double(q[3]) * q[3]);
+    if (length == 0)
         throw ksEditorError("a quaternion of length 0 is no rotation");
-    rotation.normalize();
-    return rotation;
+    const auto part = [&](osg::UInt32 i) { return static_cast<float>(q[i] / length); };
+    return {part(0), part(1), part(2), part(3)};
 }
 
 QUndoCommand *ksScriptNode::makeEdit(const ksScriptEdit &edit) const
 {
-    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name))
-        return ksMergingAs(edit.merging, property->make(target(*property, edit.options),
-                                                        vectorFrom(edit.value, edit.name), {}, edit.parent));
+    if (const ksTransformProperty *property = ksTransformEdits::find(edit.name)) {
+        const ksTransformTarget edited = target(*property, edit.options);
+        const osg::Vec3f value = vectorFrom(edit.value, edit.name);
+        if (edited.world)
+            ksTransformEdits::refuseUnreachable(edited.node, value);
+        return ksMergingAs(edit.merging, property->make(edited, value, {}, host.parent()));
+    }
     if (!edit.options.isUndefined() || (edit.name != Rotation && edit.name != RotationOrder))
         return ksScriptContainer::makeEdit(edit);
     const ksTransformTarget own = target(QJSValue());
     if (edit.name == RotationOrder)
-        return ksMergingAs(edit.merging, new ksEulerRotationOrderUndoCommand(
-                                             own.node, orderFrom(shown(edit.value)), edit.parent));
+        return ksMergingAs(edit.merging,
+                           new ksEulerRotationOrderUndoCommand(
+                               own.node, orderFrom(textFrom(edit.value, edit.name)), host.parent()));
     const QString text = QStringLiteral("Turn '") + ksContainers::nameOf(own.node) + QLatin1Char('\'');
     return ksMergingAs(edit.merging, new ksRotationAsQuaternionUndoCommand(
-                                         text, own.node, rotationFrom(edit.value), edit.parent));
+                                         text, own.node, rotationFrom(edit.value), host.parent()));
 }
 
 bool ksScriptNode::holds(const ksScriptEdit &edit) const
@@ -243,7 +254,7 @@ bool ksScriptNode::holds(const ksScriptEdit &edit) const
         return areSame(property->read(target(*property, edit.options)), vectorFrom(edit.value, edit.name));
     if (edit.name == RotationOrder)
         return ksNodeUtils::getTransformNodeEulerRotationOrder(target(QJSValue()).node, -1) ==
-               orderFrom(shown(edit.value));
+               orderFrom(textFrom(edit.value, edit.name));
     if (edit.name == Rotation)
         return ksNodeUtils::getTransform3D(target(QJSValue()).node, -1)->getRotation() ==
                rotationFrom(edit.value);
@@ -256,19 +267,25 @@ void ksScriptNode::apply(const QJSValue &values, const QJSValue &options)
         const ksTransformTarget aim = target(options);
         if (aim.world)
             throw ksEditorError("a transformation has no world space");
-        const auto before = ksTransformation::of(ksNodeUtils::getTransform3D(aim.node, aim.index));
+        const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(aim.node, aim.index);
+        const auto before = ksTransformation::of(transform);
         ksTransformation applied = before;
         visitMembers(
             values, [&applied](const QString &name, const QJSValue &value) { assign(applied, name, value); });
+        ksFieldRanges::check(transform, QStringLiteral("rotationDirectionMode"),
+                             {static_cast<double>(applied.rotationDirectionMode)});
         if (!areSame(before, applied))
-            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}));
+            host.add(ksTransformEdits::makeApply(aim.node, applied, aim.index, true, {}, host.parent()));
     });
 }
 
 QString ksScriptNode::path() const
 {
-    return guarded([](const osg::FieldContainerPtr &container) {
-        return QString::fromStdString(ksNodePaths::of(osg::NodePtr::dcast(container)));
+    return guarded([this](const osg::FieldContainerPtr &container) {
+        const auto own = osg::NodePtr::dcast(container);
+        if (!host.index().isInScene(own))
+            throw ksEditorError(ksContainers::label(own) + QStringLiteral(" is not in the scene"));
+        return QString::fromStdString(ksNodePaths::of(own));
     });
 }
 
@@ -277,7 +294,8 @@ QJSValue ksScriptNode::add(const QString &name)
     QJSValue added;
     host.guard([&] {
         const osg::NodePtr parent = node();
-        const osg::NodePtr made = ksContainers::createNode(name.toStdString(), osg::Transform3D::create());
+        // What is refused goes.
+        const osg::NodeRefPtr made(ksContainers::createNode(name.toStdString(), osg::Transform3D::create()));
         host.add(ksTreeEdits::makeAdd(parent, made));
         added = host.object(made);
     });
@@ -289,9 +307,9 @@ QJSValue ksScriptNode::copy(const QJSValue &parent, const QString &name)
     QJSValue added;
     host.guard([&] {
         const auto place = containerFrom<osg::NodePtr>(parent, "node");
-        const osg::NodePtr made = ksTreeEdits::copy(node());
+        const osg::NodeRefPtr made(ksTreeEdits::copy(node()));
         if (!name.isEmpty())
-            osg::setName(made, name.toStdString());
+            osg::setName(made.get(), name.toStdString());
         host.add(ksTreeEdits::makeAdd(place, made));
         added = host.object(made);
     });

@@ -1,22 +1,69 @@
 // SPDX-License-Identifier: MIT
 #include <editor/script/ksScriptPrelude.h>
 
-const char *const ksScriptPrelude = R"js((function(write) {
+const char *const ksScriptPrelude = R"js((function(write, goOn) {
 "use strict";
 
-// By these, which no script has, the objects made here tell what they stand for.
-var nativeOf = Symbol("native");
-var typeOf = Symbol("type");
+// The objects made here are asked by this for what they stand for. They leave it in asked, since proxies of
+// scripts may learn the key. The engine's own weak maps crash once it has collected their keys.
+var ask = Symbol("ask");
+var asked;
+
+// What was told of last.
+var last = {};
+var OwnError = Error;
 var mostElements = 1000000;
 var deepest = 4;
 
-// An array within arrays without end must not fill the stack, which only calls in this language are safe from.
+// What a function of the script that a step called has thrown.
+var failure;
+
+// What is nested without end must not fill the stack, which only calls within each other are safe from.
 ["join", "toString", "toLocaleString"].forEach(function(name) {
     var own = Array.prototype[name];
     Object.defineProperty(Array.prototype, name, {
         value: function() { return own.apply(this, arguments); }, writable: true, configurable: true
     });
 });
+var stringify = JSON.stringify;
+JSON.stringify = function(value, replacer, space) {
+    var names = Array.isArray(replacer) ? replacer.map(String) : undefined;
+    var indent = typeof space === "number" ? "          ".slice(0, Math.max(0, space)) : String(space || "");
+    var open = [];
+    function list(brackets, entries, margin) {
+        if (entries.length === 0)
+            return brackets;
+        var gap = indent ? "\n" + margin : "";
+        return brackets[0] + (indent ? gap + indent : "") + entries.join("," + (indent ? gap + indent : "")) +
+            gap + brackets[1];
+    }
+    function write(holder, key, margin) {
+        var member = holder[key];
+        if (isObject(member) && typeof member.toJSON === "function")
+            member = member.toJSON(key);
+        if (typeof replacer === "function")
+            member = replacer.call(holder, key, member);
+        if (!isObject(member) || member instanceof String || member instanceof Number || member instanceof Boolean)
+            return stringify(member);
+        if (open.indexOf(member) >= 0)
+            throw new TypeError("Cannot convert circular structure to JSON");
+        open.push(member);
+        var entries = [];
+        if (Array.isArray(member)) {
+            for (var i = 0; i < member.length; ++i)
+                entries.push(write(member, String(i), margin + indent) || "null");
+        } else {
+            (names || Object.keys(member)).forEach(function(name) {
+                var text = has(member, name) ? write(member, name, margin + indent) : undefined;
+                if (text !== undefined)
+                    entries.push(stringify(name) + (indent ? ": " : ":") + text);
+            });
+        }
+        open.pop();
+        return list(Array.isArray(member) ? "[]" : "{}", entries, margin);
+    }
+    return write({ "": value }, "", "");
+};
 
 function has(object, key) {
     return Object.prototype.hasOwnProperty.call(object, key);
@@ -26,8 +73,13 @@ function isObject(value) {
     return typeof value === "object" && value !== null;
 }
 
-function isOurs(value) {
-    return isObject(value) && value[nativeOf] !== undefined;
+function targetOf(value) {
+    asked = undefined;
+    if (isObject(value))
+        value[ask];
+    var target = asked;
+    asked = undefined;
+    return target;
 }
 
 function show(value) {
@@ -41,7 +93,7 @@ function show(value) {
         return "an array";
     if (!isObject(value))
         return String(value);
-    return isOurs(value) ? String(value) : "an object";
+    return targetOf(value) ? String(value) : "an object";
 }
 
 function pass(value, depth) {
@@ -49,8 +101,9 @@ function pass(value, depth) {
         throw new TypeError("a symbol is no value");
     if (!isObject(value))
         return value;
-    if (isOurs(value))
-        return value[nativeOf];
+    var target = targetOf(value);
+    if (target)
+        return target.native;
     if (depth === 0)
         throw new RangeError("arrays are nested too deep");
     var copy;
@@ -84,6 +137,8 @@ function check(place, name, type, value) {
     var kind = kinds[type];
     if (kind !== undefined && !kind.fits(value))
         throw new TypeError(place + ": '" + name + "' is " + kind.what + ", not " + show(value));
+    if (type === "text" && value.indexOf("\0") >= 0)
+        throw new TypeError(place + ": '" + name + "' has a NUL character");
 }
 
 function countOf(member) {
@@ -92,11 +147,23 @@ function countOf(member) {
     return counts + (most === 1 ? " argument" : " arguments");
 }
 
+// Calls into C++, whose errors have no place; that of a function of the script is told as it is.
+function attempt(work) {
+    try {
+        return work();
+    } catch (error) {
+        var own = failure;
+        failure = undefined;
+        throw own === undefined ? error : own;
+    }
+}
+
 function makeMethod(target, member) {
     var call = member.call || function() {
         return target.native[member.name].apply(target.native, arguments);
     };
     return function() {
+        goOn();
         var given = arguments.length;
         while (given > member.least && arguments[given - 1] === undefined)
             --given;
@@ -114,7 +181,7 @@ function makeMethod(target, member) {
             }
             values.push(member.call ? value : pass(value, deepest));
         }
-        return call.apply(target.native, values);
+        return attempt(function() { return call.apply(target.native, values); });
     };
 }
 
@@ -176,8 +243,10 @@ function isWritable(target, key) {
 
 var handler = {
     get: function(target, key) {
+        if (key === ask)
+            asked = target;
         if (typeof key === "symbol")
-            return key === nativeOf ? target.native : key === typeOf ? target.type : undefined;
+            return undefined;
         if (isMember(target, key))
             return read(target, key);
         if (key === "toString" || key === "toJSON")
@@ -192,11 +261,19 @@ var handler = {
         if (!isWritable(target, key))
             throw new TypeError('Cannot assign to read-only property "' + key + '"');
         check(describe(target), key, target.type.members[key].type, value);
-        target.native[key] = pass(value, deepest);
+        var passed = pass(value, deepest);
+        attempt(function() { target.native[key] = passed; });
         return true;
     },
     has: function(target, key) {
         return isMember(target, key);
+    },
+    // The engine would compare others with what the target has, which is not for scripts.
+    ownKeys: function() {
+        return [];
+    },
+    getOwnPropertyDescriptor: function() {
+        return undefined;
     },
     defineProperty: function(target, key) {
         throw new TypeError("the properties of " + describe(target) + " cannot be redefined");
@@ -218,8 +295,46 @@ function helpOnType(type) {
         .concat(type.parts.map(function(name) { return "  " + name + "\n      see help('" + name + "')"; }));
 }
 
+function enclose(body, close) {
+    var isDone = false;
+    try {
+        var result = body();
+        isDone = true;
+        return result;
+    } finally {
+        close(isDone);
+    }
+}
+
 function text(values) {
     return Array.prototype.map.call(values, String).join(" ");
+}
+
+// What read returns; it may be code of the script, which may throw.
+function attemptTo(read, otherwise) {
+    try {
+        return read();
+    } catch (thrown) {
+        return otherwise;
+    }
+}
+
+function tell(thrown) {
+    var isError = attemptTo(function() { return thrown instanceof OwnError; }, false);
+    var error = isError ? thrown
+                        : new OwnError("uncaught " + attemptTo(function() { return String(thrown); }, "object"));
+    function textOf(key) {
+        return attemptTo(function() { return error[key] === undefined ? "" : String(error[key]); }, "");
+    }
+    last = { error: error, stack: textOf("stack") || (last.error === error ? last.stack : new OwnError().stack) };
+    return {
+        error: error,
+        text: attemptTo(function() { return String(error); }, "uncaught error"),
+        message: textOf("message"),
+        stack: last.stack,
+        fileName: textOf("fileName"),
+        lineNumber: textOf("lineNumber")
+    };
 }
 
 return {
@@ -241,14 +356,13 @@ return {
             if (typeof body !== "function")
                 throw new TypeError("macro: 'body' is a function, not " + show(body));
             this.openMacro(title);
-            var isDone = false;
-            try {
-                var result = body();
-                isDone = true;
-                return result;
-            } finally {
-                this.closeMacro(isDone);
-            }
+            return enclose(body, this.closeMacro);
+        };
+        type.members.batch.call = function(title, edits, merging, action) {
+            if (typeof edits !== "function")
+                return this.batch(title, pass(edits, deepest), merging === true, action);
+            this.openBatch(title, merging === true, action);
+            return enclose(edits, this.closeBatch);
         };
         type.members.macro.parameters[0].type = "text";
     },
@@ -270,8 +384,9 @@ return {
                 return;
             }
             var found = [];
-            if (isOurs(what))
-                found = helpOnType(what[typeOf]);
+            var target = targetOf(what);
+            if (target)
+                found = helpOnType(target.type);
             else
                 types.forEach(function(type) {
                     if (type.name.toLowerCase() === String(what).toLowerCase())
@@ -283,13 +398,23 @@ return {
                 throw new Error("there is no help on " + show(what));
             write(found.join("\n"));
         };
+        globals.concat("print", "help").forEach(function(name) {
+            var own = global[name];
+            Object.defineProperty(global, name, {
+                configurable: false,
+                get: function() { return own; },
+                set: function() { throw new TypeError("'" + name + "' cannot be replaced"); }
+            });
+        });
     },
+    fail: function(error) { failure = error; },
     run: function(script) {
         try {
             script();
         } catch (thrown) {
-            throw thrown instanceof Error ? thrown : new Error("uncaught " + text([thrown]));
+            return tell(thrown);
         }
-    }
+    },
+    tell: tell
 };
 }))js";

@@ -46,14 +46,18 @@ QJSValue ksScriptScene::findAll(const QString &name) const
 {
     QJSValue list = host.engine().newArray();
     quint32 count = 0;
-    for (const osg::NodePtr &node : host.index().findAll(name.toStdString()))
-        list.setProperty(count++, host.object(node));
+    host.guard([&] {
+        for (const osg::NodePtr &node : host.index().findAll(name.toStdString()))
+            list.setProperty(count++, host.object(node));
+    });
     return list;
 }
 
 bool ksScriptScene::has(const QString &name) const
 {
-    return host.index().find(name.toStdString()) != osg::NullFC;
+    bool isThere = false;
+    host.guard([&] { isThere = host.index().find(name.toStdString()) != osg::NullFC; });
+    return isThere;
 }
 
 QJSValue ksScriptScene::at(const QString &path) const
@@ -86,8 +90,10 @@ QJSValue ksScriptScene::nodes() const
 {
     QJSValue list = host.engine().newArray();
     quint32 count = 0;
-    ksContainers::visitNodes(host.history().root(), [this, &list, &count](const osg::NodePtr &node) {
-        list.setProperty(count++, host.object(node));
+    host.guard([&] {
+        ksContainers::visitNodes(host.history().root(), [&](const osg::NodePtr &node) {
+            list.setProperty(count++, host.object(node));
+        });
     });
     return list;
 }
@@ -113,7 +119,7 @@ QJSValue ksScriptScene::addAim(const QString &name, const QJSValue &target, cons
 
 void ksScriptScene::save(const QString &path) const
 {
-    host.guard([this, &path] { ksSceneExporter::save(host.history().root(), path); });
+    host.guard([this, &path] { ksSceneExporter::save(host.history().root(), host.pathFrom(path)); });
 }
 
 void ksScriptScene::recordTag(const QString &tag, bool added, bool layer)

@@ -21,8 +21,9 @@ class ksScriptScene : public QObject
     Q_CLASSINFO("at(path)", "the node at a path, such as a node's `path`; an error when there is none")
     Q_CLASSINFO("byId(id)", "the container with that number; an error when there is none")
     Q_CLASSINFO("nodes()", "an array of all nodes, parents before their children")
-    Q_CLASSINFO("save(path)", "saves the scene in a file, `.gltf` or `.glb`; when that fails, a file that is "
-                              "there stays as it is")
+    Q_CLASSINFO("save(path)",
+                "saves the scene in a file, `.gltf` or `.glb`, whose path starts at the script's "
+                "folder; when that fails, a file that is there stays as it is")
     Q_CLASSINFO("addLinkSet(name)",
                 "adds a node with a light link set as its core below the root; returns the link set")
     Q_CLASSINFO("addAim(name, target, sources, upVectors)",
@@ -53,8 +54,8 @@ public:
                                 const QJSValue &upVectors);
     Q_INVOKABLE void recordTag(const QString &tag, bool added, bool layer = false);
 
-    /// Saves the scene in the file \a path, .gltf or .glb. A relative path starts where the editor was
-    /// started. An error in the script when that fails; then a file that is there stays as it is.
+    /// Saves the scene in the file \a path, .gltf or .glb, see ksScriptHost::pathFrom(). An error in the
+    /// script when that fails; then a file that is there stays as it is.
     Q_INVOKABLE void save(const QString &path) const;
 
 private:

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
 #include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
@@ -85,7 +84,8 @@ void ksScriptTags::edit(osg::UInt32 field, const QString &tag, bool adding)
                 (adding ? QStringLiteral(" has the tag '") : QStringLiteral(" has no tag '")) + tag +
                 (adding ? QStringLiteral("' already") : QStringLiteral("'")));
         if (tags == osg::NullFC)
-            host.add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
-        host.add(ksTagEdits::make(node, field, wanted, adding));
+            host.add(ksTagEdits::makeFirst(node, field, wanted));
+        else
+            host.add(ksTagEdits::make(node, field, wanted, adding));
     });
 }

@@ -16,8 +16,7 @@ class ksScriptTags : public QObject
     Q_OBJECT
     Q_CLASSINFO("user", "the tags of the user, an array of texts")
     Q_CLASSINFO("layers", "the layers that the node is on")
-    Q_CLASSINFO("add(tag)", "adds a tag; one that is there already is an error. The first of a node is two "
-                            "steps, because it attaches the list")
+    Q_CLASSINFO("add(tag)", "adds a tag; one that is there already is an error")
     Q_CLASSINFO("addLayer(tag)", "adds a layer, likewise")
     Q_CLASSINFO("remove(tag)", "removes a tag; that it is not there is an error")
     Q_CLASSINFO("removeLayer(tag)", "removes a layer, likewise")

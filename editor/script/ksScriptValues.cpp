@@ -2,21 +2,24 @@
 #include <editor/script/ksScriptContainer.h>
 #include <editor/script/ksScriptValues.h>
 
+#include <OpenSG/OSGSFBaseTypes.h>
+#include <OpenSG/OSGSFVecTypes.h>
+
 QString ksScriptValues::shown(const QJSValue &value)
 {
-    if (value.isArray())
-        return QStringLiteral("an array");
     if (value.isCallable())
         return QStringLiteral("a function");
     if (const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject()))
         return object->label();
-    return value.isObject() ? QStringLiteral("an object") : value.toString();
+    return ksValueKinds::shown(plainFrom(value));
 }
 
 QVariant ksScriptValues::plainFrom(const QJSValue &value)
 {
+    if (value.isNull())
+        return QVariant::fromValue(nullptr);
     if (!value.isArray())
-        return value.isNumber() || value.isBool() || value.isString() ? value.toVariant() : QVariant();
+        return value.isObject() ? QVariantMap() : value.toVariant();
     QVariantList list;
     const quint32 count = lengthOf(value);
     for (quint32 i = 0; i < count; ++i)
@@ -32,23 +35,29 @@ quint32 ksScriptValues::lengthOf(const QJSValue &array)
 bool ksScriptValues::flagFrom(const QJSValue &value, const QString &name)
 {
     if (!value.isBool())
-        throw ksEditorError(QLatin1Char('\'') + name + QStringLiteral("' is true or false"));
+        ksValueKinds::refuse(name, ksValueKinds::ofField(osg::SFBool()), shown(value));
     return value.toBool();
+}
+
+QString ksScriptValues::textFrom(const QJSValue &value, const QString &name)
+{
+    if (!value.isString())
+        ksValueKinds::refuse(name, ksValueKinds::ofField(osg::SFString()), shown(value));
+    return value.toString();
 }
 
 osg::Vec3f ksScriptValues::vectorFrom(const QJSValue &value, const QString &name)
 {
-    const std::array<float, 3> numbers = numbersFrom<3>(value, name);
-    return {numbers[0], numbers[1], numbers[2]};
+    return tupleFrom<osg::Vec3f>(value, name, ksValueKinds::ofField(osg::SFVec3f()));
 }
 
-osg::FieldContainerPtr ksScriptValues::containerFrom(const QJSValue &value)
+osg::FieldContainerPtr ksScriptValues::containerFrom(const QJSValue &value, const char *kind)
 {
     if (value.isNull())
         return osg::NullFC;
     const auto *object = qobject_cast<const ksScriptContainer *>(value.toQObject());
     if (object == nullptr)
-        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' is no container"));
+        throw ksEditorError(shown(value) + QStringLiteral(" is no ") + QLatin1String(kind));
     return object->container();
 }
 

@@ -111,12 +111,9 @@ void ksScriptVariants::options(int index, const QJSValue &flags)
 {
     host.guard([&] {
         const osg::TransformVariantPtr changed = variant(index);
-        const auto bits = ksLooseNumber::to<osg::UInt64>(plainFrom(flags));
-        if (!bits)
-            throw ksEditorError(QLatin1Char('\'') + shown(flags) +
-                                QStringLiteral("' is no number of 64 bits"));
-        if (changed->getApplyFlags() != *bits)
-            host.add(new ksTransformVariantOptionsUndoCommand(changed, *bits, nullptr, unheard));
+        const auto bits = numberFrom<osg::UInt64>(flags, QStringLiteral("flags"));
+        if (changed->getApplyFlags() != bits)
+            host.add(new ksTransformVariantOptionsUndoCommand(changed, bits, nullptr, unheard));
     });
 }
 
@@ -124,7 +121,8 @@ int ksScriptVariants::indexFrom(const QJSValue &value) const
 {
     const std::optional<int> index = ksLooseNumber::to<int>(plainFrom(value));
     if (!index || !value.isNumber())
-        throw ksEditorError(QLatin1Char('\'') + shown(value) + QStringLiteral("' is no index"));
+        ksValueKinds::refuse(QStringLiteral("from"), QStringLiteral("an index or an array of indexes"),
+                             shown(value));
     variant(*index);
     return *index;
 }

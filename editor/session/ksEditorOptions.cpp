@@ -48,9 +48,9 @@ private:
         else if (argument == QLatin1String("--output"))
             setOnce(options.output, valueOf(argument, "a file"), "output");
         else if (argument == QLatin1String("--time-limit"))
-            options.timeLimit = numberOf(argument, "a number of seconds");
+            setLimit(options.timeLimit, numberOf(argument, "a number of seconds"), "time limit");
         else if (argument == QLatin1String("--memory-limit"))
-            options.memoryLimit = numberOf(argument, "a number of megabytes");
+            setLimit(options.memoryLimit, numberOf(argument, "a number of megabytes"), "memory limit");
         else if (argument == QLatin1String("--")) {
             options.scriptArguments = arguments.mid(at);
             hasScriptArguments = true;
@@ -63,7 +63,8 @@ private:
 
     QString valueOf(const QString &option, const char *what)
     {
-        if (at == arguments.size() || arguments[at].isEmpty())
+        if (at == arguments.size() || arguments[at].isEmpty() ||
+            arguments[at].startsWith(QLatin1String("--")))
             throw ksEditorError(option + QStringLiteral(" needs ") + QLatin1String(what));
         return arguments[at++];
     }
@@ -81,6 +82,13 @@ private:
     static void setOnce(QString &target, const QString &value, const char *what)
     {
         if (!target.isEmpty())
+            throw ksEditorError(QStringLiteral("more than one ") + QLatin1String(what));
+        target = value;
+    }
+
+    static void setLimit(double &target, double value, const char *what)
+    {
+        if (target > 0)
             throw ksEditorError(QStringLiteral("more than one ") + QLatin1String(what));
         target = value;
     }
@@ -167,7 +175,7 @@ QString ksEditorOptions::help(Window window, const QString &ownStatus)
                "  0  all went well\n"
                "  1  the model cannot be read\n"
                "  2  the arguments are wrong\n"
-               "  3  the script cannot be read, ended by an error, or was ended\n") +
+               "  3  the script cannot be read or ended by an error, or the work was ended\n") +
            ownStatus + QStringLiteral("  5  something that was to be written cannot be\n") +
            (window == Window::None ? QString()
                                    : QStringLiteral("  6  there is no screen to show the window on\n"));

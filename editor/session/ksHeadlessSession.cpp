@@ -18,12 +18,14 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QScopeGuard>
+#include <QScopedValueRollback>
 
 #include <csignal>
 #include <cstdlib>
 #include <new>
 #include <ostream>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -53,6 +55,12 @@ bool showsColours(int descriptor)
     return isatty(descriptor) != 0 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
 }
 
+/// What the edits are those of.
+QString subjectOf(const ksEditorOptions &options)
+{
+    return options.script.isEmpty() ? options.model : options.script;
+}
+
 int countNodes(const osg::NodePtr &root)
 {
     int count = 0;
@@ -74,6 +82,8 @@ int ksHeadlessSession::start(int argc, char **argv)
 {
     // Who closes the other end of a pipe makes a write fail, which is an error like others.
     std::signal(SIGPIPE, SIG_IGN);
+    // So does a file that would become larger than files may.
+    std::signal(SIGXFSZ, SIG_IGN);
     colouredErrors = showsColours(STDERR_FILENO);
     ksEditorOptions options;
     try {
@@ -127,6 +137,14 @@ int ksHeadlessSession::show(const QString &text)
 void ksHeadlessSession::warn(const QString &text)
 {
     ++warnings;
+    try {
+        if (sessionRecord != nullptr && sessionRecord->failure().isEmpty() &&
+            sessionRecord->style().detail != ksRecordStyle::Quiet)
+            sessionRecord->object(
+                {{QStringLiteral("event"), QStringLiteral("warning")}, {QStringLiteral("text"), text}});
+    } catch (const ksOutputError &) {
+        // Those who warn stand no exception. The record knows of its failure, which ends the session.
+    }
     const QString label = QStringLiteral("warning:");
     errors << name << ": "
            << (colouredErrors ? ksRecord::coloured(label, ksRecord::Tone::Doubtful) : label).toStdString()
@@ -135,8 +153,12 @@ void ksHeadlessSession::warn(const QString &text)
 
 void ksHeadlessSession::complain(const QString &text) const
 {
-    // The lines of a call stack stay lines.
-    const QString shown = ksRecord::escapedLines(text);
+    // One line, and those of a call stack.
+    const QString ofStack = QStringLiteral("\n    ");
+    QStringList lines = text.split(ofStack);
+    for (QString &line : lines)
+        line = ksRecord::escaped(line);
+    const QString shown = lines.join(ofStack);
     errors << name << ": "
            << (colouredErrors ? ksRecord::coloured(shown, ksRecord::Tone::Bad) : shown).toStdString()
            << std::endl;
@@ -146,6 +168,7 @@ int ksHeadlessSession::run(const ksEditorOptions &options)
 {
     warnings = 0;
     ksRecord record(out, options.record);
+    const QScopedValueRollback<ksRecord *> recording(sessionRecord, &record);
     ksVerdict verdict;
     QString error;
     int exitCode = runSteps(options, record, verdict, error);
@@ -168,36 +191,50 @@ int ksHeadlessSession::run(const ksEditorOptions &options)
 int ksHeadlessSession::runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict,
                                 QString &error)
 {
+    // What an error is about, where it does not say so itself, and what it makes the program exit with.
+    QString subject = options.model;
+    int exitCode = ModelError;
     bool isLoaded = false;
-    int exitCode = ScriptError;
+    const auto fail = [&error, &subject](const char *reason) {
+        error = subject + QStringLiteral(": ") + QString::fromUtf8(reason);
+    };
     try {
+        ksInterrupter watching;
+        const QScopedValueRollback<ksInterrupter *> guard(interrupter, &watching);
         // Not only when all the work is done.
         if (!options.output.isEmpty())
             ksSceneExporter::checkPath(options.output);
-        return edit(load(options, record, isLoaded), options, record, verdict);
+        osg::NodeRefPtr root = load(options, record);
+        exitCode = ScriptError;
+        isLoaded = true;
+        refuseInterruption(options);
+        subject = subjectOf(options);
+        const int result = edit(std::exchange(root, {}), options, record, verdict);
+        refuseInterruption(options);
+        return result;
     } catch (const ksOutputError &failure) {
         error = QString::fromUtf8(failure.what());
         exitCode = OutputError;
     } catch (const ksEditorError &failure) {
         error = QString::fromUtf8(failure.what());
     } catch (const std::bad_alloc &) {
-        error = (isLoaded && !options.script.isEmpty() ? options.script : options.model) +
-                QStringLiteral(": out of memory");
+        fail("out of memory");
+    } catch (const std::exception &failure) {
+        fail(failure.what());
     }
     if (isLoaded)
-        return exitCode;
+        return exitCodeAfter(exitCode);
     verdict.remark(QStringLiteral("no scene"));
-    return exitCode == OutputError ? OutputError : ModelError;
+    return exitCode;
 }
 
-osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded)
+osg::NodeRefPtr ksHeadlessSession::load(const ksEditorOptions &options, ksRecord &record)
 {
     const ksMemoryGuard guard(ksMemory::limit(options.memoryLimit, QFileInfo(options.model).size()));
     QString leftOut;
     const ksSceneImporter importer([this](const QString &warning) { warn(warning); },
                                    [&leftOut](const QString &what) { leftOut = what; });
     osg::NodeRefPtr root(importer.load(options.model));
-    isLoaded = true;
     const QString file = QFileInfo(options.model).fileName();
     const int nodes = countNodes(root.get());
     if (options.record.detail != ksRecordStyle::Quiet) {
@@ -216,39 +253,59 @@ void ksHeadlessSession::runScript(const ksEditorOptions &options,
                                   const std::function<std::unique_ptr<ksScriptEngine>(std::ostream &)> &make)
 {
     ksScriptEngine *running = nullptr;
-    const auto interrupt = [&running] { running->interrupt(); };
-    ksPrintStream prints(print, interrupt);
+    ksPrintStream prints(print, [&running] { running->interruptAtOnce(); });
     const std::unique_ptr<ksScriptEngine> engine = make(prints);
     running = engine.get();
     engine->setArguments(options.scriptArguments);
     engine->setWarningHandler([this](const QString &text) { warn(text); });
-    runInterruptibly(options, interrupt, [&engine, &options] { engine->run(options.script); });
+    runInterruptibly(
+        options, [&engine] { engine->interrupt(); }, [&engine, &options] { engine->run(options.script); });
 }
 
 void ksHeadlessSession::runInterruptibly(const ksEditorOptions &options,
                                          const std::function<void()> &interrupt,
                                          const std::function<void()> &work)
 {
-    const ksInterrupter interrupter(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt);
-    const auto refuse = [&interrupter, &options] {
-        if (const QString reason = interrupter.reason(); !reason.isEmpty())
-            throw ksScriptError((options.script.isEmpty() ? options.model : options.script) +
-                                QStringLiteral(": ") + reason);
-    };
+    interrupter->start(options.timeLimit, ksMemory::limit(options.memoryLimit), interrupt,
+                       [this, &options](const QString &reason) { endByForce(options, reason); });
+    const auto stop = qScopeGuard([this] { interrupter->stop(); });
     try {
         work();
-    } catch (const ksScriptError &) {
-        refuse();
+    } catch (const ksEditorError &) {
+        refuseInterruption(options);
         throw;
     }
     // It may have come at the very end.
-    refuse();
+    refuseInterruption(options);
+}
+
+void ksHeadlessSession::endByForce(const ksEditorOptions &options, const QString &reason) const
+{
+    const QString error = subjectOf(options) + QStringLiteral(": ") + reason;
+    complain(error);
+    ksRecord record(out, options.record);
+    ksVerdict verdict;
+    verdict.remark(QStringLiteral("ended by force"));
+    int exitCode = ScriptError;
+    try {
+        verdict.write(record, false, error);
+    } catch (const std::exception &) {
+        exitCode = OutputError;
+    }
+    std::_Exit(exitCode);
+}
+
+void ksHeadlessSession::refuseInterruption(const ksEditorOptions &options) const
+{
+    if (const QString reason = interrupter->reason(); !reason.isEmpty())
+        throw ksScriptError(subjectOf(options) + QStringLiteral(": ") + reason);
 }
 
 void ksHeadlessSession::saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record)
 {
     if (options.output.isEmpty() || !record.failure().isEmpty())
         return;
+    refuseInterruption(options);
     ksSceneExporter::save(root, options.output);
     if (options.record.detail == ksRecordStyle::Quiet)
         return;

@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 
+class ksInterrupter;
 class ksRecord;
 class ksScriptEngine;
 class ksVerdict;
@@ -49,15 +50,19 @@ public:
     /// Runs the session and returns the exit code: ModelError when the model cannot be read, ScriptError when
     /// the script cannot, ends by an error or is ended, OutputError when something cannot be written, else
     /// what edit() returns. The edited scene is not saved when something went wrong. The record closes with a
-    /// verdict, however the session ends. The scene has been released then.
+    /// verdict, however the session ends. The scene has been released then. A signal ends the session as an
+    /// error does; opening and saving a file go on to their end before.
     virtual int run(const ksEditorOptions &options);
 
 protected:
     /// Edits the scene below \a root, and lets go of it, by the script of \a options, if there is one.
     /// Returns the exit code. What is counted goes to \a verdict, also when an error ends the edits. May
-    /// throw ksEditorError.
+    /// throw ksEditorError, and anything else that is derived from std::exception.
     virtual int edit(osg::NodeRefPtr root, const ksEditorOptions &options, ksRecord &record,
                      ksVerdict &verdict) = 0;
+
+    /// What to exit with when edit() ended by an error that itself gives \a exitCode.
+    virtual int exitCodeAfter(int exitCode) const { return exitCode; }
 
     /// Whether there is a window.
     virtual ksEditorOptions::Window window() const { return ksEditorOptions::Window::None; }
@@ -79,15 +84,21 @@ protected:
 
     /// Runs \a work. At a signal, or at a limit of \a options, \a interrupt is called by another thread,
     /// which must make \a work throw ksScriptError; that then says what it was.
-    static void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
-                                 const std::function<void()> &work);
+    void runInterruptibly(const ksEditorOptions &options, const std::function<void()> &interrupt,
+                          const std::function<void()> &work);
 
     /// Saves the scene below \a root as the options say, if they do. For edit() to call when all is well.
-    static void saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record);
+    void saveOutput(const osg::NodePtr &root, const ksEditorOptions &options, ksRecord &record);
 
 private:
     int runSteps(const ksEditorOptions &options, ksRecord &record, ksVerdict &verdict, QString &error);
-    osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record, bool &isLoaded);
+    osg::NodeRefPtr load(const ksEditorOptions &options, ksRecord &record);
+
+    /// Throws ksScriptError when the session is to end.
+    void refuseInterruption(const ksEditorOptions &options) const;
+
+    /// Ends the process, from another thread, when the work does not end for \a reason.
+    [[noreturn]] void endByForce(const ksEditorOptions &options, const QString &reason) const;
     int show(const QString &text);
 
     /// Shows \a text as a warning, which the verdict counts.
@@ -101,4 +112,8 @@ private:
     std::ostream &errors;
     bool colouredErrors = false;
     int warnings = 0;
+
+    /// That of the run that is going on.
+    ksInterrupter *interrupter = nullptr;
+    ksRecord *sessionRecord = nullptr;
 };

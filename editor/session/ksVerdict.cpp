@@ -4,7 +4,7 @@
 
 void ksVerdict::count(int number, const QString &one, const QString &many, const QString &key)
 {
-    words += QString::number(number) + QLatin1Char(' ') + (number == 1 ? one : many);
+    words += ksRecord::counted(number, one, many);
     numbers.insert(key.isNull() ? many : key, number);
 }
 

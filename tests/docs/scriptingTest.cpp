@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <checker/session/ksCheckedSession.h>
 #include <editor/script/ksScriptDescription.h>
 #include <editor/script/ksScriptRegistry.h>
 #include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksEditorSession.h>
 #include <tests/editor/ksEditorFixture.h>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QMetaMethod>
 #include <QMetaProperty>
 
@@ -74,6 +78,35 @@ protected:
         return out.str();
     }
 
+    /// Expects that the page names \a object's members, and those of objects in it.
+    void expectNames(const QJsonObject &object) const
+    {
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            EXPECT_TRUE(names(section("The command line and the record"), member.key().toStdString()))
+                << member.key().toStdString();
+            for (const QJsonValue &entry : member->toArray())
+                expectNames(entry.toObject());
+        }
+    }
+
+    /// Runs \a session, whose record goes to \a out, and expects that the page names all that it writes.
+    /// Returns the events.
+    std::set<std::string> eventsOf(ksHeadlessSession &&session, std::ostringstream &out,
+                                   const ksEditorOptions &options) const
+    {
+        session.run(options);
+        std::set<std::string> events;
+        std::istringstream lines(out.str());
+        for (std::string line; std::getline(lines, line);) {
+            const QJsonObject object = QJsonDocument::fromJson(QByteArray::fromStdString(line)).object();
+            const std::string event = object.value(QStringLiteral("event")).toString().toStdString();
+            EXPECT_TRUE(names(section("The command line and the record"), event)) << line;
+            expectNames(object);
+            events.insert(event);
+        }
+        return events;
+    }
+
     ksTestFolder folder;
     std::string page;
 };
@@ -100,6 +133,33 @@ TEST_F(ksScriptingPage, HasExamplesThatRun)
 TEST_F(ksScriptingPage, ShowsWhatTheFirstExampleWrites)
 {
     EXPECT_EQ(blocks("").at(1), run(blocks("js").at(0)));
+}
+
+TEST_F(ksScriptingPage, NamesWhatIsInARecordOfJson)
+{
+    ksEditorOptions options;
+    options.model = folder.write("m.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    options.record = {ksRecordStyle::Verbose, true, false};
+    std::ostringstream errors;
+    std::ostringstream tour;
+    EXPECT_THAT(eventsOf(ksCheckedSession(tour, errors), tour, options),
+                testing::UnorderedElementsAre("model", "step", "part", "verdict"));
+    EXPECT_EQ(errors.str(), "");
+    options.script =
+        folder.write("script.js", "print('hello'); var own = scene.root.attachment('ksNodeSettings');"
+                                  "own.drag('layer', [1, 2]); history.mark(); history.undo(); history.redo();"
+                                  "history.batch('a', [[own, 'layer', 3]], false);"
+                                  "history.batch('a', [[own, 'layer', 4]], true); history.clear();");
+    options.output = folder.path("out.glb");
+    std::ostringstream edits;
+    EXPECT_THAT(eventsOf(ksEditorSession(edits, errors), edits, options),
+                testing::UnorderedElementsAre("model", "print", "add", "merge", "undo", "redo", "clear",
+                                              "other", "saved", "verdict"));
+    EXPECT_EQ(errors.str(), "");
+    options.script = folder.write("script.js", "nothing();");
+    std::ostringstream error;
+    EXPECT_THAT(eventsOf(ksEditorSession(error, errors), error, options),
+                testing::UnorderedElementsAre("model", "verdict"));
 }
 
 TEST_F(ksScriptingPage, HasTheReferenceOfTheCode)
@@ -166,7 +226,8 @@ TEST_F(ksScriptingPage, DescribesWhatThereIs)
 /// One that is not described cannot be seen by scripts, which is right for what the prelude calls only.
 TEST_F(ksScriptingPage, DescribesEverything)
 {
-    const std::set<std::string> internal = {"label", "write", "complain", "openMacro", "closeMacro"};
+    const std::set<std::string> internal = {"label",      "write",     "complain",  "openMacro",
+                                            "closeMacro", "openBatch", "closeBatch"};
     ksScriptRegistry::visitClasses([&internal](const QMetaObject &type, const QStringList &) {
         std::set<std::string> described = internal;
         for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include <csignal>
+#include <sstream>
 
 namespace {
 
@@ -99,6 +100,32 @@ TEST(ksEditorProgram, SaysInOneLineWhyAModelCannotBeRead)
     }
 }
 
+/// Names of files are in UTF-8, whatever the locale says.
+TEST(ksEditorProgram, OpensFilesOfAnyName)
+{
+    const ksTestFolder folder;
+    for (const char *name : {"room.bin", "planks.png", "plaster.png", "painting.png", "fabric.png"})
+        ASSERT_TRUE(QFile::copy(ksRoomFile(name), folder.path(name))) << name;
+    std::ostringstream room;
+    room << std::ifstream(ksRoomFile().toStdString()).rdbuf();
+    const std::string name = "K\xc3\xbc"
+                             "che.gltf";
+    folder.write(name, room.str());
+    for (const char *locale : {"C", "C.UTF-8"}) {
+        // The shell hands over the bytes that the name consists of.
+        const ksProgram run(
+            QStringLiteral("sh"),
+            {QStringLiteral("-c"),
+             QStringLiteral("cd \"$1\" && export LC_ALL=$2 && exec \"$0\" --headless K*che.gltf "
+                            "--output K*che.gltf"),
+             QStringLiteral(KS_EDITOR), folder.path(""), QString::fromLatin1(locale)});
+        EXPECT_EQ(run.exitCode, 0) << locale;
+        EXPECT_EQ(run.errors, "") << locale;
+        EXPECT_THAT(run.output, StartsWith("model " + name + ": 58 nodes")) << locale;
+        EXPECT_THAT(run.output, HasSubstr("\nsaved " + name + "\n")) << locale;
+    }
+}
+
 /// In one line, and those of the call stack if there is one.
 TEST(ksEditorProgram, SaysWhereAScriptFailed)
 {
@@ -110,7 +137,7 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
         {"history.macro('m', function () {\n    nothing();\n});\n",
          ":2: ReferenceError: nothing is not defined\n    at script.js:2\n    at script.js:1"},
         {"scene.root.drag('travMask', [1,\n 2, -3]);\n",
-         ":1: Error: '-3' does not fit the field 'travMask', SFUInt32"}};
+         ":1: Error: 'travMask' is a whole number from 0 to 4294967295, not -3"}};
     for (const auto &[script, error] : cases) {
         const QString path = folder.write("script.js", script);
         const ksProgram run = runScript(path);
@@ -119,11 +146,52 @@ TEST(ksEditorProgram, SaysWhereAScriptFailed)
     }
 }
 
-/// One that writes to a terminal, which nothing is here.
+/// The language's own functions look at no limit.
+TEST(ksEditorProgram, EndsByForceWhatDoesNotHeedItsLimit)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers' own memory counts as the program's";
+    const ksTestFolder folder;
+    const QString path = folder.write("script.js", "new Array(4000000000).fill(7);\n");
+    const ksProgram run = runEditor({QStringLiteral("--headless"), ksRoomFile(), QStringLiteral("--script"),
+                                     path, QStringLiteral("--memory-limit"), QStringLiteral("300")});
+    EXPECT_EQ(run.exitCode, 3);
+    EXPECT_EQ(run.errors, "ks-editor: " + path.toStdString() + ": out of memory\n");
+    EXPECT_EQ(run.output, "model room.gltf: 58 nodes; left out: 1 camera\nFAILED: ended by force\n");
+}
+
+TEST(ksEditorProgram, FailsWhereFilesMayNotBeSoLarge)
+{
+    const ksTestFolder folder;
+    const ksProgram run(QStringLiteral("sh"),
+                        {QStringLiteral("-c"),
+                         QStringLiteral("ulimit -f 20 && exec \"$0\" --headless \"$1\" --output \"$2\""),
+                         QStringLiteral(KS_EDITOR), ksRoomFile(), folder.path("large.glb")});
+    EXPECT_EQ(run.exitCode, 5);
+    EXPECT_THAT(run.errors, StartsWith("ks-editor: " + folder.path("large.glb").toStdString() + ": "));
+    EXPECT_FALSE(QFile::exists(folder.path("large.glb")));
+}
+
 TEST(ksEditorProgram, WritesNoColoursIntoFiles)
 {
     const ksProgram run = runScript(QStringLiteral(KS_ROOM_SCRIPT));
     EXPECT_THAT(run.output, testing::Not(HasSubstr("\x1b")));
+}
+
+/// Unless the environment says that there shall be none.
+TEST(ksEditorProgram, WritesColoursToATerminal)
+{
+    const auto runInTerminal = [](const QString &variable) {
+        return ksProgram(QStringLiteral("env"),
+                         {QStringLiteral("TERM=xterm"), QStringLiteral("NO_COLOR="), variable,
+                          QStringLiteral("python3"), QStringLiteral("-c"),
+                          QStringLiteral("import pty, sys; pty.spawn(sys.argv[1:])"),
+                          QStringLiteral(KS_EDITOR), QStringLiteral("--headless"), ksRoomFile()});
+    };
+    EXPECT_THAT(runInTerminal(QStringLiteral("TERM=xterm")).output,
+                EndsWith("\x1b[32mOK: 0 steps, 0 warnings\x1b[0m\r\n"));
+    for (const QString &variable : {QStringLiteral("NO_COLOR=1"), QStringLiteral("TERM=dumb")})
+        EXPECT_THAT(runInTerminal(variable).output, EndsWith("\nOK: 0 steps, 0 warnings\r\n"));
 }
 
 TEST(ksEditorProgram, EndsOrderlyWhenItIsInterrupted)

@@ -119,7 +119,7 @@ TEST_F(ksCheckedHistoryTest, SeesAWriteThatDoesNotEndTheEdit)
     EXPECT_EQ(history.differenceCount(), 1);
     EXPECT_THAT(out.str(), HasSubstr("  STALE    " + label() + " layer: expected 5, is 0\n"));
     EXPECT_THAT(out.str(), Not(HasSubstr("DIFFERS ")));
-    EXPECT_THAT(out.str(), HasSubstr("1 DIFFERENCES"));
+    EXPECT_THAT(out.str(), HasSubstr(": 1 DIFFERENCE\n"));
 }
 
 TEST_F(ksCheckedHistoryTest, SeesAWriteOutsideTheHistory)
@@ -278,6 +278,30 @@ TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfAFieldWithinItsTolerance)
     history.redo();
     EXPECT_EQ(history.differenceCount(), 0);
     disturb(0.53125F);
+    EXPECT_FALSE(history.check());
+}
+
+/// Roundings do not add up, and end with the commands that they are of.
+TEST_F(ksCheckedHistoryTest, AcceptsRoundingOfWhatWasAtFirst)
+{
+    const osg::UInt32 id = childSettings().getFieldContainerId();
+    const auto disturb = [this](float opacity) {
+        CPEdit(childSettings(), osg::ksNodeSettings::OpacityFieldMask);
+        childSettings()->setOpacity(opacity);
+    };
+    const ksExpectedRounding rounding{id, osg::ksNodeSettings::OpacityFieldId, 0.01, 0, QString()};
+    history.add(setLayer(1));
+    history.expect(rounding);
+    for (const float opacity : {0.9921875F, 1.0078125F, 0.9921875F}) {
+        disturb(opacity);
+        EXPECT_TRUE(history.check());
+    }
+    disturb(0.984375F);
+    EXPECT_FALSE(history.check());
+    disturb(1);
+    EXPECT_TRUE(history.check());
+    history.clear();
+    disturb(0.9921875F);
     EXPECT_FALSE(history.check());
 }
 

@@ -114,6 +114,52 @@ TEST_F(ksInexactUndoTest, ExpectsNoRoundingInParentSpace)
                                      " translation: expected 1 2 3, is "));
 }
 
+/// However far away the child is, its matrix is exact but for where it places it.
+TEST_F(ksInexactUndoTest, ExpectsRoundingOfTheTranslationOfAMatrixOnly)
+{
+    ksCheckedHistory history(root, transcript, &stack);
+    const osg::UInt32 id = transformOf(child).getFieldContainerId();
+    history.expect(ksExpectedRounding{id, osg::Transform3D::MatrixFieldId, 1e-6, 1e6, QString()});
+    history.expect(ksExpectedRounding{id, osg::Transform3D::TranslationFieldId, 1e-6, 1e6, QString()});
+    const auto change = [this](float x, float scale) {
+        CPEdit(transformOf(child), osg::Transform3D::TranslationFieldMask | osg::Transform3D::ScaleFieldMask);
+        transformOf(child)->setTranslation(osg::Vec3f(x, 0, 0));
+        transformOf(child)->setScale(osg::Vec3f(scale, 1, 1));
+    };
+    change(0.5F, 1);
+    EXPECT_TRUE(history.check());
+    change(0.5F, 1.25F);
+    EXPECT_FALSE(history.check());
+    // The scale and the matrix.
+    EXPECT_EQ(history.differenceCount(), 2) << out.str();
+}
+
+/// Near gimbal lock, many angles are the same rotation.
+TEST_F(ksInexactUndoTest, ExpectsAnglesOfTheSameRotation)
+{
+    const auto turn = [this](const osg::Vec3f &angles) {
+        CPEdit(transformOf(child), osg::Transform3D::EulerRotationFieldMask);
+        transformOf(child)->setEulerRotation(angles);
+    };
+    {
+        CPEdit(transformOf(child), osg::Transform3D::EulerRotationOrderFieldMask);
+        transformOf(child)->setEulerRotationOrder("YXZ");
+    }
+    turn({90, 10, 20});
+    ksCheckedHistory history(root, transcript, &stack);
+    for (const osg::UInt32 field : std::initializer_list<osg::UInt32>{osg::Transform3D::EulerRotationFieldId,
+                                                                      osg::Transform3D::RotationFieldId,
+                                                                      osg::Transform3D::MatrixFieldId})
+        history.expect(
+            ksExpectedRounding{transformOf(child).getFieldContainerId(), field, 1e-5, 0, QString()});
+    const osg::Quaternion before = transformOf(child)->getRotation();
+    turn({90, 30, 0});
+    ASSERT_TRUE(before.equals(transformOf(child)->getRotation(), 1e-5F));
+    EXPECT_TRUE(history.check()) << out.str();
+    turn({90, 30.5F, 0});
+    EXPECT_FALSE(history.check());
+}
+
 TEST_F(ksInexactUndoTest, ExpectsTheAnglesOfATurnAnew)
 {
     ksCheckedHistory history(root, transcript, &stack);

@@ -51,6 +51,32 @@ TEST(ksTranscript, WritesFaultsAlsoWhenItIsQuiet)
               "step 3: add\n  changed  a\n  DIFFERS  b\n  check    c\n");
 }
 
+TEST(ksTranscript, WritesObjectsOfFaultsAlsoWhenItIsQuiet)
+{
+    EXPECT_EQ(
+        transcriptIn({ksRecordStyle::Quiet, true}),
+        R"({"event":"step","notes":[{"changed":"a"},{"DIFFERS":"b"},{"check":"c"}],"step":3,"text":"add"})"
+        "\n");
+}
+
+/// What was to be said of the step has been said.
+TEST(ksTranscript, WritesAFaultThatComesAfterItsStep)
+{
+    for (const auto &[isJson, expected] :
+         {std::pair(false, "  FAILS    late\n"),
+          std::pair(true,
+                    "{\"event\":\"step\",\"notes\":[{\"FAILS\":\"late\"}],\"step\":1,\"text\":\"add\"}\n")}) {
+        std::ostringstream out;
+        ksRecord record(out, {ksRecordStyle::Quiet, isJson});
+        ksTranscript transcript(record);
+        transcript.step(QStringLiteral("add"));
+        transcript.finishStep();
+        transcript.fault(QStringLiteral("FAILS"), QStringLiteral("late"));
+        transcript.finish();
+        EXPECT_EQ(out.str(), expected);
+    }
+}
+
 TEST(ksTranscript, WritesAnObjectPerStep)
 {
     EXPECT_EQ(

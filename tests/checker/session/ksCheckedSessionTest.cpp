@@ -3,9 +3,11 @@
 #include <checker/tour/ksCommandClasses.h>
 #include <editor/session/ksEditorOptions.h>
 #include <tests/editor/ksEditorFixture.h>
+#include <tests/editor/session/ksWatchedText.h>
 
 #include <ksundo/core/ksUndoStack.h>
 
+#include <csignal>
 #include <sstream>
 
 namespace {
@@ -23,6 +25,19 @@ protected:
         options.model = model;
         options.script = script.empty() ? QString() : folder.write("script.js", script);
         return ksCheckedSession(out, errors).run(options);
+    }
+
+    /// Runs \a script when there is a difference that no step makes.
+    int runWithDifference(const std::string &script)
+    {
+        // The prototype is a container like any other: writing it without an end of the edit leaves aspect 1
+        // stale.
+        const auto settings =
+            osg::ksNodeSettingsPtr::dcast(osg::ksNodeSettings::getClassType().getPrototype());
+        settings->setLayer(1);
+        const int exitCode = run(ksRoomFile(), script);
+        settings->setLayer(0);
+        return exitCode;
     }
 
     ksEditorOptions options;
@@ -91,6 +106,19 @@ TEST_F(ksCheckedSessionTest, EndsTheTourThatTakesTooLong)
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
+TEST_F(ksCheckedSessionTest, EndsTheTourThatIsInterrupted)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    ksWatchedText record("Add what the scene lacks: ", [] { std::raise(SIGINT); });
+    std::ostream stream(&record);
+    options.model = ksRoomFile();
+    EXPECT_EQ(ksCheckedSession(stream, errors).run(options), ksCheckedSession::ScriptError);
+    EXPECT_EQ(errors.str(), "ks-checker: " + ksRoomFile().toStdString() + ": interrupted\n");
+    EXPECT_THAT(record.text(),
+                testing::ContainsRegex("\nFAILED: [0-9]+ steps, 270 containers, 0 differences"));
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksCheckedSessionTest, SavesTheScene)
 {
     options.output = folder.path("out.glb");
@@ -126,7 +154,7 @@ TEST_F(ksCheckedSessionTest, ReportsAScriptsError)
                                 "table.set('layer', 3);\ntable.set('layer', 'three');\n"),
               ksCheckedSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-checker: " + folder.path("script.js").toStdString() +
-                                ":3: Error: 'three' does not fit the field 'layer', SFUInt8\n");
+                                ":3: Error: 'layer' is a whole number from 0 to 255, not 'three'\n");
     EXPECT_THAT(out.str(),
                 testing::EndsWith(
                     "\nFAILED: 2 steps, 270 containers, 0 differences, 0 within tolerance, 0 warnings\n"));
@@ -137,19 +165,67 @@ TEST_F(ksCheckedSessionTest, ReportsAScriptsError)
 /// A script that catches the error of a failed check does not make it undone.
 TEST_F(ksCheckedSessionTest, FailsWhenACheckFailed)
 {
-    const osg::FieldContainerPtr victim = osg::ksNodeSettings::getClassType().getPrototype();
-    ASSERT_NE(victim, osg::NullFC);
-    // The prototype is a container like any other: writing it without an end of the edit leaves aspect 1
-    // stale.
-    auto settings = osg::ksNodeSettingsPtr::dcast(victim);
-    settings->setLayer(1);
-    EXPECT_EQ(run(ksRoomFile(), "print('nothing');"), ksCheckedSession::DifferenceFound);
-    settings->setLayer(0);
+    EXPECT_EQ(runWithDifference("try { check(); } catch (error) {}"), ksCheckedSession::DifferenceFound);
+    EXPECT_EQ(errors.str(), "");
     EXPECT_THAT(out.str(), HasSubstr("  STALE    ksNodeSettings "));
-    EXPECT_THAT(
-        out.str(),
-        testing::ContainsRegex(
-            "\nFAILED: 1 step, 270 containers, [1-9][0-9]* differences?, 0 within tolerance, 0 warnings\n$"));
+    EXPECT_THAT(out.str(), testing::ContainsRegex("\nFAILED: 2 steps, 270 containers, [1-9][0-9]* "
+                                                  "differences?, 0 within tolerance, 0 warnings\n$"));
+}
+
+/// The error is told all the same.
+TEST_F(ksCheckedSessionTest, FailsForADifferenceRatherThanForAnError)
+{
+    for (const auto &[script, error] : {std::pair("check();", "Error: the scene differs from the history"),
+                                        std::pair("nothing();", "ReferenceError: nothing is not defined")}) {
+        EXPECT_EQ(runWithDifference(script), ksCheckedSession::DifferenceFound);
+        EXPECT_EQ(errors.str(),
+                  "ks-checker: " + folder.path("script.js").toStdString() + ":1: " + error + '\n');
+        EXPECT_THAT(out.str(), HasSubstr("\nFAILED: "));
+    }
+}
+
+TEST_F(ksCheckedSessionTest, WritesDifferencesAlsoWhenItIsQuiet)
+{
+    options.record.detail = ksRecordStyle::Quiet;
+    EXPECT_EQ(runWithDifference("print('hello');"), ksCheckedSession::DifferenceFound);
+    EXPECT_THAT(out.str(), StartsWith("hello\nstep 1: check\n  STALE    ksNodeSettings "));
+    options.record.json = true;
+    EXPECT_EQ(runWithDifference("print('hello');"), ksCheckedSession::DifferenceFound);
+    EXPECT_THAT(out.str(), HasSubstr("\n{\"event\":\"step\",\"notes\":[{\"STALE\":\"ksNodeSettings "));
+}
+
+TEST_F(ksCheckedSessionTest, TellsWhatIsNotReleased)
+{
+    for (const bool isJson : {false, true}) {
+        osg::NodeRefPtr kept;
+        // All checks have been made then.
+        ksWatchedText record("saved", [&kept] { kept = osg::NodeRefPtr(osg::Node::create()); });
+        std::ostream stream(&record);
+        options.model = ksRoomFile();
+        options.script = folder.write("script.js", "");
+        options.output = folder.path("out.glb");
+        options.record.json = isJson;
+        EXPECT_EQ(ksCheckedSession(stream, errors).run(options), ksCheckedSession::DifferenceFound);
+        EXPECT_THAT(record.text(), HasSubstr(isJson ? "\n{\"containers\":1,\"event\":\"notReleased\"}\n"
+                                                    : "\nNOT RELEASED: 1 container\nFAILED: "));
+    }
+}
+
+/// It stands before the step, which stays whole.
+TEST_F(ksCheckedSessionTest, WritesAStepWholeInWhichAScriptPrints)
+{
+    const std::string script = "var table = scene.find('Table');\nhistory.macro('Both', function () {\n"
+                               "    table.set('travMask', 1);\n    print('hello');\n"
+                               "    table.set('travMask', 2); });";
+    options.record.json = true;
+    EXPECT_EQ(run(ksRoomFile(), script), 0) << errors.str();
+    const QString record = QString::fromStdString(out.str());
+    std::vector<std::string> lines;
+    for (const QString &line : record.split(QLatin1Char('\n'), Qt::SkipEmptyParts))
+        lines.push_back(line.toStdString());
+    EXPECT_THAT(lines, testing::ElementsAre(HasSubstr("\"model\""), HasSubstr("\"hello\""),
+                                            testing::AllOf(HasSubstr("\"within\""), HasSubstr("\"check\"")),
+                                            HasSubstr("\"step\":2"), HasSubstr("\"verdict\"")));
 }
 
 TEST_F(ksCheckedSessionTest, ReportsAModelThatCannotBeRead)

@@ -72,6 +72,7 @@ var edits = [
         history.batch("Batch", [[node(), pick(properties), vector(), options()], [own(), "layer", number()],
                                 [node(), "rotationOrder", "ZYX"]], pick([true, false]), pick([undefined, function () {}]));
     },
+    function () { history.batch("Batch", function () { repeat(random(5), function () { pick(edits)(); }); }); },
     function () { history.macro("Macro", function () { repeat(random(5), function () { pick(edits)(); }); }); },
     function () { history.beginMacro("Macro"); own().set("layer", number()); history.endMacro(); },
     function () { history.undo(); },

@@ -164,10 +164,10 @@ TEST_F(ksTourTest, WorksOnASingleNode)
 /// Wherever it is ended, what it has made is released, and the checks find nothing.
 TEST_F(ksTourTest, LeavesNothingBehindWhenItIsEnded)
 {
-    // At the beginning of each part, and now and then on the way through the history.
-    constexpr int Parts = 12;
+    // Before each of the first steps, and now and then on the way.
+    constexpr int FirstSteps = 12;
     bool isOver = false;
-    for (int last = 1; !isOver; last += last < Parts ? 1 : last) {
+    for (int last = 1; !isOver; last += last < FirstSteps ? 1 : last) {
         const std::ptrdiff_t before = ksLivingContainers();
         {
             const osg::NodeRefPtr node(osg::Node::create());
@@ -187,8 +187,10 @@ TEST_F(ksTourTest, LeavesNothingBehindWhenItIsEnded)
             try {
                 ksTour(history, stopAtLast).run();
                 isOver = true;
+                EXPECT_EQ(calls, transcript.stepCount());
             } catch (const ksScriptError &) {
                 EXPECT_EQ(calls, last);
+                EXPECT_EQ(transcript.stepCount(), last - 1);
             }
             EXPECT_EQ(history.stack()->index(), 0);
             EXPECT_TRUE(history.check()) << last;

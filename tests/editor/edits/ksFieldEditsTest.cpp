@@ -66,12 +66,12 @@ TEST_F(ksFieldEditsTest, SetTheValue)
 
 TEST_F(ksFieldEditsTest, RefuseWhatDoesNotFit)
 {
-    EXPECT_EQ(refusal("layer", 256), "'256' does not fit the field 'layer', SFUInt8");
-    EXPECT_EQ(refusal("layer", 0.5), "'0.5' does not fit the field 'layer', SFUInt8");
-    EXPECT_EQ(refusal("opacity", QStringLiteral("half")),
-              "'half' does not fit the field 'opacity', SFReal32");
-    EXPECT_EQ(refusal("locked", 1), "'1' does not fit the field 'locked', SFBool");
-    EXPECT_EQ(refusal("layer", {}), "'undefined' does not fit the field 'layer', SFUInt8");
+    EXPECT_EQ(refusal("layer", 256), "'layer' is a whole number from 0 to 255, not 256");
+    EXPECT_EQ(refusal("layer", 0.5), "'layer' is a whole number from 0 to 255, not 0.5");
+    EXPECT_EQ(refusal("opacity", QStringLiteral("half")), "'opacity' is a number, not 'half'");
+    EXPECT_EQ(refusal("locked", 1), "'locked' is true or false, not 1");
+    EXPECT_EQ(refusal("layer", QStringLiteral("7")), "'layer' is a whole number from 0 to 255, not '7'");
+    EXPECT_EQ(refusal("layer", {}), "'layer' is a whole number from 0 to 255, not undefined");
 }
 
 TEST_F(ksFieldEditsTest, RefuseFieldsThatCannotBeEdited)
@@ -82,8 +82,7 @@ TEST_F(ksFieldEditsTest, RefuseFieldsThatCannotBeEdited)
     EXPECT_EQ(ksErrorOf([this] {
                   ksFieldEdits::make(QString(), child, QStringLiteral("core"), 1, ksMerging::Never);
               }),
-              "the field 'core' of " + ksContainers::label(child).toStdString() +
-                  " is an SFNodeCorePtr, which cannot be edited");
+              "the field 'core' of " + ksContainers::label(child).toStdString() + " cannot be edited");
 }
 
 TEST_F(ksFieldEditsTest, MergeOnlyWhenAsked)

@@ -33,6 +33,25 @@ protected:
 
 } // namespace
 
+TEST_F(ksTagEditsTest, AttachTheListsWithTheFirstTag)
+{
+    const auto tagsOfRoot = [this] {
+        return osg::TagAttachmentPtr::dcast(root->findAttachment(osg::TagAttachment::getClassType()));
+    };
+    for (const osg::UInt32 field : {UserTags, LayerTags}) {
+        stack.add(ksTagEdits::makeFirst(root, field, "wood"));
+        EXPECT_EQ(stack.undoText(), QStringLiteral("Add tag 'wood'"));
+        ASSERT_NE(tagsOfRoot(), osg::NullFC);
+        EXPECT_THAT(ksTagEdits::listOf(tagsOfRoot(), field).getValues(), ElementsAre("wood"));
+        EXPECT_THAT(tagsOfRoot()->getTagValues().getValues(), ElementsAre(4u));
+        stack.add(ksTagEdits::make(root, field, "wood", false));
+        EXPECT_TRUE(tagsOfRoot()->getTagValues().empty());
+        stack.undo();
+        stack.undo();
+        EXPECT_EQ(tagsOfRoot(), osg::NullFC);
+    }
+}
+
 TEST_F(ksTagEditsTest, KeepTheListsAndTheirValuesTogether)
 {
     edit(UserTags, "wood", true);
@@ -48,6 +67,18 @@ TEST_F(ksTagEditsTest, KeepTheListsAndTheirValuesTogether)
     EXPECT_EQ(stack.undoText(), QStringLiteral("Remove tag 'wood'"));
     stack.undo();
     EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u, 6u));
+}
+
+TEST_F(ksTagEditsTest, RemoveATagWithoutAValue)
+{
+    edit(UserTags, "wood", true);
+    {
+        CPEdit(tags, osg::TagAttachment::UserTagsFieldMask);
+        tags->getUserTags().getValues() = {"wood", "walnut"};
+    }
+    edit(UserTags, "walnut", false);
+    EXPECT_THAT(tags->getUserTags().getValues(), ElementsAre("wood"));
+    EXPECT_THAT(tags->getTagValues().getValues(), ElementsAre(4u));
 }
 
 TEST_F(ksTagEditsTest, SayWhetherATagComesOrGoes)

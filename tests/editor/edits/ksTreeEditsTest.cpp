@@ -53,6 +53,43 @@ TEST_F(ksTreeEditsTest, RemoveANodeAndPutItBack)
     EXPECT_EQ(osg::FieldContainerFactory::the()->getContainer(id), osg::NullFC);
 }
 
+TEST_F(ksTreeEditsTest, LeaveANodeWhoseNewParentHasGone)
+{
+    stack.add(ksTreeEdits::makeMove(child, second, -1));
+    stack.undo();
+    {
+        CPEdit(root.get(), osg::Node::ChildrenFieldMask);
+        root->subChild(second);
+    }
+    ksSyncAspects();
+    stack.redo();
+    EXPECT_EQ(childrenOf(root), Nodes{child});
+    stack.undo();
+    EXPECT_EQ(childrenOf(root), Nodes{child});
+}
+
+TEST_F(ksTreeEditsTest, RefuseToNestTooDeep)
+{
+    osg::NodePtr last = leaf;
+    for (int level = 3; level < ksContainers::MostLevels - 1; ++level) {
+        const osg::NodePtr next = makeNode("Link");
+        CPEdit(last, osg::Node::ChildrenFieldMask);
+        last->addChild(next);
+        last = next;
+    }
+    stack.add(ksTreeEdits::makeMove(second, last, -1));
+    stack.undo();
+    const osg::NodeRefPtr added(makeNode("Added"));
+    const osg::NodeRefPtr tooDeep(makeNode("Too deep"));
+    const osg::NodePtr below = makeNode("Below");
+    stack.add(ksTreeEdits::makeAdd(second, below));
+    const std::string end = ": nodes nest 1000 deep at most";
+    EXPECT_THAT(ksErrorOf([&] { ksTreeEdits::makeMove(second, last, -1); }), testing::EndsWith(end));
+    EXPECT_THAT(ksErrorOf([&] { ksTreeEdits::makeMove(child, below, -1); }), testing::EndsWith(end));
+    stack.add(ksTreeEdits::makeAdd(last, added));
+    EXPECT_THAT(ksErrorOf([&] { ksTreeEdits::makeAdd(added, tooDeep); }), testing::EndsWith(end));
+}
+
 TEST_F(ksTreeEditsTest, MoveANode)
 {
     stack.add(ksTreeEdits::makeMove(leaf, root, 1));

@@ -101,7 +101,11 @@ TEST_F(ksEditHistoryTest, TakesADragAsOneStep)
     EXPECT_THAT(history.notes, ElementsAre("drag \"Layer\", 3 events", "finished"));
     history.notes.clear();
     history.drag(0, [this](int) { return setLayer(9); });
+    history.drag(2, [](int) { return nullptr; });
     EXPECT_THAT(history.notes, IsEmpty());
+    history.drag(4, [this](int event) { return event % 2 > 0 ? setLayer(event) : nullptr; });
+    EXPECT_EQ(stack.count(), 1);
+    EXPECT_EQ(childSettings()->getLayer(), 3);
 }
 
 TEST_F(ksEditHistoryTest, FinishesADragThatFails)
@@ -151,6 +155,30 @@ TEST_F(ksEditHistoryTest, MacrosNest)
                                            "within finished", "within finished", "finished"));
     history.undo();
     EXPECT_EQ(childSettings()->getLayer(), 0);
+}
+
+TEST_F(ksEditHistoryTest, LeavesWhatCanBeRedoneToAnEmptyMacro)
+{
+    history.add(setLayer(1));
+    history.undo();
+    for (const bool keep : {true, false}) {
+        history.beginMacro(QStringLiteral("Outer"));
+        history.beginMacro(QStringLiteral("Inner"));
+        history.endMacro();
+        history.endMacro(keep);
+    }
+    history.redo();
+    EXPECT_EQ(childSettings()->getLayer(), 1);
+    // What is done after an empty one belongs to the one around it.
+    history.beginMacro(QStringLiteral("Outer"));
+    history.beginMacro(QStringLiteral("Inner"));
+    history.endMacro();
+    history.add(setLayer(2));
+    history.endMacro();
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_EQ(stack.undoText(), QStringLiteral("Outer"));
+    history.undo();
+    EXPECT_EQ(childSettings()->getLayer(), 1);
 }
 
 TEST_F(ksEditHistoryTest, FinishesAMacroWhoseEndThrows)

@@ -44,9 +44,10 @@ TEST(ksRecord, KeepsALineALine)
 {
     std::ostringstream out;
     ksRecord record(out);
-    record.line(QString::fromUtf8("Tab\tle\r\n\x1b[31m \xc2\x85 \xe2\x80\xa8 \xe2\x80\xae K\xc3\xbc"
+    record.line(QString::fromUtf8("Tab\tle\r\n\x1b[31m \xc2\x85 \xe2\x80\xa8 \xe2\x80\xae "
+                                  "\xd8\x9c\xe2\x80\x8e\xe2\x80\x8f K\xc3\xbc"
                                   "che \\n"));
-    EXPECT_EQ(out.str(), "Tab\\tle\\r\\n\\u001b[31m \\u0085 \\u2028 \\u202e K\xc3\xbc"
+    EXPECT_EQ(out.str(), "Tab\\tle\\r\\n\\u001b[31m \\u0085 \\u2028 \\u202e \\u061c\\u200e\\u200f K\xc3\xbc"
                          "che \\n\n");
 }
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksTreeEdits.h>
 #include <editor/history/ksRecord.h>
 #include <editor/history/ksRecordedHistory.h>
 #include <tests/editor/ksEditorFixture.h>
@@ -103,14 +104,14 @@ TEST_F(ksRecordedHistoryTest, WritesAnObjectForEachStep)
     std::vector<std::string> rest;
     while (std::getline(record, line))
         rest.push_back(line.substr(line.find("\"count\"")));
-    EXPECT_THAT(rest, testing::ElementsAre(R"("count":0,"event":"merge","step":1,"text":"Layer"})",
+    EXPECT_THAT(rest, testing::ElementsAre(R"("count":1,"event":"merge","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"undo","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"redo","step":1,"text":"Layer"})",
                                            R"("count":1,"event":"add","step":2,"text":"Both"})",
                                            R"("count":1,"event":"add","step":3,"text":"Layer"})",
                                            R"("count":1,"event":"add","step":4,"text":"Layer"})",
                                            R"("count":2,"event":"undo","step":3,"text":"Layer"})",
-                                           R"("count":2,"event":"clear","step":1,"text":"clear"})"));
+                                           R"("count":4,"event":"clear","step":1,"text":"clear"})"));
 }
 
 TEST_F(ksRecordedHistoryTest, SumsUpWhatAMacroChanges)
@@ -127,6 +128,74 @@ TEST_F(ksRecordedHistoryTest, SumsUpWhatAMacroChanges)
     history.add(setLayer(2, false));
     history.endMacro();
     EXPECT_EQ(out.str(), "step 1: All: ksNodeSettings 'Child' layer 0 -> 2\n");
+}
+
+/// A long list is not shown, but it is compared.
+TEST_F(ksRecordedHistoryTest, KnowsThatALongListHasAnotherOrder)
+{
+    {
+        CPEdit(root, osg::Node::ChildrenFieldMask);
+        for (int i = 0; i < 1001; ++i)
+            root->addChild(osg::Node::create());
+    }
+    std::ostringstream out;
+    ksRecord record(out);
+    ksUndoStack stack;
+    ksRecordedHistory history(root, record, &stack);
+    history.beginMacro(QStringLiteral("Turn round"));
+    history.add(ksTreeEdits::makeMove(child, root, 5));
+    history.endMacro();
+    EXPECT_EQ(out.str(), "step 1: Turn round: Node 'Root' children 1002 -> 1002 entries\n");
+    out.str({});
+    history.beginMacro(QStringLiteral("To and fro"));
+    history.add(ksTreeEdits::makeMove(child, root, 3));
+    history.add(ksTreeEdits::makeMove(child, root, 5));
+    history.endMacro();
+    EXPECT_EQ(out.str(), "step 2: To and fro\n");
+}
+
+namespace {
+
+/// Does not come back where it was.
+class InexactCommand : public QUndoCommand
+{
+public:
+    explicit InexactCommand(const osg::ksNodeSettingsPtr &target)
+        : settings(target)
+    {}
+
+    void redo() override { write(5); }
+    void undo() override { write(1); }
+
+private:
+    void write(osg::UInt8 layer) const
+    {
+        CPEdit(settings, osg::ksNodeSettings::LayerFieldMask);
+        settings->setLayer(layer);
+    }
+
+    osg::ksNodeSettingsPtr settings;
+};
+
+} // namespace
+
+TEST_F(ksRecordedHistoryTest, TellsThatAMacroIsTakenBack)
+{
+    std::ostringstream out;
+    ksRecord record(out);
+    ksUndoStack stack;
+    ksRecordedHistory history(root, record, &stack);
+    lock(history, childSettings(), true);
+    out.str({});
+    history.beginMacro(QStringLiteral("Nothing left"));
+    history.add(setLayer(4, false));
+    history.endMacro(false);
+    EXPECT_EQ(out.str(), "");
+    history.beginMacro(QStringLiteral("Something left"));
+    history.add(new InexactCommand(childSettings()));
+    history.endMacro(false);
+    EXPECT_EQ(out.str(), "macro \"Something left\" taken back: ksNodeSettings 'Child' layer 0 -> 1\n");
+    EXPECT_EQ(history.stepCount(), 1);
 }
 
 /// The list of what has changed would grow with every edit.

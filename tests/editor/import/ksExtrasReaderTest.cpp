@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksReferenceCycles.h>
+#include <tests/editor/export/ksEverythingEdited.h>
 #include <tests/editor/export/ksSavedScene.h>
 #include <tests/editor/export/ksSceneText.h>
 
@@ -7,10 +9,12 @@
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGTransform.h>
+#include <ksTextureManager.h>
 
 #include <QImage>
 
 #include <functional>
+#include <iterator>
 
 namespace {
 
@@ -18,6 +22,9 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StartsWith;
+
+/// One in so many values is damaged.
+constexpr std::size_t Step = 7;
 
 /// Files that other programs have edited, or that are damaged.
 class ksExtrasReaderTest : public ksSavedSceneFixture
@@ -74,6 +81,14 @@ protected:
         setExtras(name, QString(text).replace(QLatin1String(before), QLatin1String(after)));
     }
 
+    static osg::ksMeshPtr makeMesh()
+    {
+        const osg::ksMeshPtr mesh = osg::ksMesh::create();
+        mesh->getPositions().getValues() = {{0, 0, 0}, {1, 0, 0}, {0, 1, 0}};
+        mesh->getIndices().getValues() = {0, 1, 2};
+        return mesh;
+    }
+
     osg::NodeRefPtr open() { return ksSavedSceneFixture::open(document); }
     osg::NodeRefPtr open(const QString &path) { return ksSavedSceneFixture::open(path); }
 
@@ -105,6 +120,7 @@ protected:
 TEST_F(ksExtrasReaderTest, LeavesOutExtrasThatAreDamaged)
 {
     const QString sound = extrasOf("Book");
+    const std::ptrdiff_t before = ksLivingContainers();
     for (const QJsonValue &extras :
          {QJsonValue(sound.left(20)), QJsonValue(QString()), QJsonValue(7), QJsonValue(QStringLiteral("[]")),
           QJsonValue(QStringLiteral("[[]]")), QJsonValue(QStringLiteral("[[9000,\"Name\",{}]]")),
@@ -123,6 +139,7 @@ TEST_F(ksExtrasReaderTest, LeavesOutExtrasThatAreDamaged)
         EXPECT_EQ(book->getNChildren(), 1u);
         EXPECT_EQ(ksSettingsOf(ksFindNode(root, "Table"))->getLodBias(), -3);
     }
+    EXPECT_EQ(ksLivingContainers(), before);
 }
 
 TEST_F(ksExtrasReaderTest, LeavesOutValuesThatDoNotFit)
@@ -149,6 +166,17 @@ TEST_F(ksExtrasReaderTest, LeavesOutValuesThatDoNotFit)
     }
 }
 
+TEST_F(ksExtrasReaderTest, HasNoNullAmongTheParts)
+{
+    replaceInExtras("RugPlate", "\"colorComponentData\":[", "\"colorComponentData\":[0,");
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings,
+                ElementsAre("node 'RugPlate': its extras are not sound in UberMaterial.colorComponentData"));
+    for (const auto &component :
+         osg::UberMaterialPtr::dcast(materialOf(root, "RugPlate"))->getColorComponentData())
+        EXPECT_NE(component, osg::NullFC);
+}
+
 TEST_F(ksExtrasReaderTest, LeavesOutReferencesToNothing)
 {
     replaceInExtras("TableTop", "\"core\":", "\"core\":9");
@@ -162,8 +190,31 @@ TEST_F(ksExtrasReaderTest, LeavesOutChildrenThatCannotBe)
 {
     replaceInExtras("Book", "[[",
                     "[[9001,\"Node\",{\"children\":[9002]}],[9002,\"Node\",{\"children\":[9001,9002,1]}],[");
+    const std::ptrdiff_t before = ksLivingContainers();
     open();
     EXPECT_THAT(warnings, Contains(StartsWith("node 'Book': its extras")));
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+/// Going down them, or letting go of them, would take all the room there is to return.
+TEST_F(ksExtrasReaderTest, TakesNodesApartThatAreNestedTooDeeply)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    const QString sound = extrasOf("Book");
+    for (const bool isLeafFirst : {false, true}) {
+        QString chain;
+        for (int i = 0; i < 3000; ++i)
+            chain += QStringLiteral(",[%1,\"Node\",{\"children\":[%2]}]")
+                         .arg(9001 + i)
+                         .arg(9001 + i + (isLeafFirst ? -1 : 1));
+        setExtras("Book", QJsonValue(sound.left(sound.size() - 1) + chain + QLatin1Char(']')));
+        const osg::NodeRefPtr root = open();
+        EXPECT_FALSE(warnings.empty());
+        EXPECT_EQ(ksSettingsOf(ksFindNode(root, "Book"))->getLodBias(),
+                  ksSettingsOf(ksFindNode(room, "Book"))->getLodBias());
+    }
+    EXPECT_THAT(warnings, Contains("nodes outside of the scene are nested too deeply, and taken apart"));
+    EXPECT_EQ(ksLivingContainers(), before);
 }
 
 TEST_F(ksExtrasReaderTest, LeavesOutImagesThatAreDamaged)
@@ -185,6 +236,81 @@ TEST_F(ksExtrasReaderTest, TakesOverImagesThatOtherProgramsReplaced)
     EXPECT_THAT(warnings, IsEmpty());
     EXPECT_EQ(imageOfFloor(root)->getWidth(), 5);
     EXPECT_EQ(imageOfFloor(root)->getPixel().size(), imageOfFloor(root)->getSize());
+}
+
+/// Whatever somebody has written there, the file opens, and nothing stays behind.
+TEST_F(ksExtrasReaderTest, OpensAFileWithAnyValueInTheExtras)
+{
+    const osg::NodeRefPtr scene(ksContainers::createNode("Root", osg::Group::create()));
+    const ksEverythingEdited edited(scene.get());
+    document = saved(scene);
+    const QJsonObject sound = document;
+    QJsonArray deep;
+    for (int i = 0; i < 3000; ++i)
+        deep = QJsonArray{deep};
+    const QJsonValue values[] = {QJsonValue(),
+                                 true,
+                                 -1,
+                                 1,
+                                 2e9,
+                                 1e300,
+                                 QStringLiteral("1e999"),
+                                 QString(5000, QLatin1Char('9')),
+                                 QJsonArray{1, 1, 1, -7, 1e18, QStringLiteral("x")},
+                                 QJsonArray{QJsonArray{1, 70000}, QJsonArray{}},
+                                 QJsonObject{{QStringLiteral("base64"), QStringLiteral("AAAA")}},
+                                 deep};
+    const std::ptrdiff_t before = ksLivingContainers();
+    std::size_t next = 0;
+    int complaints = 0;
+    const QJsonArray nodes = document.value(QLatin1String("nodes")).toArray();
+    for (int node = 0; node < nodes.size(); ++node) {
+        const QString text = nodes.at(node)[QLatin1String("extras")][QLatin1String("ksundo")].toString();
+        QJsonArray containers = QJsonDocument::fromJson(text.toUtf8()).array();
+        for (int i = 0; i < containers.size(); ++i)
+            for (const QString &field : containers.at(i)[2].toObject().keys()) {
+                if (++next % Step != 0)
+                    continue;
+                QJsonArray container = containers.at(i).toArray();
+                QJsonObject fields = container.at(2).toObject();
+                fields.insert(field, values[next / Step % std::size(values)]);
+                container.replace(2, fields);
+                QJsonArray damaged = containers;
+                damaged.replace(i, container);
+                document = sound;
+                edit("nodes", node, [&damaged](QJsonObject &object) {
+                    const QString extras =
+                        QString::fromUtf8(QJsonDocument(damaged).toJson(QJsonDocument::Compact));
+                    object.insert(QStringLiteral("extras"), QJsonObject{{QStringLiteral("ksundo"), extras}});
+                });
+                const osg::NodeRefPtr root = open();
+                complaints += warnings.empty() ? 0 : 1;
+                ksReferenceCycles::release(root);
+                ksTextureManager::the()->clear();
+            }
+    }
+    EXPECT_EQ(ksLivingContainers(), before);
+    EXPECT_GT(complaints, 50);
+}
+
+/// Nothing would ever release them.
+TEST_F(ksExtrasReaderTest, LeavesOutMaterialsThatReferToThemselves)
+{
+    const osg::NodeRefPtr scene(ksContainers::createNode("Root", makeMesh()));
+    const osg::UBRDFMaterialPtr inner = osg::UBRDFMaterial::create();
+    const osg::UBRDFMaterialPtr outer = osg::UBRDFMaterial::create();
+    outer->setEnvironment(inner);
+    osg::ksMeshPtr::dcast(scene->getCore())->setMaterial(outer);
+    document = saved(scene);
+    const QString last = QString(extrasOf("Root")).section(QLatin1Char('['), -1);
+    const QString id = last.section(QLatin1Char(','), 0, 0);
+    ASSERT_TRUE(last.contains(QLatin1String("\"UBRDFMaterial\",{}"))) << last.toStdString();
+    replaceInExtras("Root", "\"UBRDFMaterial\",{}",
+                    ("\"UBRDFMaterial\",{\"environment\":" + id.toStdString() + "}").c_str());
+    const std::ptrdiff_t before = ksLivingContainers();
+    open();
+    EXPECT_THAT(warnings, ElementsAre("node 'Root': its extras are not sound in UBRDFMaterial.environment"));
+    EXPECT_EQ(ksLivingContainers(), before);
 }
 
 /// As any other program would.
@@ -296,6 +422,67 @@ TEST_F(ksExtrasReaderTest, TakesOverWhatOtherProgramsPainted)
     EXPECT_EQ(ksSettingsOf(ksFindNode(root, "TableTop"))->getOpacity(), 0.5F);
     EXPECT_STREQ(osg::getName(materialOf(root, "VaseBody")), "Brass");
     EXPECT_EQ(materialOf(root, "VaseBody"), materialOf(root, "PoleRod"));
+}
+
+TEST_F(ksExtrasReaderTest, TakesOverHowOtherProgramsLaidTextures)
+{
+    const auto setTexture = [this](const char *material, const QJsonObject &texture) {
+        edit("materials", material, [&texture](QJsonObject &surface) {
+            const QString name = QStringLiteral("pbrMetallicRoughness");
+            QJsonObject values = surface.value(name).toObject();
+            values.insert(QStringLiteral("baseColorTexture"), texture);
+            surface.insert(name, values);
+        });
+    };
+    const auto textureOf = [this](const char *material) {
+        const QJsonValue surface =
+            document.value(QLatin1String("materials"))[positionOf(material, "materials")];
+        return surface[QLatin1String("pbrMetallicRoughness")][QLatin1String("baseColorTexture")].toObject();
+    };
+    const auto layersOf = [](const osg::NodePtr &root, const char *name) {
+        return osg::UberMaterialPtr::dcast(materialOf(root, name));
+    };
+    // The floor shows what the seat is covered with, which lies there in another way.
+    QJsonObject fabric = textureOf("Fabric");
+    setTexture("Planks", {{QStringLiteral("index"), fabric.value(QLatin1String("index"))}});
+    const QJsonObject transform{{QStringLiteral("scale"), QJsonArray{4, 4}}};
+    fabric.insert(QStringLiteral("extensions"),
+                  QJsonObject{{QStringLiteral("KHR_texture_transform"), transform}});
+    setTexture("Fabric", fabric);
+    const osg::NodeRefPtr root = open();
+    EXPECT_THAT(warnings, IsEmpty());
+    const osg::ImagePtr covering = layersOf(root, "Seat")->getColorComponentData(0)->getImage();
+    EXPECT_NE(imageOfFloor(room), layersOf(room, "Seat")->getColorComponentData(0)->getImage());
+    EXPECT_EQ(imageOfFloor(root)->getPixel(), covering->getPixel());
+    EXPECT_EQ(layersOf(room, "Seat")->getComponentSettings()->getMappingScale(), osg::Vec2f(2, 3));
+    EXPECT_EQ(layersOf(root, "Seat")->getComponentSettings()->getMappingScale(), osg::Vec2f(4, 4));
+}
+
+/// Other programs leave out what goes without saying.
+TEST_F(ksExtrasReaderTest, KeepsLightsOfWhichDefaultsAreLeftOut)
+{
+    const osg::UberLightPtr light = osg::UberLight::create();
+    // Setting the mode scales the intensity.
+    light->setAttenuation(osg::UberLight::Linear);
+    light->setIntensity(120);
+    const osg::NodeRefPtr scene(ksContainers::createNode("Bulb", light));
+    document = saved(scene);
+    QJsonArray lights =
+        document
+            .value(QLatin1String("extensions"))[QLatin1String("KHR_lights_punctual")][QLatin1String("lights")]
+            .toArray();
+    ASSERT_EQ(lights.size(), 1);
+    QJsonObject bulb = lights.at(0).toObject();
+    EXPECT_EQ(bulb.take(QLatin1String("color")), (QJsonArray{1, 1, 1}));
+    lights.replace(0, bulb);
+    document.insert(QStringLiteral("extensions"),
+                    QJsonObject{{QStringLiteral("KHR_lights_punctual"),
+                                 QJsonObject{{QStringLiteral("lights"), lights}}}});
+    const osg::NodeRefPtr root = open();
+    const auto again = osg::UberLightPtr::dcast(ksFindNode(root, "Bulb")->getCore());
+    ASSERT_NE(again, osg::NullFC);
+    EXPECT_EQ(again->getAttenuation(), osg::UberLight::Linear);
+    EXPECT_EQ(again->getIntensity(), 120);
 }
 
 TEST_F(ksExtrasReaderTest, TakesOverLights)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksImageImporter.h>
 #include <editor/import/ksModelFile.h>
+#include <editor/session/ksMemory.h>
 #include <tests/editor/ksEditorFixture.h>
 
 #include <ksTextureManager.h>
@@ -139,6 +140,21 @@ TEST_F(ksImageImporterTest, WarnsOnceOfWhatCannotBeRead)
     EXPECT_THAT(warnings,
                 ElementsAre("texture missing.png: no such file",
                             "texture broken.png: Unsupported image format", "texture : no such file"));
+}
+
+/// A small file may hold more than there is memory for.
+TEST_F(ksImageImporterTest, WarnsOfImagesThatTakeTooMuchMemory)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers reserve more memory than there is";
+    constexpr int Size = 20000;
+    QImage bomb(Size, Size, QImage::Format_Mono);
+    bomb.fill(0);
+    ASSERT_TRUE(bomb.save(folder.path("bomb.png")));
+    bomb = {};
+    const ksMemoryGuard guard(ksMemory::used() + 200 * 1024 * 1024);
+    EXPECT_EQ(importer.image("bomb.png"), osg::NullFC);
+    EXPECT_THAT(warnings, ElementsAre("texture bomb.png: takes more memory than there is"));
 }
 
 TEST_F(ksImageImporterTest, ReadsTexturesWithinTheModel)

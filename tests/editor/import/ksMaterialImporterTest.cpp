@@ -9,7 +9,9 @@
 #include <QImage>
 #include <assimp/scene.h>
 
+#include <cmath>
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -93,8 +95,42 @@ TEST_F(ksMaterialImporterTest, LayersPhysicallyBasedMaterialsThatAreMore)
     EXPECT_THAT(componentsOf(import("Kd 1 1 1\nKs 0 0 0\nPr 0.25\nKe 1 1 1\n")), ElementsAre("base", "glow"));
 }
 
+/// In glTF coordinates are scaled, turned against the clock and moved, and start at the top.
+TEST_F(ksMaterialImporterTest, LaysTexturesTheSameWay)
+{
+    model = std::make_unique<ksModelFile>(
+        folder.write("turned.gltf", R"({"asset": {"version": "2.0"}, "images": [{"uri": "dot.png"}],
+        "textures": [{"source": 0}], "materials": [{"pbrMetallicRoughness": {"baseColorTexture": {"index": 0,
+            "extensions": {"KHR_texture_transform":
+                {"offset": [0.25, 0.125], "rotation": 0.5235987755982988, "scale": [2, 3]}}}}}],
+        "buffers": [{"byteLength": 36, "uri": "data:application/octet-stream;base64,)" +
+                                        std::string(48, 'A') + R"("}],
+        "bufferViews": [{"buffer": 0, "byteLength": 36}],
+        "accessors": [{"bufferView": 0, "componentType": 5126, "count": 3, "type": "VEC3"}],
+        "meshes": [{"primitives": [{"attributes": {"POSITION": 0}, "material": 0}]}],
+        "nodes": [{"mesh": 0}], "scenes": [{"nodes": [0]}], "scene": 0,
+        "extensionsUsed": ["KHR_texture_transform"]})"));
+    importer = std::make_unique<ksMaterialImporter>(*model, [](const QString &) {});
+    const osg::MaterialPtr material = importer->material(index());
+    const osg::ColorComponentSettingsPtr settings =
+        osg::UberMaterialPtr::dcast(material)->getComponentSettings();
+    EXPECT_EQ(settings->getMappingScale(), osg::Vec2f(2, 3));
+    EXPECT_FLOAT_EQ(settings->getMappingRotation(), 30);
+    const float half = 0.5F;
+    const float root = std::sqrt(0.75F);
+    for (const auto &[u, v] : {std::pair(0.0F, 0.0F), std::pair(1.0F, 0.0F), std::pair(0.3F, 0.8F)}) {
+        const float down = 3 * (1 - v);
+        EXPECT_NEAR(root * 2 * u - half * 3 * v + settings->getMappingOffset()[0],
+                    root * 2 * u + half * down + 0.25F, 1e-5F);
+        EXPECT_NEAR(half * 2 * u + root * 3 * v + settings->getMappingOffset()[1],
+                    1 - (root * down - half * 2 * u + 0.125F), 1e-5F);
+    }
+}
+
 TEST_F(ksMaterialImporterTest, ReadsTheOpacity)
 {
+    import("Kd 1 1 1\nd nan\n");
+    EXPECT_EQ(importer->opacity(index()), 1);
     import("Kd 1 1 1\nd 0.25\n");
     EXPECT_EQ(importer->opacity(index()), 0.25F);
     import("Kd 1 1 1\n");

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/import/ksModelFile.h>
+#include <editor/session/ksMemory.h>
 #include <tests/editor/ksEditorFixture.h>
 
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <assimp/scene.h>
 
 #include <cmath>
+#include <memory>
 #include <unistd.h>
 #include <vector>
 
@@ -104,6 +106,11 @@ TEST_F(ksModelFileTest, SaysWhereADamagedFileIsDamaged)
     EXPECT_THAT(reasonAgainst("tags.dae"), testing::StartsWith(": is damaged, line 2, column "));
     folder.write("short.glb", "glTF");
     EXPECT_THAT(reasonAgainst("short.glb"), testing::StartsWith(": is damaged: "));
+    const std::string chunk = R"({"asset":{"version":"2.0"},})";
+    const auto length = [](std::size_t size) { return std::string{static_cast<char>(size), 0, 0, 0}; };
+    const std::string head("glTF\2\0\0\0", 8);
+    folder.write("chunk.glb", head + length(20 + chunk.size()) + length(chunk.size()) + "JSON" + chunk);
+    EXPECT_EQ(reasonAgainst("chunk.glb"), ": is damaged, byte 48: object is missing after a comma");
     folder.write("text.glb", "something else");
     EXPECT_EQ(reasonAgainst("text.glb"), ": is damaged: it does not begin like a file of its format, .glb");
 }
@@ -113,6 +120,44 @@ TEST_F(ksModelFileTest, RefusesScenesThatAreNotSound)
 {
     folder.write("corners.off", "OFF\n4 2 0\n0 0 0\n1 0 0\n0 1 0\n1 1 0\n3 0 1 2\n");
     EXPECT_EQ(reasonAgainst("corners.off"), ": is damaged: a mesh has a face with corners that do not exist");
+}
+
+/// Readers would go down with them until there is no more room to return.
+TEST_F(ksModelFileTest, RefusesNodesThatAreNestedTooDeeply)
+{
+    const auto chainOf = [](int levels) {
+        std::string nodes;
+        for (int i = 1; i < levels; ++i)
+            nodes += "{\"children\": [" + std::to_string(i) + "]},";
+        return R"({"asset": {"version": "2.0"}, "scenes": [{"nodes": [0]}], "nodes": [)" + nodes + "{}]}";
+    };
+    EXPECT_EQ(ksErrorOf([&] { const ksModelFile file(folder.write("chain.gltf", chainOf(1000))); }), "");
+    const std::string reason = ": is damaged: it is nested too deeply";
+    folder.write("chain.gltf", chainOf(1001));
+    EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
+    folder.write("chain.gltf", "{\"extras\": " + std::string(100000, '[') + std::string(100000, ']') + "}");
+    EXPECT_EQ(reasonAgainst("chain.gltf"), reason);
+    const auto nested = [](const char *begin, const char *open, const char *close) {
+        std::string text = begin;
+        for (int i = 0; i < 20000; ++i)
+            text += open;
+        for (int i = 0; i < 20000; ++i)
+            text += close;
+        return text;
+    };
+    folder.write("chain.dae", nested("", "<node>", "</node>"));
+    EXPECT_EQ(reasonAgainst("chain.dae"), reason);
+    folder.write("chain.x", nested("xof 0303txt 0032\n", "Frame f {\n", "}\n"));
+    EXPECT_EQ(reasonAgainst("chain.x"), reason);
+    folder.write("chain.fbx", nested("; FBX 7.5.0 project file\n", "Objects: {\n", "}\n"));
+    EXPECT_EQ(reasonAgainst("chain.fbx"), reason);
+    std::string joints;
+    for (int i = 0; i < 1001; ++i)
+        joints += "JOINT j\n{\nOFFSET 0 0 0\nCHANNELS 0\n";
+    joints.replace(0, 5, "ROOT");
+    folder.write("chain.bvh", "HIERARCHY\n" + joints + "End Site\n{\nOFFSET 0 0 0\n}\n" +
+                                  std::string(1001, '}') + "\nMOTION\nFrames: 1\nFrame Time: 0.1\n\n");
+    EXPECT_EQ(reasonAgainst("chain.bvh"), reason);
 }
 
 /// The reader of this format loses all nodes but the last.
@@ -138,7 +183,7 @@ TEST_F(ksModelFileTest, NamesNumbersThatAreNotFinite)
     EXPECT_THAT(
         warnings,
         ElementsAre("mesh 'Pane': numbers that are not finite count as 0, in 2 positions",
-                    "material 'glass': $clr.diffuse has numbers that are not finite, which count as 0"));
+                    "material 'glass': $clr.diffuse has numbers that are not finite, and is left out"));
     const aiMesh &mesh = *file.scene().mMeshes[0];
     for (unsigned int i = 0; i < mesh.mNumVertices; ++i)
         EXPECT_TRUE(std::isfinite(mesh.mVertices[i].x) && std::isfinite(mesh.mVertices[i].y));
@@ -157,6 +202,36 @@ TEST_F(ksModelFileTest, ReadsAModelWithoutNormalsWhoseVerticesAreShared)
     const ksModelFile file(path);
     EXPECT_EQ(file.scene().mMeshes[0]->mNumVertices, 3u);
     EXPECT_EQ(file.scene().mMeshes[0]->mNumFaces, 2u);
+}
+
+/// What prepares meshes would say that none remain.
+TEST_F(ksModelFileTest, ReadsAModelWhoseMeshesHaveNoFaces)
+{
+    Assimp::Importer importer;
+    importer.ReadFile(folder.write("triangle.obj", Triangle).toStdString(), 0);
+    const std::unique_ptr<aiScene> scene(importer.GetOrphanedScene());
+    ASSERT_NE(scene, nullptr);
+    scene->mMeshes[0]->mNumFaces = 0;
+    scene->mMeshes[0]->mPrimitiveTypes = 0;
+    const QString path = folder.path("points.assbin");
+    ASSERT_EQ(Assimp::Exporter().Export(scene.get(), "assbin", path.toStdString()), aiReturn_SUCCESS);
+    scene->mMeshes[0]->mNumFaces = 1;
+    const ksModelFile file(path);
+    ASSERT_EQ(file.scene().mNumMeshes, 1u);
+    EXPECT_EQ(file.scene().mMeshes[0]->mNumVertices, 3u);
+    EXPECT_EQ(file.scene().mMeshes[0]->mNumFaces, 0u);
+}
+
+/// It announces four thousand million corners.
+TEST_F(ksModelFileTest, RefusesWhatTakesTooMuchMemory)
+{
+    if (!ksMemoryGuard::isEffective())
+        GTEST_SKIP() << "the sanitizers reserve more memory than there is";
+    folder.write("bomb.gltf", R"({"asset": {"version": "2.0"}, "scene": 0, "scenes": [{"nodes": [0]}],
+        "nodes": [{"mesh": 0}], "meshes": [{"primitives": [{"attributes": {"POSITION": 0}}]}],
+        "accessors": [{"componentType": 5126, "count": 4000000000, "type": "VEC3"}]})");
+    const ksMemoryGuard guard(ksMemory::used() + 200 * 1024 * 1024);
+    EXPECT_THAT(reasonAgainst("bomb.gltf"), testing::StartsWith(": "));
 }
 
 TEST_F(ksModelFileTest, ShowsWhatTheReaderComplainsAbout)

@@ -358,6 +358,19 @@ TEST_F(ksSceneImporterTest, WarnsOfNamesThatTheReaderCuts)
                                      "MOTION\nFrames: 1\nFrame Time: 0.1\n\n")));
     EXPECT_EQ(osg::getName(root.get()), name.substr(0, 1022));
     EXPECT_THAT(warnings, ElementsAre("2 of the names are longer than the reader has room for, and cut"));
+    warnings.clear();
+    const osg::NodeRefPtr meshed(
+        load(folder.write("long.gltf", R"({"asset": {"version": "2.0"}, "materials": [{"name": ")" + name +
+                                           R"("}],
+        "buffers": [{"byteLength": 36, "uri": "data:application/octet-stream;base64,)" +
+                                           std::string(48, 'A') +
+                                           R"("}], "bufferViews": [{"buffer": 0, "byteLength": 36}],
+        "accessors": [{"bufferView": 0, "componentType": 5126, "count": 3, "type": "VEC3"}],
+        "meshes": [{"primitives": [{"attributes": {"POSITION": 0}, "material": 0}], "name": ")" +
+                                           name + R"("}],
+        "nodes": [{"mesh": 0}], "scenes": [{"nodes": [0]}], "scene": 0})")));
+    EXPECT_EQ(osg::getName(meshed->getChild(0)), name) << "the editor finds names of meshes, too";
+    EXPECT_THAT(warnings, ElementsAre("1 of the names are longer than the reader has room for, and cut"));
 }
 
 TEST_F(ksSceneImporterTest, CountsWhatIsLeftOut)

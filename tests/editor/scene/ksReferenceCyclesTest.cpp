@@ -50,6 +50,31 @@ TEST_F(ksReferenceCyclesTest, KnowMaterials)
     EXPECT_FALSE(ksReferenceCycles::wouldClose(first.get(), second.get()));
 }
 
+/// Also those that the scene's materials only lead to.
+TEST_F(ksReferenceCyclesTest, OfMaterialsAreReleasedFromAfar)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    {
+        const osg::NodeRefPtr scene(makeNode("Scene"));
+        const osg::ksMeshPtr mesh = osg::ksMesh::create();
+        osg::UBRDFMaterialPtr chain[] = {osg::UBRDFMaterial::create(), osg::UBRDFMaterial::create(),
+                                         osg::UBRDFMaterial::create()};
+        {
+            CPEditAll(mesh);
+            CPEdit(scene.get(), osg::Node::CoreFieldMask);
+            scene->setCore(mesh);
+            mesh->setMaterial(chain[0]);
+        }
+        for (int i = 0; i < 3; ++i) {
+            CPEditAll(chain[i]);
+            chain[i]->setEnvironment(chain[i < 2 ? i + 1 : 1]);
+        }
+        ksReferenceCycles::release(scene);
+        EXPECT_NE(chain[0]->getEnvironment(), osg::NullFC);
+    }
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksReferenceCyclesTest, AreReleased)
 {
     const osg::UberLightPtr light = osg::UberLight::create();

@@ -100,6 +100,67 @@ TEST_F(ksSceneIndexTest, KnowsTheLightsOfTheScene)
     EXPECT_EQ(index.lights(), std::vector<osg::UberLightPtr>{light});
 }
 
+TEST_F(ksSceneIndexTest, KnowsTheOrderAfterMoves)
+{
+    ksUndoStack stack;
+    const osg::NodePtr first = addNode(root, "Twin");
+    const osg::NodePtr second = addNode(root, "Twin");
+    const auto expectFirst = [this](const osg::NodePtr &node) {
+        endStep();
+        EXPECT_EQ(index.find("Twin"), node);
+        EXPECT_EQ(index.findAll("Twin").front(), node);
+    };
+    expectFirst(first);
+    stack.add(ksTreeEdits::makeMove(second, root, 0));
+    expectFirst(second);
+    stack.add(ksTreeEdits::makeRemove(second));
+    expectFirst(first);
+    stack.undo();
+    expectFirst(second);
+    osg::setName(second, "Other");
+    expectFirst(first);
+    osg::setName(second, "Twin");
+    expectFirst(second);
+    const osg::NodePtr above = addNode(root, "Above");
+    stack.add(ksTreeEdits::makeMove(above, root, 0));
+    endStep();
+    stack.add(ksTreeEdits::makeAdd(above, makeNode("Twin")));
+    expectFirst(above->getChild(0));
+    stack.clear();
+}
+
+/// However many nodes have a name, finding the first of them does not walk through all.
+TEST_F(ksSceneIndexTest, LooksAtOneOfManyOfOneName)
+{
+    std::vector<osg::NodePtr> twins;
+    for (int i = 0; i < 1000; ++i)
+        twins.push_back(addNode(child, "Twin"));
+    EXPECT_EQ(index.find("Twin"), twins.front());
+    endStep();
+    const std::size_t before = index.visitedCount();
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_EQ(index.find("Twin"), twins.front());
+        osg::setName(child, "Name " + std::to_string(i));
+        endStep();
+    }
+    ksUndoStack stack;
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(index.find("Twin"), twins[static_cast<std::size_t>(i)]);
+        stack.add(ksTreeEdits::makeRemove(twins[static_cast<std::size_t>(i)]));
+        endStep();
+    }
+    EXPECT_LT(index.visitedCount() - before, 1000u);
+}
+
+TEST_F(ksSceneIndexTest, FindsNodesOfAChain)
+{
+    osg::NodePtr last = child;
+    for (int i = 0; i < 500; ++i)
+        last = addNode(last, "Link");
+    EXPECT_EQ(index.findAll("Link").size(), 500u);
+    EXPECT_EQ(index.findAll("Link").back(), last);
+}
+
 /// What it costs does not depend on the size of the scene.
 TEST_F(ksSceneIndexTest, LooksAtEachContainerOnce)
 {

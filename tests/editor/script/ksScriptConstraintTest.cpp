@@ -39,7 +39,7 @@ TEST_F(ksScriptConstraintTest, RemovesSeveralNodes)
 TEST_F(ksScriptConstraintTest, SaysWhatIsWrong)
 {
     run("scene.addAim('Aim', scene.find('Child'), scene.root, []);");
-    EXPECT_EQ(errorOf("\nscene.find('Aim').core.remove('Child');"), ":2: Error: 'Child' is no container");
+    EXPECT_EQ(errorOf("\nscene.find('Aim').core.remove('Child');"), ":2: Error: 'Child' is no node");
     EXPECT_EQ(errorOf("\nscene.addAim('Aim', null, [], []);"), ":2: Error: nothing is no node");
     EXPECT_EQ(stack.count(), 1);
 }

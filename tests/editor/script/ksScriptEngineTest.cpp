@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/script/ksScriptCall.h>
 #include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGUberLight.h>
@@ -6,6 +7,7 @@
 #include <OpenSG/OSGPointLight.h>
 
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -52,6 +54,9 @@ TEST_F(ksScriptEngineTest, SavesTheScene)
     const std::string path = folder.path("scene.gltf").toStdString();
     EXPECT_EQ(run("scene.save('" + path + "');"), "");
     EXPECT_TRUE(QFile::exists(folder.path("scene.gltf")));
+    // A path starts at the script's folder.
+    run("scene.save('beside.glb');");
+    EXPECT_TRUE(QFile::exists(folder.path("beside.glb")));
     EXPECT_EQ(errorOf("\nscene.save('" + path + ".obj');"),
               ":2: Error: " + path + ".obj: scenes are saved as .gltf or .glb");
 }
@@ -69,6 +74,9 @@ TEST_F(ksScriptEngineTest, FindsByNamePathAndNumber)
                 "child.remove(); print(scene.has('Child')); history.undo(); print(scene.has('Child'));"),
         "2 true 0\nChild/Child true true\ntrue true\ntrue true\nfalse true\nfalse\ntrue\n");
     EXPECT_EQ(errorOf("scene.at('Child/Nobody');"), ":1: Error: there is no node at 'Child/Nobody'");
+    EXPECT_EQ(errorOf("var child = scene.find('Child'); child.remove(); child.path;"),
+              ":1: Error: " + ksContainers::label(child).toStdString() + " is not in the scene");
+    run("history.undo();");
     EXPECT_EQ(errorOf("scene.byId(0);"), ":1: Error: there is no container 0");
     EXPECT_EQ(errorOf("scene.byId(1000000);"), ":1: Error: there is no container 1000000");
 }
@@ -120,10 +128,112 @@ TEST_F(ksScriptEngineTest, CallsFunctionsOfSteps)
     EXPECT_EQ(
         errorOf("var own = scene.root.attachment('ksNodeSettings');"
                 "history.batch('b', [[own, 'layer', 6]], false, function () { own.set('layer', 7); });"),
-        ":1: Error: Error: not possible within another step");
+        ":1: Error: not possible within another step");
     EXPECT_EQ(rootSettings()->getLayer(), 6);
-    EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', true, 5);"),
-              ":1: Error: the action is a function");
+    for (const char *flag : {"true", "false"})
+        EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').switchFlag('locked', " +
+                          std::string(flag) + ", 5);"),
+                  ":1: Error: the action is a function");
+    EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');"
+                      "own.switchFlag('locked', true, function () { history.mark(); });"),
+              ":1: Error: not possible within another step");
+}
+
+/// Whichever guard is asked next, a step fails by the first error of the functions that it calls, which says
+/// where it is.
+TEST_F(ksScriptEngineTest, TellsTheErrorsOfFunctionsOfSteps)
+{
+    const std::string script = "var own = scene.root.attachment('ksNodeSettings'), fails = false, seen = 0;\n"
+                               "function first() { own.get('layer'); if (fails)\n    none(); }\n"
+                               "function second() { seen = own.get('layer'); if (fails) throw 'text'; }\n"
+                               "history.macro('m', function () {\n"
+                               "    history.batch('a', [[own, 'layer', 1]], false, second);\n"
+                               "    history.batch('b', [[own, 'lodBias', 1]], false, first); });\n"
+                               "fails = true;\n";
+    EXPECT_EQ(errorOf(script + "try { history.undo(); } catch (error) { print('seen', seen); throw error; }"),
+              ":3: ReferenceError: none is not defined");
+    // The second is not disturbed by the error of the first.
+    EXPECT_THAT(out.str(), HasSubstr("seen 0\n"));
+    EXPECT_EQ(errorOf(script + "history.clear(); fails = false;\n"
+                               "try { history.batch('a', [[own, 'layer', 0]], false, function () {\n"
+                               "    own.nothing; }); } catch (error) { print(error.message); }\n"
+                               "history.undo();"),
+              ":11: TypeError: " + ksContainers::label(rootSettings()).toStdString() +
+                  " has no property 'nothing'");
+    EXPECT_THAT(out.str(), HasSubstr("has no property 'nothing'\n"));
+    EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
+                      "own.switchFlag('locked', true, function () { throw 'text'; });"),
+              ":2: Error: uncaught text");
+}
+
+TEST_F(ksScriptEngineTest, TellsOfWhateverIsThrown)
+{
+    const std::string mine = "function Mine(text) { this.name = 'Mine'; this.message = text; }"
+                             "Mine.prototype = Object.create(Error.prototype);"
+                             "function fails() { throw 7; }";
+    int layer = 0;
+    for (const auto &[thrown, told] : std::vector<std::pair<std::string, std::string>>{
+             {"new Mine('text')", "Mine: text"},
+             {"{ toString: fails }", "Error: uncaught object"},
+             {"Object.create(null)", "Error: uncaught object"},
+             {"new Proxy({}, { get: fails, getPrototypeOf: fails })", "Error: uncaught object"},
+             {"Symbol('s')", "Error: uncaught Symbol(s)"},
+             {"undefined", "Error: uncaught undefined"},
+             {"5", "Error: uncaught 5"}}) {
+        const std::string script = mine + "function fail() { throw " + thrown + "; }\n";
+        EXPECT_EQ(errorOf(script + "fail();"), ": " + told);
+        // That of a step is told where the step is.
+        EXPECT_EQ(errorOf(script + "history.batch('b', [[scene.root.attachment('ksNodeSettings'), 'layer', " +
+                          std::to_string(++layer) + "]], false, fail);"),
+                  ":2: " + told);
+    }
+    EXPECT_EQ(errorOf("var error = new Error('x');\n"
+                      "Object.defineProperty(error, 'message', { get: function () { throw 7; } });"
+                      "throw error;"),
+              ":1: uncaught error");
+}
+
+/// It is ended, nothing of it is called again, and what was open is taken back.
+TEST_F(ksScriptEngineTest, EndsFunctionsOfStepsThatDoNotEnd)
+{
+    engine.addFunction(QStringLiteral("stop"), [this] { engine.interrupt(); });
+    for (const std::string open : {"history.beginMacro('m');", "history.macro('m', function () {"}) {
+        EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');" + open +
+                          "own.set('lodBias', 1);"
+                          "history.batch('b', [[own, 'layer', 5]], false, function () {"
+                          "    stop(); for (;;) {} });" +
+                          (open.back() == '{' ? "});" : "")),
+                  ": interrupted");
+        EXPECT_FALSE(history.isInMacro());
+        EXPECT_EQ(rootSettings()->getLayer(), 0);
+        EXPECT_EQ(rootSettings()->getLodBias(), 0);
+    }
+    EXPECT_EQ(
+        errorOf("history.batch('b', function () { scene.root.attachment('ksNodeSettings').set('layer', 1);"
+                "    stop(); for (;;) {} });"),
+        ": interrupted");
+    EXPECT_EQ(rootSettings()->getLayer(), 0);
+    EXPECT_EQ(stack.count(), 0);
+    run("scene.root.attachment('ksNodeSettings').set('layer', 1);");
+    EXPECT_EQ(stack.count(), 1);
+}
+
+TEST_F(ksScriptEngineTest, KeepsNoObjectsOfWhatHasGone)
+{
+    run("for (var i = 0; i < 30; ++i) { for (var j = 0; j < 100; ++j) scene.root.add('New');"
+        "    history.reset(); history.clear(); }");
+    EXPECT_LT(engine.objectCount(), 2000u);
+    EXPECT_EQ(printed("var child = scene.find('Child'); for (var i = 0; i < 2000; ++i) scene.root.add('New');"
+                      "print(child === scene.find('Child')); history.reset(); history.clear();"),
+              "true\n");
+}
+
+/// Nothing is left of the functions of steps that are forgotten.
+TEST_F(ksScriptEngineTest, ForgetsFunctionsOfSteps)
+{
+    run("var own = scene.root.attachment('ksNodeSettings');"
+        "history.batch('b', [[own, 'layer', 5]], false, function () {}); history.clear();");
+    EXPECT_EQ(stack.findChildren<ksScriptCall *>().size(), 0);
 }
 
 TEST_F(ksScriptEngineTest, WalksFromContainerToContainer)
@@ -300,16 +410,17 @@ TEST_F(ksScriptEngineTest, ErrorsOfEditsTellLineAndReason)
     const std::string label = ksContainers::label(childSettings()).toStdString();
     const std::string own = "var own = scene.find('Child').attachment('ksNodeSettings');\n";
     EXPECT_EQ(errorOf(own + "own.set('layer', 300);"),
-              ":2: Error: '300' does not fit the field 'layer', SFUInt8");
+              ":2: Error: 'layer' is a whole number from 0 to 255, not 300");
     EXPECT_EQ(errorOf(own + "own.set('layers', 3);"),
               ":2: Error: " + label + " has no field 'layers' that can be edited");
     EXPECT_EQ(errorOf(own + "own.get('layers');"), ":2: Error: " + label + " has no field 'layers'");
     EXPECT_EQ(errorOf(own + "own.drag('layer', 3);"), ":2: Error: the values of a drag are an array");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', 1], ['own', 'layer', 1]]);"),
               ":2: Error: an edit of a batch is an array of a container, a field and a value");
-    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"), ":2: Error: the edits of a batch are an array");
+    EXPECT_EQ(errorOf(own + "history.batch('b', 5);"),
+              ":2: Error: the edits of a batch are an array or a function");
     EXPECT_EQ(errorOf(own + "history.batch('b', [[own, 'layer', -1]]);"),
-              ":2: Error: '-1' does not fit the field 'layer', SFUInt8");
+              ":2: Error: 'layer' is a whole number from 0 to 255, not -1");
     EXPECT_EQ(stack.count(), 0);
     EXPECT_EQ(childSettings()->getLayer(), 0);
 }
@@ -378,7 +489,7 @@ TEST_F(ksScriptEngineTest, DoesNothingOfADragThatFails)
 {
     EXPECT_EQ(errorOf("var own = scene.root.attachment('ksNodeSettings');\n"
                       "own.drag('opacity', [0.5, 0.25, 'three', 0.125]);"),
-              ":2: Error: 'three' does not fit the field 'opacity', SFReal32");
+              ":2: Error: 'opacity' is a number, not 'three'");
     EXPECT_EQ(rootSettings()->getOpacity(), 1);
     EXPECT_EQ(stack.count(), 0);
 }
@@ -406,6 +517,26 @@ TEST_F(ksScriptEngineTest, ReadsAllValuesBeforeTheyAreUsed)
                   " has gone");
 }
 
+TEST_F(ksScriptEngineTest, KeepsWhatIsGlobal)
+{
+    for (const char *name : {"scene", "history", "console", "print", "help"})
+        EXPECT_EQ(errorOf(std::string(name) + " = 5;"),
+                  ":1: TypeError: '" + std::string(name) + "' cannot be replaced");
+    EXPECT_EQ(run("(function (scene) { print(scene); }(5)); print(scene.root.name);"), "5\nRoot\n");
+}
+
+/// Scripts get at nothing that stands behind the objects.
+TEST_F(ksScriptEngineTest, HidesWhatIsItsOwn)
+{
+    EXPECT_EQ(run("var seen = [];"
+                  "var spy = new Proxy({}, { get: function (target, key) { seen.push(scene.root[key]); } });"
+                  "try { scene.find('Child').moveTo(spy); } catch (error) {} print(seen.length > 0, seen);"
+                  "print(Object.getOwnPropertyNames(scene.root), Object.keys(scene.root),"
+                  "      scene.root.hasOwnProperty('native'),"
+                  "      Object.getOwnPropertyDescriptor(scene.root, 'native'));"),
+              "true \n  false undefined\n");
+}
+
 TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)
 {
     int calls = 0;
@@ -415,6 +546,23 @@ TEST_F(ksScriptEngineTest, CallsFunctionsOfTheProgram)
     });
     EXPECT_EQ(errorOf("count();\ncount();\ncount();"), ":3: Error: enough");
     EXPECT_EQ(calls, 3);
+}
+
+/// Whatever it is doing then: most of the time it looks a method up.
+TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterrupted)
+{
+    for (int i = 0; i <= 20; ++i) {
+        std::thread other;
+        ksScriptEngine interrupted(history, out);
+        interrupted.addFunction(QStringLiteral("begin"), [&interrupted, &other] {
+            other = std::thread([&interrupted] { interrupted.interrupt(); });
+        });
+        const std::string call = i < 20 ? "scene.has('Child');" : "";
+        EXPECT_EQ(ksScriptErrorOf(interrupted, folder,
+                                  "begin(); while (true) { try { " + call + " } catch (error) {} }"),
+                  ": interrupted");
+        other.join();
+    }
 }
 
 TEST_F(ksScriptEngineTest, ScriptsMayCatchErrors)

@@ -116,12 +116,12 @@ TEST_F(ksScriptLightsTest, LinksTheLightForItsInstance)
 TEST_F(ksScriptLightsTest, SayWhatIsWrong)
 {
     const std::string lampLabel = ksContainers::label(lamp).toStdString();
-    expectError("light.intensity = 'bright';", "'bright' does not fit 'intensity'");
-    expectError("light.diffuse = 1;", "'diffuse' is an array of 3 numbers");
-    expectError("light.attenuation = 3;", "'3' does not fit 'attenuation'");
-    expectError("light.attenuation = 1.5;", "'1.5' does not fit 'attenuation'");
+    expectError("light.intensity = 'bright';", "'intensity' is a number, not 'bright'");
+    expectError("light.diffuse = 1;", "'diffuse' is a colour [r, g, b], not 1");
+    expectError("light.attenuation = 3;", "'attenuation' is 0, 1 or 2, not 3");
+    expectError("light.attenuation = 1.5;", "'attenuation' is 0, 1 or 2, not 1.5");
     expectError("light.drag('intensity', 5);", "the values of a drag are an array");
-    expectError("light.visibilityReference = 'Child';", "'Child' is no container");
+    expectError("light.visibilityReference = 'Child';", "'Child' is no node");
     expectError("light.visibilityReference = light;",
                 ksContainers::label(light).toStdString() + " is no node");
     stack.clear();

@@ -159,8 +159,9 @@ TEST_F(ksScriptMaterialTest, SayWhatIsWrong)
     const std::string label = ksContainers::label(cloth).toStdString();
     expectError("cloth.setComponent(2, 'weight', 1);", label + " has no component 2");
     expectError("cloth.setComponent(-1, 'weight', 1);", label + " has no component -1");
-    expectError("cloth.setComponent(0, 'color', 'red');", "'red' does not fit the field 'color', SFVec3f");
-    expectError("cloth.setComponent(0, 'weight', 'all');", "'all' does not fit the field 'weight', SFReal32");
+    expectError("cloth.setComponent(0, 'color', 'red');",
+                "'color' is an array [x, y, z] of numbers, not 'red'");
+    expectError("cloth.setComponent(0, 'weight', 'all');", "'weight' is a number, not 'all'");
     expectError("cloth.setImage(0, cloth);", label + " is no image");
     expectError("metal.environment = null;", "nothing is no material");
     expectError("cloth.setAllComponents('shine', 1);",

@@ -1,23 +1,38 @@
 // SPDX-License-Identifier: MIT
+#include <editor/edits/ksTransformEdits.h>
+#include <editor/script/ksScriptDescription.h>
+#include <editor/script/ksScriptRegistry.h>
 #include <tests/editor/ksTransformScene.h>
 #include <tests/editor/script/ksScriptFixture.h>
 
 #include <OSGUBRDFMaterial.h>
 #include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
+
+#include <map>
+#include <set>
 
 namespace {
 
-/// The transforms' scene, with a light "Lamp" and a mesh "Metal".
+/// The transforms' scene, with a light "Lamp" and meshes "Metal" and "Other", the latter with a colour
+/// component.
 class ksMistakesScene : public ksTransformScene
 {
 protected:
     ksMistakesScene()
     {
+        const osg::UberMaterialPtr other = osg::UberMaterial::create();
+        const osg::ksMeshPtr otherMesh = osg::ksMesh::create();
         CPEditAll(mesh);
+        CPEditAll(other);
+        CPEditAll(otherMesh);
         CPEdit(root.get(), osg::Node::ChildrenFieldMask);
         mesh->setMaterial(metal);
+        other->addColorComponent(osg::ColorComponent::create());
+        otherMesh->setMaterial(other);
         root->addChild(ksContainers::createNode("Lamp", light));
         root->addChild(ksContainers::createNode("Metal", mesh));
+        root->addChild(ksContainers::createNode("Other", otherMesh));
     }
 
     const osg::UberLightPtr light = osg::UberLight::create();
@@ -79,6 +94,11 @@ TEST_F(ksScriptMistakesTest, NamesWrongArguments)
     expectMistake("history.macro(5, function () {});", "TypeError: macro: 'text' is a text, not 5");
     expectMistake("own.set('layer', 1, 5);", "TypeError: set: 'text' is a text, not 5");
     expectMistake("history.batch('b', [], 1);", "TypeError: batch: 'merging' is true or false, not 1");
+    expectMistake("child.translate([0, 0, 1], { index: '-1' });",
+                  "Error: 'index' is a whole number from -2147483648 to 2147483647, not '-1'");
+    expectMistake("own.set('layer', '7');", "Error: 'layer' is a whole number from 0 to 255, not '7'");
+    expectMistake("child.apply({ inheritType: '1' });",
+                  "Error: 'inheritType' is a whole number from -2147483648 to 2147483647, not '1'");
     // What is left out by its name is left out.
     EXPECT_EQ(errorOf("scene.root.attachment('ksNodeSettings').set('layer', 1, undefined);"), "");
 }
@@ -87,15 +107,14 @@ TEST_F(ksScriptMistakesTest, RefusesAnIndexThatIsNone)
 {
     run("scene.find('Child').variants.add('One');");
     expectMistake("v.remove('garbage');", "TypeError: remove: 'index' is a whole number, not 'garbage'");
-    expectMistake("v.move('garbage', 0);", "Error: 'garbage' is no index");
-    expectMistake("v.move([0.5], 0);", "Error: '0.5' is no index");
+    expectMistake("v.move('garbage', 0);", "Error: 'from' is an index or an array of indexes, not 'garbage'");
+    expectMistake("v.move([0.5], 0);", "Error: 'from' is an index or an array of indexes, not 0.5");
     expectMistake("v.remove(NaN);", "TypeError: remove: 'index' is a whole number, not NaN");
     EXPECT_EQ(run("print(scene.find('Child').variants.names);"), "One\n");
 }
 
 TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
 {
-    const std::string range = "' makes no sense for '";
     for (const char *number : {"NaN", "1 / 0", "-1 / 0"})
         for (const std::string edit :
              {"own.set('opacity', ", "own.set('timeOffset', ", "light.coneAngle = ("})
@@ -103,20 +122,103 @@ TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
                               "light = scene.find('Lamp').light;" +
                               edit + number + ");"),
                       "");
-    expectMistake("own.set('timeOffset', NaN);", "Error: 'nan" + range + "timeOffset': it is not finite");
-    expectMistake("own.set('opacity', 2);", "Error: '2" + range + "opacity': it is not 0 to 1");
-    expectMistake("light.diffuse = [0, -1, 0];", "Error: '-1" + range + "diffuse': it is not at least 0");
-    expectMistake("light.coneAngle = 200;", "Error: '200" + range + "coneAngle': it is not 0 to 180");
-    expectMistake("light.set('ConeAngle', 200);", "Error: '200" + range + "coneAngle': it is not 0 to 180");
+    expectMistake("own.set('timeOffset', NaN);", "Error: 'timeOffset' takes finite numbers, not NaN");
+    expectMistake("own.set('opacity', 2);", "Error: 'opacity' takes numbers from 0 to 1, not 2");
+    expectMistake("light.diffuse = [0, -1, 0];", "Error: 'diffuse' takes numbers of at least 0, not -1");
+    expectMistake("light.coneAngle = 200;", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
+    expectMistake("light.set('ConeAngle', 200);", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
     expectMistake("light.drag('coneAngle', [20, 200]);",
-                  "Error: '200" + range + "coneAngle': it is not 0 to 180");
+                  "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
     expectMistake("scene.find('Metal').material.set('roughness', -0.5);",
-                  "Error: '-0.5" + range + "roughness': it is not 0 to 1");
+                  "Error: 'roughness' takes numbers from 0 to 1, not -0.5");
+    expectMistake("light.intensity = -1;", "Error: 'intensity' takes numbers of at least 0, not -1");
+    expectMistake("child.apply({ rotationDirectionMode: 3 });",
+                  "Error: 'rotationDirectionMode' takes numbers from 0 to 2, not 3");
+    expectMistake("child.core.set('rotationDirectionMode', -1);",
+                  "Error: 'rotationDirectionMode' takes numbers from 0 to 2, not -1");
+    expectMistake("child.turn([0, 0, 0, 1 / 0]);",
+                  "Error: 'quaternion' is an array [x, y, z, w] of numbers, not an array with Infinity");
     expectMistake("scene.find('Child').turn([0, 0, 0, 0]);",
                   "Error: a quaternion of length 0 is no rotation");
     expectMistake("child.core.set('eulerRotation', [1, 2, 3]);",
                   "Error: the field 'eulerRotation' of " +
                       ksContainers::label(child->getCore()).toStdString() + " is edited by its node");
+}
+
+TEST_F(ksScriptMistakesTest, NamesNumbersThatAreTooLarge)
+{
+    expectMistake("light.diffuse = [1, 1, 1e39];",
+                  "Error: 'diffuse' is a colour [r, g, b], not an array with 1e+39, which is too large");
+    expectMistake("own.set('opacity', 1e39);", "Error: 'opacity' is a number, not 1e+39, which is too large");
+}
+
+TEST_F(ksScriptMistakesTest, RefusesNamesThatEndEarly)
+{
+    for (const std::string call :
+         {"add('a\\0b')", "copy(scene.root, 'a\\0b')", "variants.add('a\\0b')", "tags.add('a\\0b')"})
+        EXPECT_THAT(errorOf("scene.find('Child')." + call + ";"), testing::HasSubstr("has a NUL character"));
+    expectMistake("scene.addLinkSet('a\\0b');", "TypeError: addLinkSet: 'name' has a NUL character");
+    expectMistake("child.name = 'a\\0b';", "TypeError: " + label + ": 'name' has a NUL character");
+    expectMistake("child.set('name', 'a\\0b');", "Error: 'name' has a NUL character");
+    expectMistake("child.drag('name', ['a\\0b']);", "Error: 'name' has a NUL character");
+    expectMistake("history.batch('b', [[child, 'name', 'a\\0b']]);", "Error: 'name' has a NUL character");
+    EXPECT_EQ(stack.count(), 0);
+}
+
+/// Nothing is left of the name.
+TEST_F(ksScriptMistakesTest, RefusesANameThatCannotBeAttached)
+{
+    const std::string metalLabel = ksContainers::label(metal).toStdString();
+    run("print(scene.find('Metal').material.name);");
+    const std::ptrdiff_t before = ksLivingContainers();
+    expectMistake("scene.find('Metal').material.name = 'x';",
+                  "Error: " + metalLabel + " cannot be given a name");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
+/// A drag is one step, whatever its value.
+TEST_F(ksScriptMistakesTest, DragsEveryValueOrRefusesIt)
+{
+    std::map<std::string, std::string> drags = {
+        {"Container.name", "child: 'A', 'B', 'C'"},
+        {"Container.material", "scene.find('Metal'): null, other, null"},
+        {"Node.rotationOrder", "child: 'ZYX', 'XZY', 'YXZ'"},
+        {"Light.diffuse", "light: [0, 0, 0], [0, 1, 0], [1, 0, 0]"},
+        {"Light.glossy", "light: [0, 0, 0], [0, 1, 0], [1, 0, 0]"},
+        {"Light.intensity", "light: 2, 3, 4"},
+        {"Light.penumbraAngle", "light: 10, 20, 30"},
+        {"Light.coneAngle", "light: 40, 50, 60"},
+        {"Light.attenuation", "light: 0, 1, 2"},
+        {"Light.visibilityReference", "light: null, child, child, scene.root"},
+        {"Surface.environment", "scene.find('Metal').material: other, other"},
+        {"ColorComponent.image", "other.components[0]: null, null"},
+        {"Node.rotation", "child: [0, 0.6, 0, 0.8], [0.6, 0, 0, 0.8], [0, 0, 0.6, 0.8]"}};
+    for (const ksTransformProperty &property : ksTransformEdits::properties())
+        drags[std::string("Node.") + property.name] = "child: [0.5, 2, 3], [4, 5, 6], [7, 8, 9]";
+    ksScriptRegistry::visitClasses([&drags](const QMetaObject &type, const QStringList &) {
+        for (const ksScriptMember &member : ksScriptDescription::ownMembersOf(type))
+            if (member.isWritable) {
+                const QString name = ksScriptDescription::nameOf(type) + QLatin1Char('.') + member.name;
+                EXPECT_EQ(drags.count(name.toStdString()), 1u) << name.toStdString();
+            }
+    });
+    const std::set<std::string> refused = {"Container.material", "Light.visibilityReference",
+                                           "Surface.environment", "ColorComponent.image"};
+    for (const auto &[name, drag] : drags) {
+        const std::string value = name.substr(name.find('.') + 1);
+        const std::string script = "var child = scene.root.children[0], light = scene.find('Lamp').light;"
+                                   "var other = scene.find('Other').material;\n" +
+                                   drag.substr(0, drag.find(':')) + ".drag('" + value + "', [" +
+                                   drag.substr(drag.find(':') + 1) + "]);";
+        const int index = stack.index();
+        EXPECT_EQ(errorOf(script),
+                  refused.count(name) > 0 ? ":2: Error: '" + value + "' cannot be dragged" : "")
+            << name;
+        EXPECT_EQ(stack.index(), index + (refused.count(name) > 0 ? 0 : 1)) << name;
+    }
+    // A node that has no name yet is given one by a command that does not merge.
+    EXPECT_EQ(errorOf("var bare = scene.root.add('');\nbare.drag('name', ['A', 'B']);"),
+              ":2: Error: 'name' cannot be dragged");
 }
 
 TEST_F(ksScriptMistakesTest, RefusesAMaterialThatMirrorsItself)
@@ -127,11 +229,26 @@ TEST_F(ksScriptMistakesTest, RefusesAMaterialThatMirrorsItself)
                       ", which refers to it: neither could ever be released");
 }
 
+TEST_F(ksScriptMistakesTest, RefusesToNestNodesTooDeep)
+{
+    const std::ptrdiff_t before = ksLivingContainers();
+    EXPECT_THAT(errorOf("history.macro('m', function () {\n"
+                        "    for (var node = scene.root; true; node = node.add('Link')) ; });"),
+                testing::HasSubstr(": nodes nest 1000 deep at most"));
+    run("history.clear();");
+    EXPECT_EQ(ksLivingContainers(), before);
+}
+
 TEST_F(ksScriptMistakesTest, RefusesAMoveThatCannotBeExpressed)
 {
     run("scene.root.scale([1, 0, 1]);");
     expectMistake("child.translate([1, 2, 3], { world: true });",
                   "Error: " + label + " cannot be placed in world space: what is above it is flattened");
+    EXPECT_EQ(errorOf("history.undo(); scene.root.scale([1e-30, 1e-30, 1e-30]);"), "");
+    expectMistake("child.translate([1e20, 0, 0], { world: true });",
+                  "Error: " + label + " cannot be placed so far away");
+    expectMistake("child.drag('translation', [[0, 0, 0], [0, -1e20, 0]], { world: true });",
+                  "Error: " + label + " cannot be placed so far away");
 }
 
 TEST_F(ksScriptMistakesTest, AddsNoStepsThatDoNothing)
@@ -149,6 +266,9 @@ TEST_F(ksScriptMistakesTest, AddsNoStepsThatDoNothing)
         "history.macro('m', function () { own.set('layer', 0); history.macro('n', function () {}); });"
         "history.beginMacro('m'); history.endMacro();");
     EXPECT_EQ(stack.count(), 0);
+    run("scene.root.set('travMask', 1); history.undo();"
+        "history.beginMacro('m'); history.endMacro(); history.macro('m', function () {}); history.redo();"
+        "history.clear();");
     run("var v = scene.find('Child').variants; v.add('One'); v.add('Two');"
         "v.rename(0, 'One'); v.options(0, v.at(0).get('applyFlags')); v.move(1, 1); v.move([0, 1], 0);"
         "var links = scene.addLinkSet('Links'); links.add(scene.find('Child')); "
@@ -177,7 +297,7 @@ TEST_F(ksScriptMistakesTest, TakesBackAMacroThatFails)
                             "    own.drag('opacity', [0.5, 0.25]); own.set('layer', 'two'); }); }"
                             "catch (error) { print(error.message); }"
                             "print(history.count, own.get('layer'), own.get('opacity'));"),
-              "'two' does not fit the field 'layer', SFUInt8\n1 0 1\n");
+              "'layer' is a whole number from 0 to 255, not 'two'\n1 0 1\n");
     // One within another takes that along, whoever catches the error.
     EXPECT_EQ(errorOf(own +
                       "\nhistory.macro('outer', function () {\n    own.set('layer', 2);\n"
@@ -215,8 +335,12 @@ TEST_F(ksScriptMistakesTest, SurvivesWhatIsNestedTooDeep)
     for (const char *use :
          {"own.set('opacity', deep);", "own.drag('opacity', deep);", "history.batch('b', deep);",
           "scene.root.translate(deep);", "scene.find(deep);", "scene.root.apply({ scale: deep });",
-          "print(deep);", "console.log(deep);", "String(deep);", "throw deep;",
-          "scene.addAim('Aim', deep, deep, deep);", "scene.find('Child').variants.move(deep, 0);"})
+          "print(deep);", "JSON.stringify(deep);",
+          "JSON.stringify(1, function (key, value) { return [value]; });", "own.set('comment', { a: deep });",
+          "history.batch('b', [[own, 'comment', deep]]);",
+          "eval(new Array(20000).join('[') + new Array(20000).join(']'));", "console.log(deep);",
+          "String(deep);", "throw deep;", "scene.addAim('Aim', deep, deep, deep);",
+          "scene.find('Child').variants.move(deep, 0);"})
         EXPECT_NE(errorOf(deep + use), "") << use;
     EXPECT_NE(errorOf("var ring = []; ring[0] = ring; scene.root.translate(ring);"), "");
     EXPECT_NE(errorOf("scene.root.translate(new Array(4000000000));"), "");

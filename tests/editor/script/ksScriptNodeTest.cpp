@@ -71,7 +71,13 @@ TEST_F(ksScriptNodeTest, TurnsByQuaternions)
     run("var child = scene.find('Child'); child.rotate([0.1, 45, 0.3]); child.turn([0, 0.6, 0, 0.8]);");
     EXPECT_EQ(transformOf(child)->getRotation(), osg::Quaternion(0, 0.6F, 0, 0.8F));
     run("history.undo();");
-    expectError("scene.find('Child').turn([0, 1, 0]);", "'quaternion' is an array of 4 numbers");
+    run("scene.find('Child').turn([0, 3e38, 0, 0]);");
+    EXPECT_EQ(transformOf(child)->getRotation(), osg::Quaternion(0, 1, 0, 0));
+    run("scene.find('Child').turn([0, 0, 1e-40, 0]);");
+    EXPECT_EQ(transformOf(child)->getRotation(), osg::Quaternion(0, 0, 1, 0));
+    stack.clear();
+    expectError("scene.find('Child').turn([0, 1, 0]);",
+                "'quaternion' is an array [x, y, z, w] of numbers, not an array of 3");
 }
 
 TEST_F(ksScriptNodeTest, AppliesTransformations)
@@ -113,22 +119,26 @@ TEST_F(ksScriptNodeTest, EditsVariants)
 
 TEST_F(ksScriptNodeTest, RefusesWhatDoesNotFitATransform)
 {
-    expectError("scene.find('Child').translate([1, 2]);", "'translation' is an array of 3 numbers");
-    expectError("scene.find('Child').translate(5);", "'translation' is an array of 3 numbers");
-    expectError("scene.find('Child').scale([1, 'two', 3]);", "'two' does not fit 'scale'");
-    expectError("scene.find('Child').scale([1, 1, 1 / 0]);", "'Infinity' does not fit 'scale'");
+    expectError("scene.find('Child').translate([1, 2]);",
+                "'translation' is an array [x, y, z] of numbers, not an array of 2");
+    expectError("scene.find('Child').translate(5);", "'translation' is an array [x, y, z] of numbers, not 5");
+    expectError("scene.find('Child').scale([1, 'two', 3]);",
+                "'scale' is an array [x, y, z] of numbers, not an array with 'two'");
+    expectError("scene.find('Child').scale([1, 1, 1 / 0]);",
+                "'scale' is an array [x, y, z] of numbers, not an array with Infinity");
     expectError("scene.find('Child').scale([1, 1, 1], { world: true });", "'scale' has no world space");
     expectError("scene.find('Child').scale([1, 1, 1], { index: 0 });", label + " has no transform 0");
     expectError("scene.find('Child').scale([1, 1, 1], { inworld: 0 });", "there is no option 'inworld'");
-    expectError("scene.find('Child').translate([1, 1, 1], { world: 1 });", "'world' is true or false");
+    expectError("scene.find('Child').translate([1, 1, 1], { world: 1 });", "'world' is true or false, not 1");
     expectError("scene.find('Child').translate([1, 1, 1], 'world');", "'world' is no object with members");
     expectError("scene.find('Child').setTransform('size', [1, 1, 1]);", "transforms have no 'size'");
     expectError("scene.find('Child').getTransform('size');", "transforms have no 'size'");
     expectError("scene.find('Child').drag('scale', 1);", "the values of a drag are an array");
     expectError("scene.find('Child').apply({ size: 1 });", "a transformation has no 'size'");
-    expectError("scene.find('Child').apply([1]);", "'an array' is no object with members");
+    expectError("scene.find('Child').apply([1]);", "an array of 1 is no object with members");
     expectError("scene.find('Child').apply({}, { world: true });", "a transformation has no world space");
-    expectError("scene.find('Child').apply({ inheritType: 1.5 });", "'1.5' does not fit 'inheritType'");
+    expectError("scene.find('Child').apply({ inheritType: 1.5 });",
+                "'inheritType' is a whole number from -2147483648 to 2147483647, not 1.5");
     {
         CPEdit(child, osg::Node::CoreFieldMask);
         child->setCore(osg::Group::create());
@@ -147,8 +157,10 @@ TEST_F(ksScriptNodeTest, RefusesWhatDoesNotFitTheVariants)
     expectError("scene.find('Child').variants.at(2);", none + "2");
     expectError("scene.find('Child').variants.move(2, 0);", none + "2");
     expectError("scene.find('Child').variants.move(0, 2);", none + "2");
-    expectError("scene.find('Child').variants.move([0, 'x'], 0);", "'x' is no index");
-    expectError("scene.find('Child').variants.options(0, 'all');", "'all' is no number of 64 bits");
+    expectError("scene.find('Child').variants.move([0, 'x'], 0);",
+                "'from' is an index or an array of indexes, not 'x'");
+    expectError("scene.find('Child').variants.options(0, 'all');",
+                "'flags' is a whole number from 0 to 18446744073709551615, not 'all'");
     const std::string unfit = "the variants to move are different ones, and fit behind their new place";
     expectError("scene.find('Child').variants.move([0, 1], 1);", unfit);
     expectError("scene.find('Child').variants.move([0, 0], 0);", unfit);

@@ -17,12 +17,14 @@ TEST_F(ksScriptTagsTest, AddAndRemove)
                 "tags.remove('wood'); tags.removeLayer('roof'); print(tags.user, tags.layers.length);"
                 "history.undo(); history.undo(); print(tags.user, tags.layers);"),
         "0\nwood,old roof\nold 0\nwood,old roof\n");
-    // The first tag attaches the lists.
-    EXPECT_EQ(stack.count(), 6);
+    EXPECT_EQ(stack.count(), 5);
     const auto tags = osg::TagAttachmentPtr::dcast(child->findAttachment(osg::TagAttachment::getClassType()));
     ASSERT_NE(tags, osg::NullFC);
     EXPECT_EQ(tags->getTagValues().size(), 3u);
-    run("while (history.index > 0) history.undo(); while (history.index < history.count) history.redo();");
+    run("while (history.index > 0) history.undo();");
+    EXPECT_EQ(child->findAttachment(osg::TagAttachment::getClassType()), osg::NullFC);
+    EXPECT_EQ(stack.redoText(), QStringLiteral("Add tag 'wood'"));
+    run("while (history.index < history.count) history.redo();");
 }
 
 TEST_F(ksScriptTagsTest, SayWhatIsWrong)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/session/ksEditorOptions.h>
 #include <editor/session/ksEditorSession.h>
+#include <editor/session/ksMemory.h>
 #include <tests/editor/ksEditorFixture.h>
 
 #include <ksundo/core/ksUndoStack.h>
@@ -13,6 +14,7 @@ namespace {
 
 using testing::ContainsRegex;
 using testing::EndsWith;
+using testing::HasSubstr;
 using testing::StartsWith;
 
 class ksEditorSessionTest : public testing::Test
@@ -94,12 +96,51 @@ TEST_F(ksEditorSessionTest, ReportsAScriptsError)
                         "scene.find('Table').set('travMask', 'one');\n"),
               ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
-                                ":3: Error: 'one' does not fit the field 'travMask', SFUInt32\n");
+                                ":3: Error: 'travMask' is a whole number from 0 to 4294967295, not 'one'\n");
     EXPECT_THAT(out.str(), EndsWith("\nFAILED: 0 steps, 0 warnings\n"));
     EXPECT_EQ(ksLivingContainers(), before);
     EXPECT_TRUE(ksUndoStack::get(0)->isEmpty());
     EXPECT_EQ(run(ksRoomFile(), folder.path("missing.js")), ksEditorSession::ScriptError);
     EXPECT_THAT(errors.str(), EndsWith("/missing.js: No such file or directory\n"));
+}
+
+/// Only the lines of a call stack are lines of their own.
+TEST_F(ksEditorSessionTest, ReportsAnErrorInOneLine)
+{
+    EXPECT_EQ(runScript("(function () {\n    throw new Error('two\\nlines\\t\\u200f'); })();"),
+              ksEditorSession::ScriptError);
+    EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() +
+                                ":2: Error: two\\nlines\\t\\u200f\n    at script.js:2\n    at script.js:1\n");
+}
+
+/// Unless the script takes care of it.
+TEST_F(ksEditorSessionTest, ReportsWhatAScriptCannotSave)
+{
+    const std::string save = "scene.save('/proc/out.gltf');";
+    const std::string batch = "history.batch('All', [[scene.find('Table'), 'travMask', 1]], false, "
+                              "function () { " +
+                              save + " });";
+    for (const std::string &script : {save, batch, "history.macro('m', function () { " + save + " });"}) {
+        EXPECT_EQ(runScript("\n" + script), ksEditorSession::OutputError) << script;
+        EXPECT_THAT(errors.str(), HasSubstr("script.js:2: Error: ")) << script;
+        EXPECT_THAT(errors.str(), HasSubstr("/proc/out.gltf: cannot be saved: ")) << script;
+        EXPECT_THAT(out.str(), ContainsRegex("\nFAILED: [0-9] steps?, 0 warnings\n$")) << script;
+    }
+    EXPECT_EQ(runScript("try { " + save + " } catch (error) { print('caught'); }"), ksEditorSession::Done);
+    EXPECT_EQ(errors.str(), "");
+    EXPECT_EQ(runScript("try { " + save + " } catch (error) {} nothing();"), ksEditorSession::ScriptError);
+}
+
+TEST_F(ksEditorSessionTest, HasWarningsInJson)
+{
+    options.record.json = true;
+    EXPECT_EQ(runScript("console.warn('careful');"), ksEditorSession::Done);
+    EXPECT_THAT(out.str(), HasSubstr("\n{\"event\":\"warning\",\"text\":\"careful\"}\n"));
+    EXPECT_EQ(errors.str(), "ks-editor: warning: careful\n");
+    out.str({});
+    options.record.detail = ksRecordStyle::Quiet;
+    EXPECT_EQ(runScript("console.warn('careful');"), ksEditorSession::Done);
+    EXPECT_THAT(out.str(), testing::Not(HasSubstr("careful")));
 }
 
 TEST_F(ksEditorSessionTest, SavesWhatTheScriptLeaves)
@@ -159,10 +200,10 @@ TEST_F(ksEditorSessionTest, GivesArgumentsToTheScript)
 {
     options.scriptArguments = QStringList{QStringLiteral("--fast"), QStringLiteral("two words")};
     EXPECT_EQ(runScript("print(args.length, Array.isArray(args), args.join('|'));"), ksEditorSession::Done);
-    EXPECT_THAT(out.str(), testing::HasSubstr("\n2 true --fast|two words\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\n2 true --fast|two words\n"));
     options.scriptArguments.clear();
     EXPECT_EQ(runScript("print(args.length);"), ksEditorSession::Done);
-    EXPECT_THAT(out.str(), testing::HasSubstr("\n0\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\n0\n"));
 }
 
 TEST_F(ksEditorSessionTest, WritesTheRecordAsItIsTold)
@@ -200,14 +241,15 @@ TEST_F(ksEditorSessionTest, EndsAScriptThatTakesTooLong)
               ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(),
               "ks-editor: " + folder.path("script.js").toStdString() + ": ended after 0.05 seconds\n");
-    EXPECT_THAT(out.str(), testing::HasSubstr("\nFAILED: "));
+    EXPECT_THAT(out.str(), HasSubstr("\nFAILED: "));
     EXPECT_EQ(ksLivingContainers(), before);
 }
 
 TEST_F(ksEditorSessionTest, EndsAScriptThatTakesTooMuchMemory)
 {
-    options.memoryLimit = 1;
-    EXPECT_EQ(runScript("while (true) {}"), ksEditorSession::ScriptError);
+    options.memoryLimit = static_cast<double>(ksMemory::used()) / (1024 * 1024) + 200;
+    EXPECT_EQ(runScript("var all = []; while (true) all.push(new Array(1000).fill(all.length));"),
+              ksEditorSession::ScriptError);
     EXPECT_EQ(errors.str(), "ks-editor: " + folder.path("script.js").toStdString() + ": out of memory\n");
 }
 

@@ -44,7 +44,8 @@ TEST(ksInterrupter, CallsAtASignal)
 {
     for (const int signal : {SIGINT, SIGTERM}) {
         Calls calls;
-        const ksInterrupter interrupter(0, Endless, calls.taker());
+        ksInterrupter interrupter;
+        interrupter.start(0, Endless, calls.taker());
         EXPECT_EQ(interrupter.reason(), QString());
         std::raise(signal);
         calls.wait();
@@ -52,10 +53,36 @@ TEST(ksInterrupter, CallsAtASignal)
     }
 }
 
+/// Such as one that comes while a model is opened.
+TEST(ksInterrupter, CallsAtASignalThatHasComeBefore)
+{
+    Calls calls;
+    ksInterrupter interrupter;
+    std::raise(SIGINT);
+    EXPECT_EQ(interrupter.reason(), QStringLiteral("interrupted"));
+    interrupter.start(0, Endless, calls.taker());
+    calls.wait();
+    EXPECT_EQ(calls.count, 1);
+}
+
+TEST(ksInterrupter, CallsNoMoreWhenItIsStopped)
+{
+    Calls calls;
+    {
+        ksInterrupter interrupter;
+        interrupter.start(0, Endless, calls.taker());
+        interrupter.stop();
+        std::raise(SIGINT);
+        EXPECT_EQ(interrupter.reason(), QStringLiteral("interrupted"));
+    }
+    EXPECT_EQ(calls.count, 0);
+}
+
 TEST(ksInterrupter, LeavesTheSecondSignalToTheProcess)
 {
     Calls calls;
-    const ksInterrupter interrupter(0, Endless, calls.taker());
+    ksInterrupter interrupter;
+    interrupter.start(0, Endless, calls.taker());
     std::raise(SIGINT);
     calls.wait();
     struct sigaction now = {};
@@ -68,22 +95,41 @@ TEST(ksInterrupter, PutsBackWhatWasDoneAtASignal)
     const auto previous = std::signal(SIGINT, SIG_IGN);
     {
         Calls calls;
-        const ksInterrupter interrupter(0, Endless, calls.taker());
+        ksInterrupter interrupter;
+        interrupter.start(0, Endless, calls.taker());
     }
     EXPECT_EQ(std::signal(SIGINT, previous), SIG_IGN);
+}
+
+TEST(ksInterrupter, LeavesASignalThatIsIgnored)
+{
+    const auto previous = std::signal(SIGTERM, SIG_IGN);
+    {
+        Calls calls;
+        ksInterrupter interrupter;
+        interrupter.start(0, Endless, calls.taker());
+        std::raise(SIGTERM);
+        EXPECT_EQ(interrupter.reason(), QString());
+        std::raise(SIGINT);
+        calls.wait();
+        EXPECT_EQ(std::signal(SIGTERM, SIG_IGN), SIG_IGN) << "also after another one";
+    }
+    std::signal(SIGTERM, previous);
 }
 
 TEST(ksInterrupter, CallsOnceAtALimit)
 {
     Calls time;
     {
-        const ksInterrupter interrupter(0.001, Endless, time.taker());
+        ksInterrupter interrupter;
+        interrupter.start(0.001, Endless, time.taker());
         time.wait();
         EXPECT_EQ(interrupter.reason(), QStringLiteral("ended after 0.001 seconds"));
     }
     Calls memory;
     {
-        const ksInterrupter interrupter(0, 1, memory.taker());
+        ksInterrupter interrupter;
+        interrupter.start(0, 1, memory.taker());
         memory.wait();
         EXPECT_EQ(interrupter.reason(), QStringLiteral("out of memory"));
         std::raise(SIGTERM);
@@ -96,7 +142,8 @@ TEST(ksInterrupter, DoesNotCallWithoutAReason)
 {
     Calls calls;
     {
-        const ksInterrupter interrupter(1000, Endless, calls.taker());
+        ksInterrupter interrupter;
+        interrupter.start(1000, Endless, calls.taker());
     }
     EXPECT_EQ(calls.count, 0);
 }
