@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksImageLayout.h>
 #include <editor/viewport/ksGpuImages.h>
 
 #include <QOpenGLContext>
@@ -30,14 +31,13 @@ GLuint createTexture(GLenum format, GLsizei width, GLsizei height, GLenum type, 
 
 GLuint createTexture(const osg::ImagePtr &image)
 {
-    if (image != osg::NullFC && image->isValid() && image->getPixelFormat() != osg::Image::OSG_INVALID_PF) {
-        GLint most = 0;
-        gl().glGetIntegerv(GL_MAX_TEXTURE_SIZE, &most);
-        // The image's formats and types have OpenGL's numbers.
-        if (std::max(image->getWidth(), image->getHeight()) <= most)
-            return createTexture(image->getPixelFormat(), image->getWidth(), image->getHeight(),
-                                 GLenum(image->getDataType()), image->getData());
-    }
+    const QImage shown = image != osg::NullFC ? ksImageLayout::pictureOf(*image) : QImage();
+    GLint most = 0;
+    gl().glGetIntegerv(GL_MAX_TEXTURE_SIZE, &most);
+    // The image's formats have OpenGL's numbers.
+    if (!shown.isNull() && std::max(shown.width(), shown.height()) <= most)
+        return createTexture(image->getPixelFormat(), shown.width(), shown.height(), GL_UNSIGNED_BYTE,
+                             shown.constBits());
     constexpr std::array<GLubyte, 4> White = {255, 255, 255, 255};
     return createTexture(GL_RGBA, 1, 1, GL_UNSIGNED_BYTE, White.data());
 }

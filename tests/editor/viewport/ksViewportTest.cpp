@@ -20,6 +20,7 @@
 #include <QTest>
 
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -227,6 +228,22 @@ TEST_F(ksViewportTest, ShowsEditsOfMeshesImagesAndLights)
         CPEdit(light, osg::UberLight::DiffuseFieldMask);
         light->setDiffuse(osg::Vec3f(1, 0, 0));
     });
+}
+
+/// Scripts can set any of these.
+TEST_F(ksViewportTest, ShowsAnImageOfTooFewPixelsAsWhite)
+{
+    const auto planks = osg::UberMaterialPtr::dcast(
+        osg::ksMeshPtr::dcast(node("Floor")->getChild(0)->getCore())->getMaterial());
+    const osg::ImagePtr image = planks->getColorComponentData()[0]->getImage();
+    const QImage before = viewport.picture();
+    for (const int wrong : {1 << 12, std::numeric_limits<int>::max(), 0, -8})
+        for (const char *size : {"width", "height", "depth"}) {
+            document.add(ksFieldEdits::make(QString(), image, QLatin1String(size), wrong, ksMerging::Never));
+            EXPECT_GT(differences(before, viewport.picture()), 500) << size << ' ' << wrong;
+            undo();
+            EXPECT_EQ(differences(before, viewport.picture()), 0) << size << ' ' << wrong;
+        }
 }
 
 TEST_F(ksViewportTest, ShowsNoHiddenNodes)
