@@ -152,18 +152,11 @@ void ksEditHistory::endMacro(bool keep)
             return;
         }
         undoStack->endMacro();
-        if (openMacros == 0 && !keep)
-            dropLast();
+        if (openMacros == 0 && !keep) {
+            undoStack->undo();
+            undoStack->forgetUndone();
+        }
     });
-}
-
-void ksEditHistory::dropLast()
-{
-    undoStack->undo();
-    // The stack forgets what is undone when a command comes, and does not keep one that is obsolete.
-    auto command = std::make_unique<QUndoCommand>();
-    command->setObsolete(true);
-    undoStack->add(command.release());
 }
 
 void ksEditHistory::refuseWithinStep() const

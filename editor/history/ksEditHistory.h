@@ -103,9 +103,6 @@ private:
     /// Runs \a action, the rest of a step, and finishes the step, also when that throws.
     void finish(const std::function<void()> &action);
 
-    /// Undoes the command that was added last and forgets it.
-    void dropLast();
-
     /// Throw when a step is being run, and when a macro is open, too.
     void refuseWithinStep() const;
     void refuseWithinStepOrMacro() const;

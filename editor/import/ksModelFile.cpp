@@ -172,34 +172,6 @@ const char *flawOf(const aiScene &scene)
     return nullptr;
 }
 
-/// Asks \a progress what the reader asks its handler. Readers need not heed the answer, so that it is kept.
-class ProgressHandler : public Assimp::ProgressHandler
-{
-public:
-    ProgressHandler(const ksProgress &progress, const QString &path)
-        : ask(progress)
-        , file(path)
-    {}
-
-    bool Update(float done) override
-    {
-        isCancelled = isCancelled || !ask(std::clamp(static_cast<double>(done), 0.0, 1.0));
-        return !isCancelled;
-    }
-
-    /// Throws ksCancelled when the answer was no.
-    void refuseCancelled() const
-    {
-        if (isCancelled)
-            throw ksCancelled(file + QStringLiteral(": cancelled"));
-    }
-
-private:
-    const ksProgress ask;
-    const QString file;
-    bool isCancelled = false;
-};
-
 } // namespace
 
 class ksModelFile::Reader
@@ -209,7 +181,7 @@ public:
         : path(filePath)
     {
         if (progress) {
-            handler = new ProgressHandler(progress, path);
+            handler = new Handler(progress, path);
             importer.SetProgressHandler(handler);
         }
         const ksImportLog log;
@@ -239,6 +211,35 @@ public:
     ksGltfFile gltf;
 
 private:
+    /// Asks \a progress what the reader asks its handler. Readers need not heed the answer, so that it is
+    /// kept.
+    class Handler : public Assimp::ProgressHandler
+    {
+    public:
+        Handler(const ksProgress &progress, const QString &path)
+            : ask(progress)
+            , file(path)
+        {}
+
+        bool Update(float done) override
+        {
+            isCancelled = isCancelled || !ask(std::clamp(static_cast<double>(done), 0.0, 1.0));
+            return !isCancelled;
+        }
+
+        /// Throws ksCancelled when the answer was no.
+        void refuseCancelled() const
+        {
+            if (isCancelled)
+                throw ksCancelled(file + QStringLiteral(": cancelled"));
+        }
+
+    private:
+        const ksProgress ask;
+        const QString file;
+        bool isCancelled = false;
+    };
+
     void load(QStringList &repairs)
     {
         const ksQuietStandardError quiet;
@@ -329,7 +330,7 @@ private:
     Assimp::Importer importer;
 
     /// The importer's; null without one.
-    ProgressHandler *handler = nullptr;
+    Handler *handler = nullptr;
 };
 
 ksModelFile::ksModelFile(const QString &modelPath, const ksWarn &warn, const ksProgress &progress)

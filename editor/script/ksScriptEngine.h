@@ -48,7 +48,7 @@ public:
     /// Makes run(), which is going on in another thread, end as if the script had ended by an error.
     void interrupt() { host.interrupt(); }
 
-    /// The same, for what the script calls.
+    /// The same, for what the script calls, in its own thread.
     void interruptAtOnce() { engine.setInterrupted(true); }
 
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and

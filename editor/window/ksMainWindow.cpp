@@ -69,6 +69,12 @@ QKeySequence keys(const char *text)
     return QKeySequence(QString::fromLatin1(text), QKeySequence::PortableText);
 }
 
+/// \a text as a menu shows it.
+QString escaped(QString text)
+{
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 /// The local file that \a data is of; empty when it is none, or several.
 QString fileOf(const QMimeData &data)
 {
@@ -190,11 +196,9 @@ void ksMainWindow::makeFileMenu()
 void ksMainWindow::makeEditMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&Edit"));
-    QAction *undo = document.stack().createUndoAction(this, tr("&Undo"));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction *redo = document.stack().createRedoAction(this, tr("&Redo"));
-    redo->setShortcuts({keys("Ctrl+Shift+Z"), keys("Ctrl+Y")});
-    menu->addActions({undo, redo});
+    undoAction = addAction(menu, {}, QKeySequence::Undo, [this] { document.history().undo(); });
+    redoAction = addAction(menu, {}, {}, [this] { document.history().redo(); });
+    redoAction->setShortcuts({keys("Ctrl+Shift+Z"), keys("Ctrl+Y")});
     menu->addSeparator();
     addAction(menu, tr("&Add Node"), keys("Ctrl+Shift+N"), [this] {
         const osg::NodePtr current = document.selection().current();
@@ -437,7 +441,7 @@ void ksMainWindow::showRecent()
     recentMenu->setEnabled(!files.isEmpty());
     int number = 0;
     for (const QString &file : files) {
-        const QString name = QFileInfo(file).fileName().replace(QLatin1Char('&'), QStringLiteral("&&"));
+        const QString name = escaped(QFileInfo(file).fileName());
         QAction *action = addAction(recentMenu, QStringLiteral("&%1 %2").arg(++number % 10).arg(name), {},
                                     [this, file] { open(file); });
         action->setStatusTip(file);
@@ -448,6 +452,11 @@ void ksMainWindow::showState()
 {
     setWindowTitle(document.title() + QStringLiteral("[*] - ks-editor"));
     setWindowModified(document.isModified());
+    const ksUndoStack &stack = document.stack();
+    undoAction->setText(stack.canUndo() ? tr("&Undo \"%1\"").arg(escaped(stack.undoText())) : tr("&Undo"));
+    undoAction->setEnabled(stack.canUndo());
+    redoAction->setText(stack.canRedo() ? tr("&Redo \"%1\"").arg(escaped(stack.redoText())) : tr("&Redo"));
+    redoAction->setEnabled(stack.canRedo());
 }
 
 void ksMainWindow::showDocument()

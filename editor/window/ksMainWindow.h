@@ -98,6 +98,8 @@ private:
     QListWidget *warnings;
     QMenu *recentMenu = nullptr;
     QMenu *scriptMenu = nullptr;
+    QAction *undoAction = nullptr;
+    QAction *redoAction = nullptr;
     QAction *stopAction = nullptr;
     QAction *runAction = nullptr;
     QList<QAction *> nodeActions;

@@ -17,6 +17,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QToolButton>
@@ -28,8 +30,8 @@ namespace {
 constexpr int MillisecondsBetweenBreaths = 40;
 
 constexpr int MostLines = 10000;
-constexpr double DefaultTimeLimit = 60;
-constexpr double LongestTimeLimit = 86400;
+constexpr double DefaultSilenceLimit = 10;
+constexpr double LongestSilenceLimit = 86400;
 
 bool isInput(const QEvent &event)
 {
@@ -66,7 +68,7 @@ ksScriptPanel::ksScriptPanel(ksDocument &editedDocument, QWidget *parent)
     , line(new ksScriptInput([this] { return engine().globalNames(); }, this))
     , runButton(new QToolButton(this))
     , stopButton(new QToolButton(this))
-    , timeLimit(new QDoubleSpinBox(this))
+    , silenceLimit(new QDoubleSpinBox(this))
 {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     output->setReadOnly(true);
@@ -84,21 +86,22 @@ ksScriptPanel::ksScriptPanel(ksDocument &editedDocument, QWidget *parent)
     stopButton->setAccessibleName(tr("Stop the script"));
     stopButton->setToolTip(tr("Stops the script (Esc)"));
     stopButton->setEnabled(false);
-    timeLimit->setRange(0, LongestTimeLimit);
-    timeLimit->setDecimals(1);
-    timeLimit->setValue(DefaultTimeLimit);
-    timeLimit->setSuffix(tr(" s"));
-    timeLimit->setSpecialValueText(tr("no limit"));
-    timeLimit->setAccessibleName(tr("Time limit of scripts"));
-    timeLimit->setToolTip(tr("Scripts that take longer are ended, also those that neither print nor edit"));
-    auto *limitLabel = new QLabel(tr("End after"), this);
-    limitLabel->setBuddy(timeLimit);
+    silenceLimit->setRange(0, LongestSilenceLimit);
+    silenceLimit->setDecimals(1);
+    silenceLimit->setValue(DefaultSilenceLimit);
+    silenceLimit->setSuffix(tr(" s"));
+    silenceLimit->setSpecialValueText(tr("no limit"));
+    silenceLimit->setAccessibleName(tr("Silence that ends scripts"));
+    silenceLimit->setToolTip(
+        tr("Stop is heeded when a script edits or prints. One that does neither for so long is ended."));
+    auto *limitLabel = new QLabel(tr("End when silent for"), this);
+    limitLabel->setBuddy(silenceLimit);
 
     auto *row = new QHBoxLayout;
     row->setSpacing(4);
     row->addWidget(line, 1);
     for (QWidget *widget : {static_cast<QWidget *>(runButton), static_cast<QWidget *>(stopButton),
-                            static_cast<QWidget *>(limitLabel), static_cast<QWidget *>(timeLimit)})
+                            static_cast<QWidget *>(limitLabel), static_cast<QWidget *>(silenceLimit)})
         row->addWidget(widget);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
@@ -136,7 +139,7 @@ void ksScriptPanel::runLine()
 void ksScriptPanel::stop()
 {
     if (running)
-        scriptEngine->interrupt();
+        scriptEngine->interruptAtOnce();
 }
 
 ksScriptEngine &ksScriptPanel::engine()
@@ -158,8 +161,10 @@ void ksScriptPanel::run(const std::function<void(ksScriptEngine &)> &work)
     ksScriptEngine &used = engine();
     setRunning(true);
     try {
-        const ksInterrupter interrupter(timeLimit->value(), ksMemory::limit(0),
-                                        [&used] { used.interrupt(); });
+        ksInterrupter interrupter;
+        const QScopedValueRollback<ksInterrupter *> guard(watching, &interrupter);
+        const auto end = qScopeGuard([&interrupter] { interrupter.stop(); });
+        watch();
         try {
             work(used);
         } catch (const ksScriptError &error) {
@@ -207,6 +212,13 @@ void ksScriptPanel::breathe()
         return;
     QCoreApplication::processEvents();
     sinceBreath.start();
+    watch();
+}
+
+void ksScriptPanel::watch()
+{
+    if (watching != nullptr)
+        watching->start(silenceLimit->value(), ksMemory::limit(0), [this] { scriptEngine->interrupt(); });
 }
 
 bool ksScriptPanel::eventFilter(QObject *object, QEvent *event)

@@ -12,6 +12,7 @@ class QDoubleSpinBox;
 class QPlainTextEdit;
 class QToolButton;
 class ksDocument;
+class ksInterrupter;
 class ksPrintStream;
 class ksScriptEngine;
 class ksScriptInput;
@@ -20,7 +21,8 @@ class ksScriptInput;
 /// declare stays until there is another document.
 ///
 /// While a script runs, the window shows each of its steps and lines, and heeds nothing but the button that
-/// stops it, Escape, and menus. A script that neither takes a step nor prints is ended when its time is up.
+/// stops it, Escape, and menus. A script that neither takes a step nor prints is deaf to them, and ended when
+/// it has been so for as long as the user allows.
 class ksScriptPanel : public QWidget
 {
     Q_OBJECT
@@ -62,14 +64,18 @@ private:
     /// Lets the window show what has been done, and the user stop it.
     void breathe();
 
+    /// Gives the script that runs its time from now on.
+    void watch();
+
     ksDocument &document;
     QPlainTextEdit *output;
     ksScriptInput *line;
     QToolButton *runButton;
     QToolButton *stopButton;
-    QDoubleSpinBox *timeLimit;
+    QDoubleSpinBox *silenceLimit;
     std::unique_ptr<ksPrintStream> prints;
     std::unique_ptr<ksScriptEngine> scriptEngine;
+    ksInterrupter *watching = nullptr;
     QElapsedTimer sinceBreath;
     bool running = false;
 };

@@ -15,9 +15,18 @@
 /// The gesture ends when the object goes. Brackets nest: an inner one is part of the outer one.
 /// \code
 /// void Handle::mousePressEvent(QMouseEvent *) { gesture.emplace(stack); }
-/// void Handle::mouseMoveEvent(QMouseEvent *event) { stack->add(makeCommand(event->pos())); }
+/// void Handle::mouseMoveEvent(QMouseEvent *event)
+/// {
+///     if (gesture)
+///         stack->add(makeCommand(event->pos()));
+/// }
 /// void Handle::mouseReleaseEvent(QMouseEvent *) { gesture.reset(); }
-/// void Handle::escape() { gesture->takeBack(); }
+/// void Handle::escape()
+/// {
+///     if (gesture)
+///         gesture->takeBack();
+///     gesture.reset();
+/// }
 /// \endcode
 class ksUndoGesture
 {
@@ -35,8 +44,8 @@ public:
 
     Q_DISABLE_COPY(ksUndoGesture)
 
-    /// Undoes what the gesture, the outermost one of those that nest, has done so far, and leaves neither a
-    /// step nor a redo of it. See ksUndoStack::takeBackGesture().
+    /// Undoes what the gesture, the outermost one of those that nest, has done so far, or since it was saved,
+    /// and leaves neither a step nor a redo of it. See ksUndoStack::takeBackGesture().
     void takeBack() { stack->takeBackGesture(); }
 
 private:

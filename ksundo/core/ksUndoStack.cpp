@@ -35,14 +35,16 @@ void join(QUndoCommand *command, unsigned int number)
         join(const_cast<QUndoCommand *>(command->child(i)), number);
 }
 
-/// The gesture that \a command, or the first of what it consists of, is a part of; 0 for none and for null.
-unsigned int gestureOf(const QUndoCommand *command)
+/// Whether \a command, or a part of what it consists of, is a part of the gesture \a number.
+bool isOf(const QUndoCommand &command, unsigned int number)
 {
-    if (command == nullptr)
-        return 0;
-    if (ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::single)
-        return static_cast<const ksUndoCommand *>(command)->getGesture();
-    return gestureOf(command->child(0));
+    if (ksDetail::ksKindOf(command) == ksDetail::ksCommandKind::single &&
+        static_cast<const ksUndoCommand &>(command).getGesture() == number)
+        return true;
+    for (int i = 0; i < command.childCount(); ++i)
+        if (isOf(*command.child(i), number))
+            return true;
+    return false;
 }
 
 } // namespace
@@ -101,7 +103,7 @@ void ksUndoStack::endGesture()
 
 void ksUndoStack::takeBackGesture()
 {
-    while (openGestures > 0 && canUndo() && gestureOf(currentCommand()) == gesture) {
+    while (openGestures > 0 && canUndo() && isOf(*currentCommand(), gesture)) {
         undo();
         forgetUndone();
     }
@@ -116,6 +118,16 @@ void ksUndoStack::forgetUndone()
     undoStack->push(command);
     Q_EMIT undoStack->canRedoChanged(false);
     Q_EMIT undoStack->redoTextChanged(QString());
+    if (historyView != nullptr)
+        historyView->follow();
+}
+
+void ksUndoStack::setClean()
+{
+    undoStack->setClean();
+    // What is saved stays when the gesture that did it is taken back.
+    if (openGestures > 0 && isClean())
+        ++gesture;
     if (historyView != nullptr)
         historyView->follow();
 }
@@ -191,6 +203,7 @@ void ksUndoStack::showHistory()
     if (historyView == nullptr) {
         historyView = new ksDetail::ksHistoryWindow(undoStack);
         historyView->setWindowTitle(tr("Undo/Redo History"));
+        historyView->setAccessibleName(historyView->windowTitle());
         historyView->resize(300, 100);
     }
     historyView->show();

@@ -91,10 +91,15 @@ public:
     /// Ends the gesture that began last. Without one nothing happens.
     void endGesture();
 
-    /// Undoes the steps of the gesture that is open, the last first, back to the first that has no command of
-    /// it, and forgets them, so that there is nothing to redo. Each is reported as an undo. Nothing happens
-    /// without a gesture, while a macro is open, and when the gesture has done nothing.
+    /// Undoes the steps of the gesture that is open, the last first, and forgets them, so that there is
+    /// nothing to redo. Each is reported as an undo. It ends at the state that setClean() was called in, if
+    /// that was within the gesture, and at a step none of whose commands is a ksUndoCommand of the gesture.
+    /// Nothing happens without a gesture, while a macro is open, and when the gesture has done nothing.
     void takeBackGesture();
+
+    /// Deletes the commands that are undone, so that there is nothing to redo, which is not reported as a
+    /// step. To be called between steps, and not while a macro is open.
+    void forgetUndone();
 
     /// Whether there is a command to undo; never while a macro is open.
     bool canUndo() const { return undoStack->canUndo(); }
@@ -143,8 +148,8 @@ public:
     int undoLimit() const { return undoStack->undoLimit(); }
 
     /// Declares the current state to be the one that is saved. The next command does not merge into the
-    /// command that led here.
-    void setClean() { undoStack->setClean(); }
+    /// command that led here. The history window marks it.
+    void setClean();
 
     /// Whether the stack is at the state last declared clean; the empty state of a new stack is clean.
     bool isClean() const { return undoStack->isClean(); }
@@ -193,7 +198,6 @@ private Q_SLOTS:
 
 private:
     void deliverMessage(const char *name, int index, bool added) const;
-    void forgetUndone();
 
     QUndoStack *undoStack;
     int lastIndex = 0;

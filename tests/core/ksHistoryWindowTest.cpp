@@ -50,6 +50,19 @@ public:
     int raised = 0;
 };
 
+/// Counts how often a widget is painted.
+class ksPaintCounter : public QObject
+{
+public:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        painted += event->type() == QEvent::Paint;
+        return false;
+    }
+
+    int painted = 0;
+};
+
 /// Counts the rows that are asked for their size.
 class ksCountingDelegate : public QStyledItemDelegate
 {
@@ -105,6 +118,35 @@ TEST_F(ksHistoryWindow, HasItsTitleSizeAndNoParent)
     EXPECT_EQ(historyWindow()->size(), QSize(300, 100));
     EXPECT_EQ(historyWindow()->parent(), nullptr);
     EXPECT_TRUE(historyWindow()->isVisible());
+}
+
+TEST_F(ksHistoryWindow, HasANameAndKeepsNoApplicationRunning)
+{
+    stack.showHistory();
+    ASSERT_NE(historyWindow(), nullptr);
+    EXPECT_EQ(historyWindow()->accessibleName(), QStringLiteral("Undo/Redo History"));
+    EXPECT_FALSE(historyWindow()->testAttribute(Qt::WA_QuitOnClose));
+}
+
+TEST_F(ksHistoryWindow, MarksTheCleanState)
+{
+    add("A");
+    add("B");
+    stack.showHistory();
+    QUndoView *window = historyWindow();
+    ASSERT_NE(window, nullptr);
+    const auto isMarked = [window](int row) {
+        return !window->model()->index(row, 0).data(Qt::DecorationRole).isNull();
+    };
+    EXPECT_TRUE(isMarked(0));
+    QCoreApplication::processEvents();
+    ksPaintCounter counter;
+    window->viewport()->installEventFilter(&counter);
+    stack.setClean();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isMarked(2));
+    EXPECT_FALSE(isMarked(0));
+    EXPECT_EQ(counter.painted, 1);
 }
 
 TEST_F(ksHistoryWindow, HasATranslatedTitle)

@@ -12,6 +12,7 @@
 #include <stdexcept>
 #include <support/ksCommandTime.h>
 #include <support/ksProbeCommand.h>
+#include <support/ksQtWarnings.h>
 #include <support/ksStackRecorder.h>
 #include <support/ksStackState.h>
 #include <type_traits>
@@ -225,15 +226,51 @@ TEST_F(ksUndoGestureTest, TakesBackToTheStepThatIsSaved)
     EXPECT_EQ(ksStateOf(stack), ksHolding({"before"}, 1, true));
 }
 
-TEST_F(ksUndoGestureTest, TakesBackAMacroOfItsOwn)
+TEST_F(ksUndoGestureTest, TakesBackToWhereItWasSaved)
+{
+    ksUndoGesture gesture(&stack);
+    add("A", 0.0);
+    stack.setClean();
+    add("B", 60.0);
+    add("C", 120.0);
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "B"}, 2));
+    gesture.takeBack();
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"A"}, 1, true));
+}
+
+TEST_F(ksUndoGestureTest, IsOneStillWhenSavingIsRefused)
+{
+    const ksQtWarnings warnings;
+    const ksUndoGesture gesture(&stack);
+    {
+        const ksUndoMacro macro(QStringLiteral("M"), &stack);
+        add("A", 0.0);
+        stack.setClean();
+        add("B", 60.0);
+    }
+    EXPECT_EQ(stack.currentCommand()->childCount(), 1);
+}
+
+TEST_F(ksUndoGestureTest, TakesBackAMacroThatAPartOfItIsIn)
 {
     ksUndoGesture gesture(&stack);
     {
         const ksUndoMacro macro(QStringLiteral("M"), &stack);
+        stack.add(new QUndoCommand(QStringLiteral("plain")));
         add("A", 0.0);
     }
     gesture.takeBack();
     EXPECT_EQ(ksStateOf(stack), ksHolding({}, 0, true));
+}
+
+TEST_F(ksUndoGestureTest, TakesBackNoCommandThatIsNoneOfTheLibrarys)
+{
+    ksUndoGesture gesture(&stack);
+    add("A", 0.0);
+    stack.add(new QUndoCommand(QStringLiteral("plain")));
+    add("B", 0.0);
+    gesture.takeBack();
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "plain"}, 2));
 }
 
 TEST_F(ksUndoGestureTest, HasNothingToTakeBackWhenUndone)

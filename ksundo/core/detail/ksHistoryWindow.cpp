@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QPointer>
+#include <QStyle>
 #include <QUndoStack>
 #include <QVector>
 
@@ -31,6 +32,9 @@ ksHistoryWindow::ksHistoryWindow(QUndoStack *history)
 {
     // Without it, every reading asks every row for its size.
     setUniformItemSizes(true);
+    setCleanIcon(style()->standardIcon(QStyle::SP_DialogSaveButton));
+    // It goes with the last of the application's windows.
+    setAttribute(Qt::WA_QuitOnClose, false);
 
     auto &windows = historyWindows();
     windows.removeAll(nullptr);

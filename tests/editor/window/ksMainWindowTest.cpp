@@ -64,7 +64,7 @@ TEST_F(ksMainWindowTest, OpensEditsUndoesSavesAndOpensAgain)
 
     moveChair(7);
     EXPECT_TRUE(window->isWindowModified());
-    QAction *undo = action("Undo Translate 'Chair'");
+    QAction *undo = action("Undo \"Translate 'Chair'\"");
     ASSERT_NE(undo, nullptr);
     press(Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(placeOfChair(), before);
@@ -75,7 +75,7 @@ TEST_F(ksMainWindowTest, OpensEditsUndoesSavesAndOpensAgain)
     EXPECT_EQ(placeOfChair(), 7);
     undo->trigger();
     EXPECT_EQ(placeOfChair(), before);
-    action("Redo Translate 'Chair'")->trigger();
+    action("Redo \"Translate 'Chair'\"")->trigger();
 
     // The room's camera has no place in the scene, so that its file is not overwritten.
     user.path = folder.path("saved.gltf");
