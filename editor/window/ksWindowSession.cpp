@@ -5,11 +5,13 @@
 #include <editor/viewport/ksViewport.h>
 #include <editor/window/ksDialogs.h>
 #include <editor/window/ksMainWindow.h>
+#include <editor/window/ksTranslations.h>
 #include <editor/window/ksWindowSession.h>
 
 #include <QApplication>
 #include <QIcon>
 #include <QImageWriter>
+#include <QLocale>
 #include <QPixmap>
 #include <QStringList>
 #include <QTimer>
@@ -60,6 +62,7 @@ int ksWindowSession::showWindow(const ksEditorOptions &options, char **argv)
     for (const QString &text : qAsConst(startMessages))
         qWarning("%s", qUtf8Printable(text));
     QGuiApplication::setDesktopFileName(QStringLiteral("ks-editor"));
+    ksTranslations::install(QLocale(), ksTranslations::folders());
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ks-editor")));
 
     try {
