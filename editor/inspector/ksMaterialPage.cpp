@@ -34,15 +34,15 @@ using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct MaterialPageTexts
 {
-    return QCoreApplication::translate("ksMaterialPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksMaterialPage)
+};
 
 QString textOf(const QVariant &id)
 {
     const auto material = ksFindContainer<osg::FieldContainerPtr>(id.toUInt());
-    return material == osg::NullFC ? tr("None") : ksInspectorFields::titleOf(material);
+    return material == osg::NullFC ? MaterialPageTexts::tr("None") : ksInspectorFields::titleOf(material);
 }
 
 /// The materials of the scene, those of environments included, by name. Walks the scene: to be asked when
@@ -67,7 +67,7 @@ void buildMesh(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = tr("Material");
+    field.name = MaterialPageTexts::tr("Material");
     field.targets = subjects.ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::ksMeshPtr::dcast(target)->getMaterial().getFieldContainerId();
@@ -148,7 +148,7 @@ void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &compo
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = tr("Image");
+    field.name = MaterialPageTexts::tr("Image");
     field.targets = components;
     field.read = [](const osg::FieldContainerPtr &target) {
         return pictureOf(osg::ColorComponentPtr::dcast(target)->getImage());
@@ -162,7 +162,7 @@ void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &compo
     field.perform = [&document, components](const QVariant &path) {
         const osg::ImageRefPtr image =
             path.toString().isEmpty() ? osg::ImageRefPtr() : ksImageImporter::imageInFile(path.toString());
-        auto batch = std::make_unique<ksMultiCommand>(tr("Set image"));
+        auto batch = std::make_unique<ksMultiCommand>(MaterialPageTexts::tr("Set image"));
         for (const osg::ColorComponentPtr &component : findAll<osg::ColorComponentPtr>(components))
             if (component->getImage() != image.get())
                 new ksImageFieldUndoCommand(component, "image", image.get(), batch.get());
@@ -180,7 +180,7 @@ void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &m
         if (index < material->getColorComponentData().size())
             components.push_back(material->getColorComponentData()[index]);
     const std::vector<osg::UInt32> ids = ksInspectorFields::idsOf(components);
-    section.addHeading(tr("Component %1").arg(index + 1));
+    section.addHeading(MaterialPageTexts::tr("Component %1").arg(index + 1));
     const auto make = [materials](const osg::FieldContainerPtr &part, const QString &field,
                                   const QVariant &value, QUndoCommand *parent) {
         return makePart(materialOf(part, materials), part, field, value, parent);
@@ -193,7 +193,7 @@ void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &m
 /// Adds rows that set a field of all components at once; they show that of the first one.
 void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32> &materials)
 {
-    section.addHeading(tr("All components"));
+    section.addHeading(MaterialPageTexts::tr("All components"));
     const auto firstOf = [](const osg::FieldContainerPtr &target) {
         return osg::FieldContainerPtr(osg::UberMaterialPtr::dcast(target)->getColorComponentData()[0]);
     };
@@ -240,7 +240,7 @@ void addSettings(ksInspectorSection &section, const std::vector<osg::UInt32> &ma
     const std::vector<osg::UInt32> ids = ksInspectorFields::idsOf(settings);
     if (ids.empty())
         return;
-    section.addHeading(tr("Settings"));
+    section.addHeading(MaterialPageTexts::tr("Settings"));
     const auto make = [materials](const osg::FieldContainerPtr &part, const QString &field,
                                   const QVariant &value, QUndoCommand *parent) {
         return makePart(materialOf(part, materials), part, field, value, parent);
@@ -251,7 +251,7 @@ void addSettings(ksInspectorSection &section, const std::vector<osg::UInt32> &ma
 void addEnvironment(ksInspectorSection &section, const std::vector<osg::UInt32> &surfaces)
 {
     ksInspectorField field;
-    field.name = tr("Environment");
+    field.name = MaterialPageTexts::tr("Environment");
     field.targets = surfaces;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::UBRDFMaterialPtr::dcast(target)->getEnvironment().getFieldContainerId();
@@ -300,7 +300,7 @@ ksInspectorPage ksInspectorPages::mesh()
     const auto subjects = [](const std::vector<osg::NodePtr> &nodes) {
         return ksInspectorFields::subjects(nodes, &ksInspectorFields::coreNear<osg::ksMeshPtr>);
     };
-    return {tr("Mesh"), false, subjects, &buildMesh};
+    return {MaterialPageTexts::tr("Mesh"), false, subjects, &buildMesh};
 }
 
 ksInspectorPage ksInspectorPages::material()
@@ -324,5 +324,5 @@ ksInspectorPage ksInspectorPages::material()
         }
         return result;
     };
-    return {tr("Material"), false, subjects, &buildMaterial};
+    return {MaterialPageTexts::tr("Material"), false, subjects, &buildMaterial};
 }

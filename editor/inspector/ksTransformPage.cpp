@@ -20,10 +20,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct TransformPageTexts
 {
-    return QCoreApplication::translate("ksTransformPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksTransformPage)
+};
 
 /// Which of the transforms is shown, and how.
 struct View
@@ -98,15 +98,15 @@ QString labelOf(const ksTransformProperty &property)
 {
     switch (property.field) {
     case osg::Transform3D::EulerRotationFieldId:
-        return tr("Rotation");
+        return TransformPageTexts::tr("Rotation");
     case osg::Transform3D::ScalePivotTranslationFieldId:
-        return tr("Scale pivot shift");
+        return TransformPageTexts::tr("Scale pivot shift");
     case osg::Transform3D::RotatePivotTranslationFieldId:
-        return tr("Rotate pivot shift");
+        return TransformPageTexts::tr("Rotate pivot shift");
     case osg::Transform3D::RotationOrientationFieldId:
-        return tr("Orientation");
+        return TransformPageTexts::tr("Orientation");
     case osg::Transform3D::RotationDirectionFieldId:
-        return tr("Direction");
+        return TransformPageTexts::tr("Direction");
     default:
         return ksInspectorFields::label(QString::fromLatin1(property.name));
     }
@@ -161,7 +161,7 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
 void addOrder(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField field;
-    field.name = tr("Rotation order");
+    field.name = TransformPageTexts::tr("Rotation order");
     field.targets = ids;
     field.read = [view](const osg::FieldContainerPtr &target) {
         const osg::NodePtr node = nodeOf(target);
@@ -186,7 +186,7 @@ void addOrder(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 void addQuaternion(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField field;
-    field.name = tr("Quaternion");
+    field.name = TransformPageTexts::tr("Quaternion");
     field.targets = ids;
     field.read = [view](const osg::FieldContainerPtr &target) {
         const osg::NodePtr node = nodeOf(target);
@@ -209,7 +209,7 @@ void addQuaternion(ksInspectorSection &section, const std::vector<osg::UInt32> &
         if (rotation.length() == 0)
             throw ksEditorError("a quaternion of length 0 is no rotation");
         rotation.normalize();
-        const QString text = tr("Turn '%1'").arg(ksContainers::nameOf(target));
+        const QString text = TransformPageTexts::tr("Turn '%1'").arg(ksContainers::nameOf(target));
         return new ksRotationAsQuaternionUndoCommand(text, nodeOf(target), rotation, parent);
     };
     ksNumberKind kind;
@@ -250,7 +250,7 @@ void addPlain(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField which;
-    which.name = tr("Transform");
+    which.name = TransformPageTexts::tr("Transform");
     which.targets = ids;
     which.read = [view](const osg::FieldContainerPtr &target) { return view->indexIn(nodeOf(target)); };
     which.watches = [view](const osg::FieldContainerPtr &target) {
@@ -267,9 +267,9 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
     };
     const auto textOf = [id = ids.back()](const QVariant &index) {
         if (index.toInt() < 0)
-            return tr("The node's own");
+            return TransformPageTexts::tr("The node's own");
         const auto node = ksFindContainer<osg::NodePtr>(id);
-        return tr("Variant %1")
+        return TransformPageTexts::tr("Variant %1")
             .arg(QString::fromStdString(ksNodeUtils::getTransformVariantName(node, index.toInt())));
     };
     const auto choices = [id = ids.back(), textOf] {
@@ -283,7 +283,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
     section.addRow(which, new ksChoiceEditor(choices, textOf));
 
     ksInspectorField space;
-    space.name = tr("Space");
+    space.name = TransformPageTexts::tr("Space");
     space.targets = ids;
     space.read = [view](const osg::FieldContainerPtr &) { return view->world; };
     space.watches = [](const osg::FieldContainerPtr &) { return ksWatches(); };
@@ -291,7 +291,8 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
         view->world = value.toBool();
         section.refresh();
     };
-    section.addRow(space, new ksChoiceEditor({{tr("Parent"), false}, {tr("World"), true}}));
+    section.addRow(space, new ksChoiceEditor({{TransformPageTexts::tr("Parent"), false},
+                                              {TransformPageTexts::tr("World"), true}}));
 }
 
 void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
@@ -305,16 +306,19 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
             addQuaternion(section, subjects.ids, view);
         }
     }
-    addPlain(section, subjects.ids, view, tr("Follows direction"), QStringLiteral("rotationDirectionOn"),
-             new ksFlagEditor);
-    addPlain(section, subjects.ids, view, tr("Direction's axis"), QStringLiteral("rotationDirectionMode"),
-             new ksChoiceEditor({{tr("x axis"), 0.0}, {tr("y axis"), 1.0}, {tr("z axis"), 2.0}}));
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Follows direction"),
+             QStringLiteral("rotationDirectionOn"), new ksFlagEditor);
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Direction's axis"),
+             QStringLiteral("rotationDirectionMode"),
+             new ksChoiceEditor({{TransformPageTexts::tr("x axis"), 0.0},
+                                 {TransformPageTexts::tr("y axis"), 1.0},
+                                 {TransformPageTexts::tr("z axis"), 2.0}}));
     ksChoiceEditor::Choices types;
     constexpr int TypeCount = 4;
     for (int i = 0; i < TypeCount; ++i)
-        types.emplace_back(tr("Type %1").arg(i), static_cast<double>(i));
-    addPlain(section, subjects.ids, view, tr("Inherit type"), QStringLiteral("inheritType"),
-             new ksChoiceEditor(types));
+        types.emplace_back(TransformPageTexts::tr("Type %1").arg(i), static_cast<double>(i));
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Inherit type"),
+             QStringLiteral("inheritType"), new ksChoiceEditor(types));
 }
 
 } // namespace
@@ -326,5 +330,5 @@ ksInspectorPage ksInspectorPages::transform()
             return osg::Transform3DPtr::dcast(node->getCore()) != osg::NullFC ? node : osg::NodePtr();
         });
     };
-    return {tr("Transform"), false, subjects, &build};
+    return {TransformPageTexts::tr("Transform"), false, subjects, &build};
 }

@@ -23,10 +23,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct VariantsPageTexts
 {
-    return QCoreApplication::translate("ksVariantsPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksVariantsPage)
+};
 
 /// The rows follow the change list.
 const auto unheard = [](const auto &...) {};
@@ -81,13 +81,13 @@ QString textOf(const ksListChange &wanted)
 {
     switch (wanted.kind) {
     case ksListChange::Kind::Add:
-        return tr("Add variant '%1'").arg(wanted.text);
+        return VariantsPageTexts::tr("Add variant '%1'").arg(wanted.text);
     case ksListChange::Kind::Remove:
-        return tr("Remove variant");
+        return VariantsPageTexts::tr("Remove variant");
     case ksListChange::Kind::Rename:
-        return tr("Rename variant to '%1'").arg(wanted.text);
+        return VariantsPageTexts::tr("Rename variant to '%1'").arg(wanted.text);
     default:
-        return tr("Move variant");
+        return VariantsPageTexts::tr("Move variant");
     }
 }
 
@@ -95,23 +95,23 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 {
     namespace Flags = osg::TransformVariantFlags;
     const std::vector<std::pair<QString, osg::UInt64>> flags = {
-        {tr("Translation"), Flags::Translation},
-        {tr("Rotation"), Flags::Rotation},
-        {tr("Scale"), Flags::Scale},
-        {tr("Shear"), Flags::Shear},
-        {tr("Scale pivot"), Flags::ScalePivot},
-        {tr("Rotate pivot"), Flags::RotatePivot},
-        {tr("Scale pivot shift"), Flags::ScalePivotTranslation},
-        {tr("Rotate pivot shift"), Flags::RotatePivotTranslation},
-        {tr("Orientation"), Flags::RotationOrientation},
-        {tr("Direction"), Flags::RotationDirection},
-        {tr("Rotation order"), Flags::EulerRotationOrder},
-        {tr("Inherit type"), Flags::InheritType}};
+        {VariantsPageTexts::tr("Translation"), Flags::Translation},
+        {VariantsPageTexts::tr("Rotation"), Flags::Rotation},
+        {VariantsPageTexts::tr("Scale"), Flags::Scale},
+        {VariantsPageTexts::tr("Shear"), Flags::Shear},
+        {VariantsPageTexts::tr("Scale pivot"), Flags::ScalePivot},
+        {VariantsPageTexts::tr("Rotate pivot"), Flags::RotatePivot},
+        {VariantsPageTexts::tr("Scale pivot shift"), Flags::ScalePivotTranslation},
+        {VariantsPageTexts::tr("Rotate pivot shift"), Flags::RotatePivotTranslation},
+        {VariantsPageTexts::tr("Orientation"), Flags::RotationOrientation},
+        {VariantsPageTexts::tr("Direction"), Flags::RotationDirection},
+        {VariantsPageTexts::tr("Rotation order"), Flags::EulerRotationOrder},
+        {VariantsPageTexts::tr("Inherit type"), Flags::InheritType}};
     QStringList texts;
     for (const auto &flag : flags)
         texts += flag.first;
     ksInspectorField field;
-    field.name = tr("Applies");
+    field.name = VariantsPageTexts::tr("Applies");
     field.targets = ids;
     field.read = [list, flags](const osg::FieldContainerPtr &target) {
         const osg::TransformVariantPtr variant = variantOf(target, list->currentRow());
@@ -144,7 +144,7 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
         new ksListEditor(ksListEditor::TypeNew | ksListEditor::RemoveEntry | ksListEditor::RenameEntry |
                          ksListEditor::MoveEntry | ksListEditor::TellChanges);
     ksInspectorField field;
-    field.name = tr("Variants");
+    field.name = VariantsPageTexts::tr("Variants");
     field.targets = subjects.ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         QStringList names;
@@ -180,5 +180,5 @@ ksInspectorPage ksInspectorPages::variants()
             return has ? node : osg::NodePtr();
         });
     };
-    return {tr("Variants"), false, subjects, &build};
+    return {VariantsPageTexts::tr("Variants"), false, subjects, &build};
 }
