@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/document/ksDocument.h>
 #include <editor/document/ksNodeEdits.h>
-#include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksFieldRanges.h>
 #include <editor/edits/ksLightEdits.h>
 #include <editor/inspector/ksChoiceEditor.h>
@@ -31,7 +30,8 @@ struct LightPageTexts
     Q_DECLARE_TR_FUNCTIONS(ksLightPage)
 };
 
-/// The selected nodes that are none of \a left, nor have one of them as core.
+/// The selected nodes that are none of \a left, nor have one of them as core, nor are the root, which no
+/// light can be linked to.
 std::vector<osg::NodePtr> othersSelected(ksDocument &document, const std::vector<osg::UInt32> &left)
 {
     std::vector<osg::NodePtr> others;
@@ -39,7 +39,7 @@ std::vector<osg::NodePtr> othersSelected(ksDocument &document, const std::vector
         return std::find(left.begin(), left.end(), container.getFieldContainerId()) != left.end();
     };
     for (const osg::NodePtr &node : document.selection().nodes())
-        if (!isLeft(node) && !isLeft(node->getCore()))
+        if (node != document.root() && !isLeft(node) && !isLeft(node->getCore()))
             others.push_back(node);
     if (others.empty())
         throw ksEditorError(
@@ -62,7 +62,7 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
             numbers.push_back(parts[i].toDouble());
         }
         ksFieldRanges::check(target, name, numbers);
-        return property.make(ksFieldEdits::defaultText(target, name), ksContainers::ownerOf(target), wanted,
+        return property.make(ksInspectorFields::textOf(target, name), ksContainers::ownerOf(target), wanted,
                              parent);
     };
     const bool isAttenuation = name == QLatin1String("attenuation");
@@ -142,9 +142,11 @@ void changeLinks(ksDocument &document, const std::vector<osg::UInt32> &ids, bool
     if (removes)
         nodes.push_back(listOf(sets.back(), lights)[static_cast<osg::UInt32>(wanted.row)]);
     else
-        for (const osg::NodePtr &node : othersSelected(document, ids))
-            if (!lights || ksInspectorFields::coreNear<osg::UberLightPtr>(node) != osg::NullFC)
-                nodes.push_back(node);
+        for (const osg::NodePtr &node : othersSelected(document, ids)) {
+            const osg::NodePtr meant = lights ? ksInspectorFields::nodeNear<osg::UberLightPtr>(node) : node;
+            if (meant != osg::NullFC && std::find(nodes.begin(), nodes.end(), meant) == nodes.end())
+                nodes.push_back(meant);
+        }
     if (nodes.empty())
         throw ksEditorError(LightPageTexts::tr("None of the other selected nodes is a light."));
     auto batch = std::make_unique<ksMultiCommand>(removes ? LightPageTexts::tr("Remove links")

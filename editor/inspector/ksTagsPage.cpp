@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/document/ksDocument.h>
 #include <editor/document/ksNodeEdits.h>
-#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
 #include <editor/inspector/ksInspectorEdits.h>
 #include <editor/inspector/ksInspectorFields.h>
@@ -44,8 +43,9 @@ void change(ksDocument &document, const std::vector<osg::NodePtr> &nodes, osg::U
     ksNodeEdits::asOneStep(document, text.arg(QString::fromStdString(tag)), [&] {
         for (const osg::NodePtr &node : changed) {
             if (tagsOf(node) == osg::NullFC)
-                document.add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
-            document.add(ksTagEdits::make(node, field, tag, adding));
+                document.add(ksTagEdits::makeFirst(node, field, tag));
+            else
+                document.add(ksTagEdits::make(node, field, tag, adding));
         }
     });
 }

@@ -38,5 +38,12 @@ bool ksValueEditor::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
+    // Letters are the control's, not the window's.
+    const bool isLetter = !key->text().isEmpty() && key->text().front().isPrint() &&
+                          (key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (event->type() == QEvent::ShortcutOverride && isLetter) {
+        event->accept();
+        return true;
+    }
     return QWidget::eventFilter(watched, event);
 }

@@ -40,7 +40,7 @@ Q_SIGNALS:
 
 protected:
     /// Has \a control leave undo and redo to the window, Escape to cancelled(), and the wheel to the page
-    /// while it has no focus.
+    /// while it has no focus, and keep letters, which are keys of the window, too.
     void tame(QWidget *control);
 
     /// Gives \a area and its scroll bars accessible names.

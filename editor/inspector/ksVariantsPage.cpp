@@ -45,36 +45,35 @@ osg::TransformVariantPtr variantOf(const osg::FieldContainerPtr &target, int ind
 
 ksWatches watchesOf(const osg::FieldContainerPtr &target, osg::BitVector mask)
 {
-    const osg::NodePtr node = osg::NodePtr::dcast(target);
-    ksWatches watches{{node.getFieldContainerId(), osg::Node::AttachmentsFieldMask}};
-    if (const auto variants = ksNodeUtils::getTransformVariantsAttachment(node))
-        watches.emplace_back(variants.getFieldContainerId(), osg::FieldBits::AllFields);
-    for (int i = 0; i < countIn(node); ++i)
-        watches.emplace_back(variantOf(node, i).getFieldContainerId(), mask);
+    ksWatches watches;
+    ksInspectorFields::watchVariants(watches, osg::NodePtr::dcast(target), mask);
     return watches;
 }
 
-/// Builds the command that \a wanted is for \a node; null when the node has no such variant.
-QUndoCommand *makeChange(const osg::NodePtr &node, const ksListChange &wanted, QUndoCommand *parent)
+/// Adds the command that \a wanted is for the variant of \a node called like \a meant to \a batch; none when
+/// the node has no such variant.
+void addChange(const osg::NodePtr &node, const ksListChange &wanted, const osg::TransformVariantPtr &meant,
+               QUndoCommand *batch)
 {
-    const osg::TransformVariantPtr variant = variantOf(node, wanted.row);
-    if (wanted.kind == ksListChange::Kind::Add)
-        return new ksAddTransformVariantUndoCommand(
-            node, ksTransformEdits::makeVariant(node, wanted.text.toStdString()),
-            static_cast<unsigned long>(countIn(node)), parent, unheard);
+    const std::string name = wanted.text.toStdString();
+    if (wanted.kind == ksListChange::Kind::Add) {
+        new ksAddTransformVariantUndoCommand(node, ksTransformEdits::makeVariant(node, name),
+                                             static_cast<unsigned long>(countIn(node)), batch, unheard);
+        return;
+    }
+    const int row = ksInspectorFields::indexOfVariant(node, meant);
+    const osg::TransformVariantPtr variant = variantOf(node, row);
     if (variant == osg::NullFC)
-        return nullptr;
+        return;
     if (wanted.kind == ksListChange::Kind::Remove)
-        return new ksRemoveTransformSwitchVariantUndoCommand(node, static_cast<unsigned long>(wanted.row),
-                                                             parent, unheard);
-    if (wanted.kind == ksListChange::Kind::Rename)
-        return variant->getName() == wanted.text.toStdString()
-                   ? nullptr
-                   : new ksTransformVariantNameUndoCommand(variant, wanted.text.toStdString(), parent,
-                                                           unheard);
-    return wanted.to < 0 || wanted.to >= countIn(node) || wanted.to == wanted.row
-               ? nullptr
-               : new ksTransformVariantMoveCommand(node, wanted.row, wanted.to, parent, unheard);
+        new ksRemoveTransformSwitchVariantUndoCommand(node, static_cast<unsigned long>(row), batch, unheard);
+    else if (wanted.kind == ksListChange::Kind::Apply)
+        ksTransformEdits::addApplied(node, variant, batch);
+    else if (wanted.kind == ksListChange::Kind::Rename && variant->getName() != name)
+        new ksTransformVariantNameUndoCommand(variant, name, batch, unheard);
+    else if (wanted.kind == ksListChange::Kind::Move && wanted.to >= 0 && wanted.to < countIn(node) &&
+             wanted.to != row)
+        new ksTransformVariantMoveCommand(node, row, wanted.to, batch, unheard);
 }
 
 QString textOf(const ksListChange &wanted)
@@ -86,6 +85,8 @@ QString textOf(const ksListChange &wanted)
         return VariantsPageTexts::tr("Remove variant");
     case ksListChange::Kind::Rename:
         return VariantsPageTexts::tr("Rename variant to '%1'").arg(wanted.text);
+    case ksListChange::Kind::Apply:
+        return VariantsPageTexts::tr("Apply variant");
     default:
         return VariantsPageTexts::tr("Move variant");
     }
@@ -110,11 +111,18 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     QStringList texts;
     for (const auto &flag : flags)
         texts += flag.first;
+    // That of the shown node, and those of the others that are called like it.
+    const auto find = [list, shown = ids.back()](const osg::FieldContainerPtr &target) {
+        const auto meant = variantOf(ksFindContainer<osg::NodePtr>(shown), list->currentRow());
+        return meant == osg::NullFC
+                   ? meant
+                   : variantOf(target, ksInspectorFields::indexOfVariant(osg::NodePtr::dcast(target), meant));
+    };
     ksInspectorField field;
     field.name = VariantsPageTexts::tr("Applies");
     field.targets = ids;
-    field.read = [list, flags](const osg::FieldContainerPtr &target) {
-        const osg::TransformVariantPtr variant = variantOf(target, list->currentRow());
+    field.read = [find, flags](const osg::FieldContainerPtr &target) {
+        const osg::TransformVariantPtr variant = find(target);
         if (variant == osg::NullFC)
             return QVariant();
         QVariantList values;
@@ -125,9 +133,9 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     field.watches = [](const osg::FieldContainerPtr &target) {
         return watchesOf(target, osg::TransformVariant::ApplyFlagsFieldMask);
     };
-    field.make = [list, flags](const osg::FieldContainerPtr &target, const QVariant &value,
+    field.make = [find, flags](const osg::FieldContainerPtr &target, const QVariant &value,
                                QUndoCommand *parent) {
-        const osg::TransformVariantPtr variant = variantOf(target, list->currentRow());
+        const osg::TransformVariantPtr variant = find(target);
         const QVariantList values = value.toList();
         osg::UInt64 bits = variant->getApplyFlags();
         for (std::size_t i = 0; i < flags.size(); ++i)
@@ -141,8 +149,8 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     auto *list =
-        new ksListEditor(ksListEditor::TypeNew | ksListEditor::RemoveEntry | ksListEditor::RenameEntry |
-                         ksListEditor::MoveEntry | ksListEditor::TellChanges);
+        new ksListEditor(ksListEditor::TypeNew | ksListEditor::ApplyEntry | ksListEditor::RemoveEntry |
+                         ksListEditor::RenameEntry | ksListEditor::MoveEntry | ksListEditor::TellChanges);
     ksInspectorField field;
     field.name = VariantsPageTexts::tr("Variants");
     field.targets = subjects.ids;
@@ -159,8 +167,10 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
     field.perform = [&document, ids = subjects.ids](const QVariant &value) {
         const auto wanted = value.value<ksListChange>();
         auto batch = std::make_unique<ksMultiCommand>(textOf(wanted));
-        for (const osg::NodePtr &node : ksInspectorFields::findAll<osg::NodePtr>(ids))
-            makeChange(node, wanted, batch.get());
+        const auto nodes = ksInspectorFields::findAll<osg::NodePtr>(ids);
+        const osg::TransformVariantPtr meant = variantOf(nodes.back(), wanted.row);
+        for (const osg::NodePtr &node : nodes)
+            addChange(node, wanted, meant, batch.get());
         if (batch->childCount() > 0)
             document.add(batch.release());
     };
