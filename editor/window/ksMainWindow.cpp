@@ -170,8 +170,12 @@ QAction *ksMainWindow::addNodeAction(QMenu *menu, const QString &text, const QKe
                                      const Work &work)
 {
     QAction *action = addAction(menu, text, key, work);
+    // Keys that fields know are theirs.
+    if ((key[0] & static_cast<int>(Qt::KeyboardModifierMask)) == 0)
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     nodeActions += action;
     nodes->tree()->addAction(action);
+    view->addAction(action);
     return action;
 }
 
@@ -354,8 +358,17 @@ void ksMainWindow::newDocument()
         document.clear();
 }
 
+void ksMainWindow::finishTyping()
+{
+    if (QWidget *focus = focusWidget()) {
+        focus->clearFocus();
+        focus->setFocus();
+    }
+}
+
 bool ksMainWindow::mayReplace()
 {
+    finishTyping();
     if (!document.isModified())
         return true;
     switch (dialogs.askToSave(this, document.title())) {
@@ -392,6 +405,7 @@ bool ksMainWindow::saveAs()
 
 bool ksMainWindow::saveIn(const QString &path)
 {
+    finishTyping();
     bool isSaved = false;
     attempt([&] {
         document.save(path);
