@@ -15,7 +15,6 @@
 ksDocument::ksDocument(QObject *parent)
     : QObject(parent)
 {
-    connect(&feed, &ksSceneFeed::published, this, &ksDocument::changed);
     // An empty history is clean, whatever was done before.
     connect(ksUndoStack::get(0), &ksUndoStack::cleared, this,
             [this] { hasForgottenEdits = hasForgottenEdits || wasModified; });
@@ -26,7 +25,7 @@ ksDocument::~ksDocument()
 {
     editHistory.reset();
     openScene.reset();
-    ksSceneFeed::take();
+    ksTakeSceneChanges();
 }
 
 bool ksDocument::open(const QString &path, const ksProgress &progress)
@@ -42,6 +41,7 @@ bool ksDocument::open(const QString &path, const ksProgress &progress)
         const ksMemoryGuard guard(ksMemory::limit(0, QFileInfo(path).size()));
         scene = importer.load(path, progress);
     } catch (const ksCancelled &) {
+        ksTakeSceneChanges();
         return false;
     }
     importWarnings = warnings;
@@ -91,6 +91,18 @@ void ksDocument::add(QUndoCommand *command)
         editHistory->add(command);
 }
 
+void ksDocument::finishStep(bool isReturn)
+{
+    if (!editHistory->isInMacro()) {
+        if (const ksSceneChanges changes = ksTakeSceneChanges(); !changes.isEmpty())
+            Q_EMIT changed(changes);
+        // A history that is being cleared tells of its index first.
+        wasModified = isModified() || (wasModified && stack().isEmpty());
+        Q_EMIT stateChanged();
+    }
+    Q_EMIT stepped(isReturn);
+}
+
 void ksDocument::show(osg::NodeRefPtr scene, const QString &path)
 {
     Q_EMIT aboutToBeReplaced();
@@ -99,19 +111,13 @@ void ksDocument::show(osg::NodeRefPtr scene, const QString &path)
     openScene = std::make_unique<ksOpenScene>(scene.get());
     editHistory = std::make_unique<ksDocumentHistory>(scene.get());
     scene = osg::NodeRefPtr();
-    ksSceneFeed::take();
+    ksTakeSceneChanges();
     stack().setClean();
     hasForgottenEdits = false;
     wasModified = false;
     file = path;
-    selected.clear();
-    connect(editHistory.get(), &ksDocumentHistory::stepped, this, [this] {
-        feed.publish();
-        // A history that is being cleared tells of its index first.
-        wasModified = isModified() || (wasModified && stack().isEmpty());
-        Q_EMIT stepped();
-        Q_EMIT stateChanged();
-    });
+    selected.begin(root());
+    connect(editHistory.get(), &ksDocumentHistory::stepped, this, &ksDocument::finishStep);
     Q_EMIT replaced();
     Q_EMIT stateChanged();
 }

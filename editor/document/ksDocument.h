@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/document/ksSceneFeed.h>
+#include <editor/document/ksSceneChanges.h>
 #include <editor/document/ksSelection.h>
 #include <editor/import/ksProgress.h>
 
@@ -71,16 +71,17 @@ Q_SIGNALS:
     /// The scene has changed, as aspect 1 has by now.
     void changed(const ksSceneChanges &changes);
 
-    /// A step has been taken, to the scene or in the history.
-    void stepped();
+    /// A step has been taken, to the scene or in the history; \a isReturn says whether it is an undo or a
+    /// redo. Of what is done within a macro is told at once, when it ends, but for the steps.
+    void stepped(bool isReturn);
 
     /// The file or whether there are unsaved edits may have changed.
     void stateChanged();
 
 private:
     void show(osg::NodeRefPtr scene, const QString &path);
+    void finishStep(bool isReturn);
 
-    ksSceneFeed feed;
     ksSelection selected;
     std::unique_ptr<ksOpenScene> openScene;
     std::unique_ptr<ksDocumentHistory> editHistory;

@@ -4,15 +4,17 @@
 ksDocumentHistory::ksDocumentHistory(const osg::NodePtr &scene, ksUndoStack *stack)
     : ksEditHistory(scene, stack)
 {
-    const auto noteStep = [this] {
+    const auto noteStep = [this](bool isBackOrForth) {
+        isReturn = isBackOrForth;
         if (isStepping())
             return;
         callObserver();
-        Q_EMIT stepped();
+        Q_EMIT stepped(isReturn);
     };
-    connect(stack, &ksUndoStack::redoPerformed, this, noteStep);
-    connect(stack, &ksUndoStack::undoPerformed, this, noteStep);
-    connect(stack, &ksUndoStack::cleared, this, noteStep);
+    connect(stack, &ksUndoStack::redoPerformed, this,
+            [noteStep](const QUndoCommand *, bool added) { noteStep(!added); });
+    connect(stack, &ksUndoStack::undoPerformed, this, [noteStep] { noteStep(true); });
+    connect(stack, &ksUndoStack::cleared, this, [noteStep] { noteStep(false); });
 }
 
 ksDocumentHistory::~ksDocumentHistory()

@@ -19,10 +19,13 @@ public:
     ~ksDocumentHistory() override;
 
 Q_SIGNALS:
-    /// A step has been taken.
-    void stepped();
+    /// A step has been taken; \a isReturn says whether it is an undo or a redo.
+    void stepped(bool isReturn);
 
 private:
-    void beginStep(const QString &) override {}
-    void finishStep() override { Q_EMIT stepped(); }
+    void beginStep(const QString &) override { isReturn = false; }
+    void finishStep() override { Q_EMIT stepped(isReturn); }
+
+    /// Whether the step that is being taken is an undo or a redo.
+    bool isReturn = false;
 };

@@ -8,7 +8,6 @@
 #include <functional>
 #include <vector>
 
-class QUndoCommand;
 class ksDocument;
 
 /// Edits of whole nodes that several parts of the window offer. Each is one step, however many nodes it
@@ -24,9 +23,21 @@ void rename(ksDocument &document, const osg::NodePtr &node, const QString &name)
 /// Shows \a nodes or hides them.
 void show(ksDocument &document, const std::vector<osg::NodePtr> &nodes, bool isShown);
 
-/// Moves \a nodes below \a parent, in their order, before the child that is at \a row now; -1 is the end.
+/// Moves \a nodes below \a parent, in their order, before the child that is at \a row now, or behind it if it
+/// is one of them; -1 is the end.
 void move(ksDocument &document, const std::vector<osg::NodePtr> &nodes, const osg::NodePtr &parent,
           int row = -1);
+
+enum class Shift
+{
+    Up,
+    Down,
+    Out, ///< to behind its parent
+    In   ///< to the children of the one before it
+};
+
+/// Moves \a node to a place beside its own, where there is one.
+void shift(ksDocument &document, const osg::NodePtr &node, Shift where);
 
 /// Takes \a nodes out of the scene, those that are below others along with these.
 void remove(ksDocument &document, const std::vector<osg::NodePtr> &nodes);

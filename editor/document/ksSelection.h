@@ -17,10 +17,13 @@ public:
     using QObject::QObject;
     using Ids = std::vector<osg::UInt32>;
 
+    /// Begins anew, with nothing selected, in the scene below \a scene, on which it keeps no reference.
+    void begin(const osg::NodePtr &scene);
+
     /// The ids, of which some nodes may have gone or be out of the scene.
     const Ids &ids() const { return selected; }
 
-    /// Those that are nodes now.
+    /// Those that are nodes in the scene now.
     std::vector<osg::NodePtr> nodes() const;
 
     /// The last one of them; NullFC when there is none.
@@ -40,5 +43,9 @@ Q_SIGNALS:
     void changed();
 
 private:
+    /// The node with the id \a id; NullFC when it is not in the scene.
+    osg::NodePtr nodeInScene(osg::UInt32 id) const;
+
+    osg::NodePtr root;
     Ids selected;
 };

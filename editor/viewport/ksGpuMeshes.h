@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/document/ksSceneFeed.h>
+#include <editor/document/ksSceneChanges.h>
 #include <editor/scene/ksMesh.h>
 
 #include <QOpenGLBuffer>

@@ -78,9 +78,7 @@ std::vector<osg::NodePtr> ksHandleDrag::targetsOf(ksDocument &document)
     for (auto node = selected.rbegin(); node != selected.rend(); ++node) {
         const osg::NodePtr target = ksNodeUtils::findTransform(*node);
         const bool isWhole = target == root && *node != target;
-        const bool isInScene = *node == root || ksNodeUtils::hasParent(*node, root);
-        if (target != osg::NullFC && !isWhole && isInScene &&
-            known.insert(target.getFieldContainerId()).second)
+        if (target != osg::NullFC && !isWhole && known.insert(target.getFieldContainerId()).second)
             all.push_back(target);
     }
     std::vector<osg::NodePtr> targets;

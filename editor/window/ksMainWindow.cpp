@@ -27,7 +27,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
-#include <QStyle>
+#include <QTimer>
 #include <QToolBar>
 #include <QTreeView>
 
@@ -139,23 +139,24 @@ void ksMainWindow::makeDocks()
     fields->setMinimumWidth(InspectorWidth);
     addDock(Qt::LeftDockWidgetArea, QStringLiteral("outline"), tr("Outline"), nodes);
     addDock(Qt::RightDockWidgetArea, QStringLiteral("inspector"), tr("Inspector"), fields);
-    addDock(Qt::BottomDockWidgetArea, QStringLiteral("scripts"), tr("Script Console"), console);
-    addDock(Qt::BottomDockWidgetArea, QStringLiteral("warnings"), tr("Import Warnings"), warnings);
+    scriptsDock = addDock(Qt::BottomDockWidgetArea, QStringLiteral("scripts"), tr("Script Console"), console);
+    warningsDock =
+        addDock(Qt::BottomDockWidgetArea, QStringLiteral("warnings"), tr("Import Warnings"), warnings);
     setCorner(Qt::BottomLeftCorner, Qt::LeftDockWidgetArea);
     setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
-    const auto dock = [this](const char *name) { return findChild<QDockWidget *>(QLatin1String(name)); };
-    resizeDocks({dock("scripts")}, {160}, Qt::Vertical);
-    resizeDocks({dock("scripts"), dock("warnings")}, {500, 250}, Qt::Horizontal);
+    resizeDocks({scriptsDock}, {160}, Qt::Vertical);
+    resizeDocks({scriptsDock, warningsDock}, {500, 250}, Qt::Horizontal);
 }
 
-void ksMainWindow::addDock(Qt::DockWidgetArea area, const QString &name, const QString &title,
-                           QWidget *content)
+QDockWidget *ksMainWindow::addDock(Qt::DockWidgetArea area, const QString &name, const QString &title,
+                                   QWidget *content)
 {
     auto *dock = new QDockWidget(title, this);
     dock->setObjectName(name);
     dock->setAccessibleName(title);
     dock->setWidget(content);
     addDockWidget(area, dock);
+    return dock;
 }
 
 QAction *ksMainWindow::addAction(QMenu *menu, const QString &text, const QKeySequence &key, const Work &work)
@@ -219,19 +220,30 @@ void ksMainWindow::makeEditMenu()
                   [this] { ksNodeEdits::remove(document, document.selection().nodes()); });
     addNodeAction(menu, tr("Re&name"), QKeySequence(Qt::Key_F2), [this] { nodes->editName(); });
     addNodeAction(menu, tr("S&how or Hide"), QKeySequence(Qt::Key_H), [this] {
-        const bool isShown = document.selection().current()->getTravMask() != 0;
+        const osg::NodePtr current = document.selection().current();
+        const bool isShown = current != osg::NullFC && current->getTravMask() != 0;
         ksNodeEdits::show(document, document.selection().nodes(), !isShown);
     });
+    QMenu *shiftMenu = menu->addMenu(tr("&Move"));
+    const auto addShift = [this, shiftMenu](const QString &text, const char *key, ksNodeEdits::Shift where) {
+        addNodeAction(shiftMenu, text, keys(key),
+                      [this, where] { ksNodeEdits::shift(document, document.selection().current(), where); });
+    };
+    addShift(tr("&Up"), "Alt+Up", ksNodeEdits::Shift::Up);
+    addShift(tr("&Down"), "Alt+Down", ksNodeEdits::Shift::Down);
+    addShift(tr("&Out of Its Parent"), "Alt+Left", ksNodeEdits::Shift::Out);
+    addShift(tr("&Into the One Before"), "Alt+Right", ksNodeEdits::Shift::In);
     menu->addSeparator();
     addAction(menu, tr("Select &All"), QKeySequence::SelectAll, [this] { nodes->selectAll(); });
     addAction(menu, tr("Select N&one"), keys("Ctrl+Shift+A"), [this] { document.selection().clear(); });
     menu->addSeparator();
     addAction(menu, tr("&Checkpoint"), keys("Ctrl+M"), [this] {
         document.history().mark();
+        returnAction->setEnabled(true);
         statusBar()->showMessage(tr("Return to Checkpoint comes back to here."), MessageMilliseconds);
     });
-    addAction(menu, tr("Re&turn to Checkpoint"), keys("Ctrl+Shift+M"),
-              [this] { document.history().reset(); });
+    returnAction = addAction(menu, tr("Re&turn to Checkpoint"), keys("Ctrl+Shift+M"),
+                             [this] { document.history().reset(); });
     addAction(menu, tr("H&istory"), keys("Ctrl+H"), [this] { document.stack().showHistory(); });
     addAction(menu, tr("History &Limit..."), {}, [this] {
         Settings stored;
@@ -298,16 +310,15 @@ void ksMainWindow::makeScriptMenu()
         const QString path = dialogs.askForScript(this, QFileInfo(document.path()).path());
         if (path.isEmpty())
             return;
-        findChild<QDockWidget *>(QStringLiteral("scripts"))->show();
+        scriptsDock->show();
         console->runFile(path);
     });
     stopAction =
         addAction(scriptMenu, tr("&Stop") + QLatin1Char('\t') + tr("Esc"), {}, [this] { console->stop(); });
     stopAction->setEnabled(false);
     addAction(scriptMenu, tr("&Console"), keys("Ctrl+E"), [this] {
-        auto *dock = findChild<QDockWidget *>(QStringLiteral("scripts"));
-        dock->show();
-        dock->raise();
+        scriptsDock->show();
+        scriptsDock->raise();
         console->input()->setFocus();
     });
 }
@@ -471,21 +482,23 @@ void ksMainWindow::showState()
     undoAction->setEnabled(stack.canUndo());
     redoAction->setText(stack.canRedo() ? tr("&Redo \"%1\"").arg(escaped(stack.redoText())) : tr("&Redo"));
     redoAction->setEnabled(stack.canRedo());
+    showSelection();
 }
 
 void ksMainWindow::showDocument()
 {
     savedFile.clear();
+    returnAction->setEnabled(false);
     applyLimit();
     warnings->clear();
     warnings->addItems(document.warnings());
-    findChild<QDockWidget *>(QStringLiteral("warnings"))->setVisible(!document.warnings().isEmpty());
+    warningsDock->setVisible(!document.warnings().isEmpty());
 }
 
 void ksMainWindow::showSelection()
 {
     for (QAction *action : qAsConst(nodeActions))
-        action->setEnabled(!document.selection().ids().empty());
+        action->setEnabled(document.selection().current() != osg::NullFC);
 }
 
 void ksMainWindow::showRunning(bool isRunning)
@@ -526,5 +539,6 @@ void ksMainWindow::dropEvent(QDropEvent *event)
     if (path.isEmpty())
         return;
     event->acceptProposedAction();
-    open(path);
+    // Who has dragged it waits until it has been taken.
+    QTimer::singleShot(0, this, [this, path] { open(path); });
 }

@@ -8,6 +8,7 @@
 #include <functional>
 
 class QAction;
+class QDockWidget;
 class QListWidget;
 class QMenu;
 class ksDialogs;
@@ -71,7 +72,8 @@ private:
     QAction *addNodeAction(QMenu *menu, const QString &text, const QKeySequence &key, const Work &work);
 
     /// Makes a dock for \a content.
-    void addDock(Qt::DockWidgetArea area, const QString &name, const QString &title, QWidget *content);
+    QDockWidget *addDock(Qt::DockWidgetArea area, const QString &name, const QString &title,
+                         QWidget *content);
 
     /// Runs \a work, and tells the user when it is refused.
     void attempt(const Work &work);
@@ -99,10 +101,13 @@ private:
     ksOutline *nodes;
     ksScriptPanel *console;
     QListWidget *warnings;
+    QDockWidget *warningsDock = nullptr;
+    QDockWidget *scriptsDock = nullptr;
     QMenu *recentMenu = nullptr;
     QMenu *scriptMenu = nullptr;
     QAction *undoAction = nullptr;
     QAction *redoAction = nullptr;
+    QAction *returnAction = nullptr;
     QAction *stopAction = nullptr;
     QAction *runAction = nullptr;
     QList<QAction *> nodeActions;

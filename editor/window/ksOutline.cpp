@@ -5,7 +5,6 @@
 #include <editor/window/ksOutlineModel.h>
 
 #include <ksundo/core/ksFindContainer.h>
-#include <ksundo/core/ksUndoStack.h>
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -63,14 +62,14 @@ ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
     , filter(new QLineEdit(this))
     , view(new Tree(this))
 {
-    // The view forgets what goes, and chooses something else, but a step back brings it back selected. These
-    // must be told before the view is.
-    connect(outline, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { isSyncing = true; });
-    connect(outline, &QAbstractItemModel::rowsRemoved, this, [this] {
+    // The view forgets what goes, and chooses something else, but a step back, or another filter, brings it
+    // back selected. These must be told before the view is.
+    connect(filtered, &QAbstractItemModel::rowsAboutToBeRemoved, this, [this] { isSyncing = true; });
+    connect(filtered, &QAbstractItemModel::rowsRemoved, this, [this] {
         isSyncing = false;
         isStale = true;
     });
-    connect(outline, &QAbstractItemModel::rowsInserted, this, [this] { isStale = true; });
+    connect(filtered, &QAbstractItemModel::rowsInserted, this, [this] { isStale = true; });
     filtered->setRecursiveFilteringEnabled(true);
     filtered->setFilterCaseSensitivity(Qt::CaseInsensitive);
     filtered->setFilterKeyColumn(ksOutlineModel::NameColumn);
@@ -115,16 +114,10 @@ ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ksOutline::takeSelection);
     connect(&document.selection(), &ksSelection::changed, this, &ksOutline::showSelection);
     connect(&document, &ksDocument::changed, this, &ksOutline::noteEdited);
-    const auto revealEdited = [this] {
-        if (edited != 0)
+    connect(&document, &ksDocument::stepped, this, [this](bool isReturn) {
+        if (isReturn && edited != 0)
             reveal(edited);
-    };
-    connect(&document.stack(), &ksUndoStack::undoPerformed, this, revealEdited);
-    connect(&document.stack(), &ksUndoStack::redoPerformed, this,
-            [revealEdited](const QUndoCommand *, bool isAdded) {
-                if (!isAdded)
-                    revealEdited();
-            });
+    });
     view->expandToDepth(0);
 }
 

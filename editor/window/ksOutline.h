@@ -6,7 +6,6 @@
 #include <QString>
 #include <QWidget>
 
-class QItemSelection;
 class QLineEdit;
 class QSortFilterProxyModel;
 class QTreeView;
@@ -53,7 +52,7 @@ private:
     QLineEdit *filter;
     QTreeView *view;
 
-    /// The node that the last edit has changed; 0 when there is none.
+    /// The node that the last step has changed; 0 when there is none.
     osg::UInt32 edited = 0;
 
     /// Whether the selections are being made equal.

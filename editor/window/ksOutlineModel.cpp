@@ -14,6 +14,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_set>
 
 namespace {
@@ -107,8 +108,10 @@ QVariant ksOutlineModel::data(const QModelIndex &index, int role) const
         return name.isEmpty() ? tr("(unnamed)") : name;
     if (index.column() == VisibilityColumn && role == Qt::CheckStateRole)
         return node->getTravMask() != 0 ? Qt::Checked : Qt::Unchecked;
-    if (role == Qt::AccessibleTextRole)
-        return index.column() == NameColumn ? name : tr("%1 is shown").arg(name);
+    if (role == Qt::AccessibleTextRole) {
+        const QString shown = name.isEmpty() ? tr("(unnamed)") : name;
+        return index.column() == NameColumn ? shown : tr("%1 is shown").arg(shown);
+    }
     return {};
 }
 
@@ -245,7 +248,6 @@ void ksOutlineModel::removeMissing(Row &parent)
         const auto first = static_cast<std::size_t>(begin - children.begin());
         beginRemoveRows(indexOf(parent), static_cast<int>(first),
                         static_cast<int>(end - children.begin()) - 1);
-        touched += static_cast<std::size_t>(end - begin);
         std::for_each(begin, end, [this](const std::unique_ptr<Row> &row) { forget(*row); });
         begin = children.erase(begin, end);
         number(children, first);
@@ -256,34 +258,68 @@ void ksOutlineModel::removeMissing(Row &parent)
 void ksOutlineModel::arrangeChildren(Row &parent)
 {
     Rows &children = parent.children;
-    std::size_t at = 0;
-    for (const osg::NodePtr &node : childrenOf(parent.id)) {
-        const osg::UInt32 id = node.getFieldContainerId();
-        const auto known = rows.find(id);
-        if (known == rows.end()) {
-            beginInsertRows(indexOf(parent), static_cast<int>(at), static_cast<int>(at));
-            children.insert(children.begin() + static_cast<std::ptrdiff_t>(at), makeRow(node, &parent));
-            number(children, at);
-            endInsertRows();
-            ++touched;
-        } else if (children[at]->id != id) {
-            const auto from = static_cast<std::size_t>(known->second->position);
-            const QModelIndex index = indexOf(parent);
-            beginMoveRows(index, static_cast<int>(from), static_cast<int>(from), index, static_cast<int>(at));
-            std::rotate(children.begin() + static_cast<std::ptrdiff_t>(at),
-                        children.begin() + static_cast<std::ptrdiff_t>(from),
-                        children.begin() + static_cast<std::ptrdiff_t>(from) + 1);
-            number(children, at);
-            endMoveRows();
-            ++touched;
+    const osg::MFNodePtr nodes = childrenOf(parent.id);
+    std::unordered_map<osg::UInt32, std::size_t> places;
+    for (std::size_t at = 0; at < nodes.size();) {
+        const auto isNew = [this, &nodes](std::size_t i) {
+            return i < nodes.size() && rows.count(nodes[i].getFieldContainerId()) == 0;
+        };
+        std::vector<osg::NodePtr> added;
+        while (isNew(at + added.size()))
+            added.push_back(nodes[at + added.size()]);
+        if (!added.empty()) {
+            insertChildren(parent, at, added);
+            at += added.size();
+            continue;
         }
-        ++at;
+        const osg::UInt32 id = nodes[at].getFieldContainerId();
+        if (children[at]->id == id) {
+            ++at;
+            continue;
+        }
+        // Rather the one row that has left for a later place than all those that it has passed.
+        if (places.empty())
+            for (std::size_t i = 0; i < nodes.size(); ++i)
+                places.emplace(nodes[i].getFieldContainerId(), i);
+        const auto from = static_cast<std::size_t>(rows.at(id)->position);
+        const std::size_t goal = places.at(children[at]->id);
+        if (from == at + 1 && goal > from)
+            moveChild(parent, at, std::min(goal, children.size() - 1));
+        else
+            moveChild(parent, from, at);
     }
+}
+
+void ksOutlineModel::insertChildren(Row &parent, std::size_t at, const std::vector<osg::NodePtr> &nodes)
+{
+    Rows added;
+    for (const osg::NodePtr &node : nodes)
+        added.push_back(makeRow(node, &parent));
+    beginInsertRows(indexOf(parent), static_cast<int>(at), static_cast<int>(at + nodes.size()) - 1);
+    parent.children.insert(parent.children.begin() + static_cast<std::ptrdiff_t>(at),
+                           std::make_move_iterator(added.begin()), std::make_move_iterator(added.end()));
+    number(parent.children, at);
+    endInsertRows();
+}
+
+void ksOutlineModel::moveChild(Row &parent, std::size_t from, std::size_t to)
+{
+    const QModelIndex index = indexOf(parent);
+    const std::size_t before = to > from ? to + 1 : to;
+    beginMoveRows(index, static_cast<int>(from), static_cast<int>(from), index, static_cast<int>(before));
+    const auto at = [&parent](std::size_t place) {
+        return parent.children.begin() + static_cast<std::ptrdiff_t>(place);
+    };
+    if (to > from)
+        std::rotate(at(from), at(from + 1), at(before));
+    else
+        std::rotate(at(to), at(from), at(from + 1));
+    number(parent.children, std::min(from, to));
+    endMoveRows();
 }
 
 void ksOutlineModel::noteChange(const Row &row)
 {
-    ++touched;
     Q_EMIT dataChanged(indexOf(row), indexOf(row, VisibilityColumn));
 }
 

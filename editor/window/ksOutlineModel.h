@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/document/ksSceneFeed.h>
+#include <editor/document/ksSceneChanges.h>
 
 #include <OpenSG/OSGNode.h>
 
@@ -41,9 +41,6 @@ public:
     /// Where the node with the id \a id is; invalid when it is not in the tree.
     QModelIndex indexOf(osg::UInt32 id) const;
 
-    /// How many rows were told to have changed, come, gone or moved so far.
-    std::size_t touchedCount() const { return touched; }
-
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &index) const override;
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -74,6 +71,8 @@ private:
     void followNode(osg::UInt32 id, osg::BitVector mask);
     void removeMissing(Row &parent);
     void arrangeChildren(Row &parent);
+    void insertChildren(Row &parent, std::size_t at, const std::vector<osg::NodePtr> &nodes);
+    void moveChild(Row &parent, std::size_t from, std::size_t to);
     void noteChange(const Row &row);
 
     std::unique_ptr<Row> makeRow(const osg::NodePtr &node, Row *parent);
@@ -83,5 +82,4 @@ private:
     ksDocument &document;
     std::unique_ptr<Row> top;
     std::unordered_map<osg::UInt32, Row *> rows;
-    std::size_t touched = 0;
 };

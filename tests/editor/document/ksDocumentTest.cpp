@@ -68,6 +68,7 @@ TEST_F(ksDocumentTest, KeepsTheSceneWhenOpeningIsCancelled)
     // Not asked first only.
     EXPECT_FALSE(document.open(ksRoomFile(), [](double done) { return done < 0.5; }));
     EXPECT_EQ(document.root(), root);
+    EXPECT_TRUE(osg::Thread::getCurrentChangeList()->empty());
     double last = 0;
     EXPECT_TRUE(document.open(ksRoomFile(), [&last](double done) {
         EXPECT_GE(done, 0);

@@ -49,6 +49,7 @@ TEST_F(ksNodeEditsTest, RenamesNodesWithAndWithoutAName)
     EXPECT_EQ(document.stack().count(), 2);
     ksNodeEdits::rename(document, bare, QStringLiteral("Vase"));
     EXPECT_EQ(ksContainers::nameOf(bare), QStringLiteral("Vase"));
+    EXPECT_EQ(undoText(), QStringLiteral("Rename ''"));
     document.stack().undo();
     EXPECT_EQ(ksContainers::nameOf(bare), QString());
 }
@@ -83,11 +84,49 @@ TEST_F(ksNodeEditsTest, MovesSeveralInTheirOrder)
     EXPECT_THAT(childrenOf(place), ElementsAre("b", "c", "a", "d"));
     EXPECT_EQ(document.stack().count(), before + 3);
     ksNodeEdits::move(document, {made[3]}, place);
-    EXPECT_EQ(document.stack().count(), before + 3) << "it is there already";
+    ksNodeEdits::move(document, {made[1], made[2]}, place, 1);
+    ksNodeEdits::move(document, {made[1], made[2]}, place, 0);
+    EXPECT_EQ(document.stack().count(), before + 3) << "they are there already";
     document.stack().undo();
     document.stack().undo();
     document.stack().undo();
     EXPECT_THAT(childrenOf(place), ElementsAre("a", "b", "c", "d"));
+}
+
+TEST_F(ksNodeEditsTest, GathersThemBehindTheOneTheyAreDroppedOn)
+{
+    const osg::NodePtr place = ksNodeEdits::add(document, document.root());
+    std::vector<osg::NodePtr> made;
+    for (const char *name : {"a", "b", "c", "d"}) {
+        made.push_back(ksNodeEdits::add(document, place));
+        ksNodeEdits::rename(document, made.back(), QString::fromLatin1(name));
+    }
+    ksNodeEdits::move(document, {made[1], made[3]}, place, 1);
+    EXPECT_THAT(childrenOf(place), ElementsAre("a", "b", "d", "c"));
+}
+
+TEST_F(ksNodeEditsTest, ShiftsToThePlacesBeside)
+{
+    using ksNodeEdits::Shift;
+    const osg::NodePtr root = document.root();
+    const std::vector<std::string> before = childrenOf(root);
+    const osg::NodePtr node = root->getChild(1);
+    ksNodeEdits::shift(document, node, Shift::Up);
+    EXPECT_EQ(root->findChild(node), 0);
+    ksNodeEdits::shift(document, node, Shift::Up);
+    ksNodeEdits::shift(document, node, Shift::In);
+    ksNodeEdits::shift(document, node, Shift::Out);
+    ksNodeEdits::shift(document, root, Shift::Down);
+    EXPECT_EQ(document.stack().count(), 1) << "there is nothing beside it there";
+    ksNodeEdits::shift(document, node, Shift::Down);
+    EXPECT_EQ(childrenOf(root), before);
+    ksNodeEdits::shift(document, node, Shift::In);
+    EXPECT_EQ(node->getParent(), root->getChild(0));
+    ksNodeEdits::shift(document, node, Shift::Out);
+    EXPECT_EQ(childrenOf(root), before);
+    const osg::NodePtr last = root->getChild(root->getNChildren() - 1);
+    ksNodeEdits::shift(document, last, Shift::Down);
+    EXPECT_EQ(document.stack().count(), 4);
 }
 
 TEST_F(ksNodeEditsTest, TakesBackAMoveThatIsNotPossible)

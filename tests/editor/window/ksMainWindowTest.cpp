@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMimeData>
+#include <QUndoView>
 
 namespace {
 
@@ -169,6 +170,8 @@ TEST_F(ksMainWindowTest, OpensWhatIsDropped)
     EXPECT_FALSE(drop(data));
     data.setUrls({QUrl::fromLocalFile(ksRoomFile())});
     EXPECT_TRUE(drop(data));
+    EXPECT_EQ(document.path(), QString()) << "who has dragged it waits";
+    QCoreApplication::processEvents();
     EXPECT_EQ(document.path(), ksRoomFile());
 }
 
@@ -188,6 +191,7 @@ TEST_F(ksMainWindowTest, ReturnsToTheCheckpoint)
 {
     openRoom();
     moveChair(1);
+    EXPECT_FALSE(action("Return to Checkpoint")->isEnabled());
     press(Qt::Key_M, Qt::ControlModifier);
     ksNodeEdits::rename(document, node("Chair"), QStringLiteral("Stool"));
     ksNodeEdits::remove(document, {node("Table")});
@@ -195,6 +199,54 @@ TEST_F(ksMainWindowTest, ReturnsToTheCheckpoint)
     EXPECT_EQ(document.stack().index(), 1);
     EXPECT_EQ(placeOfChair(), 1);
     EXPECT_NE(node("Table"), osg::NullFC);
+    user.answer = ksDialogs::Answer::Discard;
+    press(Qt::Key_N, Qt::ControlModifier);
+    EXPECT_FALSE(action("Return to Checkpoint")->isEnabled());
+}
+
+TEST_F(ksMainWindowTest, EditsNothingThatHasLeftTheScene)
+{
+    openRoom();
+    const osg::UInt32 count = document.root()->getNChildren();
+    document.selection().set({node("Table").getFieldContainerId(), node("Legs").getFieldContainerId()});
+    press(Qt::Key_Delete);
+    EXPECT_EQ(document.root()->getNChildren(), count - 1);
+    EXPECT_FALSE(action("Delete")->isEnabled());
+    press(Qt::Key_Delete);
+    press(Qt::Key_H);
+    EXPECT_EQ(document.stack().count(), 1);
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(document.selection().current()->getParent(), document.root());
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(document.root()->getNChildren(), count);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    moveChair(1);
+    // What was added is gone for good.
+    press(Qt::Key_H);
+    EXPECT_EQ(document.stack().count(), 1);
+}
+
+TEST_F(ksMainWindowTest, ShowsTheHistory)
+{
+    openRoom();
+    moveChair(1);
+    ksNodeEdits::rename(document, node("Table"), QStringLiteral("Desk"));
+    press(Qt::Key_H, Qt::ControlModifier);
+    QUndoView *history = nullptr;
+    for (QWidget *widget : QApplication::topLevelWidgets())
+        if (auto *view = qobject_cast<QUndoView *>(widget))
+            history = view;
+    ASSERT_NE(history, nullptr);
+    EXPECT_EQ(history->model()->rowCount(), 3);
+    EXPECT_FALSE(history->model()->index(0, 0).data(Qt::DecorationRole).isNull());
+    QTest::mouseClick(history->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      history->visualRect(history->model()->index(0, 0)).center());
+    EXPECT_EQ(document.stack().index(), 0);
+    EXPECT_FALSE(window->isWindowModified());
+    EXPECT_EQ(action("Redo \"Translate 'Chair'\"")->isEnabled(), true);
+    history->close();
 }
 
 TEST_F(ksMainWindowTest, EditsSelectedNodesByKeys)

@@ -41,9 +41,17 @@ protected:
     template <class Work>
     std::size_t touchedBy(const Work &work)
     {
-        const std::size_t before = model.touchedCount();
+        const QObject context;
+        std::size_t touched = 0;
+        const auto note = [&touched](const QModelIndex &, int first, int last) {
+            touched += static_cast<std::size_t>(last - first + 1);
+        };
+        QObject::connect(&model, &QAbstractItemModel::rowsInserted, &context, note);
+        QObject::connect(&model, &QAbstractItemModel::rowsRemoved, &context, note);
+        QObject::connect(&model, &QAbstractItemModel::rowsMoved, &context, note);
+        QObject::connect(&model, &QAbstractItemModel::dataChanged, &context, [&touched] { ++touched; });
         work();
-        return model.touchedCount() - before;
+        return touched;
     }
 
     ksDocument document;
@@ -83,7 +91,39 @@ TEST_F(ksOutlineModelTest, TouchesTheRowsThatAnEditConcerns)
     const osg::NodePtr root = document.root();
     EXPECT_EQ(touchedBy([&] { ksNodeEdits::move(document, {root->getChild(2)}, root, 0); }), 1u);
     expectSameTree();
+    EXPECT_EQ(touchedBy([&] { ksNodeEdits::move(document, {root->getChild(0)}, root); }), 1u);
+    expectSameTree();
+    EXPECT_EQ(touchedBy([&] { document.stack().undo(); }), 1u);
+    expectSameTree();
     EXPECT_EQ(reset.count(), 0);
+}
+
+TEST_F(ksOutlineModelTest, TellsOnceOfWhatBelongsTogether)
+{
+    const osg::NodePtr root = document.root();
+    std::vector<osg::NodePtr> all;
+    for (osg::UInt32 i = 0; i < root->getNChildren(); ++i)
+        all.push_back(root->getChild(i));
+    ASSERT_GT(all.size(), 2u);
+    QSignalSpy told(&document, &ksDocument::changed);
+    const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
+    const QSignalSpy removed(&model, &QAbstractItemModel::rowsRemoved);
+    ksNodeEdits::remove(document, all);
+    EXPECT_EQ(told.count(), 1);
+    EXPECT_EQ(removed.count(), 1);
+    document.stack().undo();
+    EXPECT_EQ(inserted.count(), 1);
+    expectSameTree();
+    // Some of them, in another order, along with one that is new.
+    ksNodeEdits::asOneStep(document, QStringLiteral("shuffle"), [&] {
+        ksNodeEdits::move(document, {all[0]}, root);
+        ksNodeEdits::move(document, {all[2]}, root, 0);
+        ksNodeEdits::add(document, root);
+        ksNodeEdits::move(document, {all[1]}, root);
+    });
+    expectSameTree();
+    document.stack().undo();
+    expectSameTree();
 }
 
 TEST_F(ksOutlineModelTest, KeepsPlacesOfRowsThatStay)

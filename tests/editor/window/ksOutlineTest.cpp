@@ -137,6 +137,21 @@ TEST_F(ksOutlineTest, RevealsWhatAnUndoHasEdited)
     tree().collapseAll();
     press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_TRUE(isOnScreen("Legs"));
+
+    document.add(translation.make({node("Chair")}, osg::Vec3f(1, 2, 3), {}, nullptr));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    tree().collapseAll();
+    document.stack().undo();
+    EXPECT_TRUE(isOnScreen("Legs"));
+}
+
+TEST_F(ksOutlineTest, KeepsSelectedWhatTheFilterHides)
+{
+    filterBy("Legs");
+    click("Legs");
+    ksNodeEdits::rename(document, node("Legs"), QStringLiteral("Feet"));
+    EXPECT_FALSE(indexOf("Feet").isValid());
+    EXPECT_THAT(selected(), ElementsAre("Feet"));
 }
 
 TEST_F(ksOutlineTest, DropsNodesThroughTheFilter)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include <editor/document/ksSceneFeed.h>
+#include <editor/document/ksSceneChanges.h>
 
 #include <OpenSG/OSGChangeList.h>
 #include <OpenSG/OSGThread.h>
@@ -17,14 +17,7 @@ bool ksSceneChanges::concern(osg::UInt32 container, osg::BitVector mask) const
     return found != fields.end() && (found->second & mask) != 0;
 }
 
-void ksSceneFeed::publish()
-{
-    if (osg::Thread::getCurrentChangeList()->empty())
-        return;
-    Q_EMIT published(take());
-}
-
-ksSceneChanges ksSceneFeed::take()
+ksSceneChanges ksTakeSceneChanges()
 {
     osg::ChangeList &list = *osg::Thread::getCurrentChangeList();
     ksSceneChanges changes;

@@ -3,8 +3,6 @@
 
 #include <OpenSG/OSGFieldContainerPtr.h>
 
-#include <QObject>
-
 #include <unordered_map>
 #include <vector>
 
@@ -18,28 +16,15 @@ struct ksSceneChanges
     std::vector<osg::UInt32> created;
     std::vector<osg::UInt32> destroyed;
 
+    bool isEmpty() const { return fields.empty() && created.empty() && destroyed.empty(); }
+
     /// Whether one of the fields \a mask of the container with the id \a container has changed.
     bool concern(osg::UInt32 container, osg::BitVector mask) const;
 };
 
-/// Tells what shows the scene of edits.
+/// Carries what the calling thread has recorded over to aspect 1, empties its change list, and returns what
+/// it was. Takes as long as there are changes, however large the scene is.
 ///
 /// What is shown is aspect 1, which follows the edited aspect 0 by the change list that edits are recorded
-/// in, and by nothing else. Whoever shows it reads it between two tellings, see osg::AspectScope.
-class ksSceneFeed : public QObject
-{
-    Q_OBJECT
-
-public:
-    using QObject::QObject;
-
-    /// Carries what the calling thread has recorded over to aspect 1, empties its change list, and tells of
-    /// it. Takes as long as there are changes, however large the scene is. Nothing recorded is not told.
-    void publish();
-
-    /// The same, but tells nobody: for a scene that nobody shows yet, or no more.
-    static ksSceneChanges take();
-
-Q_SIGNALS:
-    void published(const ksSceneChanges &changes);
-};
+/// in, and by nothing else. Whoever shows it reads it between two calls, see osg::AspectScope.
+ksSceneChanges ksTakeSceneChanges();
