@@ -49,18 +49,30 @@ void ksInspectorRow::refresh()
 {
     edits.noteRead();
     QVariant value;
+    bool isMixed = false;
     {
         const osg::AspectScope scope(1);
-        const auto target = ksFindContainer<osg::FieldContainerPtr>(field.targets.back());
         watched.clear();
-        if (target != osg::NullFC) {
-            value = field.read(target);
-            watched = field.watches(target);
+        // How many of several are looked at.
+        constexpr std::size_t Most = 32;
+        const std::size_t count = field.make ? std::min(field.targets.size(), Most) : 1;
+        for (auto id = field.targets.rbegin(); id != field.targets.rbegin() + std::ptrdiff_t(count); ++id) {
+            const auto target = ksFindContainer<osg::FieldContainerPtr>(*id);
+            if (target == osg::NullFC)
+                continue;
+            const QVariant each = field.read(target);
+            if (*id == field.targets.back())
+                value = each;
+            isMixed = isMixed || (each.isValid() && each != value);
+            const ksWatches watches = field.watches(target);
+            watched.insert(watched.end(), watches.begin(), watches.end());
         }
     }
     editor->setEnabled(value.isValid());
-    if (value.isValid())
-        editor->showValue(value);
+    if (!value.isValid())
+        return;
+    editor->showValue(value);
+    editor->showMixed(isMixed);
 }
 
 void ksInspectorRow::retire()

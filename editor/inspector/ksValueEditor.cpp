@@ -5,6 +5,14 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+void ksValueEditor::showMixed(bool isMixed)
+{
+    QFont shown = font();
+    shown.setItalic(isMixed);
+    setFont(shown);
+    setToolTip(isMixed ? tr("Not all selected nodes have this value") : QString());
+}
+
 void ksValueEditor::tame(QWidget *control)
 {
     control->setFocusPolicy(Qt::StrongFocus);

@@ -22,6 +22,9 @@ public:
     /// Shows \a value, and tells nobody. Focus and cursor stay.
     virtual void showValue(const QVariant &value) = 0;
 
+    /// Shows whether others have another value than the one that is shown.
+    virtual void showMixed(bool isMixed);
+
     /// Gives the controls their accessible names, after that of the value.
     virtual void setName(const QString &name) = 0;
 

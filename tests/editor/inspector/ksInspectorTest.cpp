@@ -505,6 +505,29 @@ TEST_F(ksInspectorTest, GivesOthersWhatTheShownNodeHasAlready)
     EXPECT_EQ(flags(), 4294967301u);
 }
 
+TEST_F(ksInspectorTest, ShowsThatValuesDiffer)
+{
+    const osg::NodePtr chair = node("Chair");
+    select({chair, node("Table")});
+    const auto isMixed = [&](const char *name) { return find<QLineEdit>(name)->font().italic(); };
+    const auto shown = [&] { return find<QCheckBox>("Shown")->checkState(); };
+    EXPECT_TRUE(isMixed("Name"));
+    EXPECT_FALSE(isMixed("Scale pivot x"));
+    EXPECT_EQ(shown(), Qt::Checked);
+    ksNodeEdits::show(document, {chair}, false);
+    EXPECT_EQ(shown(), Qt::PartiallyChecked);
+    click("Shown");
+    EXPECT_EQ(shown(), Qt::Checked);
+    EXPECT_NE(chair->getTravMask(), 0u);
+    click("Shown");
+    EXPECT_EQ(shown(), Qt::Unchecked);
+    stack().undo();
+    stack().undo();
+    EXPECT_EQ(shown(), Qt::PartiallyChecked);
+    type("Name", "Thing");
+    EXPECT_FALSE(isMixed("Name"));
+}
+
 TEST_F(ksInspectorTest, RefusesWhatMakesNoSense)
 {
     select({node("Table")});
@@ -816,8 +839,15 @@ TEST_F(ksInspectorTest, EditsImages)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
     const auto isRemovable = [&] { return find<QPushButton>("Component 1 Image, remove")->isEnabled(); };
+    // The material takes notice of it.
+    int notices = 0;
+    QObject::connect(&document, &ksDocument::changed, inspector.get(), [&](const ksSceneChanges &changes) {
+        if (changes.concern(layersOf(layered).getFieldContainerId(), osg::FieldBits::AllFields))
+            ++notices;
+    });
     expectStep([&] { load(ksRoomFile("planks.png")); }, isRemovable);
     EXPECT_NE(image(), osg::NullFC);
+    EXPECT_EQ(notices, 3);
     expectStep([&] { click("Component 1 Image, remove"); }, isRemovable);
     EXPECT_EQ(image(), osg::NullFC);
     load(folder.path("missing.png"));
@@ -931,6 +961,12 @@ TEST_F(ksInspectorTest, EditsAllFields)
 
     const osg::NodePtr table = node("Table");
     select({table});
+    click("All fields");
+    const char *const mode = "Transform3D Rotation direction mode";
+    expectStep([&] { scrub("Transform3D Rotation direction mode, drag to change", 60); },
+               [&] { return textOf(mode); });
+    EXPECT_EQ(textOf(mode), QStringLiteral("2")) << "within its range";
+    click("All fields");
     find<QLineEdit>("User tags, what to add")->setText(QStringLiteral("oak"));
     click("User tags, add");
     click("All fields");

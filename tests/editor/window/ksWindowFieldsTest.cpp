@@ -72,6 +72,7 @@ TEST_F(ksWindowFieldsTest, KeepTheirKeysFromTheWindow)
     EXPECT_EQ(QApplication::focusWidget()->accessibleName(), QStringLiteral("Variants"));
     type(QStringLiteral("Shut"));
     key(Qt::Key_Return);
+    QCoreApplication::processEvents();
     EXPECT_EQ(variants->item(0)->text(), QStringLiteral("Shut"));
     EXPECT_NE(node("Table"), osg::NullFC);
     variants->setFocus();
