@@ -11,19 +11,19 @@
 
 namespace {
 
-QString tr(const char *text)
+struct DialogTexts
 {
-    return QCoreApplication::translate("ksDialogs", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksDialogs)
+};
 
 } // namespace
 
 ksDialogs::Answer ksDialogs::askToSave(QWidget *parent, const QString &title)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Unsaved Edits"),
-                    tr("The edits of '%1' are not saved.").arg(title),
+    QMessageBox box(QMessageBox::Warning, DialogTexts::tr("Unsaved Edits"),
+                    DialogTexts::tr("The edits of '%1' are not saved.").arg(title),
                     QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, parent);
-    box.setInformativeText(tr("They are lost if you discard them."));
+    box.setInformativeText(DialogTexts::tr("They are lost if you discard them."));
     box.setDefaultButton(QMessageBox::Save);
     switch (box.exec()) {
     case QMessageBox::Save:
@@ -38,14 +38,16 @@ ksDialogs::Answer ksDialogs::askToSave(QWidget *parent, const QString &title)
 QString ksDialogs::askForModel(QWidget *parent, const QString &folder)
 {
     return QFileDialog::getOpenFileName(
-        parent, tr("Open"), folder,
-        tr("Models (*.gltf *.glb *.dae *.fbx *.obj *.stl *.ply *.3ds *.3mf *.x3d *.blend *.off *.lwo)") +
-            QStringLiteral(";;") + tr("All files (*)"));
+        parent, DialogTexts::tr("Open"), folder,
+        DialogTexts::tr(
+            "Models (*.gltf *.glb *.dae *.fbx *.obj *.stl *.ply *.3ds *.3mf *.x3d *.blend *.off *.lwo)") +
+            QStringLiteral(";;") + DialogTexts::tr("All files (*)"));
 }
 
 QString ksDialogs::askForFile(QWidget *parent, const QString &proposed)
 {
-    QFileDialog dialog(parent, tr("Save As"), proposed, tr("glTF (*.gltf);;Binary glTF (*.glb)"));
+    QFileDialog dialog(parent, DialogTexts::tr("Save As"), proposed,
+                       DialogTexts::tr("glTF (*.gltf);;Binary glTF (*.glb)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("gltf"));
     QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
@@ -57,17 +59,19 @@ QString ksDialogs::askForFile(QWidget *parent, const QString &proposed)
 
 QString ksDialogs::askForScript(QWidget *parent, const QString &folder)
 {
-    return QFileDialog::getOpenFileName(parent, tr("Run Script"), folder,
-                                        tr("Scripts (*.js)") + QStringLiteral(";;") + tr("All files (*)"));
+    return QFileDialog::getOpenFileName(parent, DialogTexts::tr("Run Script"), folder,
+                                        DialogTexts::tr("Scripts (*.js)") + QStringLiteral(";;") +
+                                            DialogTexts::tr("All files (*)"));
 }
 
 int ksDialogs::askForLimit(QWidget *parent, int current)
 {
     bool isGiven = false;
     const int limit = QInputDialog::getInt(
-        parent, tr("History Limit"),
-        tr("How many steps the history keeps, 0 for all of them.\nA history that has steps keeps its limit: "
-           "the new one holds from the next\ndocument on that is opened."),
+        parent, DialogTexts::tr("History Limit"),
+        DialogTexts::tr(
+            "How many steps the history keeps, 0 for all of them.\nA history that has steps keeps its limit: "
+            "the new one holds from the next\ndocument on that is opened."),
         current, 0, std::numeric_limits<int>::max(), 1, &isGiven);
     return isGiven ? limit : -1;
 }
@@ -86,7 +90,7 @@ void ksDialogs::showProgress(QWidget *parent, const QString &text,
                              const std::function<void(const std::function<bool(double)> &progress)> &work)
 {
     constexpr int Steps = 1000;
-    QProgressDialog dialog(text, tr("Cancel"), 0, Steps, parent);
+    QProgressDialog dialog(text, DialogTexts::tr("Cancel"), 0, Steps, parent);
     constexpr int PatienceMilliseconds = 500;
     dialog.setMinimumDuration(PatienceMilliseconds);
     dialog.setWindowModality(Qt::ApplicationModal);

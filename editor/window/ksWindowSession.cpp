@@ -5,11 +5,13 @@
 #include <editor/viewport/ksViewport.h>
 #include <editor/window/ksDialogs.h>
 #include <editor/window/ksMainWindow.h>
+#include <editor/window/ksTranslations.h>
 #include <editor/window/ksWindowSession.h>
 
 #include <QApplication>
 #include <QIcon>
 #include <QImage>
+#include <QLocale>
 #include <QPixmap>
 
 #include <cstdlib>
@@ -55,6 +57,7 @@ int ksWindowSession::showWindow(const ksEditorOptions &options, char **argv)
     int applicationArguments = 1;
     const QApplication application(applicationArguments, argv);
     qInstallMessageHandler(usual);
+    ksTranslations::install(QLocale(), ksTranslations::folders());
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ks-editor")));
 
     try {

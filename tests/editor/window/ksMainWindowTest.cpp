@@ -2,6 +2,7 @@
 #include "ksWindowFixture.h"
 #include <editor/document/ksNodeEdits.h>
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/window/ksTranslations.h>
 
 #include <ksundo/core/ksUndoStack.h>
 
@@ -12,7 +13,9 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QLocale>
 #include <QMimeData>
+#include <QTranslator>
 #include <QUndoView>
 
 namespace {
@@ -318,6 +321,25 @@ TEST_F(ksMainWindowTest, TellsItsKeys)
     action("Keys")->trigger();
     ASSERT_EQ(user.told.size(), 1);
     EXPECT_THAT(user.told[0].toStdString(), HasSubstr("<td>Duplicate</td><td><b>Ctrl+D</b></td>"));
+}
+
+TEST_F(ksMainWindowTest, SpeaksTheUsersLanguage)
+{
+#ifndef KS_TRANSLATIONS
+    GTEST_SKIP() << "built without Qt's linguist tools";
+#else
+    const auto before = QCoreApplication::instance()->findChildren<QTranslator *>();
+    ksTranslations::install(QLocale(QLocale::German),
+                            {QStringLiteral("/nowhere"), QStringLiteral(KS_TRANSLATIONS)});
+    window = std::make_unique<ksMainWindow>(document, user);
+    EXPECT_EQ(window->menuBar()->actions()[0]->text(), QStringLiteral("&Datei"));
+    openRoom();
+    moveChair(1);
+    EXPECT_EQ(document.stack().undoText(), QStringLiteral("Verschieben 'Chair'"));
+    for (QTranslator *translator : QCoreApplication::instance()->findChildren<QTranslator *>())
+        if (!before.contains(translator))
+            delete translator;
+#endif
 }
 
 TEST_F(ksMainWindowTest, HasNoKeyTwice)
