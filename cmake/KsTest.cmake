@@ -17,7 +17,7 @@ endfunction()
 
 function(ks_test name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "APART" "" "SOURCES;LIBRARIES;LAUNCHER")
-    add_executable(${name} ${arg_SOURCES})
+    add_executable(${name} ${arg_SOURCES} $<$<BOOL:${KSUNDO_SANITIZE}>:${PROJECT_SOURCE_DIR}/tests/support/ksKeepLoaded.cpp>)
     ks_compile_test(${name})
     target_link_libraries(${name} PRIVATE ks-test-support ${arg_LIBRARIES})
     target_precompile_headers(${name} REUSE_FROM ks-test-support)
