@@ -125,6 +125,38 @@ ksTransformEdits::makeApply(const osg::NodePtr &node, const ksTransformation &va
     return new ksTransformationUndoCommand(node, values, syncs, parent, std::move(notification), index);
 }
 
+void ksTransformEdits::addApplied(const osg::NodePtr &node, const osg::TransformVariantPtr &variant,
+                                  QUndoCommand *batch)
+{
+    namespace Flags = osg::TransformVariantFlags;
+    using Values = ksTransformation;
+    const osg::Transform3DPtr stored = variant->getTransform();
+    const osg::Transform3DPtr own = ksNodeUtils::getTransform3D(node, -1);
+    if (stored == osg::NullFC || own == osg::NullFC)
+        return;
+    const Values from = Values::of(stored);
+    Values values = Values::of(own);
+    const auto take = [&, flags = variant->getApplyFlags()](osg::UInt64 flag, auto... members) {
+        if ((flags & flag) != 0)
+            ((values.*members = from.*members), ...);
+    };
+    take(Flags::Translation, &Values::translation);
+    take(Flags::Rotation, &Values::rotation);
+    take(Flags::Scale, &Values::scale);
+    take(Flags::Shear, &Values::shear);
+    take(Flags::ScalePivot, &Values::scalePivot);
+    take(Flags::RotatePivot, &Values::rotatePivot);
+    take(Flags::ScalePivotTranslation, &Values::scalePivotTranslation);
+    take(Flags::RotatePivotTranslation, &Values::rotatePivotTranslation);
+    take(Flags::RotationDirection, &Values::rotationDirectionOn, &Values::rotationDirection,
+         &Values::rotationDirectionMode);
+    take(Flags::EulerRotationOrder, &Values::eulerRotationOrder);
+    take(Flags::InheritType, &Values::inheritType);
+    makeApply(node, values, -1, true, {}, batch);
+    if ((variant->getApplyFlags() & Flags::RotationOrientation) != 0)
+        new ksRotationPivotOrientationUndoCommand(node, stored->getRotationOrientation(), batch, -1);
+}
+
 osg::TransformVariantPtr ksTransformEdits::makeVariant(const osg::NodePtr &node, const std::string &name)
 {
     const osg::Transform3DPtr own = ksNodeUtils::getTransform3D(node, -1);

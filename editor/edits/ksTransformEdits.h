@@ -72,6 +72,10 @@ ksTransformationUndoCommand *makeApply(const osg::NodePtr &node, const ksTransfo
                                        bool syncs, ksTransformationUndoCommand::Notification notification,
                                        QUndoCommand *parent = nullptr);
 
+/// Adds the commands that give the own transform of \a node what \a variant applies to \a batch, if both have
+/// a transform.
+void addApplied(const osg::NodePtr &node, const osg::TransformVariantPtr &variant, QUndoCommand *batch);
+
 /// A new variant called \a name, with a transform that is as \a node's own is now.
 osg::TransformVariantPtr makeVariant(const osg::NodePtr &node, const std::string &name);
 

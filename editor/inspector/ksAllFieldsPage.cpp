@@ -10,6 +10,11 @@
 
 namespace {
 
+struct AllFieldsPageTexts
+{
+    Q_DECLARE_TR_FUNCTIONS(ksAllFieldsPage)
+};
+
 /// \a node, its core and its attachments.
 std::vector<osg::FieldContainerPtr> containersOf(const osg::NodePtr &node)
 {
@@ -51,5 +56,5 @@ ksInspectorPage ksInspectorPages::allFields()
                 result.parts.push_back(container.getFieldContainerId());
         return result;
     };
-    return {QCoreApplication::translate("ksAllFieldsPage", "All fields"), true, subjects, &build};
+    return {AllFieldsPageTexts::tr("All fields"), true, subjects, &build};
 }

@@ -50,10 +50,8 @@ void ksChoiceEditor::addButton(const QString &text, const std::function<QVariant
     layout()->addWidget(button);
     buttons.push_back(button);
     connect(button, &QPushButton::clicked, this, [this, pick] {
-        const QVariant picked = pick();
-        if (!picked.isValid())
-            return;
-        Q_EMIT edited(picked, -1);
+        if (const QVariant picked = pick(); picked.isValid())
+            Q_EMIT edited(picked, -1);
         Q_EMIT finished();
     });
 }
@@ -69,10 +67,14 @@ void ksChoiceEditor::fill()
 
 bool ksChoiceEditor::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isAboutToChoose =
-        event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress;
-    if (watched == box && isAboutToChoose)
+    const QEvent::Type type = event->type();
+    const bool isChoosing = type == QEvent::KeyPress || type == QEvent::Wheel;
+    if (watched == box && type == QEvent::FocusIn)
+        isStale = true;
+    else if (watched == box && (type == QEvent::MouseButtonPress || (isChoosing && isStale))) {
+        isStale = false;
         fill();
+    }
     return ksValueEditor::eventFilter(watched, event);
 }
 

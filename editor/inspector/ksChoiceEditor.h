@@ -43,4 +43,7 @@ private:
     std::function<Choices()> choicesNow;
     std::function<QString(const QVariant &)> text;
     QVariant shown;
+
+    /// Whether the choices may be others by now.
+    bool isStale = true;
 };

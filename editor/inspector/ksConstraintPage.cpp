@@ -19,10 +19,10 @@ using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct ConstraintPageTexts
 {
-    return QCoreApplication::translate("ksConstraintPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksConstraintPage)
+};
 
 /// A node that a constraint refers to, and as what.
 struct Reference
@@ -39,12 +39,12 @@ std::vector<Reference> referencesOf(const osg::AbstractConstraintPtr &constraint
         if (node != osg::NullFC)
             all.push_back({node, role});
     };
-    add(constraint->getTarget(), tr("Target"));
+    add(constraint->getTarget(), ConstraintPageTexts::tr("Target"));
     for (const osg::ConstraintObjectPtr &object : constraint->getSources())
-        add(object->getNode(), tr("Source"));
+        add(object->getNode(), ConstraintPageTexts::tr("Source"));
     if (const auto aim = osg::AimConstraintPtr::dcast(constraint))
         for (const osg::ConstraintObjectPtr &object : aim->getUpVectorSources())
-            add(object->getNode(), tr("Up"));
+            add(object->getNode(), ConstraintPageTexts::tr("Up"));
     return all;
 }
 
@@ -52,7 +52,7 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = tr("Refers to");
+    field.name = ConstraintPageTexts::tr("Refers to");
     field.targets = subjects.ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         QStringList texts;
@@ -71,7 +71,7 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
         const auto constraints = findAll<osg::AbstractConstraintPtr>(ids);
         const osg::AttachmentContainerPtr node = referencesOf(constraints.back())[row].node;
         auto batch = std::make_unique<ksMultiCommand>(
-            tr("Remove '%1' from constraint").arg(ksInspectorFields::titleOf(node)));
+            ConstraintPageTexts::tr("Remove '%1' from constraint").arg(ksInspectorFields::titleOf(node)));
         for (const osg::AbstractConstraintPtr &constraint : constraints) {
             const std::vector<Reference> all = referencesOf(constraint);
             if (std::any_of(all.begin(), all.end(),
@@ -92,5 +92,5 @@ ksInspectorPage ksInspectorPages::constraint()
             return osg::AbstractConstraintPtr::dcast(node->getCore());
         });
     };
-    return {tr("Constraint"), false, subjects, &build};
+    return {ConstraintPageTexts::tr("Constraint"), false, subjects, &build};
 }

@@ -35,6 +35,16 @@ void ksFlagEditor::showValue(const QVariant &value)
         boxes[static_cast<std::size_t>(i)]->setChecked(flags[i].toBool());
 }
 
+void ksFlagEditor::showMixed(bool isMixed)
+{
+    ksValueEditor::showMixed(isMixed);
+    if (boxes.size() > 1)
+        return;
+    boxes.front()->setTristate(isMixed);
+    if (isMixed)
+        boxes.front()->setCheckState(Qt::PartiallyChecked);
+}
+
 void ksFlagEditor::setName(const QString &name)
 {
     for (QCheckBox *box : boxes)

@@ -24,6 +24,7 @@ public:
     explicit ksFlagEditor(const QStringList &texts, QWidget *parent = nullptr);
 
     void showValue(const QVariant &value) override;
+    void showMixed(bool isMixed) override;
     void setName(const QString &name) override;
 
 private:

@@ -4,13 +4,11 @@
 #include <editor/inspector/ksInspectorEdits.h>
 #include <editor/inspector/ksInspectorSection.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <unordered_set>
 
 ksInspector::ksInspector(ksDocument &shownDocument, QWidget *parent)
     : QWidget(parent)
@@ -18,8 +16,6 @@ ksInspector::ksInspector(ksDocument &shownDocument, QWidget *parent)
     , edits(new ksInspectorEdits(document, this))
     , hint(new QLabel(tr("Nothing is selected."), this))
 {
-    constexpr int Narrowest = 384;
-    setMinimumWidth(Narrowest);
     auto *area = new QScrollArea(this);
     area->setAccessibleName(tr("Inspector"));
     area->verticalScrollBar()->setAccessibleName(tr("Inspector, scroll"));
@@ -63,7 +59,7 @@ std::size_t ksInspector::readCount() const
 void ksInspector::reload()
 {
     edits->finish();
-    const std::vector<osg::NodePtr> nodes = document.selection().nodes();
+    nodes = document.selection().nodes();
     hint->setVisible(nodes.empty());
     for (Page &page : pages) {
         const ksInspectorSubjects subjects =
@@ -72,26 +68,16 @@ void ksInspector::reload()
     }
 }
 
-bool ksInspector::hasOtherNodes(const ksSceneChanges &changes) const
-{
-    if (changes.created.empty() && changes.destroyed.empty())
-        return false;
-    const ksSelection::Ids &ids = document.selection().ids();
-    const std::unordered_set<osg::UInt32> selected(ids.begin(), ids.end());
-    const auto isSelected = [&selected](osg::UInt32 id) { return selected.count(id) != 0; };
-    return std::any_of(changes.created.begin(), changes.created.end(), isSelected) ||
-           std::any_of(changes.destroyed.begin(), changes.destroyed.end(), isSelected);
-}
-
 void ksInspector::follow(const ksSceneChanges &changes)
 {
-    if (hasOtherNodes(changes)) {
+    // Selected nodes may have gone, or come back.
+    if (document.selection().nodes() != nodes) {
         reload();
         return;
     }
     for (Page &page : pages) {
         if (ksConcern(changes, page.subjects.watches)) {
-            const ksInspectorSubjects subjects = page.page.subjects(document.selection().nodes());
+            const ksInspectorSubjects subjects = page.page.subjects(nodes);
             if (subjects.ids != page.subjects.ids || subjects.parts != page.subjects.parts) {
                 change(page, subjects);
                 continue;
@@ -104,11 +90,17 @@ void ksInspector::follow(const ksSceneChanges &changes)
 
 void ksInspector::change(Page &page, const ksInspectorSubjects &subjects)
 {
+    // The focus stays where it is, by name.
+    const QWidget *focus = QApplication::focusWidget();
+    const bool hasFocus = focus != nullptr && page.section->isAncestorOf(focus);
+    const QString name = hasFocus ? focus->accessibleName() : QString();
     page.subjects = subjects;
     page.section->clear();
     page.isBuilt = false;
     page.section->setVisible(!subjects.ids.empty());
     build(page);
+    if (hasFocus)
+        page.section->focus(name);
 }
 
 void ksInspector::build(Page &page)

@@ -46,7 +46,6 @@ private:
 
     void reload();
     void follow(const ksSceneChanges &changes);
-    bool hasOtherNodes(const ksSceneChanges &changes) const;
     void change(Page &page, const ksInspectorSubjects &subjects);
     static void build(Page &page);
 
@@ -54,4 +53,7 @@ private:
     ksInspectorEdits *edits;
     QLabel *hint;
     std::vector<Page> pages;
+
+    /// The nodes that the pages are about.
+    std::vector<osg::NodePtr> nodes;
 };

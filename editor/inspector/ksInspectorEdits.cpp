@@ -43,10 +43,20 @@ bool ksInspectorEdits::run(const QObject *editor, const std::function<void()> &w
     return true;
 }
 
-void ksInspectorEdits::cancel()
+void ksInspectorEdits::cancel(const QObject *editor)
 {
+    if (owner != editor)
+        return;
     const QScopedValueRollback<bool> guard(isRunning, true);
     if (gesture)
         gesture->takeBack();
     finish();
+}
+
+void ksInspectorEdits::release(const QObject *editor)
+{
+    if (owner != editor)
+        return;
+    finish();
+    owner = nullptr;
 }

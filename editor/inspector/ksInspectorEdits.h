@@ -37,8 +37,11 @@ public:
     /// Ends the gesture, if there is one.
     void finish() { gesture.reset(); }
 
-    /// Takes it back and ends it.
-    void cancel();
+    /// Takes that of \a editor back and ends it; does nothing to that of another.
+    void cancel(const QObject *editor);
+
+    /// Ends the gesture of \a editor, which is about to go.
+    void release(const QObject *editor);
 
     /// Counts the rows that have been read.
     void noteRead() { ++reads; }

@@ -13,12 +13,14 @@
 #include <editor/scene/ksNumericFields.h>
 
 #include <OSGTransform3D.h>
+#include <OSGTransformVariantsAttachment.h>
 #include <OpenSG/OSGFieldContainer.h>
 #include <OpenSG/OSGFieldContainerType.h>
 #include <OpenSG/OSGMFBaseTypes.h>
 #include <OpenSG/OSGSFBaseTypes.h>
 #include <OpenSG/OSGSFVecTypes.h>
 #include <OpenSG/OSGSimpleAttachments.h>
+#include <ksNodeUtils.h>
 
 #include <limits>
 #include <type_traits>
@@ -65,11 +67,11 @@ ksNumberKind kindOf()
 /// \a kind within the range of the field.
 ksNumberKind limited(ksNumberKind kind, const osg::FieldContainerPtr &container, const QString &name)
 {
-    if (kind.type == ksNumberKind::Type::Integer)
-        return kind;
     const ksFieldRanges::Range range = ksFieldRanges::of(container, name);
     kind.least = std::max(kind.least, range.least);
     kind.most = std::min(kind.most, range.most);
+    if (kind.type == ksNumberKind::Type::Integer)
+        return kind;
     constexpr double Percent = 0.01;
     if (kind.most - kind.least <= 1)
         kind.step = Percent;
@@ -87,11 +89,15 @@ QStringList axes(int count)
 
 } // namespace
 
+QString ksInspectorFields::textOf(const osg::FieldContainerPtr &target, const QString &field)
+{
+    return ksInspectorRow::textOf(label(field), {target});
+}
+
 QUndoCommand *ksInspectorFields::make(const osg::FieldContainerPtr &target, const QString &field,
                                       const QVariant &value, QUndoCommand *parent)
 {
-    return ksFieldEdits::make(ksFieldEdits::defaultText(target, field), target, field, value,
-                              ksMerging::WithPrevious, parent);
+    return ksFieldEdits::make(textOf(target, field), target, field, value, ksMerging::WithPrevious, parent);
 }
 
 QVariant ksInspectorFields::read(osg::Field &field)
@@ -150,6 +156,30 @@ void ksInspectorFields::watchName(ksWatches &watches, const osg::AttachmentConta
     watches.emplace_back(container.getFieldContainerId(), osg::AttachmentContainer::AttachmentsFieldMask);
     if (const osg::AttachmentPtr name = container->findAttachment(osg::Name::getClassType()))
         watches.emplace_back(name.getFieldContainerId(), osg::Name::SimpleFieldMask);
+}
+
+void ksInspectorFields::watchVariants(ksWatches &watches, const osg::NodePtr &node, osg::BitVector mask)
+{
+    watches.emplace_back(node.getFieldContainerId(), osg::Node::AttachmentsFieldMask);
+    const auto variants = ksNodeUtils::getTransformVariantsAttachment(node);
+    if (variants == osg::NullFC)
+        return;
+    watches.emplace_back(variants.getFieldContainerId(), osg::FieldBits::AllFields);
+    for (const osg::TransformVariantPtr &variant : variants->getVariants())
+        watches.emplace_back(variant.getFieldContainerId(), mask);
+}
+
+int ksInspectorFields::indexOfVariant(const osg::NodePtr &node, const osg::TransformVariantPtr &meant)
+{
+    int found = -1;
+    for (auto i = static_cast<int>(ksNodeUtils::getTransformVariantCount(node)) - 1; i >= 0; --i) {
+        const auto variant = ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(i));
+        if (variant == meant)
+            return i;
+        if (variant->getName() == meant->getName())
+            found = i;
+    }
+    return found;
 }
 
 ksInspectorField ksInspectorFields::fieldOf(const std::vector<osg::UInt32> &targets, const QString &field)

@@ -5,6 +5,7 @@
 
 #include <ksundo/core/ksFindContainer.h>
 
+#include <OSGTransformVariant.h>
 #include <OpenSG/OSGField.h>
 #include <OpenSG/OSGFieldDescription.h>
 #include <OpenSG/OSGNode.h>
@@ -19,6 +20,9 @@ namespace ksInspectorFields {
 /// A new command that sets the field of \a target called \a field to \a value.
 using Make = std::function<QUndoCommand *(const osg::FieldContainerPtr &target, const QString &field,
                                           const QVariant &value, QUndoCommand *parent)>;
+
+/// The text of a step that sets \a field of \a target.
+QString textOf(const osg::FieldContainerPtr &target, const QString &field);
 
 /// That of ksFieldEdits.
 QUndoCommand *make(const osg::FieldContainerPtr &target, const QString &field, const QVariant &value,
@@ -36,6 +40,13 @@ QString titleOf(const osg::FieldContainerPtr &container);
 
 /// Adds what the name of \a container depends on to \a watches.
 void watchName(ksWatches &watches, const osg::AttachmentContainerPtr &container);
+
+/// Adds what the variants of \a node, and the fields \a mask of each, depend on to \a watches.
+void watchVariants(ksWatches &watches, const osg::NodePtr &node, osg::BitVector mask);
+
+/// The index of the variant \a meant of \a node, or else of the first one that is called like it; -1 when
+/// there is none.
+int indexOfVariant(const osg::NodePtr &node, const osg::TransformVariantPtr &meant);
 
 /// The mask of the field with the id \a field.
 constexpr osg::BitVector maskOf(osg::UInt32 field)
@@ -65,17 +76,25 @@ std::vector<osg::UInt32> idsOf(const std::vector<osg::FieldContainerPtr> &contai
 ksInspectorSubjects subjects(const std::vector<osg::NodePtr> &nodes,
                              const std::function<osg::FieldContainerPtr(const osg::NodePtr &)> &find);
 
-/// The core of \a node, or that of one of its first children, which is of the class of \a PtrT.
+/// \a node, or one of its first children, whose core is of the class of \a PtrT.
+template <class PtrT>
+osg::NodePtr nodeNear(const osg::NodePtr &node)
+{
+    constexpr osg::UInt32 MostChildren = 8;
+    if (PtrT::dcast(node->getCore()) != osg::NullFC)
+        return node;
+    for (osg::UInt32 i = 0; i < std::min(node->getNChildren(), MostChildren); ++i)
+        if (PtrT::dcast(node->getChild(i)->getCore()) != osg::NullFC)
+            return node->getChild(i);
+    return osg::NullFC;
+}
+
+/// The core of that node.
 template <class PtrT>
 PtrT coreNear(const osg::NodePtr &node)
 {
-    constexpr osg::UInt32 MostChildren = 8;
-    if (const PtrT own = PtrT::dcast(node->getCore()))
-        return own;
-    for (osg::UInt32 i = 0; i < std::min(node->getNChildren(), MostChildren); ++i)
-        if (const PtrT core = PtrT::dcast(node->getChild(i)->getCore()))
-            return core;
-    return osg::NullFC;
+    const osg::NodePtr found = nodeNear<PtrT>(node);
+    return found == osg::NullFC ? PtrT() : PtrT::dcast(found->getCore());
 }
 
 /// Those of the containers \a ids that are of the class of \a PtrT.

@@ -15,21 +15,6 @@
 #include <algorithm>
 #include <memory>
 
-namespace {
-
-QString namesOf(const std::vector<osg::FieldContainerPtr> &containers)
-{
-    constexpr std::size_t LongestList = 3;
-    QStringList names;
-    for (std::size_t i = 0; i < std::min(containers.size(), LongestList); ++i)
-        names += QLatin1Char('\'') + ksContainers::nameOf(containers[i]) + QLatin1Char('\'');
-    if (containers.size() > LongestList)
-        names += QStringLiteral("...");
-    return names.join(QStringLiteral(", "));
-}
-
-} // namespace
-
 bool ksConcern(const ksSceneChanges &changes, const ksWatches &watches)
 {
     return std::any_of(watches.begin(), watches.end(),
@@ -45,32 +30,56 @@ ksInspectorRow::ksInspectorRow(ksInspectorEdits &ownEdits, ksInspectorField show
 {
     connect(editor, &ksValueEditor::edited, this, &ksInspectorRow::edit);
     connect(editor, &ksValueEditor::finished, &edits, &ksInspectorEdits::finish);
-    connect(editor, &ksValueEditor::cancelled, &edits, &ksInspectorEdits::cancel);
+    connect(editor, &ksValueEditor::cancelled, &edits, [this] { edits.cancel(editor); });
     refresh();
+}
+
+QString ksInspectorRow::textOf(const QString &field, const std::vector<osg::FieldContainerPtr> &targets)
+{
+    constexpr std::size_t LongestList = 3;
+    QStringList names;
+    for (std::size_t i = 0; i < std::min(targets.size(), LongestList); ++i)
+        names += QLatin1Char('\'') + ksContainers::nameOf(targets[i]) + QLatin1Char('\'');
+    if (targets.size() > LongestList)
+        names += QStringLiteral("...");
+    return tr("Set %1 of %2").arg(field, names.join(QStringLiteral(", ")));
 }
 
 void ksInspectorRow::refresh()
 {
     edits.noteRead();
     QVariant value;
+    bool isMixed = false;
     {
         const osg::AspectScope scope(1);
-        const auto target = ksFindContainer<osg::FieldContainerPtr>(field.targets.back());
         watched.clear();
-        if (target != osg::NullFC) {
-            value = field.read(target);
-            watched = field.watches(target);
+        // How many of several are looked at.
+        constexpr std::size_t Most = 32;
+        const std::size_t count = field.make ? std::min(field.targets.size(), Most) : 1;
+        for (auto id = field.targets.rbegin(); id != field.targets.rbegin() + std::ptrdiff_t(count); ++id) {
+            const auto target = ksFindContainer<osg::FieldContainerPtr>(*id);
+            if (target == osg::NullFC)
+                continue;
+            const QVariant each = field.read(target);
+            if (*id == field.targets.back())
+                value = each;
+            isMixed = isMixed || (each.isValid() && each != value);
+            const ksWatches watches = field.watches(target);
+            watched.insert(watched.end(), watches.begin(), watches.end());
         }
     }
     editor->setEnabled(value.isValid());
-    if (value.isValid())
-        editor->showValue(value);
+    if (!value.isValid())
+        return;
+    editor->showValue(value);
+    editor->showMixed(isMixed);
 }
 
 void ksInspectorRow::retire()
 {
     editor->disconnect(this);
     editor->disconnect(&edits);
+    edits.release(editor);
     deleteLater();
 }
 
@@ -110,7 +119,7 @@ void ksInspectorRow::change(const QVariant &value, int part)
         edits.document().add(field.make(targets.front(), wanted.front(), nullptr));
         return;
     }
-    auto batch = std::make_unique<ksMultiCommand>(tr("Set %1 of %2").arg(field.name, namesOf(targets)));
+    auto batch = std::make_unique<ksMultiCommand>(textOf(field.name, targets));
     for (std::size_t i = 0; i < targets.size(); ++i)
         field.make(targets[i], wanted[i], batch.get());
     edits.document().add(batch.release());

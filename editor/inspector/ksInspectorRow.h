@@ -59,6 +59,9 @@ public:
 
     bool isConcernedBy(const ksSceneChanges &changes) const { return ksConcern(changes, watched); }
 
+    /// The text of a step that sets what is called \a field of \a targets.
+    static QString textOf(const QString &field, const std::vector<osg::FieldContainerPtr> &targets);
+
     /// Reads the value again and shows it.
     void refresh();
 

@@ -78,6 +78,15 @@ void ksInspectorSection::showBody()
     body->setVisible(!isFolded());
 }
 
+void ksInspectorSection::focus(const QString &name)
+{
+    for (QWidget *control : findChildren<QWidget *>())
+        if (control->accessibleName() == name && control->focusPolicy() != Qt::NoFocus) {
+            control->setFocus();
+            return;
+        }
+}
+
 void ksInspectorSection::addRow(const ksInspectorField &field, ksValueEditor *editor)
 {
     const int row = grid->rowCount();

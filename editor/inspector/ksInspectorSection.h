@@ -31,6 +31,9 @@ public:
     /// Begins anew, without rows.
     void clear();
 
+    /// Gives the control with the accessible name \a name the focus.
+    void focus(const QString &name);
+
     /// Adds a row for \a field, edited by \a editor, which the section takes over.
     void addRow(const ksInspectorField &field, ksValueEditor *editor);
 

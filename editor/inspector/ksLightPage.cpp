@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/document/ksDocument.h>
 #include <editor/document/ksNodeEdits.h>
-#include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksFieldRanges.h>
 #include <editor/edits/ksLightEdits.h>
 #include <editor/inspector/ksChoiceEditor.h>
@@ -26,12 +25,13 @@ using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct LightPageTexts
 {
-    return QCoreApplication::translate("ksLightPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksLightPage)
+};
 
-/// The selected nodes that are none of \a left, nor have one of them as core.
+/// The selected nodes that are none of \a left, nor have one of them as core, nor are the root, which no
+/// light can be linked to.
 std::vector<osg::NodePtr> othersSelected(ksDocument &document, const std::vector<osg::UInt32> &left)
 {
     std::vector<osg::NodePtr> others;
@@ -39,10 +39,11 @@ std::vector<osg::NodePtr> othersSelected(ksDocument &document, const std::vector
         return std::find(left.begin(), left.end(), container.getFieldContainerId()) != left.end();
     };
     for (const osg::NodePtr &node : document.selection().nodes())
-        if (!isLeft(node) && !isLeft(node->getCore()))
+        if (node != document.root() && !isLeft(node) && !isLeft(node->getCore()))
             others.push_back(node);
     if (others.empty())
-        throw ksEditorError(tr("Select the nodes that are meant first, and then add this one to them."));
+        throw ksEditorError(
+            LightPageTexts::tr("Select the nodes that are meant first, and then add this one to them."));
     return others;
 }
 
@@ -61,13 +62,14 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
             numbers.push_back(parts[i].toDouble());
         }
         ksFieldRanges::check(target, name, numbers);
-        return property.make(ksFieldEdits::defaultText(target, name), ksContainers::ownerOf(target), wanted,
+        return property.make(ksInspectorFields::textOf(target, name), ksContainers::ownerOf(target), wanted,
                              parent);
     };
     const bool isAttenuation = name == QLatin1String("attenuation");
-    const ksChoiceEditor::Choices attenuations = {{tr("None"), double(osg::UberLight::None)},
-                                                  {tr("Linear"), double(osg::UberLight::Linear)},
-                                                  {tr("Quadratic"), double(osg::UberLight::Quadratic)}};
+    const ksChoiceEditor::Choices attenuations = {
+        {LightPageTexts::tr("None"), double(osg::UberLight::None)},
+        {LightPageTexts::tr("Linear"), double(osg::UberLight::Linear)},
+        {LightPageTexts::tr("Quadratic"), double(osg::UberLight::Quadratic)}};
     const auto shown = ksFindContainer<osg::FieldContainerPtr>(ids.back());
     section.addRow(field, isAttenuation ? new ksChoiceEditor(attenuations)
                                         : ksInspectorFields::makeEditor(shown, name));
@@ -77,7 +79,7 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
 {
     ksInspectorEdits &edits = section.edits();
     ksInspectorField field;
-    field.name = tr("Visibility reference");
+    field.name = LightPageTexts::tr("Visibility reference");
     field.targets = ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::UberLightPtr::dcast(target)->getVisibilityReference().getFieldContainerId();
@@ -91,14 +93,14 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
     field.perform = [&edits, ids](const QVariant &value) {
         ksDocument &document = edits.document();
         const auto wanted = ksFindContainer<osg::NodePtr>(value.toUInt());
-        ksNodeEdits::asOneStep(document, tr("Set visibility reference"), [&] {
+        ksNodeEdits::asOneStep(document, LightPageTexts::tr("Set visibility reference"), [&] {
             for (const osg::UberLightPtr &light : findAll<osg::UberLightPtr>(ids))
                 document.add(ksLightEdits::makeVisibilityReference(light, wanted, edits.lights()));
         });
     };
     const auto textOf = [](const QVariant &id) {
         const auto node = ksFindContainer<osg::NodePtr>(id.toUInt());
-        return node == osg::NullFC ? tr("None") : ksInspectorFields::titleOf(node);
+        return node == osg::NullFC ? LightPageTexts::tr("None") : ksInspectorFields::titleOf(node);
     };
     const auto choices = [textOf, shown = ids.back()] {
         const auto light = ksFindContainer<osg::UberLightPtr>(shown);
@@ -108,7 +110,7 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
         return all;
     };
     auto *editor = new ksChoiceEditor(choices, textOf);
-    editor->addButton(tr("Use selected"), [&edits, editor, ids] {
+    editor->addButton(LightPageTexts::tr("Use selected"), [&edits, editor, ids] {
         QVariant picked;
         edits.run(editor,
                   [&] { picked = othersSelected(edits.document(), ids).back().getFieldContainerId(); });
@@ -140,12 +142,15 @@ void changeLinks(ksDocument &document, const std::vector<osg::UInt32> &ids, bool
     if (removes)
         nodes.push_back(listOf(sets.back(), lights)[static_cast<osg::UInt32>(wanted.row)]);
     else
-        for (const osg::NodePtr &node : othersSelected(document, ids))
-            if (!lights || ksInspectorFields::coreNear<osg::UberLightPtr>(node) != osg::NullFC)
-                nodes.push_back(node);
+        for (const osg::NodePtr &node : othersSelected(document, ids)) {
+            const osg::NodePtr meant = lights ? ksInspectorFields::nodeNear<osg::UberLightPtr>(node) : node;
+            if (meant != osg::NullFC && std::find(nodes.begin(), nodes.end(), meant) == nodes.end())
+                nodes.push_back(meant);
+        }
     if (nodes.empty())
-        throw ksEditorError(tr("None of the other selected nodes is a light."));
-    auto batch = std::make_unique<ksMultiCommand>(removes ? tr("Remove links") : tr("Add links"));
+        throw ksEditorError(LightPageTexts::tr("None of the other selected nodes is a light."));
+    auto batch = std::make_unique<ksMultiCommand>(removes ? LightPageTexts::tr("Remove links")
+                                                          : LightPageTexts::tr("Add links"));
     for (const osg::LightLinkSetPtr &set : sets) {
         std::vector<osg::NodePtr> changed;
         for (const osg::NodePtr &node : nodes)
@@ -164,7 +169,7 @@ void addLinks(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = lights ? tr("Lights") : tr("Nodes that they shine on");
+    field.name = lights ? LightPageTexts::tr("Lights") : LightPageTexts::tr("Nodes that they shine on");
     field.targets = ids;
     field.read = [lights](const osg::FieldContainerPtr &target) {
         QStringList names;
@@ -199,7 +204,7 @@ ksInspectorPage ksInspectorPages::light()
     const auto subjects = [](const std::vector<osg::NodePtr> &nodes) {
         return ksInspectorFields::subjects(nodes, &ksInspectorFields::coreNear<osg::UberLightPtr>);
     };
-    return {tr("Light"), false, subjects, &buildLight};
+    return {LightPageTexts::tr("Light"), false, subjects, &buildLight};
 }
 
 ksInspectorPage ksInspectorPages::links()
@@ -208,5 +213,5 @@ ksInspectorPage ksInspectorPages::links()
         return ksInspectorFields::subjects(
             nodes, [](const osg::NodePtr &node) { return osg::LightLinkSetPtr::dcast(node->getCore()); });
     };
-    return {tr("Light links"), false, subjects, &buildLinks};
+    return {LightPageTexts::tr("Light links"), false, subjects, &buildLinks};
 }

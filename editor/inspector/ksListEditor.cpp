@@ -5,11 +5,38 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QScopedValueRollback>
+#include <QShortcut>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
+
+namespace {
+
+/// Names the editor of an entry after the list.
+class NamingDelegate : public QStyledItemDelegate
+{
+public:
+    explicit NamingDelegate(QListWidget *list)
+        : QStyledItemDelegate(list)
+        , list(list)
+    {}
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
+                          const QModelIndex &index) const override
+    {
+        QWidget *editor = QStyledItemDelegate::createEditor(parent, option, index);
+        editor->setAccessibleName(list->accessibleName());
+        return editor;
+    }
+
+private:
+    const QListWidget *list;
+};
+
+} // namespace
 
 ksListEditor::ksListEditor(int abilities, QWidget *parent)
     : ksValueEditor(parent)
@@ -38,11 +65,19 @@ ksListEditor::ksListEditor(int abilities, QWidget *parent)
                 this, [this] {
                     want({ksListChange::Kind::Add, -1, -1, {}});
                 });
+    if ((abilities & ApplyEntry) != 0) {
+        applying = addButton(tr("Apply"), tr("apply"));
+        connect(applying, &QToolButton::clicked, this, [this] {
+            want({ksListChange::Kind::Apply, list->currentRow(), -1, {}});
+        });
+    }
     if ((abilities & RemoveEntry) != 0) {
         removing = addButton(tr("Remove"), tr("remove"));
         connect(removing, &QToolButton::clicked, this, [this] {
             want({ksListChange::Kind::Remove, list->currentRow(), -1, {}});
         });
+        auto *key = new QShortcut(QKeySequence::Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(key, &QShortcut::activated, removing, &QToolButton::click);
     }
     if ((abilities & MoveEntry) != 0) {
         const auto moveBy = [this](int by) {
@@ -66,6 +101,7 @@ ksListEditor::ksListEditor(int abilities, QWidget *parent)
     list->setEditTriggers(QAbstractItemView::NoEditTriggers);
     if ((abilities & RenameEntry) != 0) {
         list->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+        list->setItemDelegate(new NamingDelegate(list));
         connect(list, &QListWidget::itemChanged, this, [this](const QListWidgetItem *item) {
             if (!isShowing)
                 want({ksListChange::Kind::Rename, list->row(item), -1, item->text()});
@@ -104,6 +140,8 @@ void ksListEditor::want(const ksListChange &wanted)
     case ksListChange::Kind::Move:
         texts.move(wanted.row, wanted.to);
         break;
+    case ksListChange::Kind::Apply:
+        break;
     }
     Q_EMIT edited(tellsChanges ? QVariant::fromValue(wanted) : QVariant(texts), -1);
     Q_EMIT finished();
@@ -126,8 +164,9 @@ int ksListEditor::currentRow() const
 void ksListEditor::enableButtons()
 {
     const int row = list->currentRow();
-    if (removing != nullptr)
-        removing->setEnabled(row >= 0);
+    for (QToolButton *button : {applying, removing})
+        if (button != nullptr)
+            button->setEnabled(row >= 0);
     if (raising != nullptr) {
         raising->setEnabled(row > 0);
         lowering->setEnabled(row >= 0 && row + 1 < list->count());

@@ -21,7 +21,8 @@ struct ksListChange
         Add,
         Remove,
         Rename,
-        Move
+        Move,
+        Apply
     };
 
     Kind kind;
@@ -52,8 +53,11 @@ public:
         RenameEntry = 8,
         MoveEntry = 16,
 
+        /// Has no meaning to lists of texts.
+        ApplyEntry = 32,
+
         /// Not a thing to do: changes are told, instead of lists.
-        TellChanges = 32
+        TellChanges = 64
     };
 
     explicit ksListEditor(int abilities, QWidget *parent = nullptr);
@@ -79,6 +83,7 @@ private:
     bool tellsChanges;
     QLineEdit *line = nullptr;
     std::vector<std::pair<QToolButton *, QString>> buttons;
+    QToolButton *applying = nullptr;
     QToolButton *removing = nullptr;
     QToolButton *raising = nullptr;
     QToolButton *lowering = nullptr;

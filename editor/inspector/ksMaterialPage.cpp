@@ -9,6 +9,7 @@
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/scene/ksContainers.h>
+#include <editor/scene/ksImageLayout.h>
 #include <editor/scene/ksMesh.h>
 #include <editor/scene/ksReferenceCycles.h>
 
@@ -26,23 +27,26 @@
 #include <QImage>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
+#include <unordered_map>
+#include <utility>
 
 using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct MaterialPageTexts
 {
-    return QCoreApplication::translate("ksMaterialPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksMaterialPage)
+};
 
 QString textOf(const QVariant &id)
 {
     const auto material = ksFindContainer<osg::FieldContainerPtr>(id.toUInt());
-    return material == osg::NullFC ? tr("None") : ksInspectorFields::titleOf(material);
+    return material == osg::NullFC ? MaterialPageTexts::tr("None") : ksInspectorFields::titleOf(material);
 }
 
 /// The materials of the scene, those of environments included, by name. Walks the scene: to be asked when
@@ -67,7 +71,7 @@ void buildMesh(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = tr("Material");
+    field.name = MaterialPageTexts::tr("Material");
     field.targets = subjects.ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::ksMeshPtr::dcast(target)->getMaterial().getFieldContainerId();
@@ -87,15 +91,20 @@ void buildMesh(ksInspectorSection &section, const ksInspectorSubjects &subjects)
     section.addRow(field, new ksChoiceEditor(choices, &textOf));
 }
 
-/// The material that \a part, a component or the settings, belongs to.
-osg::UberMaterialPtr materialOf(const osg::FieldContainerPtr &part, const std::vector<osg::UInt32> &materials)
+/// Finds the material that a part, a component or the settings, belongs to.
+using Owner = std::function<osg::UberMaterialPtr(const osg::FieldContainerPtr &part)>;
+
+Owner ownerIn(const std::vector<osg::UInt32> &materials)
 {
+    std::unordered_map<osg::UInt32, osg::UInt32> owners;
     for (const osg::UberMaterialPtr &material : findAll<osg::UberMaterialPtr>(materials)) {
-        const osg::MFColorComponentPtr &all = material->getColorComponentData();
-        if (material->getComponentSettings() == part || std::find(all.begin(), all.end(), part) != all.end())
-            return material;
+        owners[material->getComponentSettings().getFieldContainerId()] = material.getFieldContainerId();
+        for (const osg::ColorComponentPtr &component : material->getColorComponentData())
+            owners[component.getFieldContainerId()] = material.getFieldContainerId();
     }
-    return osg::NullFC;
+    return [owners = std::move(owners)](const osg::FieldContainerPtr &part) {
+        return ksFindContainer<osg::UberMaterialPtr>(owners.at(part.getFieldContainerId()));
+    };
 }
 
 /// Builds the command that sets a field of a part of \a material, which the material takes notice of.
@@ -104,9 +113,15 @@ QUndoCommand *makePart(const osg::UberMaterialPtr &material, const osg::FieldCon
 {
     return ksMergingAs(
         ksMerging::WithPrevious,
-        new ksMaterialUndoCommand(ksFieldEdits::defaultText(material, field),
+        new ksMaterialUndoCommand(ksInspectorFields::textOf(material, field),
                                   ksFieldEdits::make(QString(), part, field, value, ksMerging::WithPrevious),
                                   material, material->getComponentSettings(), parent));
+}
+
+ksInspectorFields::Make makerFor(const Owner &ownerOf)
+{
+    return [ownerOf](const osg::FieldContainerPtr &part, const QString &field, const QVariant &value,
+                     QUndoCommand *parent) { return makePart(ownerOf(part), part, field, value, parent); };
 }
 
 /// The picture of \a image; plain grey for one of another kind than those that files have, and null for none.
@@ -114,26 +129,9 @@ QImage pictureOf(const osg::ImagePtr &image)
 {
     if (image == osg::NullFC)
         return {};
-    QImage::Format format = QImage::Format_Invalid;
-    int channels = 0;
-    switch (image->getPixelFormat()) {
-    case osg::Image::OSG_L_PF:
-        format = QImage::Format_Grayscale8;
-        channels = 1;
-        break;
-    case osg::Image::OSG_RGB_PF:
-        format = QImage::Format_RGB888;
-        channels = 3;
-        break;
-    case osg::Image::OSG_RGBA_PF:
-        format = QImage::Format_RGBA8888;
-        channels = 4;
-        break;
-    default:
-        break;
-    }
+    const ksImageLayout *layout = ksImageLayout::of(*image);
     const osg::MFUInt8::StorageType &pixels = image->getPixel().getValues();
-    const int line = image->getWidth() * channels;
+    const int line = layout != nullptr ? image->getWidth() * layout->channels : 0;
     const bool isShort =
         pixels.size() < static_cast<std::size_t>(line) * static_cast<std::size_t>(image->getHeight());
     if (image->getDataType() != osg::Image::OSG_UINT8_IMAGEDATA || line == 0 || isShort) {
@@ -141,14 +139,15 @@ QImage pictureOf(const osg::ImagePtr &image)
         unknown.fill(Qt::gray);
         return unknown;
     }
-    return QImage(pixels.data(), image->getWidth(), image->getHeight(), line, format).mirrored(false, true);
+    return QImage(pixels.data(), image->getWidth(), image->getHeight(), line, layout->format)
+        .mirrored(false, true);
 }
 
-void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &components)
+void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &components, const Owner &ownerOf)
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
-    field.name = tr("Image");
+    field.name = MaterialPageTexts::tr("Image");
     field.targets = components;
     field.read = [](const osg::FieldContainerPtr &target) {
         return pictureOf(osg::ColorComponentPtr::dcast(target)->getImage());
@@ -159,13 +158,17 @@ void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &compo
             watches.emplace_back(image.getFieldContainerId(), osg::FieldBits::AllFields);
         return watches;
     };
-    field.perform = [&document, components](const QVariant &path) {
+    field.perform = [&document, components, ownerOf](const QVariant &path) {
         const osg::ImageRefPtr image =
             path.toString().isEmpty() ? osg::ImageRefPtr() : ksImageImporter::imageInFile(path.toString());
-        auto batch = std::make_unique<ksMultiCommand>(tr("Set image"));
+        auto batch = std::make_unique<ksMultiCommand>(MaterialPageTexts::tr("Set image"));
         for (const osg::ColorComponentPtr &component : findAll<osg::ColorComponentPtr>(components))
-            if (component->getImage() != image.get())
-                new ksImageFieldUndoCommand(component, "image", image.get(), batch.get());
+            if (component->getImage() != image.get()) {
+                const osg::UberMaterialPtr material = ownerOf(component);
+                new ksMaterialUndoCommand(batch->text(),
+                                          new ksImageFieldUndoCommand(component, "image", image.get()),
+                                          material, material->getComponentSettings(), batch.get());
+            }
         if (batch->childCount() > 0)
             document.add(batch.release());
     };
@@ -173,27 +176,24 @@ void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &compo
 }
 
 /// Adds the rows for the components that are at \a index in \a materials.
-void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &materials, osg::UInt32 index)
+void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &materials, osg::UInt32 index,
+                  const Owner &ownerOf)
 {
     std::vector<osg::FieldContainerPtr> components;
     for (const osg::UberMaterialPtr &material : findAll<osg::UberMaterialPtr>(materials))
         if (index < material->getColorComponentData().size())
             components.push_back(material->getColorComponentData()[index]);
     const std::vector<osg::UInt32> ids = ksInspectorFields::idsOf(components);
-    section.addHeading(tr("Component %1").arg(index + 1));
-    const auto make = [materials](const osg::FieldContainerPtr &part, const QString &field,
-                                  const QVariant &value, QUndoCommand *parent) {
-        return makePart(materialOf(part, materials), part, field, value, parent);
-    };
+    section.addHeading(MaterialPageTexts::tr("Component %1").arg(index + 1));
     for (const char *name : {"color", "weight", "enabled"})
-        ksInspectorFields::add(section, ids, QString::fromLatin1(name), make);
-    addImage(section, ids);
+        ksInspectorFields::add(section, ids, QString::fromLatin1(name), makerFor(ownerOf));
+    addImage(section, ids, ownerOf);
 }
 
 /// Adds rows that set a field of all components at once; they show that of the first one.
 void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32> &materials)
 {
-    section.addHeading(tr("All components"));
+    section.addHeading(MaterialPageTexts::tr("All components"));
     const auto firstOf = [](const osg::FieldContainerPtr &target) {
         return osg::FieldContainerPtr(osg::UberMaterialPtr::dcast(target)->getColorComponentData()[0]);
     };
@@ -211,7 +211,7 @@ void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32
         field.perform = [fieldName, materials,
                          &document = section.edits().document()](const QVariant &value) {
             const std::vector<osg::UberMaterialPtr> all = findAll<osg::UberMaterialPtr>(materials);
-            const auto text = ksFieldEdits::defaultText(all.back(), fieldName);
+            const auto text = ksInspectorFields::textOf(all.back(), fieldName);
             std::unique_ptr<QUndoCommand> batch;
             if (all.size() == 1)
                 batch = std::make_unique<ksMaterialMultiUndoCommand>(text, all.back(),
@@ -232,7 +232,7 @@ void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32
     }
 }
 
-void addSettings(ksInspectorSection &section, const std::vector<osg::UInt32> &materials)
+void addSettings(ksInspectorSection &section, const std::vector<osg::UInt32> &materials, const Owner &ownerOf)
 {
     std::vector<osg::FieldContainerPtr> settings;
     for (const osg::UberMaterialPtr &material : findAll<osg::UberMaterialPtr>(materials))
@@ -240,18 +240,14 @@ void addSettings(ksInspectorSection &section, const std::vector<osg::UInt32> &ma
     const std::vector<osg::UInt32> ids = ksInspectorFields::idsOf(settings);
     if (ids.empty())
         return;
-    section.addHeading(tr("Settings"));
-    const auto make = [materials](const osg::FieldContainerPtr &part, const QString &field,
-                                  const QVariant &value, QUndoCommand *parent) {
-        return makePart(materialOf(part, materials), part, field, value, parent);
-    };
-    ksInspectorFields::addAll(section, ids, {QStringLiteral("attachments")}, make);
+    section.addHeading(MaterialPageTexts::tr("Settings"));
+    ksInspectorFields::addAll(section, ids, {QStringLiteral("attachments")}, makerFor(ownerOf));
 }
 
 void addEnvironment(ksInspectorSection &section, const std::vector<osg::UInt32> &surfaces)
 {
     ksInspectorField field;
-    field.name = tr("Environment");
+    field.name = MaterialPageTexts::tr("Environment");
     field.targets = surfaces;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::UBRDFMaterialPtr::dcast(target)->getEnvironment().getFieldContainerId();
@@ -286,11 +282,12 @@ void buildMaterial(ksInspectorSection &section, const ksInspectorSubjects &subje
     if (layered == osg::NullFC)
         return;
     const auto count = static_cast<osg::UInt32>(layered->getColorComponentData().size());
+    const Owner ownerOf = ownerIn(ids);
     for (osg::UInt32 i = 0; i < count; ++i)
-        addComponent(section, ids, i);
+        addComponent(section, ids, i, ownerOf);
     if (count > 0)
         addAllComponents(section, ids);
-    addSettings(section, ids);
+    addSettings(section, ids, ownerOf);
 }
 
 } // namespace
@@ -300,7 +297,7 @@ ksInspectorPage ksInspectorPages::mesh()
     const auto subjects = [](const std::vector<osg::NodePtr> &nodes) {
         return ksInspectorFields::subjects(nodes, &ksInspectorFields::coreNear<osg::ksMeshPtr>);
     };
-    return {tr("Mesh"), false, subjects, &buildMesh};
+    return {MaterialPageTexts::tr("Mesh"), false, subjects, &buildMesh};
 }
 
 ksInspectorPage ksInspectorPages::material()
@@ -324,5 +321,5 @@ ksInspectorPage ksInspectorPages::material()
         }
         return result;
     };
-    return {tr("Material"), false, subjects, &buildMaterial};
+    return {MaterialPageTexts::tr("Material"), false, subjects, &buildMaterial};
 }

@@ -20,10 +20,10 @@ using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct NodePageTexts
 {
-    return QCoreApplication::translate("ksNodePage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksNodePage)
+};
 
 osg::AttachmentPtr nameOf(const osg::NodePtr &node)
 {
@@ -38,7 +38,7 @@ osg::AttachmentPtr settingsOf(const osg::NodePtr &node)
 void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
 {
     ksInspectorField field;
-    field.name = tr("Name");
+    field.name = NodePageTexts::tr("Name");
     field.targets = ids;
     field.read = [](const osg::FieldContainerPtr &target) { return ksContainers::nameOf(target); };
     field.watches = [](const osg::FieldContainerPtr &target) {
@@ -51,7 +51,7 @@ void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
                                        [](const osg::NodePtr &node) { return nameOf(node) != osg::NullFC; });
     if (haveNames) {
         field.make = [](const osg::FieldContainerPtr &target, const QVariant &value, QUndoCommand *parent) {
-            const QString text = tr("Rename '%1'").arg(ksContainers::nameOf(target));
+            const QString text = NodePageTexts::tr("Rename '%1'").arg(ksContainers::nameOf(target));
             return ksFieldEdits::make(text, nameOf(osg::NodePtr::dcast(target)), QStringLiteral("name"),
                                       value, ksMerging::WithPrevious, parent);
         };
@@ -61,7 +61,7 @@ void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
     // To give a name to a node that has none is another command than those that change it.
     ksDocument &document = section.edits().document();
     field.perform = [&document, ids](const QVariant &value) {
-        ksNodeEdits::asOneStep(document, tr("Rename to '%1'").arg(value.toString()), [&] {
+        ksNodeEdits::asOneStep(document, NodePageTexts::tr("Rename to '%1'").arg(value.toString()), [&] {
             for (const osg::NodePtr &node : findAll<osg::NodePtr>(ids))
                 ksNodeEdits::rename(document, node, value.toString());
         });
@@ -72,7 +72,7 @@ void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
 void addShown(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
 {
     ksInspectorField field;
-    field.name = tr("Shown");
+    field.name = NodePageTexts::tr("Shown");
     field.targets = ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         return osg::NodePtr::dcast(target)->getTravMask() != 0;
@@ -82,7 +82,8 @@ void addShown(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
     };
     field.make = [](const osg::FieldContainerPtr &target, const QVariant &value, QUndoCommand *parent) {
         const QString text =
-            (value.toBool() ? tr("Show '%1'") : tr("Hide '%1'")).arg(ksContainers::nameOf(target));
+            (value.toBool() ? NodePageTexts::tr("Show '%1'") : NodePageTexts::tr("Hide '%1'"))
+                .arg(ksContainers::nameOf(target));
         return ksFieldEdits::make(text, target, QStringLiteral("travMask"), value.toBool() ? 0xffffffffU : 0U,
                                   ksMerging::Never, parent);
     };
@@ -112,5 +113,5 @@ ksInspectorPage ksInspectorPages::node()
                 result.parts.push_back(attached.getFieldContainerId());
         return result;
     };
-    return {tr("Node"), false, subjects, &build};
+    return {NodePageTexts::tr("Node"), false, subjects, &build};
 }

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -29,6 +30,7 @@ ksNumberBox::ksNumberBox(const ksNumberKind &kind, QWidget *parent)
     setKeyboardTracking(false);
     setMinimumWidth(NarrowestBox);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { isTyped = true; });
 }
 
 double ksNumberBox::rounded(double number) const
@@ -60,6 +62,12 @@ void ksNumberBox::showNumber(double number)
         setValue(number);
     else if (lineEdit()->text() != textFromValue(number))
         lineEdit()->setText(textFromValue(number));
+    isTyped = false;
+}
+
+bool ksNumberBox::takeTyped()
+{
+    return std::exchange(isTyped, false);
 }
 
 void ksNumberBox::stepBy(int steps)

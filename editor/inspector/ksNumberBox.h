@@ -38,6 +38,9 @@ public:
     /// Shows \a number, and drops what is being typed.
     void showNumber(double number);
 
+    /// Whether something has been typed since it was last asked, or shown a number.
+    bool takeTyped();
+
     void stepBy(int steps) override;
     QString textFromValue(double number) const override;
     double valueFromText(const QString &text) const override;
@@ -47,4 +50,5 @@ private:
     double rounded(double number) const;
 
     const ksNumberKind kind;
+    bool isTyped = false;
 };

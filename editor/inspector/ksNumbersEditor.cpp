@@ -36,8 +36,16 @@ void ksNumbersEditor::add(const ksNumberKind &kind, int part, ksScrubLabel *labe
     boxes.push_back(box);
     labels.push_back(label);
     connect(box, QOverload<double>::of(&QDoubleSpinBox::valueChanged), this,
-            [this, part](double number) { Q_EMIT edited(number, part); });
-    connect(box, &QDoubleSpinBox::editingFinished, this, &ksNumbersEditor::finished);
+            [this, box, part](double number) {
+                box->takeTyped();
+                Q_EMIT edited(number, part);
+            });
+    connect(box, &QDoubleSpinBox::editingFinished, this, [this, box, part] {
+        // Others may have another number than the one that is shown.
+        if (box->takeTyped())
+            Q_EMIT edited(box->value(), part);
+        Q_EMIT finished();
+    });
     connect(this, &ksNumbersEditor::cancelled, box, [box] { box->showNumber(box->value()); });
     connect(label, &ksScrubLabel::began, this, [this, box] {
         box->interpretText();

@@ -16,7 +16,8 @@ void ksScrubLabel::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     isDragging = true;
-    start = event->globalX();
+    last = event->globalX();
+    steps = 0;
     grabKeyboard();
     Q_EMIT began();
 }
@@ -30,12 +31,14 @@ void ksScrubLabel::mouseMoveEvent(QMouseEvent *event)
     const double factor = (event->modifiers() & Qt::ShiftModifier) != 0     ? Coarse
                           : (event->modifiers() & Qt::ControlModifier) != 0 ? Fine
                                                                             : 1;
-    Q_EMIT moved((event->globalX() - start) * factor);
+    steps += (event->globalX() - last) * factor;
+    last = event->globalX();
+    Q_EMIT moved(steps);
 }
 
-void ksScrubLabel::mouseReleaseEvent(QMouseEvent *)
+void ksScrubLabel::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!isDragging)
+    if (!isDragging || event->button() != Qt::LeftButton)
         return;
     stop();
     Q_EMIT ended();

@@ -14,8 +14,8 @@ public:
 Q_SIGNALS:
     void began();
 
-    /// The mouse is \a steps steps from where the drag began: one a pixel, ten with Shift, a tenth with
-    /// Control.
+    /// The mouse has gone \a steps steps since the drag began: one a pixel, ten where Shift was pressed, a
+    /// tenth with Control.
     void moved(double steps);
 
     void ended();
@@ -33,5 +33,6 @@ private:
     void stop();
 
     bool isDragging = false;
-    int start = 0;
+    int last = 0;
+    double steps = 0;
 };

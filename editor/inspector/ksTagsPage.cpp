@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <editor/document/ksDocument.h>
 #include <editor/document/ksNodeEdits.h>
-#include <editor/edits/ksAttachUndoCommand.h>
 #include <editor/edits/ksTagEdits.h>
 #include <editor/inspector/ksInspectorEdits.h>
 #include <editor/inspector/ksInspectorFields.h>
@@ -17,10 +16,10 @@ using ksInspectorFields::findAll;
 
 namespace {
 
-QString tr(const char *text)
+struct TagsPageTexts
 {
-    return QCoreApplication::translate("ksTagsPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksTagsPage)
+};
 
 osg::TagAttachmentPtr tagsOf(const osg::NodePtr &node)
 {
@@ -38,13 +37,15 @@ void change(ksDocument &document, const std::vector<osg::NodePtr> &nodes, osg::U
             changed.push_back(node);
     }
     if (changed.empty())
-        throw ksEditorError(tr("The tag '%1' is there already.").arg(QString::fromStdString(tag)));
-    const QString text = adding ? tr("Add tag '%1'") : tr("Remove tag '%1'");
+        throw ksEditorError(
+            TagsPageTexts::tr("The tag '%1' is there already.").arg(QString::fromStdString(tag)));
+    const QString text = adding ? TagsPageTexts::tr("Add tag '%1'") : TagsPageTexts::tr("Remove tag '%1'");
     ksNodeEdits::asOneStep(document, text.arg(QString::fromStdString(tag)), [&] {
         for (const osg::NodePtr &node : changed) {
             if (tagsOf(node) == osg::NullFC)
-                document.add(new ksAttachUndoCommand(node, osg::TagAttachment::create()));
-            document.add(ksTagEdits::make(node, field, tag, adding));
+                document.add(ksTagEdits::makeFirst(node, field, tag));
+            else
+                document.add(ksTagEdits::make(node, field, tag, adding));
         }
     });
 }
@@ -83,8 +84,8 @@ void addTags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
 
 void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
-    addTags(section, subjects.ids, tr("User tags"), ksTagEdits::UserTags);
-    addTags(section, subjects.ids, tr("Layers"), ksTagEdits::LayerTags);
+    addTags(section, subjects.ids, TagsPageTexts::tr("User tags"), ksTagEdits::UserTags);
+    addTags(section, subjects.ids, TagsPageTexts::tr("Layers"), ksTagEdits::LayerTags);
 }
 
 } // namespace
@@ -94,5 +95,5 @@ ksInspectorPage ksInspectorPages::tags()
     const auto subjects = [](const std::vector<osg::NodePtr> &nodes) {
         return ksInspectorFields::subjects(nodes, [](const osg::NodePtr &node) { return node; });
     };
-    return {tr("Tags"), false, subjects, &build};
+    return {TagsPageTexts::tr("Tags"), false, subjects, &build};
 }

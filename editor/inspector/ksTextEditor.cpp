@@ -23,9 +23,10 @@ ksTextEditor::ksTextEditor(Telling telling, QWidget *parent)
         connect(line, &QLineEdit::textEdited, this, [this](const QString &text) { Q_EMIT edited(text, -1); });
     else
         connect(line, &QLineEdit::editingFinished, this, [this] {
-            line->setModified(false);
-            if (line->text() != shown)
+            if (line->isModified()) {
+                line->setModified(false);
                 Q_EMIT edited(line->text(), -1);
+            }
         });
     connect(line, &QLineEdit::editingFinished, this, &ksTextEditor::finished);
     connect(this, &ksTextEditor::cancelled, this, [this] {

@@ -5,7 +5,6 @@
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/inspector/ksNumbersEditor.h>
-#include <editor/ksEditorError.h>
 #include <editor/scene/ksContainers.h>
 
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
@@ -16,25 +15,59 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+#include <cmath>
 #include <memory>
+#include <optional>
 
 namespace {
 
-QString tr(const char *text)
+struct TransformPageTexts
 {
-    return QCoreApplication::translate("ksTransformPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksTransformPage)
+};
 
 /// Which of the transforms is shown, and how.
 struct View
 {
-    int index = -1;
+    /// The node whose values are shown, and that of its variants which is shown, by their ids; 0 for the
+    /// node's own transform.
+    osg::UInt32 node = 0;
+    osg::UInt32 variant = 0;
+
     bool world = false;
 
-    /// The index; -1 when \a node has no such variant.
-    int indexIn(const osg::NodePtr &node) const
+    /// The variant; null for the node's own transform, and when the variant has gone.
+    osg::TransformVariantPtr meant() const
     {
-        return index < static_cast<int>(ksNodeUtils::getTransformVariantCount(node)) ? index : -1;
+        const auto found = ksFindContainer<osg::TransformVariantPtr>(variant);
+        const auto shown = ksFindContainer<osg::NodePtr>(node);
+        const bool isThere = found != osg::NullFC && ksInspectorFields::indexOfVariant(shown, found) >= 0;
+        return isThere ? found : osg::TransformVariantPtr();
+    }
+
+    /// The index of the transform of \a each; none when the node has no such variant.
+    std::optional<int> indexIn(const osg::NodePtr &each) const
+    {
+        const osg::TransformVariantPtr wanted = meant();
+        const int index = wanted == osg::NullFC ? -1 : ksInspectorFields::indexOfVariant(each, wanted);
+        return wanted != osg::NullFC && index < 0 ? std::nullopt : std::optional<int>(index);
+    }
+
+    osg::Transform3DPtr transformOf(const osg::NodePtr &each) const
+    {
+        const std::optional<int> index = indexIn(each);
+        return index ? ksNodeUtils::getTransform3D(each, *index) : osg::Transform3DPtr();
+    }
+
+    /// What transformOf() depends on, and \a mask of that.
+    ksWatches watches(const osg::NodePtr &each, osg::BitVector mask) const
+    {
+        ksWatches watches;
+        ksInspectorFields::watchVariants(watches, each, osg::TransformVariant::TransformFieldMask);
+        if (const osg::Transform3DPtr transform = transformOf(each))
+            watches.emplace_back(transform.getFieldContainerId(), mask);
+        return watches;
     }
 };
 
@@ -43,20 +76,6 @@ using SharedView = std::shared_ptr<View>;
 osg::NodePtr nodeOf(const osg::FieldContainerPtr &target)
 {
     return osg::NodePtr::dcast(target);
-}
-
-/// What the transform of \a node that \a index means depends on: the variants, and \a mask of the transform.
-ksWatches watchesOf(const osg::NodePtr &node, int index, osg::BitVector mask)
-{
-    ksWatches watches{{node.getFieldContainerId(), osg::Node::AttachmentsFieldMask}};
-    if (const auto variants = ksNodeUtils::getTransformVariantsAttachment(node))
-        watches.emplace_back(variants.getFieldContainerId(), osg::FieldBits::AllFields);
-    if (index >= 0)
-        if (const auto variant = ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(index)))
-            watches.emplace_back(variant.getFieldContainerId(), osg::TransformVariant::TransformFieldMask);
-    if (const auto transform = ksNodeUtils::getTransform3D(node, index))
-        watches.emplace_back(transform.getFieldContainerId(), mask);
-    return watches;
 }
 
 /// Adds what the place of \a node in world space depends on.
@@ -85,9 +104,9 @@ ksTransformTarget targetOf(const osg::NodePtr &node, const ksTransformProperty &
 {
     ksTransformTarget target;
     target.node = node;
-    target.index = view.indexIn(node);
+    target.index = view.indexIn(node).value();
     target.world = view.world && property.hasSpace;
-    const osg::Transform3DPtr transform = ksNodeUtils::getTransform3D(node, target.index);
+    const osg::Transform3DPtr transform = view.transformOf(node);
     // An edit of the direction restores neither of these when it is undone.
     target.directionAxis = transform->getRotationDirectionMode();
     target.directionOn = transform->getRotationDirectionOn();
@@ -98,15 +117,15 @@ QString labelOf(const ksTransformProperty &property)
 {
     switch (property.field) {
     case osg::Transform3D::EulerRotationFieldId:
-        return tr("Rotation");
+        return TransformPageTexts::tr("Rotation");
     case osg::Transform3D::ScalePivotTranslationFieldId:
-        return tr("Scale pivot shift");
+        return TransformPageTexts::tr("Scale pivot shift");
     case osg::Transform3D::RotatePivotTranslationFieldId:
-        return tr("Rotate pivot shift");
+        return TransformPageTexts::tr("Rotate pivot shift");
     case osg::Transform3D::RotationOrientationFieldId:
-        return tr("Orientation");
+        return TransformPageTexts::tr("Orientation");
     case osg::Transform3D::RotationDirectionFieldId:
-        return tr("Direction");
+        return TransformPageTexts::tr("Direction");
     default:
         return ksInspectorFields::label(QString::fromLatin1(property.name));
     }
@@ -128,14 +147,14 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
     field.targets = ids;
     field.read = [&property, view](const osg::FieldContainerPtr &target) {
         const osg::NodePtr node = nodeOf(target);
-        const int index = view->indexIn(node);
-        if (ksNodeUtils::getTransform3D(node, index) == osg::NullFC || (index >= 0 && !property.hasIndex))
+        const bool isVariant = view->meant() != osg::NullFC;
+        if (view->transformOf(node) == osg::NullFC || (isVariant && !property.hasIndex))
             return QVariant();
         return QVariant(listOf(property.read(targetOf(node, property, *view))));
     };
     field.watches = [&property, view](const osg::FieldContainerPtr &target) {
         const osg::NodePtr node = nodeOf(target);
-        ksWatches watches = watchesOf(node, view->indexIn(node), maskOf(property, view->world));
+        ksWatches watches = view->watches(node, maskOf(property, view->world));
         if (view->world && property.hasSpace)
             watchAbove(watches, node);
         return watches;
@@ -161,21 +180,21 @@ void addProperty(ksInspectorSection &section, const std::vector<osg::UInt32> &id
 void addOrder(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField field;
-    field.name = tr("Rotation order");
+    field.name = TransformPageTexts::tr("Rotation order");
     field.targets = ids;
     field.read = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        return QString::fromStdString(
-            ksNodeUtils::getTransformNodeEulerRotationOrder(node, view->indexIn(node)));
+        const osg::Transform3DPtr transform = view->transformOf(nodeOf(target));
+        return transform == osg::NullFC
+                   ? QVariant()
+                   : QVariant(QString::fromStdString(transform->getEulerRotationOrder()));
     };
     field.watches = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        return watchesOf(node, view->indexIn(node), osg::Transform3D::EulerRotationOrderFieldMask);
+        return view->watches(nodeOf(target), osg::Transform3D::EulerRotationOrderFieldMask);
     };
     field.make = [view](const osg::FieldContainerPtr &target, const QVariant &value, QUndoCommand *parent) {
         const osg::NodePtr node = nodeOf(target);
         return new ksEulerRotationOrderUndoCommand(node, value.toString().toStdString(), parent, {},
-                                                   view->indexIn(node));
+                                                   view->indexIn(node).value());
     };
     ksChoiceEditor::Choices orders;
     for (const char *order : {"XYZ", "XZY", "YXZ", "YZX", "ZXY", "ZYX"})
@@ -183,34 +202,62 @@ void addOrder(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     section.addRow(field, new ksChoiceEditor(orders));
 }
 
+/// The rotation of length 1 that \a parts are, of which \a typed stays as it is, as far as that can be. What
+/// it leaves to the others is w; x, y and z are shorter only when it leaves them less than they have.
+osg::Quaternion rotationOf(const QVariantList &parts, int typed)
+{
+    constexpr int W = 3;
+    double values[4];
+    double others = 0;
+    for (int i = 0; i <= W; ++i) {
+        values[i] = parts[i].toDouble();
+        if (i != W && i != typed)
+            others += values[i] * values[i];
+    }
+    values[typed] = std::clamp(values[typed], -1.0, 1.0);
+    const double rest = 1 - values[typed] * values[typed];
+    if (typed != W)
+        values[W] = std::copysign(std::sqrt(std::max(rest - others, 0.0)), values[W]);
+    else if (others == 0)
+        values[0] = std::sqrt(rest);
+    if (others > 0 && (typed == W || others > rest))
+        for (int i = 0; i < W; ++i)
+            values[i] *= i == typed ? 1 : std::sqrt(rest / others);
+    osg::Quaternion rotation(static_cast<float>(values[0]), static_cast<float>(values[1]),
+                             static_cast<float>(values[2]), static_cast<float>(values[W]));
+    return rotation;
+}
+
+QVariantList partsOf(const osg::Quaternion &rotation)
+{
+    QVariantList parts;
+    for (osg::UInt32 i = 0; i < 4; ++i)
+        parts += static_cast<double>(rotation[i]);
+    return parts;
+}
+
 void addQuaternion(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField field;
-    field.name = tr("Quaternion");
+    field.name = TransformPageTexts::tr("Quaternion");
     field.targets = ids;
     field.read = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        const auto transform = ksNodeUtils::getTransform3D(node, -1);
-        if (view->indexIn(node) >= 0 || transform == osg::NullFC)
-            return QVariant();
-        QVariantList parts;
-        for (osg::UInt32 i = 0; i < 4; ++i)
-            parts += static_cast<double>(transform->getRotation()[i]);
-        return QVariant(parts);
+        const osg::Transform3DPtr transform = view->transformOf(nodeOf(target));
+        const bool isVariant = view->meant() != osg::NullFC;
+        return isVariant || transform == osg::NullFC ? QVariant()
+                                                     : QVariant(partsOf(transform->getRotation()));
     };
     field.watches = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        return watchesOf(node, view->indexIn(node), osg::Transform3D::RotationFieldMask);
+        return view->watches(nodeOf(target), osg::Transform3D::RotationFieldMask);
     };
     field.make = [](const osg::FieldContainerPtr &target, const QVariant &value, QUndoCommand *parent) {
+        const osg::NodePtr node = nodeOf(target);
         const QVariantList parts = value.toList();
-        osg::Quaternion rotation(parts[0].toFloat(), parts[1].toFloat(), parts[2].toFloat(),
-                                 parts[3].toFloat());
-        if (rotation.length() == 0)
-            throw ksEditorError("a quaternion of length 0 is no rotation");
-        rotation.normalize();
-        const QString text = tr("Turn '%1'").arg(ksContainers::nameOf(target));
-        return new ksRotationAsQuaternionUndoCommand(text, nodeOf(target), rotation, parent);
+        const QVariantList known = partsOf(ksNodeUtils::getTransform3D(node, -1)->getRotation());
+        const auto typed = std::mismatch(parts.begin(), parts.end(), known.begin()).first - parts.begin();
+        const osg::Quaternion rotation = rotationOf(parts, std::min(static_cast<int>(typed), 3));
+        const QString text = TransformPageTexts::tr("Turn '%1'").arg(ksContainers::nameOf(target));
+        return new ksRotationAsQuaternionUndoCommand(text, node, rotation, parent);
     };
     ksNumberKind kind;
     kind.step = 0.01;
@@ -225,23 +272,18 @@ void addPlain(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     const ksInspectorField plain = ksInspectorFields::fieldOf(ids, name);
     ksInspectorField field = plain;
     field.name = label;
-    const auto transformOf = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        return ksNodeUtils::getTransform3D(node, view->indexIn(node));
-    };
-    field.read = [plain, transformOf](const osg::FieldContainerPtr &target) {
-        const osg::Transform3DPtr transform = transformOf(target);
+    field.read = [plain, view](const osg::FieldContainerPtr &target) {
+        const osg::Transform3DPtr transform = view->transformOf(nodeOf(target));
         return transform == osg::NullFC ? QVariant() : plain.read(transform);
     };
     field.watches = [name, view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
         const osg::FieldDescription *description =
             osg::Transform3D::getClassType().findFieldDescription(name.toLatin1().constData());
-        return watchesOf(node, view->indexIn(node), description->getFieldMask());
+        return view->watches(nodeOf(target), description->getFieldMask());
     };
-    field.make = [name, transformOf](const osg::FieldContainerPtr &target, const QVariant &value,
-                                     QUndoCommand *parent) {
-        return ksInspectorFields::make(transformOf(target), name, value, parent);
+    field.make = [name, view](const osg::FieldContainerPtr &target, const QVariant &value,
+                              QUndoCommand *parent) {
+        return ksInspectorFields::make(view->transformOf(nodeOf(target)), name, value, parent);
     };
     section.addRow(field, editor);
 }
@@ -250,40 +292,36 @@ void addPlain(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, const SharedView &view)
 {
     ksInspectorField which;
-    which.name = tr("Transform");
+    which.name = TransformPageTexts::tr("Transform");
     which.targets = ids;
-    which.read = [view](const osg::FieldContainerPtr &target) { return view->indexIn(nodeOf(target)); };
-    which.watches = [view](const osg::FieldContainerPtr &target) {
-        const osg::NodePtr node = nodeOf(target);
-        ksWatches watches = watchesOf(node, -1, 0);
-        if (const auto variant =
-                ksNodeUtils::getTransformVariant(node, static_cast<unsigned long>(view->indexIn(node))))
-            watches.emplace_back(variant.getFieldContainerId(), osg::TransformVariant::NameFieldMask);
+    which.read = [view](const osg::FieldContainerPtr &) { return view->meant().getFieldContainerId(); };
+    which.watches = [](const osg::FieldContainerPtr &target) {
+        ksWatches watches;
+        ksInspectorFields::watchVariants(watches, nodeOf(target), osg::TransformVariant::NameFieldMask);
         return watches;
     };
     which.perform = [view, &section](const QVariant &value) {
-        view->index = value.toInt();
+        view->variant = value.toUInt();
         section.refresh();
     };
-    const auto textOf = [id = ids.back()](const QVariant &index) {
-        if (index.toInt() < 0)
-            return tr("The node's own");
-        const auto node = ksFindContainer<osg::NodePtr>(id);
-        return tr("Variant %1")
-            .arg(QString::fromStdString(ksNodeUtils::getTransformVariantName(node, index.toInt())));
+    const auto textOf = [](const QVariant &id) {
+        const auto variant = ksFindContainer<osg::TransformVariantPtr>(id.toUInt());
+        return variant == osg::NullFC
+                   ? TransformPageTexts::tr("The node's own")
+                   : TransformPageTexts::tr("Variant %1").arg(QString::fromStdString(variant->getName()));
     };
-    const auto choices = [id = ids.back(), textOf] {
-        ksChoiceEditor::Choices all;
-        const auto node = ksFindContainer<osg::NodePtr>(id);
-        const int count = static_cast<int>(ksNodeUtils::getTransformVariantCount(node));
-        for (int index = -1; index < count; ++index)
-            all.emplace_back(textOf(index), index);
+    const auto choices = [view, textOf] {
+        ksChoiceEditor::Choices all{{textOf(0U), 0U}};
+        const auto node = ksFindContainer<osg::NodePtr>(view->node);
+        if (const auto variants = ksNodeUtils::getTransformVariantsAttachment(node))
+            for (const osg::TransformVariantPtr &variant : variants->getVariants())
+                all.emplace_back(textOf(variant.getFieldContainerId()), variant.getFieldContainerId());
         return all;
     };
     section.addRow(which, new ksChoiceEditor(choices, textOf));
 
     ksInspectorField space;
-    space.name = tr("Space");
+    space.name = TransformPageTexts::tr("Space");
     space.targets = ids;
     space.read = [view](const osg::FieldContainerPtr &) { return view->world; };
     space.watches = [](const osg::FieldContainerPtr &) { return ksWatches(); };
@@ -291,12 +329,14 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
         view->world = value.toBool();
         section.refresh();
     };
-    section.addRow(space, new ksChoiceEditor({{tr("Parent"), false}, {tr("World"), true}}));
+    section.addRow(space, new ksChoiceEditor({{TransformPageTexts::tr("Parent"), false},
+                                              {TransformPageTexts::tr("World"), true}}));
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void build(ksInspectorSection &section, const ksInspectorSubjects &subjects, const SharedView &view)
 {
-    const auto view = std::make_shared<View>();
+    view->node = subjects.ids.back();
+    view->variant = 0;
     addView(section, subjects.ids, view);
     for (const ksTransformProperty &property : ksTransformEdits::properties()) {
         addProperty(section, subjects.ids, property, view);
@@ -305,16 +345,19 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
             addQuaternion(section, subjects.ids, view);
         }
     }
-    addPlain(section, subjects.ids, view, tr("Follows direction"), QStringLiteral("rotationDirectionOn"),
-             new ksFlagEditor);
-    addPlain(section, subjects.ids, view, tr("Direction's axis"), QStringLiteral("rotationDirectionMode"),
-             new ksChoiceEditor({{tr("x axis"), 0.0}, {tr("y axis"), 1.0}, {tr("z axis"), 2.0}}));
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Follows direction"),
+             QStringLiteral("rotationDirectionOn"), new ksFlagEditor);
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Direction's axis"),
+             QStringLiteral("rotationDirectionMode"),
+             new ksChoiceEditor({{TransformPageTexts::tr("x axis"), 0.0},
+                                 {TransformPageTexts::tr("y axis"), 1.0},
+                                 {TransformPageTexts::tr("z axis"), 2.0}}));
     ksChoiceEditor::Choices types;
     constexpr int TypeCount = 4;
     for (int i = 0; i < TypeCount; ++i)
-        types.emplace_back(tr("Type %1").arg(i), static_cast<double>(i));
-    addPlain(section, subjects.ids, view, tr("Inherit type"), QStringLiteral("inheritType"),
-             new ksChoiceEditor(types));
+        types.emplace_back(TransformPageTexts::tr("Type %1").arg(i), static_cast<double>(i));
+    addPlain(section, subjects.ids, view, TransformPageTexts::tr("Inherit type"),
+             QStringLiteral("inheritType"), new ksChoiceEditor(types));
 }
 
 } // namespace
@@ -326,5 +369,10 @@ ksInspectorPage ksInspectorPages::transform()
             return osg::Transform3DPtr::dcast(node->getCore()) != osg::NullFC ? node : osg::NodePtr();
         });
     };
-    return {tr("Transform"), false, subjects, &build};
+    // The space stays from one selection to the next.
+    const auto view = std::make_shared<View>();
+    return {TransformPageTexts::tr("Transform"), false, subjects,
+            [view](ksInspectorSection &section, const ksInspectorSubjects &shown) {
+                build(section, shown, view);
+            }};
 }

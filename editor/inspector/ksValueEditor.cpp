@@ -5,6 +5,14 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 
+void ksValueEditor::showMixed(bool isMixed)
+{
+    QFont shown = font();
+    shown.setItalic(isMixed);
+    setFont(shown);
+    setToolTip(isMixed ? tr("Not all selected nodes have this value") : QString());
+}
+
 void ksValueEditor::tame(QWidget *control)
 {
     control->setFocusPolicy(Qt::StrongFocus);
@@ -36,6 +44,13 @@ bool ksValueEditor::eventFilter(QObject *watched, QEvent *event)
     }
     if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
         event->ignore();
+        return true;
+    }
+    // Letters are the control's, not the window's.
+    const bool isLetter = !key->text().isEmpty() && key->text().front().isPrint() &&
+                          (key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == 0;
+    if (event->type() == QEvent::ShortcutOverride && isLetter) {
+        event->accept();
         return true;
     }
     return QWidget::eventFilter(watched, event);

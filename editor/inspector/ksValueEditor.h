@@ -22,6 +22,9 @@ public:
     /// Shows \a value, and tells nobody. Focus and cursor stay.
     virtual void showValue(const QVariant &value) = 0;
 
+    /// Shows whether others have another value than the one that is shown.
+    virtual void showMixed(bool isMixed);
+
     /// Gives the controls their accessible names, after that of the value.
     virtual void setName(const QString &name) = 0;
 
@@ -40,7 +43,7 @@ Q_SIGNALS:
 
 protected:
     /// Has \a control leave undo and redo to the window, Escape to cancelled(), and the wheel to the page
-    /// while it has no focus.
+    /// while it has no focus, and keep letters, which are keys of the window, too.
     void tame(QWidget *control);
 
     /// Gives \a area and its scroll bars accessible names.

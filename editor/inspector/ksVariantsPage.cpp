@@ -23,10 +23,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct VariantsPageTexts
 {
-    return QCoreApplication::translate("ksVariantsPage", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksVariantsPage)
+};
 
 /// The rows follow the change list.
 const auto unheard = [](const auto &...) {};
@@ -45,49 +45,50 @@ osg::TransformVariantPtr variantOf(const osg::FieldContainerPtr &target, int ind
 
 ksWatches watchesOf(const osg::FieldContainerPtr &target, osg::BitVector mask)
 {
-    const osg::NodePtr node = osg::NodePtr::dcast(target);
-    ksWatches watches{{node.getFieldContainerId(), osg::Node::AttachmentsFieldMask}};
-    if (const auto variants = ksNodeUtils::getTransformVariantsAttachment(node))
-        watches.emplace_back(variants.getFieldContainerId(), osg::FieldBits::AllFields);
-    for (int i = 0; i < countIn(node); ++i)
-        watches.emplace_back(variantOf(node, i).getFieldContainerId(), mask);
+    ksWatches watches;
+    ksInspectorFields::watchVariants(watches, osg::NodePtr::dcast(target), mask);
     return watches;
 }
 
-/// Builds the command that \a wanted is for \a node; null when the node has no such variant.
-QUndoCommand *makeChange(const osg::NodePtr &node, const ksListChange &wanted, QUndoCommand *parent)
+/// Adds the command that \a wanted is for the variant of \a node called like \a meant to \a batch; none when
+/// the node has no such variant.
+void addChange(const osg::NodePtr &node, const ksListChange &wanted, const osg::TransformVariantPtr &meant,
+               QUndoCommand *batch)
 {
-    const osg::TransformVariantPtr variant = variantOf(node, wanted.row);
-    if (wanted.kind == ksListChange::Kind::Add)
-        return new ksAddTransformVariantUndoCommand(
-            node, ksTransformEdits::makeVariant(node, wanted.text.toStdString()),
-            static_cast<unsigned long>(countIn(node)), parent, unheard);
+    const std::string name = wanted.text.toStdString();
+    if (wanted.kind == ksListChange::Kind::Add) {
+        new ksAddTransformVariantUndoCommand(node, ksTransformEdits::makeVariant(node, name),
+                                             static_cast<unsigned long>(countIn(node)), batch, unheard);
+        return;
+    }
+    const int row = ksInspectorFields::indexOfVariant(node, meant);
+    const osg::TransformVariantPtr variant = variantOf(node, row);
     if (variant == osg::NullFC)
-        return nullptr;
+        return;
     if (wanted.kind == ksListChange::Kind::Remove)
-        return new ksRemoveTransformSwitchVariantUndoCommand(node, static_cast<unsigned long>(wanted.row),
-                                                             parent, unheard);
-    if (wanted.kind == ksListChange::Kind::Rename)
-        return variant->getName() == wanted.text.toStdString()
-                   ? nullptr
-                   : new ksTransformVariantNameUndoCommand(variant, wanted.text.toStdString(), parent,
-                                                           unheard);
-    return wanted.to < 0 || wanted.to >= countIn(node) || wanted.to == wanted.row
-               ? nullptr
-               : new ksTransformVariantMoveCommand(node, wanted.row, wanted.to, parent, unheard);
+        new ksRemoveTransformSwitchVariantUndoCommand(node, static_cast<unsigned long>(row), batch, unheard);
+    else if (wanted.kind == ksListChange::Kind::Apply)
+        ksTransformEdits::addApplied(node, variant, batch);
+    else if (wanted.kind == ksListChange::Kind::Rename && variant->getName() != name)
+        new ksTransformVariantNameUndoCommand(variant, name, batch, unheard);
+    else if (wanted.kind == ksListChange::Kind::Move && wanted.to >= 0 && wanted.to < countIn(node) &&
+             wanted.to != row)
+        new ksTransformVariantMoveCommand(node, row, wanted.to, batch, unheard);
 }
 
 QString textOf(const ksListChange &wanted)
 {
     switch (wanted.kind) {
     case ksListChange::Kind::Add:
-        return tr("Add variant '%1'").arg(wanted.text);
+        return VariantsPageTexts::tr("Add variant '%1'").arg(wanted.text);
     case ksListChange::Kind::Remove:
-        return tr("Remove variant");
+        return VariantsPageTexts::tr("Remove variant");
     case ksListChange::Kind::Rename:
-        return tr("Rename variant to '%1'").arg(wanted.text);
+        return VariantsPageTexts::tr("Rename variant to '%1'").arg(wanted.text);
+    case ksListChange::Kind::Apply:
+        return VariantsPageTexts::tr("Apply variant");
     default:
-        return tr("Move variant");
+        return VariantsPageTexts::tr("Move variant");
     }
 }
 
@@ -95,26 +96,33 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
 {
     namespace Flags = osg::TransformVariantFlags;
     const std::vector<std::pair<QString, osg::UInt64>> flags = {
-        {tr("Translation"), Flags::Translation},
-        {tr("Rotation"), Flags::Rotation},
-        {tr("Scale"), Flags::Scale},
-        {tr("Shear"), Flags::Shear},
-        {tr("Scale pivot"), Flags::ScalePivot},
-        {tr("Rotate pivot"), Flags::RotatePivot},
-        {tr("Scale pivot shift"), Flags::ScalePivotTranslation},
-        {tr("Rotate pivot shift"), Flags::RotatePivotTranslation},
-        {tr("Orientation"), Flags::RotationOrientation},
-        {tr("Direction"), Flags::RotationDirection},
-        {tr("Rotation order"), Flags::EulerRotationOrder},
-        {tr("Inherit type"), Flags::InheritType}};
+        {VariantsPageTexts::tr("Translation"), Flags::Translation},
+        {VariantsPageTexts::tr("Rotation"), Flags::Rotation},
+        {VariantsPageTexts::tr("Scale"), Flags::Scale},
+        {VariantsPageTexts::tr("Shear"), Flags::Shear},
+        {VariantsPageTexts::tr("Scale pivot"), Flags::ScalePivot},
+        {VariantsPageTexts::tr("Rotate pivot"), Flags::RotatePivot},
+        {VariantsPageTexts::tr("Scale pivot shift"), Flags::ScalePivotTranslation},
+        {VariantsPageTexts::tr("Rotate pivot shift"), Flags::RotatePivotTranslation},
+        {VariantsPageTexts::tr("Orientation"), Flags::RotationOrientation},
+        {VariantsPageTexts::tr("Direction"), Flags::RotationDirection},
+        {VariantsPageTexts::tr("Rotation order"), Flags::EulerRotationOrder},
+        {VariantsPageTexts::tr("Inherit type"), Flags::InheritType}};
     QStringList texts;
     for (const auto &flag : flags)
         texts += flag.first;
+    // That of the shown node, and those of the others that are called like it.
+    const auto find = [list, shown = ids.back()](const osg::FieldContainerPtr &target) {
+        const auto meant = variantOf(ksFindContainer<osg::NodePtr>(shown), list->currentRow());
+        return meant == osg::NullFC
+                   ? meant
+                   : variantOf(target, ksInspectorFields::indexOfVariant(osg::NodePtr::dcast(target), meant));
+    };
     ksInspectorField field;
-    field.name = tr("Applies");
+    field.name = VariantsPageTexts::tr("Applies");
     field.targets = ids;
-    field.read = [list, flags](const osg::FieldContainerPtr &target) {
-        const osg::TransformVariantPtr variant = variantOf(target, list->currentRow());
+    field.read = [find, flags](const osg::FieldContainerPtr &target) {
+        const osg::TransformVariantPtr variant = find(target);
         if (variant == osg::NullFC)
             return QVariant();
         QVariantList values;
@@ -125,9 +133,9 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     field.watches = [](const osg::FieldContainerPtr &target) {
         return watchesOf(target, osg::TransformVariant::ApplyFlagsFieldMask);
     };
-    field.make = [list, flags](const osg::FieldContainerPtr &target, const QVariant &value,
+    field.make = [find, flags](const osg::FieldContainerPtr &target, const QVariant &value,
                                QUndoCommand *parent) {
-        const osg::TransformVariantPtr variant = variantOf(target, list->currentRow());
+        const osg::TransformVariantPtr variant = find(target);
         const QVariantList values = value.toList();
         osg::UInt64 bits = variant->getApplyFlags();
         for (std::size_t i = 0; i < flags.size(); ++i)
@@ -141,10 +149,10 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     auto *list =
-        new ksListEditor(ksListEditor::TypeNew | ksListEditor::RemoveEntry | ksListEditor::RenameEntry |
-                         ksListEditor::MoveEntry | ksListEditor::TellChanges);
+        new ksListEditor(ksListEditor::TypeNew | ksListEditor::ApplyEntry | ksListEditor::RemoveEntry |
+                         ksListEditor::RenameEntry | ksListEditor::MoveEntry | ksListEditor::TellChanges);
     ksInspectorField field;
-    field.name = tr("Variants");
+    field.name = VariantsPageTexts::tr("Variants");
     field.targets = subjects.ids;
     field.read = [](const osg::FieldContainerPtr &target) {
         QStringList names;
@@ -159,8 +167,10 @@ void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
     field.perform = [&document, ids = subjects.ids](const QVariant &value) {
         const auto wanted = value.value<ksListChange>();
         auto batch = std::make_unique<ksMultiCommand>(textOf(wanted));
-        for (const osg::NodePtr &node : ksInspectorFields::findAll<osg::NodePtr>(ids))
-            makeChange(node, wanted, batch.get());
+        const auto nodes = ksInspectorFields::findAll<osg::NodePtr>(ids);
+        const osg::TransformVariantPtr meant = variantOf(nodes.back(), wanted.row);
+        for (const osg::NodePtr &node : nodes)
+            addChange(node, wanted, meant, batch.get());
         if (batch->childCount() > 0)
             document.add(batch.release());
     };
@@ -180,5 +190,5 @@ ksInspectorPage ksInspectorPages::variants()
             return has ? node : osg::NodePtr();
         });
     };
-    return {tr("Variants"), false, subjects, &build};
+    return {VariantsPageTexts::tr("Variants"), false, subjects, &build};
 }

@@ -171,8 +171,12 @@ QAction *ksMainWindow::addNodeAction(QMenu *menu, const QString &text, const QKe
                                      const Work &work)
 {
     QAction *action = addAction(menu, text, key, work);
+    // Keys that fields know are theirs.
+    if ((key[0] & static_cast<int>(Qt::KeyboardModifierMask)) == 0)
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     nodeActions += action;
     nodes->tree()->addAction(action);
+    view->addAction(action);
     return action;
 }
 
@@ -365,8 +369,17 @@ void ksMainWindow::newDocument()
         document.clear();
 }
 
+void ksMainWindow::finishTyping()
+{
+    if (QWidget *focus = focusWidget()) {
+        focus->clearFocus();
+        focus->setFocus();
+    }
+}
+
 bool ksMainWindow::mayReplace()
 {
+    finishTyping();
     if (!document.isModified())
         return true;
     switch (dialogs.askToSave(this, document.title())) {
@@ -403,6 +416,7 @@ bool ksMainWindow::saveAs()
 
 bool ksMainWindow::saveIn(const QString &path)
 {
+    finishTyping();
     bool isSaved = false;
     attempt([&] {
         document.save(path);

@@ -79,6 +79,9 @@ private:
     void attempt(const Work &work);
     void refuse(const QString &reason);
 
+    /// Has the field that has the focus take what is being typed.
+    void finishTyping();
+
     /// Whether unsaved edits, if there are any, may go.
     bool mayReplace();
     bool saveIn(const QString &path);

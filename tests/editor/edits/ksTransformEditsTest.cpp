@@ -146,3 +146,51 @@ TEST_F(ksTransformEditsTest, MakesVariantsLikeTheNode)
     const osg::RefPtr<osg::TransformVariantPtr> plain(ksTransformEdits::makeVariant(bare, "Plain"));
     EXPECT_EQ(plain->getTransform()->getMatrix(), osg::Matrix());
 }
+
+TEST_F(ksTransformEditsTest, RefusesPlacesInTheWorldThatAreNoneForTheNode)
+{
+    constexpr float Far = 3e38F;
+    const auto refusal = [&](const osg::Vec3f &position) {
+        return ksErrorOf([&] { ksTransformEdits::refuseUnreachable(child, position); });
+    };
+    const auto scaleRoot = [&](const osg::Vec3f &scale) {
+        CPEditAll(transformOf(root));
+        transformOf(root)->setScale(scale);
+    };
+    EXPECT_EQ(refusal({Far, 0, 0}), "");
+    scaleRoot({0.5F, 1, 1});
+    EXPECT_THAT(refusal({Far, 0, 0}), testing::HasSubstr("so far away"));
+    EXPECT_EQ(refusal({0, Far, 0}), "");
+    scaleRoot({1, 0, 1});
+    EXPECT_THAT(refusal({1, 2, 3}), testing::HasSubstr("flattened"));
+}
+
+TEST_F(ksTransformEditsTest, AppliesWhatTheFlagsOfAVariantSay)
+{
+    addVariant();
+    const osg::TransformVariantPtr variant = ksNodeUtils::getTransformVariant(child, 0);
+    for (const ksTransformProperty &each : ksTransformEdits::properties())
+        if (each.hasIndex)
+            make(each, {child, 0}, {1, 2, 3})->redo();
+    make(property("shear"), {child}, {4, 5, 6})->redo();
+    const auto apply = [&](osg::UInt64 flags) {
+        {
+            CPEdit(variant, osg::TransformVariant::ApplyFlagsFieldMask);
+            variant->setApplyFlags(flags);
+        }
+        auto batch = std::make_unique<QUndoCommand>();
+        ksTransformEdits::addApplied(child, variant, batch.get());
+        batch->redo();
+        return batch;
+    };
+    const auto none = apply(0);
+    for (const ksTransformProperty &each : ksTransformEdits::properties())
+        EXPECT_NE(each.read({child}), osg::Vec3f(1, 2, 3)) << each.name;
+    const auto all = apply(osg::TransformVariantFlags::AllComponents & ~osg::TransformVariantFlags::Shear);
+    for (const ksTransformProperty &each : ksTransformEdits::properties()) {
+        const osg::Vec3f expected = each.hasIndex ? osg::Vec3f(1, 2, 3) : osg::Vec3f(4, 5, 6);
+        EXPECT_EQ(each.read({child}), expected) << each.name;
+    }
+    all->undo();
+    EXPECT_EQ(property("translation").read({child}), osg::Vec3f(0, 0, 0));
+}

@@ -140,30 +140,36 @@ protected:
         QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(WithinBox, button->height() / 2));
     }
 
+    /// Sends the label \a name an event of \a button at \a x.
+    void mouse(QEvent::Type type, const char *name, int x, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+               Qt::MouseButton button = Qt::LeftButton) const
+    {
+        auto *label = find<QLabel>(name);
+        const bool isDown = type != QEvent::MouseButtonRelease;
+        QMouseEvent event(type, QPoint(x, 1), label->mapToGlobal(QPoint(x, 1)),
+                          type == QEvent::MouseMove ? Qt::NoButton : button,
+                          isDown ? Qt::LeftButton : Qt::NoButton, modifiers);
+        QApplication::sendEvent(label, &event);
+    }
+
     /// Presses on the label \a name, moves the mouse \a moves pixels, one at a time, and presses \a key or
     /// lets go.
     void scrub(const char *name, int moves, int key = 0) const
     {
-        auto *label = find<QLabel>(name);
-        const auto send = [label](QEvent::Type type, int x) {
-            const bool isDown = type != QEvent::MouseButtonRelease;
-            QMouseEvent event(type, QPoint(x, 1), label->mapToGlobal(QPoint(x, 1)),
-                              type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                              isDown ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
-            QApplication::sendEvent(label, &event);
-        };
-        send(QEvent::MouseButtonPress, 0);
+        mouse(QEvent::MouseButtonPress, name, 0);
         for (int x = 1; x <= moves; ++x)
-            send(QEvent::MouseMove, x);
+            mouse(QEvent::MouseMove, name, x);
         if (key != 0)
-            QTest::keyClick(label, static_cast<Qt::Key>(key));
-        send(QEvent::MouseButtonRelease, moves);
+            QTest::keyClick(find<QLabel>(name), static_cast<Qt::Key>(key));
+        mouse(QEvent::MouseButtonRelease, name, moves);
     }
 
     void choose(const char *name, const QString &text) const
     {
         auto *box = find<QComboBox>(name);
         box->setFocus();
+        // Any key has it look for what there is to choose.
+        QTest::keyClick(box, Qt::Key_Shift);
         const int index = box->findText(text);
         ASSERT_GE(index, 0) << text.toStdString();
         box->setCurrentIndex(index);
@@ -256,6 +262,39 @@ TEST_F(ksInspectorTest, NamesNodesThatHaveNoName)
     EXPECT_EQ(ksContainers::nameOf(bare), QStringLiteral("Vase"));
 }
 
+TEST_F(ksInspectorTest, KeepsTheFocusWhenThePageIsMadeAnew)
+{
+    const osg::NodePtr bare = add(osg::Group::create(), "");
+    select({bare});
+    type("Name", "Vase");
+    EXPECT_TRUE(find<QLineEdit>("Name")->hasFocus());
+    stack().undo();
+    EXPECT_TRUE(find<QLineEdit>("Name")->hasFocus());
+    // Widgets show themselves once they are laid out.
+    QCoreApplication::processEvents();
+    type("Name", "Vase", Qt::Key_Tab);
+    EXPECT_TRUE(find<QCheckBox>("Shown")->hasFocus());
+    // What has been named is no longer what Escape takes back.
+    QTest::keyClick(find<QCheckBox>("Shown"), Qt::Key_Escape);
+    EXPECT_EQ(ksContainers::nameOf(bare), QStringLiteral("Vase"));
+    EXPECT_EQ(stack().count(), 2);
+    scrub("Layer, drag to change", 5);
+    EXPECT_EQ(stack().count(), 3);
+}
+
+TEST_F(ksInspectorTest, TakesBackOnlyWhatTheControlHasDone)
+{
+    select({node("Table")});
+    auto *line = find<QLineEdit>("Comment");
+    line->setFocus();
+    QTest::keyClicks(line, QStringLiteral("abc"));
+    QTest::keyClick(find<QCheckBox>("Shown"), Qt::Key_Escape);
+    EXPECT_EQ(stack().count(), 1);
+    EXPECT_TRUE(stack().canUndo());
+    QTest::keyClick(line, Qt::Key_Escape);
+    EXPECT_FALSE(stack().canUndo());
+}
+
 TEST_F(ksInspectorTest, TakesAWordAsOneStepAndTwoAsTwo)
 {
     select({node("Table")});
@@ -324,6 +363,26 @@ TEST_F(ksInspectorTest, ForgetsWhatIsNoLongerSelected)
     EXPECT_FALSE(find<QToolButton>("Node")->isVisible());
 }
 
+TEST_F(ksInspectorTest, FollowsSelectedNodesThatGoAndComeBack)
+{
+    const auto isShown = [&] { return find<QToolButton>("Node")->isVisible(); };
+    select({node("Table")});
+    ksNodeEdits::remove(document, {node("Table")});
+    EXPECT_FALSE(isShown());
+    EXPECT_TRUE(find<QLabel>("")->isVisible());
+    stack().undo();
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(textOf("Name"), QStringLiteral("Table"));
+    EXPECT_FALSE(find<QLabel>("")->isVisible());
+    // One of several, below what goes.
+    select({node("Table"), node("Seat")});
+    EXPECT_EQ(textOf("Name"), QStringLiteral("Seat"));
+    ksNodeEdits::remove(document, {node("Chair")});
+    EXPECT_EQ(textOf("Name"), QStringLiteral("Table"));
+    stack().undo();
+    EXPECT_EQ(textOf("Name"), QStringLiteral("Seat"));
+}
+
 TEST_F(ksInspectorTest, KeepsTheDigitsThatItDoesNotShow)
 {
     const osg::NodePtr table = node("Table");
@@ -371,6 +430,28 @@ TEST_F(ksInspectorTest, TakesADragAsOneStep)
     EXPECT_EQ(shown(), QStringLiteral("6.51"));
     expectStep([&] { scrub("Opacity, drag to change", 60); }, [&] { return textOf("Opacity"); });
     EXPECT_EQ(textOf("Opacity"), QStringLiteral("1")) << "within its range";
+    expectStep([&] { scrub("Quaternion x, drag to change", 60); }, [&] { return textOf("Quaternion x"); });
+    EXPECT_EQ(textOf("Quaternion x"), QStringLiteral("0.6"));
+}
+
+TEST_F(ksInspectorTest, DragsFasterAndSlowerWithoutAJump)
+{
+    select({node("Table")});
+    const char *const label = "Scale pivot y, drag to change";
+    type("Scale pivot y", "0");
+    mouse(QEvent::MouseButtonPress, label, 0);
+    mouse(QEvent::MouseMove, label, 10);
+    EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("1"));
+    mouse(QEvent::MouseMove, label, 11, Qt::ShiftModifier);
+    EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2"));
+    mouse(QEvent::MouseMove, label, 21, Qt::ControlModifier);
+    EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2.1"));
+    mouse(QEvent::MouseButtonRelease, label, 21, Qt::NoModifier, Qt::RightButton);
+    mouse(QEvent::MouseMove, label, 22);
+    EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2.2")) << "the left button is down still";
+    mouse(QEvent::MouseButtonRelease, label, 22);
+    mouse(QEvent::MouseMove, label, 32);
+    EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2.2"));
 }
 
 TEST_F(ksInspectorTest, EditsAllSelectedNodesInOneStep)
@@ -395,12 +476,64 @@ TEST_F(ksInspectorTest, EditsAllSelectedNodesInOneStep)
     EXPECT_EQ(stack().count(), 3);
 }
 
+TEST_F(ksInspectorTest, GivesOthersWhatTheShownNodeHasAlready)
+{
+    const std::vector<osg::NodePtr> nodes = {node("Chair"), node("Table")};
+    select({nodes[0]});
+    type("Translation y", "1");
+    select(nodes);
+    const auto height = [&] { return ksNodeUtils::getTransformNodeTranslation(nodes[0], false, -1)[1]; };
+    type("Translation y", "2");
+    select({nodes[0]});
+    type("Translation y", "1");
+    select(nodes);
+    expectStep([&] { type("Translation y", "2"); }, height);
+    EXPECT_EQ(height(), 2);
+    // Nothing has been typed.
+    select({nodes[0]});
+    type("Translation y", "1");
+    select(nodes);
+    const int count = stack().count();
+    QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Return);
+    EXPECT_EQ(stack().count(), count);
+    type("Translation y", "2", Qt::Key_Escape);
+    QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Return);
+    EXPECT_EQ(stack().count(), count);
+
+    const auto flags = [&] { return ksSettingsOf(nodes[0])->getUserFlags(); };
+    expectStep([&] { type("User flags", "4294967301"); }, flags);
+    EXPECT_EQ(flags(), 4294967301u);
+}
+
+TEST_F(ksInspectorTest, ShowsThatValuesDiffer)
+{
+    const osg::NodePtr chair = node("Chair");
+    select({chair, node("Table")});
+    const auto isMixed = [&](const char *name) { return find<QLineEdit>(name)->font().italic(); };
+    const auto shown = [&] { return find<QCheckBox>("Shown")->checkState(); };
+    EXPECT_TRUE(isMixed("Name"));
+    EXPECT_FALSE(isMixed("Scale pivot x"));
+    EXPECT_EQ(shown(), Qt::Checked);
+    ksNodeEdits::show(document, {chair}, false);
+    EXPECT_EQ(shown(), Qt::PartiallyChecked);
+    click("Shown");
+    EXPECT_EQ(shown(), Qt::Checked);
+    EXPECT_NE(chair->getTravMask(), 0u);
+    click("Shown");
+    EXPECT_EQ(shown(), Qt::Unchecked);
+    stack().undo();
+    stack().undo();
+    EXPECT_EQ(shown(), Qt::PartiallyChecked);
+    type("Name", "Thing");
+    EXPECT_FALSE(isMixed("Name"));
+}
+
 TEST_F(ksInspectorTest, RefusesWhatMakesNoSense)
 {
     select({node("Table")});
     type("Opacity", "7");
     EXPECT_EQ(textOf("Opacity"), QStringLiteral("0.75"));
-    EXPECT_EQ(reasons, QStringList(QStringLiteral("'7' makes no sense for 'opacity': it is not 0 to 1")));
+    EXPECT_EQ(reasons, QStringList(QStringLiteral("'opacity' takes numbers from 0 to 1, not 7")));
     type("User flags", "many");
     EXPECT_EQ(textOf("User flags"), QStringLiteral("4294967301"));
     EXPECT_EQ(reasons.size(), 2);
@@ -428,10 +561,34 @@ TEST_F(ksInspectorTest, EditsTransforms)
                [&] { return find<QComboBox>("Direction's axis")->currentText(); });
     expectStep([&] { click("Follows direction"); },
                [&] { return find<QCheckBox>("Follows direction")->isChecked(); });
+}
+
+TEST_F(ksInspectorTest, TakesQuaternionsPartByPart)
+{
+    const osg::NodePtr table = node("Table");
+    select({table});
+    const auto parts = [&] {
+        QStringList all;
+        for (const char *name : {"Quaternion x", "Quaternion y", "Quaternion z", "Quaternion w"})
+            all += textOf(name);
+        return all.join(QLatin1Char(' ')).toStdString();
+    };
     for (const char *name : {"Quaternion x", "Quaternion y", "Quaternion z"})
         type(name, "0");
+    EXPECT_EQ(parts(), "0 0 0 1");
+    type("Quaternion x", "0.5");
+    EXPECT_EQ(parts(), "0.5 0 0 0.866025");
+    type("Quaternion y", "0.5");
+    type("Quaternion z", "-0.5");
+    EXPECT_EQ(parts(), "0.5 0.5 -0.5 0.5");
+    type("Quaternion y", "0.8");
+    EXPECT_EQ(parts(), "0.424264 0.8 -0.424264 0") << "there is no room for the others";
+    type("Quaternion w", "0.6");
+    EXPECT_EQ(parts(), "0.339411 0.64 -0.339411 0.6") << "about the same axis";
+    type("Quaternion w", "7");
+    EXPECT_EQ(parts(), "0 0 0 1");
     type("Quaternion w", "0");
-    EXPECT_EQ(reasons, QStringList(QStringLiteral("a quaternion of length 0 is no rotation")));
+    EXPECT_EQ(parts(), "1 0 0 0");
 }
 
 TEST_F(ksInspectorTest, EditsInWorldSpace)
@@ -452,6 +609,8 @@ TEST_F(ksInspectorTest, EditsInWorldSpace)
     document.add(scale.make({above}, osg::Vec3f(1, 0, 1), {}, nullptr));
     type("Translation x", "4");
     EXPECT_EQ(reasons.size(), 1);
+    select({node("Chair")});
+    EXPECT_EQ(find<QComboBox>("Space")->currentText(), QStringLiteral("World"));
 }
 
 TEST_F(ksInspectorTest, EditsVariants)
@@ -490,7 +649,77 @@ TEST_F(ksInspectorTest, EditsVariants)
     choose("Transform", QStringLiteral("The node's own"));
     EXPECT_EQ(textOf("Translation x"), own);
 
+    list->setCurrentRow(known);
+    expectStep([&] { click("Variants, apply"); }, [&] { return textOf("Translation x"); });
+    EXPECT_EQ(stack().undoText(), QStringLiteral("Apply variant"));
+
     expectStep([&] { click("Variants, remove"); }, entries);
+    QCoreApplication::processEvents();
+    list->setFocus();
+    expectStep([&] { QTest::keyClick(list, Qt::Key_Delete); }, entries);
+    EXPECT_EQ(entries().size(), known);
+}
+
+TEST_F(ksInspectorTest, EditsVariantsOfSeveralNodesByName)
+{
+    const osg::NodePtr chair = node("Chair");
+    const osg::NodePtr table = node("Table");
+    const osg::NodePtr vase = node("Vase");
+    const auto addVariant = [&](const std::vector<osg::NodePtr> &nodes, const char *name) {
+        select(nodes);
+        find<QLineEdit>("Variants, what to add")->setText(QString::fromLatin1(name));
+        click("Variants, add");
+    };
+    addVariant({chair}, "other");
+    addVariant({table, chair}, "open");
+    addVariant({table}, "shut");
+    select({vase, chair, table});
+    const auto places = [&] {
+        QList<float> all;
+        for (const osg::NodePtr &each : {chair, vase, table})
+            for (const int index : {-1, 0, 1})
+                if (index < static_cast<int>(ksNodeUtils::getTransformVariantCount(each)))
+                    all += ksNodeUtils::getTransformNodeTranslation(each, false, index)[0];
+        return all;
+    };
+    // Only the variant called so of the nodes that have it.
+    choose("Transform", QStringLiteral("Variant open"));
+    const QList<float> before = places();
+    expectStep([&] { type("Translation x", "8"); }, places);
+    QList<float> wanted = before;
+    wanted[2] = 8;
+    wanted[5] = 8;
+    EXPECT_EQ(places(), wanted);
+    expectStep([&] { choose("Rotation order", QStringLiteral("ZYX")); },
+               [&] { return find<QComboBox>("Rotation order")->currentText(); });
+    expectStep([&] { choose("Inherit type", QStringLiteral("Type 2")); },
+               [&] { return find<QComboBox>("Inherit type")->currentText(); });
+    for (const osg::NodePtr &each : {chair, vase, table}) {
+        EXPECT_EQ(ksNodeUtils::getTransformNodeEulerRotationOrder(each, -1), "XYZ");
+        EXPECT_EQ(ksNodeUtils::getTransform3D(each, -1)->getInheritType(), 0);
+    }
+    EXPECT_EQ(ksNodeUtils::getTransformNodeEulerRotationOrder(chair, 1), "ZYX");
+
+    // It is the same one when others have moved.
+    auto *list = find<QListWidget>("Variants");
+    list->setCurrentRow(0);
+    click("Applies Shear");
+    const auto flagsOf = [](const osg::NodePtr &each, int index) {
+        return ksNodeUtils::getTransformVariant(each, static_cast<unsigned long>(index))->getApplyFlags();
+    };
+    EXPECT_NE(flagsOf(chair, 1), osg::TransformVariantFlags::AllComponents);
+    EXPECT_EQ(flagsOf(chair, 0), osg::TransformVariantFlags::AllComponents);
+    click("Variants, move down");
+    EXPECT_EQ(find<QComboBox>("Transform")->currentText(), QStringLiteral("Variant open"));
+    EXPECT_EQ(textOf("Translation x"), QStringLiteral("8"));
+    list->item(1)->setText(QStringLiteral("ajar"));
+    EXPECT_EQ(ksNodeUtils::getTransformVariantName(chair, 0), "other");
+    EXPECT_EQ(ksNodeUtils::getTransformVariantName(chair, 1), "ajar");
+    click("Variants, remove");
+    EXPECT_EQ(ksNodeUtils::getTransformVariantCount(chair), 1u);
+    EXPECT_EQ(ksNodeUtils::getTransformVariantName(chair, 0), "other");
+    EXPECT_EQ(find<QComboBox>("Transform")->currentText(), QStringLiteral("The node's own"));
+    EXPECT_EQ(reasons, QStringList());
 }
 
 TEST_F(ksInspectorTest, EditsLights)
@@ -610,8 +839,15 @@ TEST_F(ksInspectorTest, EditsImages)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     };
     const auto isRemovable = [&] { return find<QPushButton>("Component 1 Image, remove")->isEnabled(); };
+    // The material takes notice of it.
+    int notices = 0;
+    QObject::connect(&document, &ksDocument::changed, inspector.get(), [&](const ksSceneChanges &changes) {
+        if (changes.concern(layersOf(layered).getFieldContainerId(), osg::FieldBits::AllFields))
+            ++notices;
+    });
     expectStep([&] { load(ksRoomFile("planks.png")); }, isRemovable);
     EXPECT_NE(image(), osg::NullFC);
+    EXPECT_EQ(notices, 3);
     expectStep([&] { click("Component 1 Image, remove"); }, isRemovable);
     EXPECT_EQ(image(), osg::NullFC);
     load(folder.path("missing.png"));
@@ -666,10 +902,13 @@ TEST_F(ksInspectorTest, EditsLinkSets)
     const osg::LightLinkSetPtr set = osg::LightLinkSet::create();
     const osg::NodePtr links = add(set, "Links");
     const osg::NodePtr lamp = add(osg::UberLight::create(), "Glow");
-    select({links});
-    click("Lights, add the other selected nodes");
-    EXPECT_EQ(reasons.size(), 1);
-    reasons.clear();
+    for (const std::vector<osg::NodePtr> &none :
+         {std::vector<osg::NodePtr>{links}, {document.root(), links}, {node("Chair"), links}}) {
+        select(none);
+        click("Lights, add the other selected nodes");
+        EXPECT_EQ(reasons.size(), 1);
+        reasons.clear();
+    }
     select({node("Table"), lamp, links});
     const auto lights = [&] { return entriesOf("Lights"); };
     const auto nodes = [&] { return entriesOf("Nodes that they shine on"); };
@@ -679,6 +918,20 @@ TEST_F(ksInspectorTest, EditsLinkSets)
     EXPECT_EQ(nodes(), QStringList({QStringLiteral("Table"), QStringLiteral("Glow")}));
     expectStep([&] { click("Nodes that they shine on, remove"); }, nodes);
     EXPECT_EQ(nodes(), QStringList(QStringLiteral("Glow")));
+
+    // A group stands for the light below it; a second set has it, too.
+    const osg::NodePtr bulb = node("LampBulb light");
+    const osg::LightLinkSetPtr second = osg::LightLinkSet::create();
+    const osg::NodePtr others = add(second, "Others");
+    select({bulb->getParent(), bulb, others, links});
+    expectStep([&] { click("Lights, add the other selected nodes"); }, lights);
+    EXPECT_EQ(lights(), QStringList({QStringLiteral("Glow"), QStringLiteral("LampBulb light")}));
+    EXPECT_THAT(second->getLights().getValues(), ElementsAre(bulb));
+    find<QListWidget>("Lights")->setCurrentRow(1);
+    expectStep([&] { click("Lights, remove"); }, lights);
+    EXPECT_TRUE(second->getLights().empty());
+    find<QListWidget>("Lights")->setCurrentRow(0);
+    expectStep([&] { click("Lights, remove"); }, lights);
 }
 
 TEST_F(ksInspectorTest, EditsConstraints)
@@ -708,6 +961,12 @@ TEST_F(ksInspectorTest, EditsAllFields)
 
     const osg::NodePtr table = node("Table");
     select({table});
+    click("All fields");
+    const char *const mode = "Transform3D Rotation direction mode";
+    expectStep([&] { scrub("Transform3D Rotation direction mode, drag to change", 60); },
+               [&] { return textOf(mode); });
+    EXPECT_EQ(textOf(mode), QStringLiteral("2")) << "within its range";
+    click("All fields");
     find<QLineEdit>("User tags, what to add")->setText(QStringLiteral("oak"));
     click("User tags, add");
     click("All fields");
