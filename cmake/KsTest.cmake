@@ -1,6 +1,6 @@
-# ks_test(name SOURCES files... LIBRARIES targets... [LAUNCHER command...] [APART]): one program of GoogleTest cases, which is one test of CTest. It
-# links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication. APART: names in the files meet,
-# so that they are always compiled one by one. LAUNCHER: what runs the program.
+# ks_test(name SOURCES files... LIBRARIES targets... [LAUNCHER command...] [APART]): one program of GoogleTest cases, which is
+# one test of CTest. It links its own main, tests/support/main.cpp, which starts the scene graph and a QApplication. APART:
+# names in the files meet, so that they are always compiled one by one. LAUNCHER: what runs the program.
 # ks_compile_test(target): compile settings of test code.
 
 find_package(GTest REQUIRED)

@@ -29,7 +29,7 @@ const std::map<std::string, Range> &ranges()
         {"UberLight.glossy", NotNegative},
         {"UberLight.intensity", NotNegative},
         {"UberLight.attenuation", {0, 2}},
-        {"UberLight.coneAngle", {0, 180}},
+        {"UberLight.coneAngle", {0, 360}},
         {"UberLight.penumbraAngle", {0, 180}},
         {"UberLight.referenceDistance", NotNegative},
         {"ColorComponent.color", NotNegative},

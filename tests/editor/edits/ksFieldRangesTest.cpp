@@ -43,9 +43,9 @@ TEST(ksFieldRangesTest, KnowWhatMakesSense)
               "'diffuse' takes numbers of at least 0, not -1");
     EXPECT_EQ(errorOf(osg::UberLight::create(), "attenuation", {3}),
               "'attenuation' takes numbers from 0 to 2, not 3");
-    EXPECT_EQ(errorOf(osg::UberLight::create(), "coneAngle", {0, 180}), "");
-    EXPECT_EQ(errorOf(osg::UberLight::create(), "coneAngle", {180.5}),
-              "'coneAngle' takes numbers from 0 to 180, not 180.5");
+    EXPECT_EQ(errorOf(osg::UberLight::create(), "coneAngle", {0, 360}), "");
+    EXPECT_EQ(errorOf(osg::UberLight::create(), "coneAngle", {360.5}),
+              "'coneAngle' takes numbers from 0 to 360, not 360.5");
     EXPECT_EQ(errorOf(osg::UBRDFMaterial::create(), "roughness", {1.5}),
               "'roughness' takes numbers from 0 to 1, not 1.5");
     EXPECT_EQ(errorOf(osg::Transform3D::create(), "rotationDirectionMode", {-1}),

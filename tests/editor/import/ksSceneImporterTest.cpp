@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <editor/export/ksSceneExporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -7,7 +8,9 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGTransform.h>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
@@ -371,6 +374,35 @@ TEST_F(ksSceneImporterTest, WarnsOfNamesThatTheReaderCuts)
         "nodes": [{"mesh": 0}], "scenes": [{"nodes": [0]}], "scene": 0})")));
     EXPECT_EQ(osg::getName(meshed->getChild(0)), name) << "the editor finds names of meshes, too";
     EXPECT_THAT(warnings, ElementsAre("1 of the names are longer than the reader has room for, and cut"));
+}
+
+/// Of a file that comes with all that the editor saves, too.
+TEST_F(ksSceneImporterTest, LeavesNothingWhenBuildingIsCancelled)
+{
+    const ksTestFolder folder;
+    const QString saved = folder.path("saved.gltf");
+    ksSceneExporter::save(load(ksRoomFile()).get(), saved);
+    const std::ptrdiff_t before = ksLivingContainers();
+    for (const QString &path : {ksRoomFile(), saved}) {
+        std::vector<double> shares;
+        const auto cancelAfter = [&](std::size_t most) {
+            shares.clear();
+            ksSceneImporter([](const QString &) {}).load(path, [&](double done) {
+                shares.push_back(done);
+                return shares.size() <= most;
+            });
+        };
+        cancelAfter(std::numeric_limits<std::size_t>::max());
+        EXPECT_TRUE(std::is_sorted(shares.begin(), shares.end()));
+        EXPECT_EQ(shares.back(), 1);
+        const std::size_t all = shares.size();
+        for (const std::size_t most : {all - 1, all - 5, all - 20}) {
+            EXPECT_THROW(cancelAfter(most), ksCancelled);
+            EXPECT_EQ(shares.size(), most + 1) << "asked no more";
+            EXPECT_GT(shares.back(), 0.6) << "while the scene is built";
+            EXPECT_EQ(ksLivingContainers(), before);
+        }
+    }
 }
 
 TEST_F(ksSceneImporterTest, CountsWhatIsLeftOut)

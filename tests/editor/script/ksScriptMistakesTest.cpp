@@ -125,10 +125,10 @@ TEST_F(ksScriptMistakesTest, RefusesValuesThatMakeNoSense)
     expectMistake("own.set('timeOffset', NaN);", "Error: 'timeOffset' takes finite numbers, not NaN");
     expectMistake("own.set('opacity', 2);", "Error: 'opacity' takes numbers from 0 to 1, not 2");
     expectMistake("light.diffuse = [0, -1, 0];", "Error: 'diffuse' takes numbers of at least 0, not -1");
-    expectMistake("light.coneAngle = 200;", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
-    expectMistake("light.set('ConeAngle', 200);", "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
-    expectMistake("light.drag('coneAngle', [20, 200]);",
-                  "Error: 'coneAngle' takes numbers from 0 to 180, not 200");
+    expectMistake("light.coneAngle = 400;", "Error: 'coneAngle' takes numbers from 0 to 360, not 400");
+    expectMistake("light.set('ConeAngle', 400);", "Error: 'coneAngle' takes numbers from 0 to 360, not 400");
+    expectMistake("light.drag('coneAngle', [20, 400]);",
+                  "Error: 'coneAngle' takes numbers from 0 to 360, not 400");
     expectMistake("scene.find('Metal').material.set('roughness', -0.5);",
                   "Error: 'roughness' takes numbers from 0 to 1, not -0.5");
     expectMistake("light.intensity = -1;", "Error: 'intensity' takes numbers of at least 0, not -1");

@@ -9,7 +9,12 @@ namespace {
 /// What the program says, and its exit code.
 std::pair<int, std::string> run(const QStringList &arguments)
 {
+    const QTemporaryDir runtime;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    // What Qt would complain about.
+    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), runtime.path());
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(KS_EDITOR), arguments);
     process.waitForFinished(-1);
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
@@ -42,6 +47,25 @@ TEST(ksWindowSession, SaysWhyThereIsNoPicture)
                    QStringLiteral("--screenshot"), folder.path("a.png")}),
               Result(1, "ks-editor: " + ksRoomFile().toStdString() + ": there is no node 'Tabel'\n"));
     const QString picture = folder.path("missing/a.png");
-    EXPECT_EQ(run({QStringLiteral("--screenshot"), picture}),
-              Result(5, "ks-editor: " + picture.toStdString() + ": cannot be written\n"));
+    EXPECT_EQ(
+        run({QStringLiteral("--screenshot"), picture}),
+        Result(5, "ks-editor: " + picture.toStdString() +
+                      ": cannot be written: Cannot open device for writing: No such file or directory\n"));
+    const QString odd = folder.path("a.picture");
+    EXPECT_EQ(
+        run({QStringLiteral("--screenshot"), odd}),
+        Result(5, "ks-editor: " + odd.toStdString() + ": cannot be written: Unsupported image format\n"));
+}
+
+TEST(ksWindowSession, TakesNoPictureWithoutOpenGl)
+{
+    const ksTestFolder folder;
+    const QString picture = folder.path("a.png");
+    qputenv("QT_XCB_GL_INTEGRATION", "none");
+    const auto [code, errors] = run({QStringLiteral("--screenshot"), picture});
+    qunsetenv("QT_XCB_GL_INTEGRATION");
+    EXPECT_EQ(code, 6);
+    EXPECT_THAT(errors, testing::EndsWith("ks-editor: " + picture.toStdString() +
+                                          ": OpenGL 2.1, which draws the scene, is not available\n"));
+    EXPECT_FALSE(QFile::exists(picture));
 }
