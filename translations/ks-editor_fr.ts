@@ -36,6 +36,33 @@
     </message>
 </context>
 <context>
+    <name>ksConstraintPage</name>
+    <message>
+        <source>Target</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Refers to</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove &apos;%1&apos; from constraint</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Constraint</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ksDialogs</name>
     <message>
         <source>Unsaved Edits</source>
@@ -109,6 +136,18 @@ document on that is opened.</source>
         <source>&apos;%1&apos; cannot be moved here: what is above it has no extent in some direction</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Turn</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>ksImageEditor</name>
@@ -149,9 +188,60 @@ document on that is opened.</source>
     </message>
 </context>
 <context>
-    <name>ksInspectorPages</name>
+    <name>ksInspectorRow</name>
     <message>
-        <source>Constraint</source>
+        <source>Set %1 of %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ksLightPage</name>
+    <message>
+        <source>Select the nodes that are meant first, and then add this one to them.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Linear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quadratic</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Visibility reference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set visibility reference</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Use selected</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>None of the other selected nodes is a light.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove links</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add links</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Lights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nodes that they shine on</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -160,37 +250,6 @@ document on that is opened.</source>
     </message>
     <message>
         <source>Light links</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Mesh</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Material</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Node</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Tags</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Transform</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Variants</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
-    <name>ksInspectorRow</name>
-    <message>
-        <source>Set %1 of %2</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -238,6 +297,14 @@ document on that is opened.</source>
     </message>
     <message>
         <source>%1, what to add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>apply</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -477,6 +544,45 @@ document on that is opened.</source>
     </message>
 </context>
 <context>
+    <name>ksMaterialPage</name>
+    <message>
+        <source>None</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Material</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Set image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Component %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>All components</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Environment</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mesh</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ksNodeEdits</name>
     <message>
         <source>Rename &apos;%1&apos;</source>
@@ -504,6 +610,37 @@ document on that is opened.</source>
     </message>
     <message>
         <source>Duplicate</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ksNodePage</name>
+    <message>
+        <source>Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename to &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shown</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hide &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Node</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -626,6 +763,120 @@ document on that is opened.</source>
     </message>
 </context>
 <context>
+    <name>ksTagsPage</name>
+    <message>
+        <source>The tag &apos;%1&apos; is there already.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add tag &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove tag &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>User tags</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Layers</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Tags</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ksTransformPage</name>
+    <message>
+        <source>Rotation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale pivot shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotate pivot shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orientation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotation order</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quaternion</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Turn &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transform</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The node&apos;s own</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variant %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Parent</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>World</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Follows direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction&apos;s axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>x axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>y axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>z axis</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Type %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inherit type</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>ksValueEditor</name>
     <message>
         <source>%1, scroll sideways</source>
@@ -633,6 +884,89 @@ document on that is opened.</source>
     </message>
     <message>
         <source>%1, scroll</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not all selected nodes have this value</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ksVariantsPage</name>
+    <message>
+        <source>Add variant &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rename variant to &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move variant</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Translation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shear</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale pivot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotate pivot</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Scale pivot shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotate pivot shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Orientation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rotation order</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Inherit type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Applies</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Variants</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

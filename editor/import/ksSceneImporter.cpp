@@ -31,13 +31,26 @@ bool isIdentity(const aiMatrix4x4 &matrix)
     return matrix == aiMatrix4x4();
 }
 
+int countNodes(const aiNode &node)
+{
+    int count = 1;
+    for (unsigned int i = 0; i < node.mNumChildren; ++i)
+        count += countNodes(*node.mChildren[i]);
+    return count;
+}
+
+/// What reading the file is of all the work.
+constexpr double ReadingShare = 0.6;
+
 /// Builds the scene of one model file.
 class SceneBuilder
 {
 public:
-    SceneBuilder(const ksModelFile &model, const ksWarn &reportTo)
+    SceneBuilder(const ksModelFile &model, const ksWarn &reportTo, const ksProgress &askedFor)
         : file(model)
         , warn(reportTo)
+        , progress(askedFor)
+        , nodeCount(countNodes(*model.scene().mRootNode))
         , materials(model, reportTo)
         , written(model.gltf().document(), model.scene())
         , saved(model, written, materials, reportTo)
@@ -51,7 +64,7 @@ public:
 
     osg::NodeRefPtr build()
     {
-        osg::NodeRefPtr root(buildNode(*file.scene().mRootNode));
+        osg::NodeRefPtr root = buildNode(*file.scene().mRootNode);
         for (const auto &[name, homeless] : lights)
             for (std::size_t i = 0; !written.knowsLights() && i < homeless.size(); ++i)
                 warn(QStringLiteral("light '") + QString::fromStdString(name) +
@@ -63,16 +76,20 @@ public:
     }
 
 private:
-    osg::NodePtr buildNode(const aiNode &source)
+    osg::NodeRefPtr buildNode(const aiNode &source)
     {
+        ++builtNodes;
+        if (progress && !progress(ReadingShare + (1 - ReadingShare) * builtNodes / nodeCount))
+            throw ksCancelled(file.filePath() + QStringLiteral(": cancelled"));
         const std::string name = nameOf(source);
-        osg::NodePtr node = saved.node(source);
-        if (node == osg::NullFC)
-            node = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
+        osg::NodeRefPtr kept(saved.node(source));
+        if (kept == osg::NullFC)
+            kept = ksContainers::createNode(name, ksTransformImporter::create(source, warn),
                                             ksNodeSettingsImporter::create(source, warn));
+        const osg::NodePtr node = kept.get();
         CPEdit(node, osg::Node::ChildrenFieldMask);
         for (unsigned int i = 0; i < source.mNumChildren; ++i)
-            node->addChild(buildNode(*source.mChildren[i]));
+            node->addChild(buildNode(*source.mChildren[i]).get());
         // What the node itself is stands for its first mesh, or its light.
         const bool isMesh = osg::ksMeshPtr::dcast(node->getCore()) != osg::NullFC;
         const bool isLight = osg::UberLightPtr::dcast(node->getCore()) != osg::NullFC;
@@ -84,15 +101,15 @@ private:
     }
 
     /// \a node itself, or a new node above it when \a source has a place that the node's core has not.
-    osg::NodePtr placed(const osg::NodePtr &node, const aiNode &source, const std::string &name) const
+    osg::NodeRefPtr placed(const osg::NodePtr &node, const aiNode &source, const std::string &name) const
     {
         if (osg::TransformPtr::dcast(node->getCore()) != osg::NullFC || isIdentity(source.mTransformation))
-            return node;
+            return osg::NodeRefPtr(node);
         const osg::NodePtr place =
             ksContainers::createNode(name + " place", ksTransformImporter::create(source, warn));
         CPEdit(place, osg::Node::ChildrenFieldMask);
         place->addChild(node);
-        return place;
+        return osg::NodeRefPtr(place);
     }
 
     std::string nameOf(const aiNode &node)
@@ -170,6 +187,9 @@ private:
 
     const ksModelFile &file;
     const ksWarn &warn;
+    const ksProgress &progress;
+    const int nodeCount;
+    int builtNodes = 0;
     ksMaterialImporter materials;
     const ksGltfNodes written;
     const ksExtrasReader saved;
@@ -208,8 +228,11 @@ ksSceneImporter::ksSceneImporter(ksWarn reportTo, ksWarn leftOutTo)
 
 osg::NodeRefPtr ksSceneImporter::load(const QString &path, const ksProgress &progress) const
 {
-    const ksModelFile file(path, warn, progress);
+    ksProgress reading;
+    if (progress)
+        reading = [&progress](double done) { return progress(ReadingShare * done); };
+    const ksModelFile file(path, warn, reading);
     if (const QString leftOut = leftOutOf(file.scene()); !leftOut.isEmpty())
         tellLeftOut(leftOut);
-    return SceneBuilder(file, warn).build();
+    return SceneBuilder(file, warn, progress).build();
 }

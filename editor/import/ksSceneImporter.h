@@ -26,7 +26,8 @@ public:
         ksWarn reportTo, ksWarn leftOutTo = [](const QString &) {});
 
     /// The root of the scene in the file \a path. Throws ksEditorError when the file cannot be read, and
-    /// ksCancelled when \a progress, which may be empty, says no while it is.
+    /// ksCancelled when \a progress, which may be empty, says no while it is, or at one of the nodes that are
+    /// built then.
     osg::NodeRefPtr load(const QString &path, const ksProgress &progress = {}) const;
 
 private:

@@ -105,6 +105,8 @@ private:
         if (!isHeadless && window == ksEditorOptions::Window::Offered) {
             options.task = ksEditorOptions::ShowWindow;
             refuseOptionsOfHeadless();
+            if (!options.selected.isEmpty() && options.model.isEmpty())
+                throw ksEditorError("--select is for a model, and none is given");
             return;
         }
         if (!isHeadless)
@@ -177,8 +179,10 @@ QString ksEditorOptions::help(Window window, const QString &ownStatus)
                "  2  the arguments are wrong\n"
                "  3  the script cannot be read or ended by an error, or the work was ended\n") +
            ownStatus + QStringLiteral("  5  something that was to be written cannot be\n") +
-           (window == Window::None ? QString()
-                                   : QStringLiteral("  6  there is no screen to show the window on\n"));
+           (window == Window::None
+                ? QString()
+                : QStringLiteral(
+                      "  6  there is no screen to show the window on, or no OpenGL to draw its picture\n"));
 }
 
 ksEditorOptions ksEditorOptions::parse(const QStringList &arguments, Window window)

@@ -32,6 +32,9 @@ ksCanvas::ksCanvas(Work drawing, QWidget *parent)
 
 ksCanvas::~ksCanvas()
 {
+    // The base class destroys the context, and with it what is no canvas any more would be called.
+    if (context() != nullptr)
+        context()->disconnect(this);
     releaseAll();
 }
 
@@ -56,7 +59,7 @@ void ksCanvas::initializeGL()
             Qt::UniqueConnection);
     isReady = work.prepare();
     if (!isReady)
-        QMetaObject::invokeMethod(this, &ksCanvas::failed, Qt::QueuedConnection);
+        Q_EMIT failed();
 }
 
 void ksCanvas::paintGL()
@@ -64,7 +67,8 @@ void ksCanvas::paintGL()
     if (!isReady)
         return;
     draw();
-    // What is behind glass has been mixed with it already, and is not to be mixed with what is behind the window.
+    // What is behind glass has been mixed with it already, and is not to be mixed with what is behind the
+    // window.
     QOpenGLFunctions &gl = *context()->functions();
     gl.glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_TRUE);
     gl.glClearColor(0, 0, 0, 1);

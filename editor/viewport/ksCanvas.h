@@ -36,7 +36,7 @@ public:
     void setDraft(bool draft) { isDraft = draft; }
 
 Q_SIGNALS:
-    /// Nothing can be drawn after all.
+    /// Nothing can be drawn after all. To be connected by a queue, as it comes from within drawing.
     void failed();
 
 protected:

@@ -19,20 +19,20 @@
 
 namespace {
 
-QString tr(const char *text)
+struct DragTexts
 {
-    return QCoreApplication::translate("ksHandleDrag", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(ksHandleDrag)
+};
 
 QString verbOf(ksViewTool tool)
 {
     switch (tool) {
     case ksViewTool::Turn:
-        return tr("Turn");
+        return DragTexts::tr("Turn");
     case ksViewTool::Scale:
-        return tr("Scale");
+        return DragTexts::tr("Scale");
     default:
-        return tr("Move");
+        return DragTexts::tr("Move");
     }
 }
 
@@ -108,7 +108,7 @@ ksHandleDrag::ksHandleDrag(ksDocument &editedDocument, const std::vector<osg::No
         places.emplace_back(target);
         if (!places.back().canInvert())
             throw ksEditorError(
-                tr("'%1' cannot be moved here: what is above it has no extent in some direction")
+                DragTexts::tr("'%1' cannot be moved here: what is above it has no extent in some direction")
                     .arg(ksContainers::nameOf(target)));
     }
     constexpr unsigned long LongestList = 3;

@@ -1,23 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/document/ksSceneChanges.h>
 #include <editor/scene/ksMesh.h>
+#include <editor/viewport/ksSceneCache.h>
 #include <editor/viewport/ksViewMath.h>
 
-#include <unordered_map>
-
-/// The boxes around meshes, in the space of each, which are computed when they are first asked for.
-class ksMeshBounds
+/// The boxes around meshes, in the space of each.
+class ksMeshBounds : public ksSceneCache<osg::ksMeshPtr, ksBounds>
 {
 public:
-    /// Reads the calling thread's aspect.
-    const ksBounds &of(const osg::ksMeshPtr &mesh);
-
-    /// Forgets what \a changes concern, or all.
-    void follow(const ksSceneChanges &changes);
-    void clear() { known.clear(); }
+    ksMeshBounds()
+        : ksSceneCache(boundsOf, osg::ksMesh::PositionsFieldMask)
+    {}
 
 private:
-    std::unordered_map<osg::UInt32, ksBounds> known;
+    static ksBounds boundsOf(const osg::ksMeshPtr &mesh)
+    {
+        ksBounds bounds;
+        for (const osg::Pnt3f &position : mesh->getPositions())
+            bounds.include(ksToQt(position));
+        return bounds;
+    }
 };

@@ -1,27 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksWorldSpace.h>
 #include <editor/viewport/ksNodePlace.h>
 #include <editor/viewport/ksViewMath.h>
 
 #include <ksNodeUtils.h>
 
-namespace {
-
-/// From the space of \a node to the world.
-QMatrix4x4 matrixAbove(osg::NodePtr node)
-{
-    QMatrix4x4 matrix;
-    for (; node != osg::NullFC; node = node->getParent())
-        if (const auto transform = osg::TransformPtr::dcast(node->getCore()); transform != osg::NullFC)
-            matrix = ksToQt(transform->getMatrix()) * matrix;
-    return matrix;
-}
-
-} // namespace
-
 ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
     : node(placed)
     , transform(ksNodeUtils::getTransform3D(placed, -1))
-    , toWorld(matrixAbove(placed->getParent()))
+    , toWorld(ksToQt(osg::inPrecisionOf<osg::Matrix>(ksWorldSpace::above(placed))))
     , toParent(toWorld.inverted(&isInvertible))
     , translation(ksToQt(transform->getTranslation()))
     , euler(ksToQt(transform->getEulerRotation()))

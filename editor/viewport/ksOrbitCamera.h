@@ -5,6 +5,7 @@
 
 #include <QMatrix4x4>
 #include <QPointF>
+#include <QRectF>
 #include <QSizeF>
 #include <QVector3D>
 
@@ -12,12 +13,14 @@
 class ksOrbitCamera
 {
 public:
+    ksOrbitCamera() { update(); }
+
     /// The size of the picture, in the pixels that places on it are told in.
     void setSize(const QSizeF &size);
     const QSizeF &size() const { return pictureSize; }
 
     /// What has to be within the range of depths that can be seen.
-    void setScene(const ksBounds &bounds) { scene = bounds; }
+    void setScene(const ksBounds &bounds);
 
     /// Goes around the target, by degrees to the right and upwards.
     void orbit(float right, float up);
@@ -31,13 +34,18 @@ public:
     /// Looks at all of \a bounds from the direction that it is in.
     void frame(const ksBounds &bounds);
 
-    QVector3D eye() const;
-    QMatrix4x4 view() const;
-    QMatrix4x4 projection() const;
-    QMatrix4x4 viewProjection() const { return projection() * view(); }
+    QVector3D eye() const { return fromView.map(QVector3D()); }
+    const QMatrix4x4 &viewProjection() const { return toPicture; }
+
+    /// From the space of the camera, which looks along its negative z axis, to the world.
+    const QMatrix4x4 &toScene() const { return fromView; }
 
     /// Where \a point is in the picture; outside of it for what is behind the camera.
     QPointF project(const QVector3D &point) const;
+
+    /// The frame in the picture in which \a box lies as \a matrix moves it, and a pixel more; without end
+    /// when some of it is behind the camera.
+    QRectF frameOf(const ksBounds &box, const QMatrix4x4 &matrix) const;
     bool isInFront(const QVector3D &point) const;
     ksRay rayAt(const QPointF &place) const;
 
@@ -51,7 +59,10 @@ public:
     }
 
 private:
-    float depthOf(const QVector3D &point) const { return -view().map(point).z(); }
+    float depthOf(const QVector3D &point) const { return -toView.map(point).z(); }
+
+    /// Computes the matrices from what else is known.
+    void update();
 
     /// The tangent of half the field of view, upwards.
     static constexpr float HalfHeight = 0.36F;
@@ -62,4 +73,8 @@ private:
     float distance = 10;
     float yaw = -28;
     float pitch = 20;
+
+    QMatrix4x4 toView;
+    QMatrix4x4 fromView;
+    QMatrix4x4 toPicture;
 };

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <editor/viewport/ksGl.h>
 #include <editor/viewport/ksOverlay.h>
-
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
 
 namespace {
 
@@ -34,22 +32,11 @@ enum Attribute
     ColorAttribute
 };
 
-QOpenGLFunctions &gl()
-{
-    return *QOpenGLContext::currentContext()->functions();
-}
-
 } // namespace
 
 bool ksOverlay::prepare()
 {
-    program.removeAllShaders();
-    if (!program.addShaderFromSourceCode(QOpenGLShader::Vertex, VertexShader) ||
-        !program.addShaderFromSourceCode(QOpenGLShader::Fragment, FragmentShader))
-        return false;
-    program.bindAttributeLocation("position", PositionAttribute);
-    program.bindAttributeLocation("color", ColorAttribute);
-    return program.link();
+    return ksLink(program, VertexShader, FragmentShader, {"position", "color"});
 }
 
 void ksOverlay::addLine(const QVector3D &from, const QVector3D &to, const QColor &color)
@@ -81,18 +68,19 @@ void ksOverlay::addBackground(const QColor &bottom, const QColor &top)
 void ksOverlay::draw(const QMatrix4x4 &viewProjection, bool isAmong)
 {
     constexpr float LineWidth = 2;
-    (isAmong ? gl().glEnable(GL_DEPTH_TEST) : gl().glDisable(GL_DEPTH_TEST));
-    gl().glDepthMask(GL_FALSE);
-    gl().glEnable(GL_BLEND);
-    gl().glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
-    gl().glLineWidth(isAmong ? 1 : LineWidth);
+    QOpenGLFunctions &gl = ksGl();
+    (isAmong ? gl.glEnable(GL_DEPTH_TEST) : gl.glDisable(GL_DEPTH_TEST));
+    gl.glDepthMask(GL_FALSE);
+    gl.glEnable(GL_BLEND);
+    gl.glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
+    gl.glLineWidth(isAmong ? 1 : LineWidth);
     program.bind();
     program.setUniformValue("viewProjection", viewProjection);
     drawAll(faces, GL_TRIANGLES);
     drawAll(lines, GL_LINES);
     program.release();
-    gl().glDisable(GL_BLEND);
-    gl().glDepthMask(GL_TRUE);
+    gl.glDisable(GL_BLEND);
+    gl.glDepthMask(GL_TRUE);
     lines.clear();
     faces.clear();
 }
@@ -111,7 +99,7 @@ void ksOverlay::drawAll(const Corners &corners, unsigned int mode)
     program.enableAttributeArray(ColorAttribute);
     program.setAttributeArray(PositionAttribute, corners.front().position, 3, sizeof(Corner));
     program.setAttributeArray(ColorAttribute, corners.front().color, 4, sizeof(Corner));
-    gl().glDrawArrays(mode, 0, GLsizei(corners.size()));
+    ksGl().glDrawArrays(mode, 0, GLsizei(corners.size()));
     program.disableAttributeArray(PositionAttribute);
     program.disableAttributeArray(ColorAttribute);
 }

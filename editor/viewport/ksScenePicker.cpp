@@ -4,7 +4,6 @@
 #include <ksNodeUtils.h>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 #include <unordered_set>
 
@@ -12,11 +11,6 @@ namespace {
 
 /// How far from points and lines they are found, in pixels.
 constexpr double Reach = 5;
-
-double length(const QPointF &vector)
-{
-    return std::hypot(vector.x(), vector.y());
-}
 
 } // namespace
 
@@ -32,13 +26,18 @@ osg::NodePtr ksScenePicker::at(const QPointF &place) const
     const ksRay ray = camera.rayAt(place);
     const ksVisibleNode *found = nullptr;
     float nearest = std::numeric_limits<float>::infinity();
+    const ksVisibleNode *light = nullptr;
+    double nearestLight = LightRadius;
     for (const ksVisibleNode &node : nodes) {
         if (node.isLocked || !(node.opacity > 0))
             continue;
-        // The symbols of lights lie over everything.
-        if (node.light != osg::NullFC &&
-            length(camera.project(node.matrix.map(QVector3D())) - place) <= double(LightRadius))
-            return node.node;
+        if (node.light != osg::NullFC) {
+            const double off = ksLengthOf(camera.project(node.matrix.map(QVector3D())) - place);
+            if (off <= nearestLight) {
+                nearestLight = off;
+                light = &node;
+            }
+        }
         if (node.mesh == osg::NullFC)
             continue;
         if (const auto distance = distanceTo(node, ray, place); distance && *distance < nearest) {
@@ -46,6 +45,9 @@ osg::NodePtr ksScenePicker::at(const QPointF &place) const
             found = &node;
         }
     }
+    // The symbols of lights lie over everything.
+    if (light != nullptr)
+        return light->node;
     return found != nullptr ? ownerOf(*found) : osg::NodePtr();
 }
 
@@ -57,15 +59,8 @@ std::vector<osg::NodePtr> ksScenePicker::within(const QRectF &frame) const
     for (const ksVisibleNode &node : nodes) {
         if (node.isLocked || !(node.opacity > 0) || (node.mesh == osg::NullFC && node.light == osg::NullFC))
             continue;
-        bool isInside = true;
-        if (node.mesh != osg::NullFC) {
-            const ksBounds &box = bounds.of(node.mesh);
-            isInside = !box.isEmpty();
-            for (const QVector3D &corner : box.corners())
-                isInside = isInside && frame.contains(camera.project(node.matrix.map(corner)));
-        } else {
-            isInside = frame.contains(camera.project(node.matrix.map(QVector3D())));
-        }
+        const ksBounds box = node.mesh != osg::NullFC ? bounds.of(node.mesh) : ksBounds{{}, {}};
+        const bool isInside = !box.isEmpty() && frame.contains(camera.frameOf(box, node.matrix));
         const osg::NodePtr owner = ownerOf(node);
         if (!isInside)
             outside.insert(owner.getFieldContainerId());
@@ -98,7 +93,10 @@ std::optional<float> ksScenePicker::distanceTo(const ksVisibleNode &node, const 
     const osg::MFUInt32 &indices = mesh.getIndices();
     const auto perFace = std::size_t(std::clamp(int(mesh.getCornersPerFace()), 1, 3));
     const ksRay own = ray.movedBy(toOwn);
-    if (perFace == 3 && (!canInvert || !own.meets(bounds.of(node.mesh))))
+    const ksBounds &box = bounds.of(node.mesh);
+    if (perFace == 3
+            ? !canInvert || !own.meets(box)
+            : !camera.frameOf(box, node.matrix).adjusted(-Reach, -Reach, Reach, Reach).contains(place))
         return {};
 
     std::optional<float> nearest;
@@ -124,11 +122,10 @@ std::optional<float> ksScenePicker::distanceTo(const ksVisibleNode &node, const 
         const QVector3D first = node.matrix.map(corners[0]);
         const QVector3D last = perFace == 2 ? node.matrix.map(corners[1]) : first;
         const QPointF from = camera.project(first);
-        const QPointF along = camera.project(last) - from;
-        const double length2 = QPointF::dotProduct(along, along);
-        const double part =
-            length2 > 0 ? std::clamp(QPointF::dotProduct(place - from, along) / length2, 0.0, 1.0) : 0;
-        if (camera.isInFront(first) && camera.isInFront(last) && length(place - from - part * along) <= Reach)
+        const QPointF to = camera.project(last);
+        const double part = ksNearestPart(place, from, to);
+        if (camera.isInFront(first) && camera.isInFront(last) &&
+            ksLengthOf(from + part * (to - from) - place) <= Reach)
             note((first + float(part) * (last - first) - ray.origin).length() / ray.direction.length());
     }
     return nearest;

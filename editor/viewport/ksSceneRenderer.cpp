@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include <editor/scene/ksImageLayout.h>
+#include <editor/viewport/ksGl.h>
 #include <editor/viewport/ksSceneRenderer.h>
-
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 namespace {
@@ -167,30 +167,48 @@ enum Attribute
 
 constexpr int VertexSize = 8 * sizeof(float);
 
+std::unique_ptr<ksGpuMesh> meshOf(const osg::ksMeshPtr &mesh)
+{
+    return std::make_unique<ksGpuMesh>(*mesh);
+}
+
+/// A white one for null and for images that cannot be drawn.
+std::unique_ptr<QOpenGLTexture> textureOf(const osg::ImagePtr &image)
+{
+    QImage shown = image != osg::NullFC ? ksImageLayout::pictureOf(*image) : QImage();
+    GLint most = 0;
+    ksGl().glGetIntegerv(GL_MAX_TEXTURE_SIZE, &most);
+    if (shown.isNull() || std::max(shown.width(), shown.height()) > most) {
+        shown = QImage(1, 1, QImage::Format_RGB32);
+        shown.fill(Qt::white);
+    }
+    auto texture = std::make_unique<QOpenGLTexture>(shown);
+    texture->setMinMagFilters(QOpenGLTexture::LinearMipMapLinear, QOpenGLTexture::Linear);
+    texture->setWrapMode(QOpenGLTexture::Repeat);
+    return texture;
+}
+
 /// What shines where the scene has no light.
 ksLamp headlight(const ksOrbitCamera &camera)
 {
     constexpr float Brightness = 5;
-    const QMatrix4x4 toScene = camera.view().inverted();
     ksLamp lamp;
     lamp.isFromAfar = true;
-    lamp.direction = toScene.mapVector(QVector3D(0.4F, -0.5F, -1)).normalized();
+    lamp.direction = camera.toScene().mapVector(QVector3D(0.4F, -0.5F, -1)).normalized();
     lamp.diffuse = lamp.glossy = QVector3D(Brightness, Brightness, Brightness);
     return lamp;
 }
 
 } // namespace
 
+ksSceneRenderer::ksSceneRenderer()
+    : meshes(meshOf, ksGpuMesh::Fields)
+    , images(textureOf, osg::Image::PixelFieldMask | osg::Image::LayoutFieldMask)
+{}
+
 bool ksSceneRenderer::prepare()
 {
-    program.removeAllShaders();
-    if (!program.addShaderFromSourceCode(QOpenGLShader::Vertex, VertexShader) ||
-        !program.addShaderFromSourceCode(QOpenGLShader::Fragment, FragmentShader))
-        return false;
-    program.bindAttributeLocation("position", PositionAttribute);
-    program.bindAttributeLocation("normal", NormalAttribute);
-    program.bindAttributeLocation("coordinate", CoordinateAttribute);
-    if (!program.link())
+    if (!ksLink(program, VertexShader, FragmentShader, {"position", "normal", "coordinate"}))
         return false;
     perNode = {program.uniformLocation("opacity"), program.uniformLocation("hasNormals"),
                program.uniformLocation("toWorld"), program.uniformLocation("normalToWorld")};
@@ -200,8 +218,6 @@ bool ksSceneRenderer::prepare()
 void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds &bounds,
                            const ksOrbitCamera &camera)
 {
-    meshes.release();
-    images.release();
     ksLamps known = ksLamps::of(nodes);
     if (known.lamps.empty()) {
         known.lamps.push_back(headlight(camera));
@@ -219,13 +235,16 @@ void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds
     };
     std::vector<Drawn> order;
     const QVector3D eye = camera.eye();
+    const QRectF picture(QPointF(), camera.size());
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         const ksVisibleNode &node = nodes[i];
         if (node.mesh == osg::NullFC || !(node.opacity > 0))
             continue;
-        const float opacity = node.opacity * surfaceOf(node).opacity;
-        const QVector3D centre = node.matrix.map(bounds.of(node.mesh).centre());
-        order.push_back({i, opacity < 1, (centre - eye).length()});
+        const ksBounds &box = bounds.of(node.mesh);
+        const float distance = (node.matrix.map(box.centre()) - eye).length();
+        // What has no points is nowhere.
+        if (std::isfinite(distance) && camera.frameOf(box, node.matrix).intersects(picture))
+            order.push_back({i, node.opacity * surfaceOf(node).opacity < 1, distance});
     }
     std::stable_sort(order.begin(), order.end(), [&nodes](const Drawn &one, const Drawn &other) {
         if (one.isSeenThrough != other.isSeenThrough)
@@ -238,7 +257,7 @@ void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds
         return one.isSeenThrough ? one.distance > other.distance : one.distance < other.distance;
     });
 
-    QOpenGLFunctions &gl = *QOpenGLContext::currentContext()->functions();
+    QOpenGLFunctions &gl = ksGl();
     gl.glEnable(GL_DEPTH_TEST);
     gl.glDisable(GL_CULL_FACE);
     gl.glBlendFuncSeparate(GL_SRC_ALPHA, GL_ONE_MINUS_SRC_ALPHA, GL_ONE, GL_ONE_MINUS_SRC_ALPHA);
@@ -247,6 +266,9 @@ void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds
     program.setUniformValue("eye", eye);
     setLamps(0);
     gl.glDepthFunc(GL_LEQUAL);
+    constexpr std::array<Attribute, 3> Attributes = {PositionAttribute, NormalAttribute, CoordinateAttribute};
+    for (const Attribute attribute : Attributes)
+        program.enableAttributeArray(attribute);
     for (const Drawn &drawn : order) {
         if (drawn.isSeenThrough) {
             // Only its nearest faces are to be seen: the depths first.
@@ -258,13 +280,15 @@ void ksSceneRenderer::draw(const std::vector<ksVisibleNode> &nodes, ksMeshBounds
         }
         drawNode(nodes[drawn.place], known.shiningOn[drawn.place]);
     }
+    for (const Attribute attribute : Attributes)
+        program.disableAttributeArray(attribute);
     gl.glDisable(GL_BLEND);
     program.release();
 }
 
 void ksSceneRenderer::drawNode(const ksVisibleNode &node, unsigned int lampsOfNode)
 {
-    ksGpuMesh &mesh = meshes.of(node.mesh);
+    ksGpuMesh &mesh = *meshes.of(node.mesh);
     if (mesh.count == 0)
         return;
     if (shining != lampsOfNode)
@@ -276,12 +300,9 @@ void ksSceneRenderer::drawNode(const ksVisibleNode &node, unsigned int lampsOfNo
     program.setUniformValue(perNode.toWorld, node.matrix);
     program.setUniformValue(perNode.normalToWorld, node.matrix.normalMatrix());
 
-    QOpenGLFunctions &gl = *QOpenGLContext::currentContext()->functions();
+    QOpenGLFunctions &gl = ksGl();
     mesh.vertices.bind();
     mesh.indices.bind();
-    program.enableAttributeArray(PositionAttribute);
-    program.enableAttributeArray(NormalAttribute);
-    program.enableAttributeArray(CoordinateAttribute);
     program.setAttributeBuffer(PositionAttribute, GL_FLOAT, 0, 3, VertexSize);
     program.setAttributeBuffer(NormalAttribute, GL_FLOAT, 3 * sizeof(float), 3, VertexSize);
     program.setAttributeBuffer(CoordinateAttribute, GL_FLOAT, 6 * sizeof(float), 2, VertexSize);
@@ -359,10 +380,7 @@ void ksSceneRenderer::setSurface(const ksSurface &shown)
 
 void ksSceneRenderer::bindImage(int unit, const char *sampler, const osg::ImagePtr &image)
 {
-    QOpenGLFunctions &gl = *QOpenGLContext::currentContext()->functions();
-    gl.glActiveTexture(GLenum(GL_TEXTURE0 + unit));
-    gl.glBindTexture(GL_TEXTURE_2D, images.of(image));
-    gl.glActiveTexture(GL_TEXTURE0);
+    images.of(image)->bind(GLuint(unit), QOpenGLTexture::ResetTextureUnit);
     program.setUniformValue(sampler, unit);
 }
 

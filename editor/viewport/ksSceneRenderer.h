@@ -1,16 +1,20 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/viewport/ksGpuImages.h>
-#include <editor/viewport/ksGpuMeshes.h>
+#include <editor/viewport/ksGpuMesh.h>
 #include <editor/viewport/ksLamp.h>
 #include <editor/viewport/ksMeshBounds.h>
 #include <editor/viewport/ksOrbitCamera.h>
+#include <editor/viewport/ksSceneCache.h>
 #include <editor/viewport/ksSurface.h>
 #include <editor/viewport/ksVisibleNodes.h>
 
-#include <QOpenGLShaderProgram>
+#include <OpenSG/OSGImage.h>
 
+#include <QOpenGLShaderProgram>
+#include <QOpenGLTexture>
+
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -19,6 +23,8 @@
 class ksSceneRenderer
 {
 public:
+    ksSceneRenderer();
+
     /// False when the shaders cannot be used here.
     bool prepare();
 
@@ -46,8 +52,8 @@ private:
 
     QOpenGLShaderProgram program;
     NodeUniforms perNode{};
-    ksGpuMeshes meshes;
-    ksGpuImages images;
+    ksSceneCache<osg::ksMeshPtr, std::unique_ptr<ksGpuMesh>> meshes;
+    ksSceneCache<osg::ImagePtr, std::unique_ptr<QOpenGLTexture>> images;
 
     /// The state of the drawing that is going on.
     std::vector<ksLamp> lamps;

@@ -12,11 +12,6 @@
 
 namespace {
 
-QVector3D toQt(const osg::Color3f &color)
-{
-    return {color[0], color[1], color[2]};
-}
-
 bool isUsable(const osg::ImagePtr &image)
 {
     return image != osg::NullFC && image->isValid();
@@ -113,9 +108,9 @@ ksSurface surfaceOf(const osg::UBRDFMaterial &material)
 ksSurface surfaceOf(const osg::SimpleMaterial &material)
 {
     ksSurface surface;
-    surface.color = toQt(material.getDiffuse());
-    surface.glow = toQt(material.getEmission());
-    surface.gloss = toQt(material.getSpecular()) * 0.2F;
+    surface.color = ksToQt(material.getDiffuse());
+    surface.glow = ksToQt(material.getEmission());
+    surface.gloss = ksToQt(material.getSpecular()) * 0.2F;
     surface.roughness = std::pow(2 / (std::max(material.getShininess(), 0.0F) + 2), 0.25F);
     surface.opacity = 1 - std::clamp(material.getTransparency(), 0.0F, 1.0F);
     surface.isLit = material.getLit();

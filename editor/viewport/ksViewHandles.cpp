@@ -26,16 +26,6 @@ QColor colorOf(const ksViewHandle &handle)
     return handle.kind == ksViewHandle::Kind::Centre ? QColor(225, 225, 225) : Axes[std::size_t(handle.axis)];
 }
 
-double distanceToSegment(const QPointF &point, const QPointF &from, const QPointF &to)
-{
-    const QPointF along = to - from;
-    const double length2 = QPointF::dotProduct(along, along);
-    const double part =
-        length2 > 0 ? std::clamp(QPointF::dotProduct(point - from, along) / length2, 0.0, 1.0) : 0;
-    const QPointF off = point - from - part * along;
-    return std::hypot(off.x(), off.y());
-}
-
 } // namespace
 
 ksViewHandles::ksViewHandles(ksViewTool shownTool, const ksViewHandleFrame &frame,
@@ -69,7 +59,8 @@ std::optional<ksViewHandle> ksViewHandles::at(const QPointF &mouse) const
         if (shape.isFilled && polygon.containsPoint(mouse, Qt::OddEvenFill))
             return shape.handle;
         for (int i = 1; i < polygon.size(); ++i) {
-            const double distance = distanceToSegment(mouse, polygon[i - 1], polygon[i]);
+            const double part = ksNearestPart(mouse, polygon[i - 1], polygon[i]);
+            const double distance = ksLengthOf(polygon[i - 1] + part * (polygon[i] - polygon[i - 1]) - mouse);
             if (distance < nearest) {
                 nearest = distance;
                 found = shape.handle;
@@ -204,9 +195,8 @@ void ksViewHandles::addRings()
 
 void ksViewHandles::addCentre()
 {
-    const QMatrix4x4 toScene = camera.view().inverted();
-    const QVector3D right = CentreSize * size * toScene.mapVector(QVector3D(1, 0, 0));
-    const QVector3D up = CentreSize * size * toScene.mapVector(QVector3D(0, 1, 0));
+    const QVector3D right = CentreSize * size * camera.toScene().mapVector(QVector3D(1, 0, 0));
+    const QVector3D up = CentreSize * size * camera.toScene().mapVector(QVector3D(0, 1, 0));
     const QVector3D &at = place.origin;
     shapes.insert(shapes.begin(),
                   {{ksViewHandle::Kind::Centre, 0},

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <OpenSG/OSGColor.h>
 #include <OpenSG/OSGMatrix.h>
 #include <OpenSG/OSGVector.h>
 
 #include <QMatrix4x4>
+#include <QPointF>
 #include <QVector3D>
 
 #include <algorithm>
@@ -26,6 +28,11 @@ inline QVector3D ksToQt(const osg::Pnt3f &point)
     return {point[0], point[1], point[2]};
 }
 
+inline QVector3D ksToQt(const osg::Color3f &color)
+{
+    return {color[0], color[1], color[2]};
+}
+
 inline QMatrix4x4 ksToQt(const osg::Matrix &matrix)
 {
     return QMatrix4x4(matrix.getValues()).transposed();
@@ -34,6 +41,19 @@ inline QMatrix4x4 ksToQt(const osg::Matrix &matrix)
 inline osg::Vec3f ksToOsg(const QVector3D &vector)
 {
     return {vector.x(), vector.y(), vector.z()};
+}
+
+inline double ksLengthOf(const QPointF &way)
+{
+    return std::hypot(way.x(), way.y());
+}
+
+/// Which part of the way \a from \a to is nearest to \a point, from 0 to 1.
+inline double ksNearestPart(const QPointF &point, const QPointF &from, const QPointF &to)
+{
+    const QPointF along = to - from;
+    const double length2 = QPointF::dotProduct(along, along);
+    return length2 > 0 ? std::clamp(QPointF::dotProduct(point - from, along) / length2, 0.0, 1.0) : 0;
 }
 
 /// A box along the axes; empty at first.

@@ -2,9 +2,11 @@
 #include <editor/document/ksDocument.h>
 #include <editor/ksEditorError.h>
 #include <editor/viewport/ksCanvas.h>
+#include <editor/viewport/ksGl.h>
 #include <editor/viewport/ksHandleDrag.h>
 #include <editor/viewport/ksNodePlace.h>
 #include <editor/viewport/ksScenePicker.h>
+#include <editor/viewport/ksViewMarks.h>
 #include <editor/viewport/ksViewport.h>
 
 #include <OpenSG/OSGThreadContext.h>
@@ -13,33 +15,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
-#include <QOpenGLContext>
-#include <QOpenGLFunctions>
 #include <QRubberBand>
 #include <QStackedLayout>
 #include <QWheelEvent>
-#include <QtMath>
 
 #include <algorithm>
-
-namespace {
-
-const QColor SelectedColor(255, 160, 48);
-const QColor AlsoSelectedColor(255, 200, 130);
-const QColor LightColor(250, 222, 120);
-
-std::vector<QVector3D> circle(const QVector3D &centre, const QVector3D &right, const QVector3D &up)
-{
-    constexpr int Parts = 24;
-    std::vector<QVector3D> points;
-    for (int i = 0; i <= Parts; ++i) {
-        const auto angle = float(2 * M_PI * i / Parts);
-        points.push_back(centre + std::cos(angle) * right + std::sin(angle) * up);
-    }
-    return points;
-}
-
-} // namespace
+#include <cmath>
 
 ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
     : QWidget(parent)
@@ -69,7 +50,7 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
         canvas->setAccessibleName(tr("Picture of the scene"));
         pages->addWidget(canvas);
         pages->setCurrentWidget(canvas);
-        connect(canvas, &ksCanvas::failed, this, &ksViewport::showFailure);
+        connect(canvas, &ksCanvas::failed, this, &ksViewport::showFailure, Qt::QueuedConnection);
     } else {
         showFailure();
     }
@@ -134,6 +115,8 @@ void ksViewport::setSpace(Space space)
 
 void ksViewport::frameSelection()
 {
+    if (mode == Mode::Handle)
+        return;
     const osg::AspectScope scope(1);
     const std::vector<ksVisibleNode> &all = nodes();
     ksBounds selected;
@@ -142,7 +125,7 @@ void ksViewport::frameSelection()
         if (place < 0)
             continue;
         const ksVisibleNode &node = all[std::size_t(place)];
-        const ksBounds own = visible.ownBounds(node, meshBounds);
+        const ksBounds own = visible.ownBounds(place, meshBounds);
         selected.include(own, node.matrix);
         // What has no extent is seen with what is around it.
         const float reach = std::max(sceneBounds().radius() / 10, 0.1F);
@@ -161,6 +144,8 @@ void ksViewport::frameSelection()
 
 void ksViewport::frameAll()
 {
+    if (mode == Mode::Handle)
+        return;
     ksBounds all = sceneBounds();
     if (all.isEmpty())
         all.include(ksBounds{QVector3D(-2, -1, -2), QVector3D(2, 1, 2)});
@@ -194,6 +179,7 @@ void ksViewport::mousePressEvent(QMouseEvent *event)
         return;
     button = event->button();
     pressed = last = event->localPos();
+    hasMoved = false;
     const bool hasShift = event->modifiers().testFlag(Qt::ShiftModifier);
     if (button == Qt::MiddleButton) {
         mode = hasShift ? Mode::Pan : Mode::Orbit;
@@ -209,7 +195,11 @@ void ksViewport::mousePressEvent(QMouseEvent *event)
 void ksViewport::mouseMoveEvent(QMouseEvent *event)
 {
     const QPointF mouse = event->localPos();
-    if (mode == Mode::Click && (mouse - pressed).manhattanLength() >= QApplication::startDragDistance()) {
+    // The release may have gone elsewhere.
+    if (mode != Mode::Idle && !event->buttons().testFlag(button))
+        endMode();
+    hasMoved = hasMoved || (mouse - pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (mode == Mode::Click && hasMoved) {
         const bool isBand = usedTool == Tool::Select || event->modifiers().testFlag(Qt::ShiftModifier);
         mode = isBand ? Mode::Band : Mode::Orbit;
     }
@@ -237,7 +227,8 @@ void ksViewport::mouseMoveEvent(QMouseEvent *event)
         refresh();
         break;
     case Mode::Handle:
-        drag(mouse);
+        if (hasMoved)
+            drag(mouse);
         break;
     }
     last = mouse;
@@ -267,9 +258,11 @@ void ksViewport::leaveEvent(QEvent *event)
 void ksViewport::wheelEvent(QWheelEvent *event)
 {
     constexpr double PerUnit = 0.9988;
+    event->accept();
+    if (mode == Mode::Handle)
+        return;
     orbit.zoom(float(std::pow(PerUnit, event->angleDelta().y())), event->position());
     refreshMoved();
-    event->accept();
 }
 
 void ksViewport::keyPressEvent(QKeyEvent *event)
@@ -284,13 +277,14 @@ void ksViewport::keyPressEvent(QKeyEvent *event)
         else
             orbit.orbit(Degrees * float(right), Degrees * float(up));
     };
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        if (mode == Mode::Idle)
-            QWidget::keyPressEvent(event);
-        else
-            cancel();
+    if (event->key() == Qt::Key_Escape && mode != Mode::Idle) {
+        cancel();
         return;
+    }
+    // What is dragged goes where the mouse is for the camera that it was grasped with.
+    if (mode == Mode::Handle)
+        return;
+    switch (event->key()) {
     case Qt::Key_Left:
         step(-1, 0);
         break;
@@ -393,126 +387,33 @@ const ksBounds &ksViewport::sceneBounds()
 void ksViewport::draw()
 {
     const osg::AspectScope scope(1);
-    QOpenGLFunctions &gl = *QOpenGLContext::currentContext()->functions();
-    gl.glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
+    ksGl().glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT);
     overlay.addBackground(QColor(46, 49, 54), QColor(92, 99, 108));
     overlay.draw(QMatrix4x4(), false);
 
     orbit.setScene(sceneBounds());
     renderer.draw(nodes(), meshBounds, orbit);
-    drawGrid();
+    ksViewMarks marks(overlay, orbit);
+    marks.addGrid(sceneBounds());
     overlay.draw(orbit.viewProjection(), true);
-    drawSelection();
-    drawLights();
+    for (const ksVisibleNode &node : nodes())
+        if (node.light != osg::NullFC)
+            marks.addLight(node, false);
+    const ksSelection::Ids &ids = document.selection().ids();
+    constexpr std::ptrdiff_t MostMarks = 200;
+    for (auto id = ids.end() - std::min(MostMarks, ids.end() - ids.begin()); id != ids.end(); ++id) {
+        const int place = visible.find(*id);
+        if (place < 0)
+            continue;
+        const ksVisibleNode &node = nodes()[std::size_t(place)];
+        if (node.light != osg::NullFC)
+            marks.addLight(node, true);
+        else
+            marks.addBox(visible.ownBounds(place, meshBounds), node.matrix, *id == ids.back());
+    }
     if (const auto shown = handles())
         shown->draw(overlay, handleDrag != nullptr ? handleDrag->handle() : hovered);
     overlay.draw(orbit.viewProjection(), false);
-}
-
-/// On the ground, a little below it where something stands on it, and as fine as the scene is large.
-void ksViewport::drawGrid()
-{
-    constexpr int Lines = 10;
-    constexpr float Below = 2e-3F;
-    constexpr double Fading = 0.35;
-    const float radius = sceneBounds().isEmpty() ? 5 : std::max(sceneBounds().radius(), 1e-3F);
-    const float step = std::pow(10.0F, std::floor(std::log10(radius / 2)));
-    const float cell = radius / step > 8 ? 5 * step : step;
-    const float y = -Below * radius;
-    const float end = Lines * cell;
-    for (int i = -Lines; i <= Lines; ++i) {
-        QColor color(200, 205, 212);
-        color.setAlphaF(Fading * (1 - std::abs(i) / double(Lines + 1)) * (i == 0 ? 1.6 : 1));
-        const float side = cell * float(i);
-        QColor alongX = color;
-        QColor alongZ = color;
-        if (i == 0) {
-            alongX = QColor(232, 76, 70, 150);
-            alongZ = QColor(72, 138, 240, 150);
-        }
-        overlay.addLine({-end, y, side}, {end, y, side}, alongX);
-        overlay.addLine({side, y, -end}, {side, y, end}, alongZ);
-    }
-}
-
-void ksViewport::drawSelection()
-{
-    const std::vector<ksVisibleNode> &all = nodes();
-    const ksSelection::Ids &ids = document.selection().ids();
-    constexpr std::ptrdiff_t MostBoxes = 200;
-    for (auto next = ids.end() - std::min(MostBoxes, ids.end() - ids.begin()); next != ids.end(); ++next) {
-        const osg::UInt32 id = *next;
-        const int place = visible.find(id);
-        if (place < 0)
-            continue;
-        const ksVisibleNode &node = all[std::size_t(place)];
-        const ksBounds own = visible.ownBounds(node, meshBounds);
-        if (own.isEmpty())
-            continue;
-        std::array<QVector3D, 8> corners = own.corners();
-        for (QVector3D &corner : corners)
-            corner = node.matrix.map(corner);
-        for (unsigned int corner = 0; corner < corners.size(); ++corner)
-            for (const unsigned int side : {1U, 2U, 4U})
-                if ((corner & side) == 0)
-                    overlay.addLine(corners[corner], corners[corner | side],
-                                    id == ids.back() ? SelectedColor : AlsoSelectedColor);
-    }
-}
-
-void ksViewport::drawLights()
-{
-    for (const ksVisibleNode &node : nodes())
-        if (node.light != osg::NullFC)
-            drawLight(node, document.selection().contains(node.node.getFieldContainerId()));
-}
-
-/// A circle with rays, all of one size in the picture; where it shines to one side, with its cone or the
-/// direction that it shines in.
-void ksViewport::drawLight(const ksVisibleNode &node, bool isSelected)
-{
-    constexpr float Radius = 0.5F;
-    constexpr float ConeLength = 6;
-    constexpr int Rays = 8;
-    constexpr float HalfTurn = 180;
-    const QColor color = isSelected ? SelectedColor : LightColor;
-    const QVector3D centre = node.matrix.map(QVector3D());
-    if (!orbit.isInFront(centre))
-        return;
-    const float size = ksScenePicker::LightRadius * orbit.pixelAt(centre);
-    const QMatrix4x4 toScene = orbit.view().inverted();
-    const QVector3D right = size * toScene.mapVector(QVector3D(1, 0, 0));
-    const QVector3D up = size * toScene.mapVector(QVector3D(0, 1, 0));
-    overlay.addLines(circle(centre, Radius * right, Radius * up), color);
-    for (int i = 0; i < Rays; ++i) {
-        const auto angle = float(2 * M_PI * i / Rays);
-        const QVector3D way = std::cos(angle) * right + std::sin(angle) * up;
-        overlay.addLine(centre + 0.7F * way, centre + way, color);
-    }
-
-    const QVector3D along = node.matrix.mapVector(QVector3D(0, 0, -1)).normalized();
-    const QVector3D first = QVector3D::crossProduct(along, QVector3D(0.3F, 1, 0.2F)).normalized();
-    const QVector3D second = QVector3D::crossProduct(along, first);
-    const float cone = node.light->getConeAngle();
-    const float penumbra = std::max(node.light->getPenumbraAngle(), 0.0F);
-    const auto drawCone = [&](float angle, const QColor &shade) {
-        const float half = qDegreesToRadians(angle / 2);
-        const float length = ConeLength * size;
-        const QVector3D base = centre + std::cos(half) * length * along;
-        const float radius = std::sin(half) * length;
-        overlay.addLines(circle(base, radius * first, radius * second), shade);
-        for (const QVector3D &side : {first, second, -first, -second})
-            overlay.addLine(centre, base + radius * side, shade);
-    };
-    if (cone < HalfTurn)
-        drawCone(std::max(cone, 0.0F), color);
-    if (cone < HalfTurn && penumbra > 0 && cone + penumbra < HalfTurn) {
-        QColor faint = color;
-        faint.setAlphaF(0.45);
-        drawCone(cone + penumbra, faint);
-    }
-    if (cone == HalfTurn)
-        overlay.addLine(centre, centre + ConeLength * size * along, color);
 }
 
 void ksViewport::beginDrag(const QPointF &mouse)

@@ -30,14 +30,16 @@ class ksScenePicker;
 ///
 /// What is drawn is aspect 1, and so what edits have recorded. Without OpenGL 2.1 there is a text instead.
 ///
-/// | Mouse | Does |
-/// |---|---|
-/// | click | selects the node that is there; with Ctrl adds it to the selection, or takes it away |
-/// | drag a handle | moves, turns or scales the selected nodes, as one step; Escape takes it back |
-/// | drag otherwise | with the tool Select, or with Shift: selects what lies in the frame as a whole, with
-/// Ctrl in addition; else goes around the scene | | Alt and drag, or drag the middle button | goes around the
-/// scene | | drag the right button, or the middle one with Shift | moves the scene | | wheel | goes nearer or
-/// further away |
+/// - A click selects the node that is there; with Ctrl it adds the node to the selection, or takes it away.
+/// - Dragging a handle moves, turns or scales the selected nodes, as one step; Escape takes it back. The
+/// camera
+///   stays where it is meanwhile.
+/// - Dragging otherwise goes around the scene. With the tool Select, or with Shift, it selects what lies in
+/// the
+///   frame as a whole, with Ctrl in addition.
+/// - Dragging with Alt, or with the middle button, goes around the scene.
+/// - Dragging with the right button, or with Shift and the middle one, moves the scene.
+/// - The wheel goes nearer or further away.
 ///
 /// The arrow keys go around the scene, with Shift they move it, plus and minus go nearer and further away.
 class ksViewport : public QWidget
@@ -128,11 +130,6 @@ private:
     const ksBounds &sceneBounds();
 
     void draw();
-    void drawGrid();
-    void drawSelection();
-    void drawLights();
-    void drawLight(const ksVisibleNode &node, bool isSelected);
-
     void beginDrag(const QPointF &mouse);
     void drag(const QPointF &mouse);
     void endMode();
@@ -160,6 +157,9 @@ private:
     Qt::MouseButton button = Qt::NoButton;
     QPointF pressed;
     QPointF last;
+
+    /// So far from where it was pressed that it was no click.
+    bool hasMoved = false;
     std::optional<ksViewHandle> hovered;
     std::unique_ptr<ksHandleDrag> handleDrag;
 

@@ -39,13 +39,13 @@ const std::vector<ksVisibleNode> &ksVisibleNodes::of(const osg::NodePtr &root)
     return nodes;
 }
 
-ksBounds ksVisibleNodes::ownBounds(const ksVisibleNode &node, ksMeshBounds &meshes) const
+ksBounds ksVisibleNodes::ownBounds(int place, ksMeshBounds &meshes) const
 {
+    const ksVisibleNode &node = nodes[std::size_t(place)];
     ksBounds bounds;
     bool canInvert = false;
     const QMatrix4x4 toOwn = node.matrix.inverted(&canInvert);
-    const auto first = std::size_t(&node - nodes.data());
-    for (std::size_t i = first; canInvert && i < std::size_t(node.end); ++i)
+    for (auto i = std::size_t(place); canInvert && i < std::size_t(node.end); ++i)
         if (nodes[i].mesh != osg::NullFC)
             bounds.include(meshes.of(nodes[i].mesh), toOwn * nodes[i].matrix);
     return bounds;

@@ -50,8 +50,8 @@ public:
     /// The nodes at and below \a root.
     const std::vector<ksVisibleNode> &of(const osg::NodePtr &root);
 
-    /// The box around what \a node holds, in its own space; the calling thread reads aspect 1.
-    ksBounds ownBounds(const ksVisibleNode &node, ksMeshBounds &meshes) const;
+    /// The box around what the node at \a place holds, in its own space; the calling thread reads aspect 1.
+    ksBounds ownBounds(int place, ksMeshBounds &meshes) const;
 
     /// The place of the node with the id \a id in the list made last, -1 if it is not in it.
     int find(osg::UInt32 id) const;

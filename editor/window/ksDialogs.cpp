@@ -96,7 +96,9 @@ void ksDialogs::showProgress(QWidget *parent, const QString &text,
     dialog.setWindowModality(Qt::ApplicationModal);
     work([&dialog](double done) {
         dialog.setValue(static_cast<int>(done * (Steps - 1)));
-        QCoreApplication::processEvents();
+        // Until the dialog lies over it, what it is for takes no mouse and no keys.
+        QCoreApplication::processEvents(dialog.isVisible() ? QEventLoop::AllEvents
+                                                           : QEventLoop::ExcludeUserInputEvents);
         return !dialog.wasCanceled();
     });
 }

@@ -10,9 +10,11 @@
 
 #include <QApplication>
 #include <QIcon>
-#include <QImage>
+#include <QImageWriter>
 #include <QLocale>
 #include <QPixmap>
+#include <QStringList>
+#include <QTimer>
 
 #include <cstdlib>
 #include <functional>
@@ -23,17 +25,17 @@ namespace {
 
 constexpr QSize PictureSize(1280, 800);
 
-/// What Qt says of a screen that it cannot use, before it gives up, which ends the process.
-QString screenTrouble;
+/// What Qt says while it starts, which is of a screen that it cannot use before it gives up. That ends the
+/// process.
+QStringList startMessages;
 
 std::function<void(const QString &)> endWithoutScreen;
 
-void takeScreenMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+void takeStartMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
+    startMessages += text.trimmed();
     if (type == QtFatalMsg)
-        endWithoutScreen(screenTrouble.isEmpty() ? text : screenTrouble);
-    else if (screenTrouble.isEmpty())
-        screenTrouble = text.trimmed();
+        endWithoutScreen(startMessages.constFirst());
 }
 
 void select(ksDocument &document, const QString &name)
@@ -53,10 +55,13 @@ int ksWindowSession::showWindow(const ksEditorOptions &options, char **argv)
         complain(QStringLiteral("there is no screen for the window; --headless goes without: ") + reason);
         std::_Exit(WindowError);
     };
-    const QtMessageHandler usual = qInstallMessageHandler(takeScreenMessage);
+    const QtMessageHandler usual = qInstallMessageHandler(takeStartMessage);
     int applicationArguments = 1;
     const QApplication application(applicationArguments, argv);
     qInstallMessageHandler(usual);
+    for (const QString &text : qAsConst(startMessages))
+        qWarning("%s", qUtf8Printable(text));
+    QGuiApplication::setDesktopFileName(QStringLiteral("ks-editor"));
     ksTranslations::install(QLocale(), ksTranslations::folders());
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("ks-editor")));
 
@@ -68,8 +73,16 @@ int ksWindowSession::showWindow(const ksEditorOptions &options, char **argv)
             return takePicture(document, window, options);
         window.restoreLayout();
         window.show();
-        if (!options.model.isEmpty() && window.open(options.model) && !options.selected.isEmpty())
-            select(document, options.selected);
+        // Once events are handled, so that the window can be closed meanwhile.
+        if (!options.model.isEmpty())
+            QTimer::singleShot(0, &window, [&] {
+                try {
+                    if (window.open(options.model) && !options.selected.isEmpty())
+                        select(document, options.selected);
+                } catch (const ksEditorError &error) {
+                    dialogs.complain(&window, QString::fromUtf8(error.what()));
+                }
+            });
         return QApplication::exec();
     } catch (const ksEditorError &error) {
         complain(QString::fromUtf8(error.what()));
@@ -94,12 +107,16 @@ int ksWindowSession::takePicture(ksDocument &document, ksMainWindow &window,
     QApplication::processEvents();
     window.viewport().frameAll();
     QApplication::processEvents();
+    if (!window.viewport().canDraw()) {
+        complain(options.screenshot +
+                 QStringLiteral(": OpenGL 2.1, which draws the scene, is not available"));
+        return WindowError;
+    }
     constexpr int Smallest = 0;
-    if (window.grab()
-            .toImage()
-            .convertToFormat(QImage::Format_RGB888)
-            .save(options.screenshot, nullptr, Smallest))
+    QImageWriter writer(options.screenshot);
+    writer.setQuality(Smallest);
+    if (writer.write(window.grab().toImage().convertToFormat(QImage::Format_RGB888)))
         return Done;
-    complain(options.screenshot + QStringLiteral(": cannot be written"));
+    complain(options.screenshot + QStringLiteral(": cannot be written: ") + writer.errorString());
     return OutputError;
 }

@@ -15,8 +15,9 @@ public:
 protected:
     ksEditorOptions::Window window() const override { return ksEditorOptions::Window::Offered; }
 
-    /// Returns ModelError when the model cannot be read or has no node to select, OutputError when the
-    /// picture cannot be written, WindowError when there is no screen to show the window on.
+    /// Returns WindowError when there is no screen to show the window on. Of a picture: ModelError when the
+    /// model cannot be read or has no node to select, WindowError when the scene cannot be drawn, OutputError
+    /// when the picture cannot be written. Otherwise the window tells the user.
     int showWindow(const ksEditorOptions &options, char **argv) override;
 
 private:

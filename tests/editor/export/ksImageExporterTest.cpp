@@ -41,9 +41,18 @@ TEST(ksImageExporter, LeavesOutWhatPngDoesNotHold)
 {
     const osg::ImageRefPtr shortOfPixels = makeImage(Image::OSG_L_PF);
     shortOfPixels->getPixel().getValues().pop_back();
+    const osg::ImageRefPtr oversized = makeImage(Image::OSG_L_PF);
+    const osg::ImageRefPtr turned = makeImage(Image::OSG_L_PF);
+    {
+        CPEdit(oversized.get(), Image::WidthFieldMask);
+        oversized->setWidth(4096);
+        CPEdit(turned.get(), Image::WidthFieldMask | Image::HeightFieldMask);
+        turned->setWidth(-3);
+        turned->setHeight(-2);
+    }
     for (const osg::ImageRefPtr &image :
          {makeImage(Image::OSG_BGR_PF), makeImage(Image::OSG_LA_PF), makeImage(Image::OSG_L_PF, 2),
           makeImage(Image::OSG_L_PF, 1, 2), makeImage(Image::OSG_RGB_PF, 1, 1, Image::OSG_UINT16_IMAGEDATA),
-          osg::ImageRefPtr(Image::create()), shortOfPixels})
+          osg::ImageRefPtr(Image::create()), shortOfPixels, oversized, turned})
         EXPECT_TRUE(ksImageExporter::toPng(image.get()).isEmpty());
 }

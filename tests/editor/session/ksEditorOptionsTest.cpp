@@ -84,6 +84,8 @@ TEST(ksEditorOptions, TakesWhatTheWindowShows)
          {"--script a.js", "--output a.glb", "--quiet", "--json", "--time-limit 1", "-- a"})
         EXPECT_EQ(ksErrorOf([&] { parseWithWindow(line); }),
                   "--headless is missing, which the other options need");
+    EXPECT_EQ(ksErrorOf([&] { parseWithWindow("--select Table"); }),
+              "--select is for a model, and none is given");
     for (const char *line : {"--headless a.obj --select b", "--headless a.obj --screenshot b.png"})
         EXPECT_EQ(ksErrorOf([&] { parseWithWindow(line); }),
                   "--screenshot and --select are for the window, which --headless goes without");

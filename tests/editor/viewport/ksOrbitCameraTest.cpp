@@ -56,6 +56,32 @@ TEST_F(ksOrbitCameraTest, LooksAlongTheRayOfAPlace)
     EXPECT_FALSE(QRectF(0, 0, 600, 400).contains(camera.project(behind)));
 }
 
+TEST_F(ksOrbitCameraTest, SeesASmallBoxInALargeScene)
+{
+    camera.setScene({QVector3D(-1000, -1000, -1000), QVector3D(1000, 1000, 1000)});
+    const ksBounds small{QVector3D(1, 2, 3), QVector3D(1.1F, 2.1F, 3.1F)};
+    camera.frame(small);
+    for (const QVector3D &corner : small.corners())
+        EXPECT_LE(std::abs(camera.viewProjection().map(corner).z()), 1);
+    EXPECT_LE(camera.viewProjection().map(QVector3D(-1000, 0, -1000)).z(), 1);
+}
+
+TEST_F(ksOrbitCameraTest, KnowsTheFrameAroundABox)
+{
+    QMatrix4x4 matrix;
+    matrix.translate(1, 0, 0);
+    const QRectF frame = camera.frameOf(box, matrix);
+    double left = 1e6;
+    for (const QVector3D &corner : box.corners()) {
+        EXPECT_TRUE(frame.contains(camera.project(matrix.map(corner))));
+        left = std::min(left, camera.project(matrix.map(corner)).x());
+    }
+    EXPECT_NEAR(frame.left(), left - 1, 1e-3);
+    EXPECT_TRUE(camera.frameOf({camera.eye(), box.high}, {}).contains(QPointF(-1e6, 1e6)))
+        << "some of it is beside the camera";
+    EXPECT_FALSE(camera.frameOf({box.high, box.high}, {}).isEmpty());
+}
+
 TEST_F(ksOrbitCameraTest, ZoomsAboutAPlaceAndPansWithTheMouse)
 {
     const QVector3D middle =
@@ -77,7 +103,7 @@ TEST_F(ksOrbitCameraTest, ZoomsAboutAPlaceAndPansWithTheMouse)
 TEST_F(ksOrbitCameraTest, StaysUprightHoweverFarItGoes)
 {
     camera.orbit(1000, 1000);
-    EXPECT_GT(camera.view().inverted().mapVector(QVector3D(0, 1, 0)).length(), 0.9F);
+    EXPECT_GT(camera.toScene().mapVector(QVector3D(0, 1, 0)).length(), 0.9F);
     EXPECT_GT(camera.eye().y(), box.high.y());
     camera.orbit(0, -1000);
     EXPECT_LT(camera.eye().y(), box.low.y());

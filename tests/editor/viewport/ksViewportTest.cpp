@@ -16,10 +16,15 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QOpenGLWidget>
+#include <QRubberBand>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWheelEvent>
 
 #include <functional>
+#include <limits>
+#include <support/ksCommandTime.h>
 #include <vector>
 
 namespace {
@@ -78,6 +83,14 @@ protected:
         release(place, keys);
     }
 
+    void turnWheel(int angle)
+    {
+        const QPoint middle = viewport.rect().center();
+        QWheelEvent event(middle, viewport.mapToGlobal(middle), QPoint(), QPoint(0, angle), button, {},
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&viewport, &event);
+    }
+
     /// Presses at \a from and goes \a way in \a moves steps.
     void pull(const QPointF &from, const QPointF &way, int moves, Qt::KeyboardModifiers keys = {})
     {
@@ -102,8 +115,19 @@ protected:
         viewport.setTool(tool);
     }
 
+    /// As if the last step had been done long ago.
+    void wait()
+    {
+        const QUndoCommand *step = document.stack().currentCommand();
+        for (int i = 0; i < step->childCount(); ++i)
+            ksCommandTime::of(*static_cast<ksUndoCommand *>(const_cast<QUndoCommand *>(step->child(i)))) = 0;
+    }
+
     ksDocument document;
     ksViewport viewport{document};
+
+    /// The one of the mouse that is pressed.
+    Qt::MouseButton button = Qt::LeftButton;
 
 private:
     /// As the user's mouse does: to what lies on top there.
@@ -111,10 +135,10 @@ private:
     {
         QWidget *below = viewport.childAt(place.toPoint());
         QWidget *receiver = below != nullptr ? below : &viewport;
-        const Qt::MouseButton button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-        const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        const Qt::MouseButton changed = type == QEvent::MouseMove ? Qt::NoButton : button;
+        const Qt::MouseButtons buttons = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
         QMouseEvent event(type, receiver->mapFrom(&viewport, place.toPoint()),
-                          viewport.mapToGlobal(place.toPoint()), button, buttons, keys);
+                          viewport.mapToGlobal(place.toPoint()), changed, buttons, keys);
         QApplication::sendEvent(receiver, &event);
     }
 };
@@ -229,6 +253,22 @@ TEST_F(ksViewportTest, ShowsEditsOfMeshesImagesAndLights)
     });
 }
 
+/// Scripts can set any of these.
+TEST_F(ksViewportTest, ShowsAnImageOfTooFewPixelsAsWhite)
+{
+    const auto planks = osg::UberMaterialPtr::dcast(
+        osg::ksMeshPtr::dcast(node("Floor")->getChild(0)->getCore())->getMaterial());
+    const osg::ImagePtr image = planks->getColorComponentData()[0]->getImage();
+    const QImage before = viewport.picture();
+    for (const int wrong : {1 << 12, std::numeric_limits<int>::max(), 0, -8})
+        for (const char *size : {"width", "height", "depth"}) {
+            document.add(ksFieldEdits::make(QString(), image, QLatin1String(size), wrong, ksMerging::Never));
+            EXPECT_GT(differences(before, viewport.picture()), 500) << size << ' ' << wrong;
+            undo();
+            EXPECT_EQ(differences(before, viewport.picture()), 0) << size << ' ' << wrong;
+        }
+}
+
 TEST_F(ksViewportTest, ShowsNoHiddenNodes)
 {
     const QImage before = viewport.picture();
@@ -316,6 +356,116 @@ TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
         document.selection().clear();
         EXPECT_EQ(differences(picture, viewport.picture()), 0);
     }
+}
+
+TEST_F(ksViewportTest, MovesInOneStepHoweverLongItTakes)
+{
+    const osg::NodePtr chair = node("Chair");
+    const std::vector<float> before = valuesOf(transform(chair));
+    grasp(Tool::Move, {chair});
+    const QPointF start = grip(Kind::Axis, 0);
+    press(start);
+    for (int i = 1; i <= 5; ++i) {
+        move(start + QPointF(10, 2) * i);
+        ASSERT_EQ(steps(), 1);
+        wait();
+    }
+    release(start + QPointF(50, 10));
+    EXPECT_EQ(steps(), 1);
+    undo();
+    EXPECT_EQ(valuesOf(transform(chair)), before);
+}
+
+/// However many moves of the mouse there are, a picture is drawn when there is time for it, and then of the
+/// last.
+TEST_F(ksViewportTest, KeepsUpWithTheMouse)
+{
+    const auto *canvas = viewport.findChild<QOpenGLWidget *>();
+    QSignalSpy frames(canvas, &QOpenGLWidget::frameSwapped);
+    const auto framesOf = [&](const std::function<void()> &work) {
+        QApplication::processEvents();
+        frames.clear();
+        work();
+        QApplication::processEvents();
+        return frames.count();
+    };
+    grasp(Tool::Move, {node("Chair")});
+    const QPointF start = grip(Kind::Axis, 0);
+    EXPECT_EQ(framesOf([&] { pull(start, QPointF(40, 10), 60); }), 1);
+    EXPECT_EQ(framesOf([&] { move(start + QPointF(20, 5)); }), 1);
+    EXPECT_EQ(framesOf([&] { release(start + QPointF(20, 5)); }), 1) << "in full";
+    EXPECT_EQ(framesOf([] {}), 0);
+    EXPECT_EQ(steps(), 1);
+}
+
+TEST_F(ksViewportTest, TakesNoStepForAClickOnAHandle)
+{
+    const osg::NodePtr chair = node("Chair");
+    grasp(Tool::Move, {chair});
+    drag(grip(Kind::Axis, 0), QPointF(1, 0), 1);
+    EXPECT_EQ(steps(), 0);
+    EXPECT_EQ(document.selection().current(), chair);
+    // Once it is a drag, it may come back to where it began.
+    const QPointF start = grip(Kind::Axis, 0);
+    pull(start, QPointF(30, 0), 3);
+    const osg::Vec3f far = transform(chair)->getTranslation();
+    move(start + QPointF(1, 0));
+    EXPECT_NE(transform(chair)->getTranslation(), far);
+    release(start);
+    EXPECT_EQ(steps(), 1);
+}
+
+TEST_F(ksViewportTest, KeepsTheCameraDuringADrag)
+{
+    grasp(Tool::Move, {node("Chair")});
+    const ksOrbitCamera camera = viewport.camera();
+    pull(grip(Kind::Axis, 0), QPointF(40, 10), 3);
+    const std::vector<float> pulled = valuesOf(transform(node("Chair")));
+    turnWheel(120);
+    QTest::keyClick(&viewport, Qt::Key_Left);
+    QTest::keyClick(&viewport, Qt::Key_Plus);
+    viewport.frameSelection();
+    viewport.frameAll();
+    EXPECT_TRUE(viewport.camera() == camera);
+    EXPECT_EQ(valuesOf(transform(node("Chair"))), pulled);
+    release(QPointF(300, 200));
+    turnWheel(120);
+    EXPECT_FALSE(viewport.camera() == camera);
+}
+
+/// Grabs and filters of others may take a release away, and another window the keys.
+TEST_F(ksViewportTest, EndsADragThatHasLostItsReleaseOrItsFocus)
+{
+    const osg::NodePtr chair = node("Chair");
+    grasp(Tool::Move, {chair});
+    for (const bool isReleaseLost : {true, false}) {
+        const QPointF start = grip(Kind::Axis, 0);
+        pull(start, QPointF(40, 10), 3);
+        const std::vector<float> pulled = valuesOf(transform(chair));
+        if (isReleaseLost) {
+            button = Qt::NoButton;
+        } else {
+            QFocusEvent event(QEvent::FocusOut);
+            QApplication::sendEvent(&viewport, &event);
+        }
+        move(start + QPointF(80, 20));
+        button = Qt::LeftButton;
+        EXPECT_EQ(valuesOf(transform(chair)), pulled);
+        EXPECT_EQ(steps(), isReleaseLost ? 1 : 2) << "what has been done stays done";
+        release(start);
+    }
+}
+
+TEST_F(ksViewportTest, SelectsNothingAfterEscapeInAFrame)
+{
+    document.selection().set(node("Vase"));
+    pull(QPointF(2, 2), QPointF(590, 390), 5);
+    const auto *band = viewport.findChild<QRubberBand *>();
+    EXPECT_TRUE(band->isVisible());
+    QTest::keyClick(&viewport, Qt::Key_Escape);
+    EXPECT_FALSE(band->isVisible());
+    release(QPointF(592, 392));
+    EXPECT_EQ(document.selection().nodes(), std::vector<osg::NodePtr>{node("Vase")});
 }
 
 TEST_F(ksViewportTest, TakesTwoDragsAsTwoSteps)
@@ -437,6 +587,59 @@ TEST_F(ksViewportTest, TurnsInOneStep)
     EXPECT_EQ(valuesOf(transform(chair)), before);
 }
 
+/// With pivot, orientation and all, the pivot stays, and what was grasped follows the mouse.
+TEST_F(ksViewportTest, TurnsAboutAPivotBelowAMirroredParent)
+{
+    const osg::NodePtr book = node("Book");
+    const auto set = [this](const char *property, const osg::NodePtr &owner, const osg::Vec3f &value) {
+        document.add(ksTransformEdits::find(QLatin1String(property))->make({owner}, value, {}, nullptr));
+    };
+    set("rotatePivot", book, osg::Vec3f(0.1F, 0.05F, 0.2F));
+    set("rotatePivotTranslation", book, osg::Vec3f(0.05F, 0, 0));
+    set("rotationOrientation", book, osg::Vec3f(20, 30, 40));
+    set("scale", node("Table"), osg::Vec3f(-1, 1, 1));
+    const int before = steps();
+    for (const auto space : {ksViewport::Space::World, ksViewport::Space::Local}) {
+        viewport.setSpace(space);
+        grasp(Tool::Turn, {book});
+        const ksViewHandleFrame frame = viewport.handles()->frame();
+        const QMatrix4x4 old = ksToQt(matrixOf(book));
+        const QPointF start = grip(Kind::Ring, 1);
+        const QPointF end = start + QPointF(25, 3);
+        drag(start, end - start, 10);
+        const QMatrix4x4 turn = ksToQt(matrixOf(book)) * old.inverted();
+        EXPECT_LT((turn.map(frame.origin) - frame.origin).length(), 1e-4F);
+        EXPECT_LT((turn.mapVector(frame.axes[1]) - frame.axes[1]).length(), 1e-3F);
+        const auto directionAt = [&](const QPointF &place) {
+            return (*viewport.camera().rayAt(place).meetPlane(frame.origin, frame.axes[1]) - frame.origin)
+                .normalized();
+        };
+        EXPECT_LT((turn.mapVector(directionAt(start)) - directionAt(end)).length(), 0.02F);
+        EXPECT_GT((directionAt(start) - directionAt(end)).length(), 0.1F);
+        EXPECT_EQ(steps(), before + 1);
+        undo();
+    }
+}
+
+TEST_F(ksViewportTest, TurnsSeveralEachAboutAnAxisOfItsOwn)
+{
+    const std::vector<osg::NodePtr> nodes = {node("Chair"), node("Book")};
+    document.add(ksTransformEdits::find(QStringLiteral("eulerRotation"))
+                     ->make({nodes[0]}, osg::Vec3f(30, 0, 50), {}, nullptr));
+    viewport.setSpace(ksViewport::Space::Local);
+    grasp(Tool::Turn, nodes);
+    std::vector<QMatrix4x4> before;
+    for (const osg::NodePtr &each : nodes)
+        before.push_back(ksToQt(matrixOf(each)));
+    drag(grip(Kind::Ring, 1), QPointF(25, 3), 10);
+    EXPECT_EQ(steps(), 2);
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        const QMatrix4x4 turn = before[i].inverted() * ksToQt(matrixOf(nodes[i]));
+        EXPECT_LT((turn.mapVector(QVector3D(0, 1, 0)) - QVector3D(0, 1, 0)).length(), 1e-3F);
+        EXPECT_GT((turn.mapVector(QVector3D(1, 0, 0)) - QVector3D(1, 0, 0)).length(), 0.02F);
+    }
+}
+
 TEST_F(ksViewportTest, ScalesInOneStep)
 {
     const osg::NodePtr chair = node("Chair");
@@ -533,6 +736,70 @@ TEST_F(ksViewportTest, GoesAroundTheScene)
     EXPECT_FALSE(viewport.camera() == near);
     EXPECT_EQ(document.selection().current(), node("Vase"));
     EXPECT_EQ(steps(), 0);
+}
+
+TEST_F(ksViewportTest, GoesAroundAndMovesTheSceneWithOtherButtons)
+{
+    const QVector3D point(0, 0.7F, 0);
+    const auto seen = [&] { return viewport.camera().project(point); };
+    const QPointF way(30, 12);
+    button = Qt::RightButton;
+    QPointF before = seen();
+    drag(QPointF(300, 200), way);
+    EXPECT_LT(ksLengthOf(seen() - before - way), 8);
+    button = Qt::MiddleButton;
+    before = seen();
+    drag(QPointF(300, 200), way, 5, Qt::ShiftModifier);
+    EXPECT_LT(ksLengthOf(seen() - before - way), 8);
+    const QVector3D eye = viewport.camera().eye();
+    drag(QPointF(300, 200), way);
+    EXPECT_NE(viewport.camera().eye(), eye);
+    button = Qt::NoButton;
+    const float pixel = viewport.camera().pixelAt(point);
+    turnWheel(240);
+    EXPECT_LT(viewport.camera().pixelAt(point), 0.9F * pixel);
+    turnWheel(-240);
+    EXPECT_NEAR(viewport.camera().pixelAt(point), pixel, 1e-3F * pixel);
+    EXPECT_TRUE(document.selection().ids().empty());
+}
+
+TEST_F(ksViewportTest, SelectsLinesAndPointsNearby)
+{
+    const ksTestFolder folder;
+    document.open(folder.write("lines.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0.6 0.6 0\nl 1 2\nl 1 3\np 4\n"));
+    const auto at = [this](float x, float y, const QPointF &off) {
+        document.selection().clear();
+        click(viewport.camera().project(QVector3D(x, y, 0)) + off);
+        return document.selection().current();
+    };
+    EXPECT_NE(at(0.5F, 0, QPointF(0, 4)), osg::NullFC);
+    EXPECT_NE(at(0, 0.5F, QPointF(-4, 0)), osg::NullFC) << "at the edge of the box around it";
+    EXPECT_NE(at(0.6F, 0.6F, QPointF(2, 2)), osg::NullFC);
+    EXPECT_EQ(at(0.3F, 0.3F, QPointF()), osg::NullFC);
+    EXPECT_EQ(at(0.5F, 0, QPointF(0, 12)), osg::NullFC);
+}
+
+TEST_F(ksViewportTest, SelectsTheNearestOfLights)
+{
+    const osg::NodePtr spot = node("CeilingSpot");
+    const osg::NodePtr light = spot->getChild(0);
+    const auto place = [&](const osg::NodePtr &of) {
+        return viewport.camera().project(ksToQt(matrixOf(of)).map(QVector3D()));
+    };
+    const osg::NodePtr bulb = node("LampBulb");
+    const osg::NodePtr other = bulb->getChild(0);
+    ASSERT_NE(osg::UberLightPtr::dcast(other->getCore()), osg::NullFC);
+    // Beside each other in the picture, wherever they are in the tree.
+    const QMatrix4x4 toParent = ksToQt(matrixOf(spot->getParent())).inverted();
+    document.add(translation().make({spot}, osg::Vec3f(0, 0, 0), {}, nullptr));
+    const ksRay ray = viewport.camera().rayAt(place(other) + QPointF(7, 0));
+    const auto spotAt = toParent.map(*ray.meetPlane(ksToQt(matrixOf(other)).map(QVector3D()), ray.direction));
+    document.add(translation().make({spot}, ksToOsg(spotAt), {}, nullptr));
+    ASSERT_NEAR(ksLengthOf(place(light) - place(other)), 7, 2);
+    for (const osg::NodePtr &wanted : {light, other}) {
+        click(place(wanted));
+        EXPECT_EQ(document.selection().current(), wanted);
+    }
 }
 
 /// Run by themselves, see the list of tests.

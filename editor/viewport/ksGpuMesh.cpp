@@ -1,16 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include <editor/viewport/ksGpuMeshes.h>
+#include <editor/viewport/ksGpuMesh.h>
 
 #include <algorithm>
-#include <utility>
-
-namespace {
-
-constexpr osg::BitVector GeometryFieldMask = osg::ksMesh::PositionsFieldMask | osg::ksMesh::NormalsFieldMask |
-                                             osg::ksMesh::TexCoordsFieldMask | osg::ksMesh::IndicesFieldMask |
-                                             osg::ksMesh::CornersPerFaceFieldMask;
-
-} // namespace
+#include <vector>
 
 ksGpuMesh::ksGpuMesh(const osg::ksMesh &mesh)
     : cornersPerFace(std::clamp(int(mesh.getCornersPerFace()), 1, 3))
@@ -47,38 +39,4 @@ ksGpuMesh::ksGpuMesh(const osg::ksMesh &mesh)
     indices.create();
     indices.bind();
     indices.allocate(corners.data(), int(corners.size() * sizeof(osg::UInt32)));
-}
-
-ksGpuMesh &ksGpuMeshes::of(const osg::ksMeshPtr &mesh)
-{
-    std::unique_ptr<ksGpuMesh> &entry = known[mesh.getFieldContainerId()];
-    if (entry == nullptr)
-        entry = std::make_unique<ksGpuMesh>(*mesh);
-    return *entry;
-}
-
-void ksGpuMeshes::follow(const ksSceneChanges &changes)
-{
-    const auto forget = [this](osg::UInt32 id) {
-        if (const auto found = known.find(id); found != known.end()) {
-            stale.push_back(std::move(found->second));
-            known.erase(found);
-        }
-    };
-    for (const auto &[id, mask] : changes.fields)
-        if ((mask & GeometryFieldMask) != 0)
-            forget(id);
-    for (const osg::UInt32 id : changes.destroyed)
-        forget(id);
-}
-
-void ksGpuMeshes::release()
-{
-    stale.clear();
-}
-
-void ksGpuMeshes::clear()
-{
-    known.clear();
-    stale.clear();
 }
