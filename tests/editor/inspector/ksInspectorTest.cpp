@@ -754,7 +754,7 @@ TEST_F(ksInspectorTest, EditsLights)
     }
     expectStep([&] { choose("Attenuation", QStringLiteral("Linear")); },
                [&] { return find<QComboBox>("Attenuation")->currentText(); });
-    type("Cone angle", "200");
+    type("Cone angle", "400");
     EXPECT_EQ(reasons.size(), 1);
     reasons.clear();
 
