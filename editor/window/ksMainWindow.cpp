@@ -372,8 +372,11 @@ void ksMainWindow::newDocument()
 void ksMainWindow::finishTyping()
 {
     if (QWidget *focus = focusWidget()) {
+        QWidget *around = focus->parentWidget();
         focus->clearFocus();
-        focus->setFocus();
+        // The field of a name in the outline goes with that.
+        if (QWidget *next = focus->isVisible() ? focus : around)
+            next->setFocus();
     }
 }
 

@@ -128,6 +128,19 @@ TEST_F(ksWindowFieldsTest, TakeWhatIsTypedBeforeItIsSaved)
     EXPECT_EQ(height(), 5);
 }
 
+TEST_F(ksWindowFieldsTest, TakeNamesBeforeTheyAreSaved)
+{
+    user.path = folder.path("saved.gltf");
+    window->outline().tree()->setFocus();
+    const osg::NodePtr table = node("Table");
+    key(Qt::Key_F2);
+    type(QStringLiteral("Desk"));
+    key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(ksContainers::nameOf(table), QStringLiteral("Desk"));
+    EXPECT_FALSE(document.isModified());
+    EXPECT_TRUE(window->outline().tree()->hasFocus());
+}
+
 TEST_F(ksWindowFieldsTest, TakeWhatIsTypedBeforeAndAfterSavingAsTwoSteps)
 {
     user.path = folder.path("saved.gltf");
