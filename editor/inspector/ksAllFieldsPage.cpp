@@ -26,7 +26,7 @@ std::vector<osg::FieldContainerPtr> containersOf(const osg::NodePtr &node)
     return all;
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void buildAllFields(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     const auto nodes = ksInspectorFields::findAll<osg::NodePtr>(subjects.ids);
     for (const osg::FieldContainerPtr &shown : containersOf(nodes.back())) {
@@ -56,5 +56,5 @@ ksInspectorPage ksInspectorPages::allFields()
                 result.parts.push_back(container.getFieldContainerId());
         return result;
     };
-    return {AllFieldsPageTexts::tr("All fields"), true, subjects, &build};
+    return {AllFieldsPageTexts::tr("All fields"), true, subjects, &buildAllFields};
 }

@@ -48,7 +48,7 @@ std::vector<Reference> referencesOf(const osg::AbstractConstraintPtr &constraint
     return all;
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void buildConstraint(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     ksInspectorField field;
@@ -92,5 +92,5 @@ ksInspectorPage ksInspectorPages::constraint()
             return osg::AbstractConstraintPtr::dcast(node->getCore());
         });
     };
-    return {ConstraintPageTexts::tr("Constraint"), false, subjects, &build};
+    return {ConstraintPageTexts::tr("Constraint"), false, subjects, &buildConstraint};
 }

@@ -22,11 +22,54 @@
 #include <OpenSG/OSGSimpleAttachments.h>
 #include <ksNodeUtils.h>
 
+#include <QCoreApplication>
+
 #include <limits>
 #include <type_traits>
 #include <unordered_set>
 
 namespace {
+
+/// The labels of the fields that the pages show one by one, for those who translate. Others are called as
+/// their classes say.
+[[maybe_unused]] constexpr const char *Labels[] = {
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Attenuation"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Base color"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Color"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Comment"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Cone angle"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Diffuse"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Enabled"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Glossy"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Intensity"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Layer"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Locked"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Lod bias"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Mapping offset"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Mapping rotation"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Mapping scale"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Metalness"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Opacity"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Penumbra angle"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Pick id"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Planar projection"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Projection size"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Reference distance"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Refraction index"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Render order"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Revision"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Rotate pivot"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Roughness"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Scale"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Scale pivot"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Shear"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Sort key"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Stencil reference"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Time offset"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Translation"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Transparency mode"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "User flags"),
+    QT_TRANSLATE_NOOP("ksInspectorFields", "Weight")};
 
 const QStringList &colourNames()
 {
@@ -142,7 +185,7 @@ QString ksInspectorFields::label(const QString &name)
                                                       : QString(letter);
     if (!words.isEmpty())
         words[0] = words[0].toUpper();
-    return words;
+    return QCoreApplication::translate("ksInspectorFields", words.toLatin1().constData());
 }
 
 QString ksInspectorFields::titleOf(const osg::FieldContainerPtr &container)

@@ -32,7 +32,7 @@ QUndoCommand *make(const osg::FieldContainerPtr &target, const QString &field, c
 /// colours as lists of numbers; texts, lists of texts and flags as they are. Invalid for other fields.
 QVariant read(osg::Field &field);
 
-/// What people call the field \a name: its words.
+/// What people call the field \a name: its words, or what these are in their language.
 QString label(const QString &name);
 
 /// What people call \a container: its name, or what there is instead.

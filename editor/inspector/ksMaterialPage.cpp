@@ -129,18 +129,12 @@ QImage pictureOf(const osg::ImagePtr &image)
 {
     if (image == osg::NullFC)
         return {};
-    const ksImageLayout *layout = ksImageLayout::of(*image);
-    const osg::MFUInt8::StorageType &pixels = image->getPixel().getValues();
-    const int line = layout != nullptr ? image->getWidth() * layout->channels : 0;
-    const bool isShort =
-        pixels.size() < static_cast<std::size_t>(line) * static_cast<std::size_t>(image->getHeight());
-    if (image->getDataType() != osg::Image::OSG_UINT8_IMAGEDATA || line == 0 || isShort) {
-        QImage unknown(1, 1, QImage::Format_RGB32);
-        unknown.fill(Qt::gray);
-        return unknown;
-    }
-    return QImage(pixels.data(), image->getWidth(), image->getHeight(), line, layout->format)
-        .mirrored(false, true);
+    const QImage picture = ksImageLayout::pictureOf(*image);
+    if (!picture.isNull())
+        return picture.mirrored();
+    QImage unknown(1, 1, QImage::Format_RGB32);
+    unknown.fill(Qt::gray);
+    return unknown;
 }
 
 void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &components, const Owner &ownerOf)

@@ -90,7 +90,7 @@ void addShown(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
     section.addRow(field, new ksFlagEditor);
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void buildNode(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     addName(section, subjects.ids);
     addShown(section, subjects.ids);
@@ -113,5 +113,5 @@ ksInspectorPage ksInspectorPages::node()
                 result.parts.push_back(attached.getFieldContainerId());
         return result;
     };
-    return {NodePageTexts::tr("Node"), false, subjects, &build};
+    return {NodePageTexts::tr("Node"), false, subjects, &buildNode};
 }

@@ -82,7 +82,7 @@ void addTags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
                                                ksListEditor::TellChanges));
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void buildTags(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     addTags(section, subjects.ids, TagsPageTexts::tr("User tags"), ksTagEdits::UserTags);
     addTags(section, subjects.ids, TagsPageTexts::tr("Layers"), ksTagEdits::LayerTags);
@@ -95,5 +95,5 @@ ksInspectorPage ksInspectorPages::tags()
     const auto subjects = [](const std::vector<osg::NodePtr> &nodes) {
         return ksInspectorFields::subjects(nodes, [](const osg::NodePtr &node) { return node; });
     };
-    return {TagsPageTexts::tr("Tags"), false, subjects, &build};
+    return {TagsPageTexts::tr("Tags"), false, subjects, &buildTags};
 }

@@ -333,7 +333,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
                                               {TransformPageTexts::tr("World"), true}}));
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects, const SharedView &view)
+void buildTransform(ksInspectorSection &section, const ksInspectorSubjects &subjects, const SharedView &view)
 {
     view->node = subjects.ids.back();
     view->variant = 0;
@@ -373,6 +373,6 @@ ksInspectorPage ksInspectorPages::transform()
     const auto view = std::make_shared<View>();
     return {TransformPageTexts::tr("Transform"), false, subjects,
             [view](ksInspectorSection &section, const ksInspectorSubjects &shown) {
-                build(section, shown, view);
+                buildTransform(section, shown, view);
             }};
 }

@@ -7,6 +7,8 @@
 
 void ksValueEditor::showMixed(bool isMixed)
 {
+    if (font().italic() == isMixed)
+        return;
     QFont shown = font();
     shown.setItalic(isMixed);
     setFont(shown);

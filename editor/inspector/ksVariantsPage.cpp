@@ -145,7 +145,7 @@ void addFlags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
     section.addTallRow(field, new ksFlagEditor(texts));
 }
 
-void build(ksInspectorSection &section, const ksInspectorSubjects &subjects)
+void buildVariants(ksInspectorSection &section, const ksInspectorSubjects &subjects)
 {
     ksDocument &document = section.edits().document();
     auto *list =
@@ -190,5 +190,5 @@ ksInspectorPage ksInspectorPages::variants()
             return has ? node : osg::NodePtr();
         });
     };
-    return {VariantsPageTexts::tr("Variants"), false, subjects, &build};
+    return {VariantsPageTexts::tr("Variants"), false, subjects, &buildVariants};
 }

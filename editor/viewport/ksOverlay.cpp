@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr const char *VertexShader = R"(#version 120
+constexpr const char *MarkVertexShader = R"(#version 120
 attribute vec3 position;
 attribute vec4 color;
 uniform mat4 viewProjection;
@@ -17,7 +17,7 @@ void main()
 }
 )";
 
-constexpr const char *FragmentShader = R"(#version 120
+constexpr const char *MarkFragmentShader = R"(#version 120
 varying vec4 shown;
 
 void main()
@@ -26,17 +26,17 @@ void main()
 }
 )";
 
-enum Attribute
+enum MarkAttribute
 {
-    PositionAttribute,
-    ColorAttribute
+    MarkPosition,
+    MarkColor
 };
 
 } // namespace
 
 bool ksOverlay::prepare()
 {
-    return ksLink(program, VertexShader, FragmentShader, {"position", "color"});
+    return ksLink(program, MarkVertexShader, MarkFragmentShader, {"position", "color"});
 }
 
 void ksOverlay::addLine(const QVector3D &from, const QVector3D &to, const QColor &color)
@@ -95,11 +95,11 @@ void ksOverlay::drawAll(const Corners &corners, unsigned int mode)
 {
     if (corners.empty())
         return;
-    program.enableAttributeArray(PositionAttribute);
-    program.enableAttributeArray(ColorAttribute);
-    program.setAttributeArray(PositionAttribute, corners.front().position, 3, sizeof(Corner));
-    program.setAttributeArray(ColorAttribute, corners.front().color, 4, sizeof(Corner));
+    program.enableAttributeArray(MarkPosition);
+    program.enableAttributeArray(MarkColor);
+    program.setAttributeArray(MarkPosition, corners.front().position, 3, sizeof(Corner));
+    program.setAttributeArray(MarkColor, corners.front().color, 4, sizeof(Corner));
     ksGl().glDrawArrays(mode, 0, GLsizei(corners.size()));
-    program.disableAttributeArray(PositionAttribute);
-    program.disableAttributeArray(ColorAttribute);
+    program.disableAttributeArray(MarkPosition);
+    program.disableAttributeArray(MarkColor);
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr const char *VertexShader = R"(#version 120
+constexpr const char *MeshVertexShader = R"(#version 120
 attribute vec3 position;
 attribute vec3 normal;
 attribute vec2 coordinate;
@@ -34,7 +34,7 @@ void main()
 }
 )";
 
-constexpr const char *FragmentShader = R"(#version 120
+constexpr const char *MeshFragmentShader = R"(#version 120
 const int MostLamps = 8;
 const float Pi = 3.14159265;
 varying vec3 worldPosition;
@@ -208,7 +208,7 @@ ksSceneRenderer::ksSceneRenderer()
 
 bool ksSceneRenderer::prepare()
 {
-    if (!ksLink(program, VertexShader, FragmentShader, {"position", "normal", "coordinate"}))
+    if (!ksLink(program, MeshVertexShader, MeshFragmentShader, {"position", "normal", "coordinate"}))
         return false;
     perNode = {program.uniformLocation("opacity"), program.uniformLocation("hasNormals"),
                program.uniformLocation("toWorld"), program.uniformLocation("normalToWorld")};

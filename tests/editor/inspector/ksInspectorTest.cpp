@@ -8,6 +8,8 @@
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/inspector/ksInspector.h>
 
+#include <ksundo/core/ksUndoGesture.h>
+
 #include <OSGLightLinkSet.h>
 #include <OSGUberLight.h>
 #include <OSGUberMaterial.h>
@@ -280,6 +282,21 @@ TEST_F(ksInspectorTest, KeepsTheFocusWhenThePageIsMadeAnew)
     EXPECT_EQ(stack().count(), 2);
     scrub("Layer, drag to change", 5);
     EXPECT_EQ(stack().count(), 3);
+}
+
+TEST_F(ksInspectorTest, EndsWhatAControlIsAboutWhenItGoes)
+{
+    const osg::NodePtr bare = add(osg::Group::create(), "");
+    select({bare});
+    type("Name", "Vase");
+    {
+        ksUndoGesture drag(&stack());
+        const ksTransformProperty &translation = *ksTransformEdits::find(QStringLiteral("translation"));
+        document.add(translation.make({node("Table")}, osg::Vec3f(1, 2, 3), {}, nullptr));
+        drag.takeBack();
+    }
+    EXPECT_EQ(ksContainers::nameOf(bare), QStringLiteral("Vase"));
+    EXPECT_EQ(stack().count(), 2);
 }
 
 TEST_F(ksInspectorTest, TakesBackOnlyWhatTheControlHasDone)
@@ -909,6 +926,10 @@ TEST_F(ksInspectorTest, EditsLinkSets)
         EXPECT_EQ(reasons.size(), 1);
         reasons.clear();
     }
+    select({document.root(), links});
+    click("Nodes that they shine on, add the other selected nodes");
+    EXPECT_EQ(reasons.size(), 1);
+    reasons.clear();
     select({node("Table"), lamp, links});
     const auto lights = [&] { return entriesOf("Lights"); };
     const auto nodes = [&] { return entriesOf("Nodes that they shine on"); };
