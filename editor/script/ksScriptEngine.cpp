@@ -150,8 +150,6 @@ void ksScriptEngine::run(const QString &path)
 QString ksScriptEngine::evaluate(const QString &text, const QString &name)
 {
     host.setScriptFile(QString());
-    // It may have come when the last one had ended.
-    takeInterruption();
     const QJSValue result = engine.evaluate(text, name);
     const QString shown = result.isUndefined() || result.isError() ? QString() : result.toString();
     finish(result.isError() ? result : QJSValue(), name);

@@ -51,6 +51,9 @@ public:
     /// The same, for what the script calls, in its own thread.
     void interruptAtOnce() { engine.setInterrupted(true); }
 
+    /// Whether the engine has been interrupted since something ran; it is so no more then.
+    bool takeInterruption();
+
     /// Runs the script in the file \a path to its end. Throws ksScriptError, with file, line and reason, and
     /// the call stack on lines of its own if there is one, when the file cannot be read, the script ends by
     /// an error, is interrupted or does not end a macro; ksOutputError when the error is that something could
@@ -67,9 +70,6 @@ public:
 private:
     /// What is left to do when a script of the file \a path has given \a result.
     void finish(const QJSValue &result, const QString &path);
-
-    /// Whether the engine has been interrupted; it is so no more then.
-    bool takeInterruption();
 
     /// Throws when \a result is an Error of the script \a path, or what ksScriptPrelude's tell() says of one,
     /// and not undefined.

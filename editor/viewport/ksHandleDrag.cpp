@@ -57,7 +57,7 @@ QVector3D nearTo(const QVector3D &angles, const QVector3D &reference, int middle
     return (one - reference).lengthSquared() <= (other - reference).lengthSquared() ? one : other;
 }
 
-QVector3D eulerOf(const ksNodePlace &place, const QQuaternion &rotation)
+QVector3D eulerOf(const ksDragPlace &place, const QQuaternion &rotation)
 {
     const osg::Vec3f angles = place.transform->convertQuatToEuler(
         osg::Quaternion(rotation.x(), rotation.y(), rotation.z(), rotation.scalar()), true);
@@ -123,7 +123,7 @@ void ksHandleDrag::moveTo(const QPointF &mouse)
     if (!way && !turn && !factor)
         return;
     auto command = std::make_unique<ksMultiCommand>(text);
-    for (const ksNodePlace &place : places) {
+    for (const ksDragPlace &place : places) {
         if (way)
             addMove(place, *way, command.get());
         else if (turn)
@@ -193,12 +193,12 @@ std::optional<float> ksHandleDrag::factorTo(const QPointF &mouse) const
     return std::copysign(std::max(std::abs(factor), Smallest), factor);
 }
 
-void ksHandleDrag::addMove(const ksNodePlace &place, const QVector3D &way, QUndoCommand *parent)
+void ksHandleDrag::addMove(const ksDragPlace &place, const QVector3D &way, QUndoCommand *parent)
 {
     addValue("translation", place, place.translation + place.toParent.mapVector(way), parent);
 }
 
-void ksHandleDrag::addTurn(const ksNodePlace &place, float degrees, QUndoCommand *parent)
+void ksHandleDrag::addTurn(const ksDragPlace &place, float degrees, QUndoCommand *parent)
 {
     lastTurn = degrees;
     // Each about an axis of its own space, where the space is the node's.
@@ -211,7 +211,7 @@ void ksHandleDrag::addTurn(const ksNodePlace &place, float degrees, QUndoCommand
     addValue("eulerRotation", place, eulerOf(place, (turn * place.rotation).normalized()), parent);
 }
 
-void ksHandleDrag::addScale(const ksNodePlace &place, float factor, QUndoCommand *parent)
+void ksHandleDrag::addScale(const ksDragPlace &place, float factor, QUndoCommand *parent)
 {
     if (grasped.kind == ksViewHandle::Kind::Axis && isWorld) {
         addWorldScale(place, factor, parent);
@@ -225,7 +225,7 @@ void ksHandleDrag::addScale(const ksNodePlace &place, float factor, QUndoCommand
     addValue("scale", place, scale, parent);
 }
 
-void ksHandleDrag::addWorldScale(const ksNodePlace &place, float factor, QUndoCommand *parent)
+void ksHandleDrag::addWorldScale(const ksDragPlace &place, float factor, QUndoCommand *parent)
 {
     // In the parent's space, without what moves.
     QMatrix4x4 grow;
@@ -257,7 +257,7 @@ void ksHandleDrag::addWorldScale(const ksNodePlace &place, float factor, QUndoCo
     addValue("shear", place, isPossible ? toQt(factors.shear) : place.shear, parent);
 }
 
-void ksHandleDrag::addValue(const char *property, const ksNodePlace &place, const QVector3D &value,
+void ksHandleDrag::addValue(const char *property, const ksDragPlace &place, const QVector3D &value,
                             QUndoCommand *parent)
 {
     // In the parent's space whichever axes the handles have: values of the world are restored up to rounding

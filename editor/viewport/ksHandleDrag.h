@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <editor/viewport/ksNodePlace.h>
+#include <editor/viewport/ksDragPlace.h>
 #include <editor/viewport/ksOrbitCamera.h>
 #include <editor/viewport/ksViewHandles.h>
 
@@ -51,15 +51,15 @@ private:
 
     QVector3D axis() const { return frame.axes[std::size_t(grasped.axis)]; }
 
-    void addMove(const ksNodePlace &place, const QVector3D &way, QUndoCommand *parent);
-    void addTurn(const ksNodePlace &place, float degrees, QUndoCommand *parent);
-    void addScale(const ksNodePlace &place, float factor, QUndoCommand *parent);
+    void addMove(const ksDragPlace &place, const QVector3D &way, QUndoCommand *parent);
+    void addTurn(const ksDragPlace &place, float degrees, QUndoCommand *parent);
+    void addScale(const ksDragPlace &place, float factor, QUndoCommand *parent);
 
     /// Scales along an axis of the world, which turns and shears the node.
-    void addWorldScale(const ksNodePlace &place, float factor, QUndoCommand *parent);
+    void addWorldScale(const ksDragPlace &place, float factor, QUndoCommand *parent);
 
     /// Adds a command that sets a transform property of \a place.
-    void addValue(const char *property, const ksNodePlace &place, const QVector3D &value,
+    void addValue(const char *property, const ksDragPlace &place, const QVector3D &value,
                   QUndoCommand *parent);
 
     ksDocument &document;
@@ -69,7 +69,7 @@ private:
     ksViewHandleFrame frame;
     ksOrbitCamera camera;
     QPointF start;
-    std::vector<ksNodePlace> places;
+    std::vector<ksDragPlace> places;
     QString text;
 
     /// The last turn, so that turns go on beyond half a turn.

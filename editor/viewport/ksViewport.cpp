@@ -2,9 +2,9 @@
 #include <editor/document/ksDocument.h>
 #include <editor/ksEditorError.h>
 #include <editor/viewport/ksCanvas.h>
+#include <editor/viewport/ksDragPlace.h>
 #include <editor/viewport/ksGl.h>
 #include <editor/viewport/ksHandleDrag.h>
-#include <editor/viewport/ksNodePlace.h>
 #include <editor/viewport/ksScenePicker.h>
 #include <editor/viewport/ksViewMarks.h>
 #include <editor/viewport/ksViewport.h>
@@ -88,7 +88,7 @@ std::optional<ksViewHandles> ksViewport::handles()
     if (usedTool == Tool::Select || targets.empty())
         return {};
     const osg::AspectScope scope(1);
-    const ksNodePlace place(targets.back());
+    const ksDragPlace place(targets.back());
     return ksViewHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
 }
 

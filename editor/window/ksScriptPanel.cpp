@@ -159,6 +159,8 @@ void ksScriptPanel::run(const std::function<void(ksScriptEngine &)> &work)
     if (running)
         return;
     ksScriptEngine &used = engine();
+    // It may have come when the one before had ended.
+    used.takeInterruption();
     setRunning(true);
     try {
         ksInterrupter interrupter;

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include <editor/scene/ksWorldSpace.h>
-#include <editor/viewport/ksNodePlace.h>
+#include <editor/viewport/ksDragPlace.h>
 #include <editor/viewport/ksViewMath.h>
 
 #include <ksNodeUtils.h>
 
-ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
+ksDragPlace::ksDragPlace(const osg::NodePtr &placed)
     : node(placed)
     , transform(ksNodeUtils::getTransform3D(placed, -1))
     , toWorld(ksToQt(osg::inPrecisionOf<osg::Matrix>(ksWorldSpace::above(placed))))
@@ -22,7 +22,7 @@ ksNodePlace::ksNodePlace(const osg::NodePtr &placed)
         orientation[std::size_t(axis)] = ksToQt(transform->getOrientedAxis(axis));
 }
 
-ksViewHandleFrame ksNodePlace::frame(ksViewTool tool, bool isWorld) const
+ksViewHandleFrame ksDragPlace::frame(ksViewTool tool, bool isWorld) const
 {
     ksViewHandleFrame frame;
     frame.origin = toWorld.map(tool == ksViewTool::Scale ? scalePivot() : turnPivot());
@@ -34,19 +34,19 @@ ksViewHandleFrame ksNodePlace::frame(ksViewTool tool, bool isWorld) const
     return frame;
 }
 
-QVector3D ksNodePlace::turnPivot() const
+QVector3D ksDragPlace::turnPivot() const
 {
     return translation + ksToQt(transform->getRotatePivotTranslation()) + ksToQt(transform->getRotatePivot());
 }
 
-QVector3D ksNodePlace::scalePivotWith(const QQuaternion &turn) const
+QVector3D ksDragPlace::scalePivotWith(const QQuaternion &turn) const
 {
     const QVector3D way = ksToQt(transform->getScalePivotTranslation()) + ksToQt(transform->getScalePivot()) -
                           ksToQt(transform->getRotatePivot());
     return turnPivot() + turn.rotatedVector(orientationTurn().rotatedVector(way));
 }
 
-QQuaternion ksNodePlace::orientationTurn() const
+QQuaternion ksDragPlace::orientationTurn() const
 {
     return QQuaternion::fromAxes(orientation[0], orientation[1], orientation[2]);
 }

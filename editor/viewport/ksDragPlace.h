@@ -11,10 +11,10 @@
 #include <QVector3D>
 
 /// Where a node with a transform is, as the calling thread's aspect has it.
-struct ksNodePlace
+struct ksDragPlace
 {
     /// \a node has an osg::Transform3D.
-    explicit ksNodePlace(const osg::NodePtr &node);
+    explicit ksDragPlace(const osg::NodePtr &node);
 
     /// Whether values in the world can be told in the parent's space.
     bool canInvert() const { return isInvertible; }
