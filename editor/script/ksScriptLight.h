@@ -13,7 +13,8 @@ class ksScriptLight : public ksScriptContainer
     Q_CLASSINFO("glossy", "the colour that shiny surfaces reflect")
     Q_CLASSINFO("intensity", "what both are multiplied by, at least 0")
     Q_CLASSINFO("penumbraAngle", "of a spot light: what is added to its cone, over which it fades out")
-    Q_CLASSINFO("coneAngle", "the opening of the cone: 0 to 180 of a spot light, 360 where it shines all around")
+    Q_CLASSINFO("coneAngle",
+                "the opening of the cone: 0 to 180 of a spot light, 360 where it shines all around")
     Q_CLASSINFO("attenuation",
                 "0 for none, 1 for a linear, 2 for a quadratic one; setting it leaves the intensity")
     Q_CLASSINFO("visibilityReference", "the node that must be visible for the light to shine, or null")

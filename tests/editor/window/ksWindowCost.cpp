@@ -16,8 +16,8 @@
 #include <QStringList>
 
 /// What a person does: moves a node, renames it, hides it, takes some of that back. The name is that by which
-/// edit_cost.py knows what to count. Rows that come or go make Qt's tree view lay all its open rows out anew, which
-/// is painting's.
+/// edit_cost.py knows what to count. Rows that come or go make Qt's tree view lay all its open rows out anew,
+/// which is painting's.
 __attribute__((noinline)) void ksWindowCostEdit(ksDocument &document, const osg::NodePtr &node, int number)
 {
     const ksTransformProperty &translation = *ksTransformEdits::find(QStringLiteral("translation"));
