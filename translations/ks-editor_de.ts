@@ -285,7 +285,7 @@ nächsten Dokument, das geöffnet wird.</translation>
     </message>
     <message>
         <source>Render order</source>
-        <translation>Zeichenreihenfolge</translation>
+        <translation>Renderfolge</translation>
     </message>
     <message>
         <source>Revision</source>
