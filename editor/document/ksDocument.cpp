@@ -18,7 +18,6 @@ ksDocument::ksDocument(QObject *parent)
     // An empty history is clean, whatever was done before.
     connect(ksUndoStack::get(0), &ksUndoStack::cleared, this,
             [this] { hasForgottenEdits = hasForgottenEdits || wasModified; });
-    connect(ksUndoStack::get(0), &ksUndoStack::undoneForgotten, this, &ksDocument::stateChanged);
     clear();
 }
 

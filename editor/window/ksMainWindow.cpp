@@ -204,6 +204,10 @@ void ksMainWindow::makeEditMenu()
     undoAction = addAction(menu, {}, QKeySequence::Undo, [this] { document.history().undo(); });
     redoAction = addAction(menu, {}, {}, [this] { document.history().redo(); });
     redoAction->setShortcuts({keys("Ctrl+Shift+Z"), keys("Ctrl+Y")});
+    // The stack tells its own action, too, when what could be redone is forgotten; also while the document is
+    // replaced.
+    connect(document.stack().createRedoAction(this), &QAction::changed, this, &ksMainWindow::showState,
+            Qt::QueuedConnection);
     menu->addSeparator();
     addAction(menu, tr("&Add Node"), keys("Ctrl+Shift+N"), [this] {
         const osg::NodePtr current = document.selection().current();

@@ -215,6 +215,7 @@ TEST_F(ksMainWindowTest, OffersNoRedoOfWhatWasTakenBack)
     moveChair(1);
     EXPECT_TRUE(action("Undo \"Translate 'Chair'\"")->isEnabled());
     gesture.takeBack();
+    QCoreApplication::processEvents();
     EXPECT_FALSE(action("Undo")->isEnabled());
     EXPECT_FALSE(action("Redo")->isEnabled());
 }
