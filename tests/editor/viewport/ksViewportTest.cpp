@@ -362,6 +362,32 @@ TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
     }
 }
 
+TEST_F(ksViewportTest, EndsInTheSamePlaceWhateverThePace)
+{
+    struct Drag
+    {
+        Tool tool;
+        ksViewport::Space space;
+        Kind kind;
+    };
+    const osg::NodePtr chair = node("Chair");
+    for (const Drag &each : {Drag{Tool::Scale, ksViewport::Space::World, Kind::Axis},
+                             Drag{Tool::Scale, ksViewport::Space::Local, Kind::Axis},
+                             Drag{Tool::Turn, ksViewport::Space::World, Kind::Ring}}) {
+        viewport.setSpace(each.space);
+        std::vector<float> end;
+        for (const int moves : {60, 1}) {
+            grasp(each.tool, {chair});
+            const std::vector<float> before = valuesOf(transform(chair));
+            drag(grip(each.kind, 0), QPointF(25, 6), moves);
+            EXPECT_NE(valuesOf(transform(chair)), before);
+            end = end.empty() ? valuesOf(transform(chair)) : end;
+            EXPECT_THAT(valuesOf(transform(chair)), testing::Pointwise(testing::FloatNear(1e-4F), end));
+            undo();
+        }
+    }
+}
+
 TEST_F(ksViewportTest, MovesInOneStepHoweverLongItTakes)
 {
     const osg::NodePtr chair = node("Chair");
