@@ -300,7 +300,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
         ksInspectorFields::watchVariants(watches, nodeOf(target), osg::TransformVariant::NameFieldMask);
         return watches;
     };
-    which.perform = [view, &section](const QVariant &value) {
+    which.perform = [view, &section](const QVariant &value, int) {
         view->variant = value.toUInt();
         section.refresh();
     };
@@ -325,7 +325,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
     space.targets = ids;
     space.read = [view](const osg::FieldContainerPtr &) { return view->world; };
     space.watches = [](const osg::FieldContainerPtr &) { return ksWatches(); };
-    space.perform = [view, &section](const QVariant &value) {
+    space.perform = [view, &section](const QVariant &value, int) {
         view->world = value.toBool();
         section.refresh();
     };

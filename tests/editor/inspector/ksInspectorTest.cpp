@@ -820,10 +820,12 @@ TEST_F(ksInspectorTest, EditsLayeredMaterials)
     const osg::NodePtr layered = addLayered();
     select({layered});
     for (const char *name : {"Component 2 Weight", "Component 3 Color G", "Settings Mapping scale x",
-                             "Settings Projection size", "All components Weight"}) {
+                             "Settings Projection size", "All components Weight", "All components Color G"}) {
         SCOPED_TRACE(name);
         expectStep([&] { type(name, "0.75"); }, [&] { return textOf(name); });
     }
+    EXPECT_EQ(layersOf(layered)->getColorComponentData(0)->getColor(), osg::Vec3f(4, 0.75F, 0));
+    EXPECT_EQ(layersOf(layered)->getColorComponentData(2)->getColor(), osg::Vec3f(0.5F, 0.75F, 0));
     EXPECT_EQ(layersOf(layered)->getColorComponentData(2)->getWeight(), 0.75F);
     expectStep([&] { type("Sort key", "3"); }, [&] { return textOf("Sort key"); });
     expectStep([&] { click("Component 2 Enabled"); },
@@ -840,6 +842,30 @@ TEST_F(ksInspectorTest, EditsLayeredMaterials)
     };
     expectStep([&] { scrub("Component 2 Weight, drag to change", 20); }, weights);
     expectStep([&] { scrub("All components Weight, drag to change", 20); }, weights);
+}
+
+TEST_F(ksInspectorTest, SkipsComponentsThatAreNotThere)
+{
+    const osg::NodePtr some = addLayered();
+    const osg::NodePtr none = addLayered("None");
+    const auto drop = [](const osg::NodePtr &node, std::size_t count) {
+        const osg::UberMaterialPtr material = layersOf(node);
+        CPEdit(material, osg::UberMaterial::ColorComponentDataFieldMask);
+        for (std::size_t i = 0; i < count; ++i)
+            material->getColorComponentData()[i] = osg::NullFC;
+    };
+    drop(some, 2);
+    drop(none, 3);
+    for (const std::vector<osg::NodePtr> &nodes :
+         {std::vector<osg::NodePtr>{some}, {none, some}, {some, none}}) {
+        select(nodes);
+        EXPECT_FALSE(has("Component 2 Weight"));
+        EXPECT_EQ(has("All components Weight"), nodes.back() == some);
+        expectStep([&] { click("Component 3 Enabled"); },
+                   [&] { return find<QCheckBox>("Component 3 Enabled")->isChecked(); });
+    }
+    select({none, some});
+    expectStep([&] { type("All components Color G", "0.5"); }, [&] { return textOf("Component 3 Color G"); });
 }
 
 TEST_F(ksInspectorTest, EditsImages)
