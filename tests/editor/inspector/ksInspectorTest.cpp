@@ -517,6 +517,13 @@ TEST_F(ksInspectorTest, GivesOthersWhatTheShownNodeHasAlready)
     QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Return);
     EXPECT_EQ(stack().count(), count);
 
+    // What has been typed is no number.
+    type("Translation y", "-", Qt::Key_Tab);
+    type("Translation y", "", Qt::Key_Backspace);
+    EXPECT_EQ(textOf("Translation y"), QString());
+    QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Tab);
+    EXPECT_EQ(stack().count(), count);
+
     const auto flags = [&] { return ksSettingsOf(nodes[0])->getUserFlags(); };
     expectStep([&] { type("User flags", "4294967301"); }, flags);
     EXPECT_EQ(flags(), 4294967301u);
