@@ -471,6 +471,31 @@ TEST_F(ksInspectorTest, DragsFasterAndSlowerWithoutAJump)
     EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2.2"));
 }
 
+TEST_F(ksInspectorTest, EndsADragThatLosesItsRelease)
+{
+    select({node("Table")});
+    const char *const name = "Scale pivot y, drag to change";
+    type("Scale pivot y", "0");
+    auto *label = find<QLabel>(name);
+    const QPoint far(99, 1);
+    QMouseEvent released(QEvent::MouseMove, far, label->mapToGlobal(far), Qt::NoButton, Qt::NoButton, {});
+    QHideEvent hidden;
+    QEvent left(QEvent::WindowDeactivate);
+    QEvent blocked(QEvent::WindowBlocked);
+    for (QEvent *event : std::initializer_list<QEvent *>{&released, &hidden, &left, &blocked}) {
+        const int count = stack().count();
+        mouse(QEvent::MouseButtonPress, name, 0);
+        mouse(QEvent::MouseMove, name, 10);
+        EXPECT_EQ(QWidget::keyboardGrabber(), label);
+        const QString shown = textOf("Scale pivot y");
+        QApplication::sendEvent(label, event);
+        EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
+        mouse(QEvent::MouseMove, name, 20);
+        EXPECT_EQ(textOf("Scale pivot y"), shown) << event->type();
+        EXPECT_EQ(stack().count(), count + 1);
+    }
+}
+
 TEST_F(ksInspectorTest, EditsAllSelectedNodesInOneStep)
 {
     const std::vector<osg::NodePtr> nodes = {node("Chair"), node("Lamp"), node("Table")};
