@@ -751,6 +751,21 @@ TEST_F(ksViewportTest, HasHandlesForWhatHasATransform)
     EXPECT_FALSE(viewport.handles());
 }
 
+TEST_F(ksViewportTest, HasHandlesOfWhatIsSelectedAtTheMoment)
+{
+    grasp(Tool::Move, {node("Chair")});
+    const QPointF chair = grip(Kind::Axis, 0);
+    document.selection().set(node("Table"));
+    EXPECT_NE(grip(Kind::Axis, 0), chair);
+    document.selection().set(node("Chair"));
+    ksNodeEdits::remove(document, {node("Chair")});
+    EXPECT_FALSE(viewport.handles());
+    undo();
+    EXPECT_EQ(grip(Kind::Axis, 0), chair);
+    document.clear();
+    EXPECT_FALSE(viewport.handles());
+}
+
 TEST_F(ksViewportTest, GoesAroundTheScene)
 {
     const ksOrbitCamera whole = viewport.camera();
