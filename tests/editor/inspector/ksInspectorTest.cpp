@@ -638,6 +638,20 @@ TEST_F(ksInspectorTest, TakesQuaternionsPartByPart)
     EXPECT_EQ(parts(), "0 0 0 1");
     type("Quaternion w", "0");
     EXPECT_EQ(parts(), "1 0 0 0");
+
+    // A drag beyond the end and back again.
+    type("Quaternion w", "0.6");
+    type("Quaternion y", "0.5");
+    const std::string before = parts();
+    for (const char *name : {"Quaternion w, drag to change", "Quaternion y, drag to change"}) {
+        mouse(QEvent::MouseButtonPress, name, 0);
+        for (const int x : {40, 90, 40, 1})
+            mouse(QEvent::MouseMove, name, x);
+        EXPECT_NE(parts(), before);
+        mouse(QEvent::MouseMove, name, 0);
+        EXPECT_EQ(parts(), before);
+        mouse(QEvent::MouseButtonRelease, name, 0);
+    }
 }
 
 TEST_F(ksInspectorTest, EditsInWorldSpace)
