@@ -5,6 +5,7 @@
 #include <editor/document/ksNodeEdits.h>
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/edits/ksTreeEdits.h>
 #include <editor/viewport/ksViewport.h>
 
 #include <OSGTransform3D.h>
@@ -339,6 +340,11 @@ TEST_F(ksViewportTest, SelectsWhatLiesInAFrame)
     drag(QPointF(2, 2), QPointF(20, 20));
     EXPECT_TRUE(document.selection().ids().empty());
     EXPECT_EQ(steps(), 0);
+
+    const osg::NodePtr points = ksContainers::createNode("Points", osg::ksMesh::create());
+    document.add(ksTreeEdits::makeAdd(node("Seat"), points));
+    drag(seat - QPointF(45, 60), QPointF(90, 120));
+    EXPECT_TRUE(document.selection().contains(node("Seat").getFieldContainerId())) << "a mesh without points";
 }
 
 TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
