@@ -7,6 +7,7 @@
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/inspector/ksInspector.h>
+#include <editor/inspector/ksListEditor.h>
 
 #include <ksundo/core/ksUndoGesture.h>
 
@@ -978,12 +979,23 @@ TEST_F(ksInspectorTest, EditsTags)
             QTest::keyClick(line, Qt::Key_Return);
         };
         expectStep(addTag, entries);
+        EXPECT_EQ(textOf((name + ", what to add").c_str()), QString());
         addTag();
         EXPECT_EQ(reasons.size(), 1) << "it is there already";
+        EXPECT_EQ(textOf((name + ", what to add").c_str()), QStringLiteral("fragile")) << "to be mended";
         reasons.clear();
         find<QListWidget>(name.c_str())->setCurrentRow(entries().size() - 1);
         expectStep([&] { click((name + ", remove").c_str()); }, entries);
     }
+}
+
+/// Nobody does what it asks for.
+TEST(ksListEditorTest, StaysWithTheEntryThatIsNotMoved)
+{
+    ksListEditor editor(ksListEditor::MoveEntry);
+    editor.showValue(QStringList{QStringLiteral("one"), QStringLiteral("two")});
+    editor.findChildren<QToolButton *>().last()->click();
+    EXPECT_EQ(editor.currentRow(), 0);
 }
 
 TEST_F(ksInspectorTest, EditsLinkSets)
