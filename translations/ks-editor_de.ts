@@ -285,7 +285,7 @@ nächsten Dokument, das geöffnet wird.</translation>
     </message>
     <message>
         <source>Render order</source>
-        <translation>Zeichenreihenfolge</translation>
+        <translation>Renderfolge</translation>
     </message>
     <message>
         <source>Revision</source>
@@ -524,10 +524,6 @@ nächsten Dokument, das geöffnet wird.</translation>
         <translation>Neuer &amp;Knoten</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>&amp;Duplizieren</translation>
-    </message>
-    <message>
         <source>&amp;Delete</source>
         <translation>&amp;Löschen</translation>
     </message>
@@ -558,10 +554,6 @@ nächsten Dokument, das geöffnet wird.</translation>
     <message>
         <source>&amp;Into the One Before</source>
         <translation>In den &amp;Knoten davor</translation>
-    </message>
-    <message>
-        <source>Select &amp;All</source>
-        <translation>&amp;Alles auswählen</translation>
     </message>
     <message>
         <source>Select N&amp;one</source>
@@ -694,6 +686,14 @@ nächsten Dokument, das geöffnet wird.</translation>
     <message>
         <source>&amp;Redo</source>
         <translation>&amp;Wiederholen</translation>
+    </message>
+    <message>
+        <source>Du&amp;plicate</source>
+        <translation>&amp;Duplizieren</translation>
+    </message>
+    <message>
+        <source>S&amp;elect All</source>
+        <translation>&amp;Alles auswählen</translation>
     </message>
 </context>
 <context>
@@ -906,6 +906,10 @@ nächsten Dokument, das geöffnet wird.</translation>
     <message>
         <source>console</source>
         <translation>Konsole</translation>
+    </message>
+    <message>
+        <source>ended after %1 s of silence</source>
+        <translation>nach %1 s Stille beendet</translation>
     </message>
 </context>
 <context>

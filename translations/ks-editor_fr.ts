@@ -524,10 +524,6 @@ Un historique qui contient déjà des étapes garde sa limite&#xa0;: la nouvelle
         <translation>A&amp;jouter un nœud</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>D&amp;upliquer</translation>
-    </message>
-    <message>
         <source>&amp;Delete</source>
         <translation>&amp;Supprimer</translation>
     </message>
@@ -558,10 +554,6 @@ Un historique qui contient déjà des étapes garde sa limite&#xa0;: la nouvelle
     <message>
         <source>&amp;Into the One Before</source>
         <translation>Dans le p&amp;récédent</translation>
-    </message>
-    <message>
-        <source>Select &amp;All</source>
-        <translation>&amp;Tout sélectionner</translation>
     </message>
     <message>
         <source>Select N&amp;one</source>
@@ -694,6 +686,14 @@ Un historique qui contient déjà des étapes garde sa limite&#xa0;: la nouvelle
     <message>
         <source>&amp;Redo</source>
         <translation>&amp;Rétablir</translation>
+    </message>
+    <message>
+        <source>Du&amp;plicate</source>
+        <translation>D&amp;upliquer</translation>
+    </message>
+    <message>
+        <source>S&amp;elect All</source>
+        <translation>&amp;Tout sélectionner</translation>
     </message>
 </context>
 <context>
@@ -906,6 +906,10 @@ Un historique qui contient déjà des étapes garde sa limite&#xa0;: la nouvelle
     <message>
         <source>console</source>
         <translation>console</translation>
+    </message>
+    <message>
+        <source>ended after %1 s of silence</source>
+        <translation>arrêté après %1 s de silence</translation>
     </message>
 </context>
 <context>

@@ -524,10 +524,6 @@ document on that is opened.</source>
         <translation>ノードを追加(&amp;A)</translation>
     </message>
     <message>
-        <source>D&amp;uplicate</source>
-        <translation>複製(&amp;P)</translation>
-    </message>
-    <message>
         <source>&amp;Delete</source>
         <translation>削除(&amp;D)</translation>
     </message>
@@ -558,10 +554,6 @@ document on that is opened.</source>
     <message>
         <source>&amp;Into the One Before</source>
         <translation>前のノードの中へ(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Select &amp;All</source>
-        <translation>すべて選択(&amp;S)</translation>
     </message>
     <message>
         <source>Select N&amp;one</source>
@@ -694,6 +686,14 @@ document on that is opened.</source>
     <message>
         <source>&amp;Redo</source>
         <translation>やり直す(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Du&amp;plicate</source>
+        <translation>複製(&amp;P)</translation>
+    </message>
+    <message>
+        <source>S&amp;elect All</source>
+        <translation>すべて選択(&amp;S)</translation>
     </message>
 </context>
 <context>
@@ -906,6 +906,10 @@ document on that is opened.</source>
     <message>
         <source>console</source>
         <translation>コンソール</translation>
+    </message>
+    <message>
+        <source>ended after %1 s of silence</source>
+        <translation>%1 秒間応答がないため終了しました</translation>
     </message>
 </context>
 <context>

@@ -18,6 +18,7 @@ ksDocument::ksDocument(QObject *parent)
     // An empty history is clean, whatever was done before.
     connect(ksUndoStack::get(0), &ksUndoStack::cleared, this,
             [this] { hasForgottenEdits = hasForgottenEdits || wasModified; });
+    connect(ksUndoStack::get(0), &ksUndoStack::undoneForgotten, this, &ksDocument::stateChanged);
     clear();
 }
 
@@ -43,6 +44,9 @@ bool ksDocument::open(const QString &path, const ksProgress &progress)
     } catch (const ksCancelled &) {
         ksTakeSceneChanges();
         return false;
+    } catch (...) {
+        ksTakeSceneChanges();
+        throw;
     }
     importWarnings = warnings;
     show(scene, path);

@@ -75,7 +75,7 @@ Q_SIGNALS:
     /// redo. Of what is done within a macro is told at once, when it ends, but for the steps.
     void stepped(bool isReturn);
 
-    /// The file or whether there are unsaved edits may have changed.
+    /// The file, whether there are unsaved edits, or what can be undone and redone may have changed.
     void stateChanged();
 
 private:

@@ -13,6 +13,7 @@
 
 #include <OSGTransform3D.h>
 #include <OpenSG/OSGFieldContainer.h>
+#include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGSimpleAttachments.h>
 
 #include <QCoreApplication>
@@ -164,10 +165,10 @@ void ksNodeEdits::remove(ksDocument &document, const std::vector<osg::NodePtr> &
 
 osg::NodePtr ksNodeEdits::add(ksDocument &document, const osg::NodePtr &parent)
 {
-    const osg::NodePtr node =
-        ksContainers::createNode(NodeTexts::tr("Node").toStdString(), osg::Transform3D::create());
-    document.add(ksTreeEdits::makeAdd(parent, node));
-    return node;
+    const osg::NodeRefPtr node(
+        ksContainers::createNode(NodeTexts::tr("Node").toStdString(), osg::Transform3D::create()));
+    document.add(ksTreeEdits::makeAdd(parent, node.get()));
+    return node.get();
 }
 
 std::vector<osg::NodePtr> ksNodeEdits::duplicate(ksDocument &document, const std::vector<osg::NodePtr> &nodes)

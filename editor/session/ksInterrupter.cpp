@@ -113,6 +113,11 @@ void ksInterrupter::start(double seconds, qint64 bytes, std::function<void()> in
     endByForce = std::move(force);
 }
 
+QString ksInterrupter::reasonAfter(double seconds)
+{
+    return QStringLiteral("ended after %1 seconds").arg(seconds);
+}
+
 void ksInterrupter::stop()
 {
     const std::lock_guard<std::mutex> lock(mutex);
@@ -123,7 +128,7 @@ void ksInterrupter::stop()
 QString ksInterrupter::limitReached() const
 {
     if (timeLimit > 0 && static_cast<double>(timer.elapsed()) >= timeLimit * 1000)
-        return QStringLiteral("ended after %1 seconds").arg(timeLimit);
+        return reasonAfter(timeLimit);
     return ksMemory::used() > memoryLimit ? QStringLiteral("out of memory") : QString();
 }
 

@@ -26,6 +26,9 @@ public:
     void start(double seconds, qint64 bytes, std::function<void()> interrupt,
                std::function<void(const QString &reason)> force = {});
 
+    /// The reason when it is the time, of \a seconds.
+    static QString reasonAfter(double seconds);
+
     /// Calls no more, once this returns.
     void stop();
 

@@ -210,7 +210,7 @@ void ksMainWindow::makeEditMenu()
         document.selection().set(
             ksNodeEdits::add(document, current != osg::NullFC ? current : document.root()));
     });
-    addNodeAction(menu, tr("D&uplicate"), keys("Ctrl+D"), [this] {
+    addNodeAction(menu, tr("Du&plicate"), keys("Ctrl+D"), [this] {
         ksSelection::Ids copies;
         for (const osg::NodePtr &copy : ksNodeEdits::duplicate(document, document.selection().nodes()))
             copies.push_back(copy.getFieldContainerId());
@@ -234,7 +234,7 @@ void ksMainWindow::makeEditMenu()
     addShift(tr("&Out of Its Parent"), "Alt+Left", ksNodeEdits::Shift::Out);
     addShift(tr("&Into the One Before"), "Alt+Right", ksNodeEdits::Shift::In);
     menu->addSeparator();
-    addAction(menu, tr("Select &All"), QKeySequence::SelectAll, [this] { nodes->selectAll(); });
+    addAction(menu, tr("S&elect All"), QKeySequence::SelectAll, [this] { nodes->selectAll(); });
     addAction(menu, tr("Select N&one"), keys("Ctrl+Shift+A"), [this] { document.selection().clear(); });
     menu->addSeparator();
     addAction(menu, tr("&Checkpoint"), keys("Ctrl+M"), [this] {
@@ -347,7 +347,8 @@ void ksMainWindow::makeHelpMenu()
 
 bool ksMainWindow::open(const QString &path)
 {
-    if (!mayReplace())
+    // What was dropped before a script began comes while it runs.
+    if (console->isRunning() || !mayReplace())
         return false;
     bool isOpen = false;
     attempt([&] {
@@ -500,8 +501,9 @@ void ksMainWindow::showDocument()
 
 void ksMainWindow::showSelection()
 {
+    const bool hasNodes = document.selection().current() != osg::NullFC;
     for (QAction *action : qAsConst(nodeActions))
-        action->setEnabled(document.selection().current() != osg::NullFC);
+        action->setEnabled(hasNodes);
 }
 
 void ksMainWindow::showRunning(bool isRunning)

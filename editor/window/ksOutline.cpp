@@ -108,15 +108,20 @@ ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
                 view->expandAll();
         }
         showSelection();
+        scrollToSelection();
     });
     connect(outline, &ksOutlineModel::refused, this, &ksOutline::refused);
     connect(filtered, &QAbstractItemModel::modelReset, this, [this] { view->expandToDepth(0); });
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ksOutline::takeSelection);
-    connect(&document.selection(), &ksSelection::changed, this, &ksOutline::showSelection);
+    connect(&document.selection(), &ksSelection::changed, this, [this] {
+        showSelection();
+        scrollToSelection();
+    });
     connect(&document, &ksDocument::changed, this, &ksOutline::noteEdited);
     connect(&document, &ksDocument::stepped, this, [this](bool isReturn) {
-        if (isReturn && edited != 0)
-            reveal(edited);
+        // Nothing has changed in a step of which the document tells nothing.
+        if (const osg::UInt32 changed = std::exchange(edited, 0); isReturn && changed != 0)
+            reveal(changed);
     });
     view->expandToDepth(0);
 }
@@ -161,19 +166,39 @@ void ksOutline::showSelection()
     if (isSyncing)
         return;
     const QScopedValueRollback<bool> guard(isSyncing, true);
-    QItemSelection selection;
-    QModelIndex current;
+    struct Chosen
+    {
+        QModelIndex parent;
+        QModelIndex index;
+    };
+    std::vector<Chosen> chosen;
     for (const osg::UInt32 id : document.selection().ids())
-        if (const QModelIndex index = proxyIndexOf(id); index.isValid()) {
-            selection.append(
-                QItemSelectionRange(index, index.siblingAtColumn(ksOutlineModel::VisibilityColumn)));
-            current = index;
-        }
-    if (current.isValid())
-        view->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+        if (const QModelIndex index = proxyIndexOf(id); index.isValid())
+            chosen.push_back({index.parent(), index});
+    if (!chosen.empty())
+        view->selectionModel()->setCurrentIndex(chosen.back().index, QItemSelectionModel::NoUpdate);
+    // Rows that follow each other as one range, since all ranges are looked through for each row.
+    std::sort(chosen.begin(), chosen.end(), [](const Chosen &left, const Chosen &right) {
+        return left.parent == right.parent ? left.index.row() < right.index.row()
+                                           : left.parent < right.parent;
+    });
+    QItemSelection selection;
+    for (auto first = chosen.begin(); first != chosen.end();) {
+        auto last = first;
+        while (last + 1 != chosen.end() && (last + 1)->parent == first->parent &&
+               (last + 1)->index.row() == last->index.row() + 1)
+            ++last;
+        selection.append(
+            QItemSelectionRange(first->index, last->index.siblingAtColumn(ksOutlineModel::VisibilityColumn)));
+        first = last + 1;
+    }
     view->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (current.isValid())
-        view->scrollTo(current);
+}
+
+void ksOutline::scrollToSelection()
+{
+    if (const osg::NodePtr node = document.selection().current(); node != osg::NullFC)
+        reveal(node.getFieldContainerId());
 }
 
 void ksOutline::takeSelection()
@@ -183,8 +208,11 @@ void ksOutline::takeSelection()
     const QScopedValueRollback<bool> guard(isSyncing, true);
     // Those that were selected already keep their order, so that the last one is the latest.
     ksSelection::Ids chosen;
-    for (const QModelIndex &index : view->selectionModel()->selectedRows())
-        chosen.push_back(outline->nodeAt(filtered->mapToSource(index)).getFieldContainerId());
+    for (const QItemSelectionRange &range : view->selectionModel()->selection())
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            const QModelIndex index = filtered->index(row, ksOutlineModel::NameColumn, range.parent());
+            chosen.push_back(outline->nodeAt(filtered->mapToSource(index)).getFieldContainerId());
+        }
     std::sort(chosen.begin(), chosen.end());
     ksSelection::Ids ids;
     const auto isChosen = [&chosen](osg::UInt32 id) {

@@ -42,6 +42,7 @@ Q_SIGNALS:
 
 private:
     void showSelection();
+    void scrollToSelection();
     void takeSelection();
     void noteEdited(const ksSceneChanges &changes);
     QModelIndex proxyIndexOf(osg::UInt32 id) const;

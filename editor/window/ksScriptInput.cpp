@@ -7,6 +7,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QStringListModel>
 
 #include <algorithm>
@@ -94,6 +95,8 @@ bool ksScriptInput::complete()
         return true;
     }
     static_cast<QStringListModel *>(completer->model())->setStringList(names);
+    QAbstractItemView &list = *completer->popup();
+    list.setMinimumWidth(list.sizeHintForColumn(0) + list.verticalScrollBar()->sizeHint().width());
     completer->complete();
     return true;
 }
@@ -109,7 +112,12 @@ bool ksScriptInput::event(QEvent *event)
 
 void ksScriptInput::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Up)
+    const bool isChoice =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Escape;
+    // The list hands its keys on before it heeds them.
+    if (isChoice && completer->popup()->isVisible())
+        event->ignore();
+    else if (event->key() == Qt::Key_Up)
         recall(-1);
     else if (event->key() == Qt::Key_Down)
         recall(1);

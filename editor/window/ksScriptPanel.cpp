@@ -99,14 +99,15 @@ ksScriptPanel::ksScriptPanel(ksDocument &editedDocument, QWidget *parent)
 
     auto *row = new QHBoxLayout;
     row->setSpacing(4);
-    row->addWidget(line, 1);
     for (QWidget *widget : {static_cast<QWidget *>(runButton), static_cast<QWidget *>(stopButton),
                             static_cast<QWidget *>(limitLabel), static_cast<QWidget *>(silenceLimit)})
         row->addWidget(widget);
+    row->addStretch();
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     layout->setSpacing(4);
     layout->addWidget(output);
+    layout->addWidget(line);
     layout->addLayout(row);
 
     connect(line, &QLineEdit::returnPressed, this, &ksScriptPanel::runLine);
@@ -171,7 +172,13 @@ void ksScriptPanel::run(const std::function<void(ksScriptEngine &)> &work)
             work(used);
         } catch (const ksScriptError &error) {
             const QString reason = interrupter.reason();
-            write(reason.isEmpty() ? QString::fromUtf8(error.what()) : reason, Tone::Bad);
+            if (reason.isEmpty())
+                write(QString::fromUtf8(error.what()), Tone::Bad);
+            else
+                write(reason == ksInterrupter::reasonAfter(silenceLimit->value())
+                          ? tr("ended after %1 s of silence").arg(silenceLimit->value())
+                          : reason,
+                      Tone::Bad);
         }
     } catch (const ksEditorError &error) {
         write(QString::fromUtf8(error.what()), Tone::Bad);

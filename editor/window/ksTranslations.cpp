@@ -28,6 +28,10 @@ QStringList ksTranslations::folders()
 
 void ksTranslations::install(const QLocale &locale, const QStringList &folders)
 {
+    // There is none for English, so that the user's second language would be taken.
+    const QStringList wanted = locale.uiLanguages();
+    if (!wanted.isEmpty() && QLocale(wanted.first()).language() == QLocale::English)
+        return;
     installFrom(QLibraryInfo::location(QLibraryInfo::TranslationsPath), locale, QStringLiteral("qtbase"));
     for (const QString &folder : folders)
         if (installFrom(folder, locale, QStringLiteral("ks-editor"))) {

@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr QSize PictureSize(1280, 800);
+constexpr QSize WindowSize(1280, 800);
 
 /// What Qt says while it starts, which is of a screen that it cannot use before it gives up. That ends the
 /// process.
@@ -71,6 +71,7 @@ int ksWindowSession::showWindow(const ksEditorOptions &options, char **argv)
         ksMainWindow window(document, dialogs);
         if (!options.screenshot.isEmpty())
             return takePicture(document, window, options);
+        window.resize(WindowSize);
         window.restoreLayout();
         window.show();
         // Once events are handled, so that the window can be closed meanwhile.
@@ -101,7 +102,7 @@ int ksWindowSession::takePicture(ksDocument &document, ksMainWindow &window,
         select(document, options.selected);
         window.viewport().setTool(ksViewport::Tool::Move);
     }
-    window.resize(PictureSize);
+    window.resize(WindowSize);
     window.show();
     // What is laid out is painted once events are handled that come of being shown.
     QApplication::processEvents();

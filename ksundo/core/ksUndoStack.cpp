@@ -120,6 +120,7 @@ void ksUndoStack::forgetUndone()
     Q_EMIT undoStack->redoTextChanged(QString());
     if (historyView != nullptr)
         historyView->follow();
+    Q_EMIT undoneForgotten();
 }
 
 void ksUndoStack::setClean()

@@ -170,6 +170,10 @@ Q_SIGNALS:
     /// All commands were deleted by clear().
     void cleared();
 
+    /// The commands that were undone were deleted by forgetUndone() or takeBackGesture(): there is nothing to
+    /// redo.
+    void undoneForgotten();
+
 public Q_SLOTS:
     /// Undoes the current command, if any.
     void undo();

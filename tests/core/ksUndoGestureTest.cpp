@@ -201,7 +201,10 @@ TEST_F(ksUndoGestureTest, TakesBackItsStepsAndForgetsThem)
     add<0>("B", 60.0);
     addPair("pair", 0.0);
     recorder.take();
+    bool isForgotten = false;
+    QObject::connect(&stack, &ksUndoStack::undoneForgotten, &stack, [&] { isForgotten = !stack.canRedo(); });
     gesture.takeBack();
+    EXPECT_TRUE(isForgotten);
     EXPECT_EQ(ksStateOf(stack), ksHolding({"before"}, 1));
     EXPECT_FALSE(redo->isEnabled());
     EXPECT_EQ(redo->text(), QStringLiteral("Redo"));

@@ -4,6 +4,7 @@
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/window/ksTranslations.h>
 
+#include <ksundo/core/ksUndoGesture.h>
 #include <ksundo/core/ksUndoStack.h>
 
 #include <OSGTransform3D.h>
@@ -207,6 +208,17 @@ TEST_F(ksMainWindowTest, ReturnsToTheCheckpoint)
     EXPECT_FALSE(action("Return to Checkpoint")->isEnabled());
 }
 
+TEST_F(ksMainWindowTest, OffersNoRedoOfWhatWasTakenBack)
+{
+    openRoom();
+    ksUndoGesture gesture(&document.stack());
+    moveChair(1);
+    EXPECT_TRUE(action("Undo \"Translate 'Chair'\"")->isEnabled());
+    gesture.takeBack();
+    EXPECT_FALSE(action("Undo")->isEnabled());
+    EXPECT_FALSE(action("Redo")->isEnabled());
+}
+
 TEST_F(ksMainWindowTest, EditsNothingThatHasLeftTheScene)
 {
     openRoom();
@@ -336,6 +348,10 @@ TEST_F(ksMainWindowTest, SpeaksTheUsersLanguage)
     openRoom();
     moveChair(1);
     EXPECT_EQ(document.stack().undoText(), QStringLiteral("Verschieben 'Chair'"));
+    // English is what the texts are in.
+    const int installed = QCoreApplication::instance()->findChildren<QTranslator *>().size();
+    ksTranslations::install(QLocale(QLocale::English), {QStringLiteral(KS_TRANSLATIONS)});
+    EXPECT_EQ(QCoreApplication::instance()->findChildren<QTranslator *>().size(), installed);
     for (QTranslator *translator : QCoreApplication::instance()->findChildren<QTranslator *>())
         if (!before.contains(translator))
             delete translator;

@@ -145,6 +145,16 @@ TEST_F(ksOutlineTest, RevealsWhatAnUndoHasEdited)
     EXPECT_TRUE(isOnScreen("Legs"));
 }
 
+TEST_F(ksOutlineTest, SelectsRowsThatFollowEachOtherAsOneRange)
+{
+    window->outline().selectAll();
+    const std::size_t all = document.selection().ids().size();
+    EXPECT_LT(tree().selectionModel()->selection().size(), static_cast<int>(all));
+    EXPECT_EQ(tree().selectionModel()->selectedRows().size(), static_cast<int>(all));
+    click("Floor", Qt::ControlModifier);
+    EXPECT_EQ(document.selection().ids().size(), all - 1);
+}
+
 TEST_F(ksOutlineTest, KeepsSelectedWhatTheFilterHides)
 {
     filterBy("Legs");

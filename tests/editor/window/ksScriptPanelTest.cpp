@@ -114,8 +114,15 @@ TEST_F(ksScriptPanelTest, CompletesNames)
     EXPECT_EQ(line().text(), QStringLiteral("history.undo"));
     line().setText(QStringLiteral("history."));
     QTest::keyClick(&line(), Qt::Key_Tab);
-    EXPECT_TRUE(line().findChild<QCompleter *>()->popup()->isVisible());
-    line().findChild<QCompleter *>()->popup()->hide();
+    QAbstractItemView *list = line().findChild<QCompleter *>()->popup();
+    EXPECT_TRUE(list->isVisible());
+    // Return chooses, and runs nothing.
+    const int written = output().blockCount();
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_FALSE(list->isVisible());
+    EXPECT_THAT(line().text().toStdString(), testing::MatchesRegex("history\\.[a-zA-Z]+"));
+    EXPECT_EQ(output().blockCount(), written);
     // Without a name, Tab moves on.
     line().clear();
     line().setFocus();
@@ -158,10 +165,10 @@ TEST_F(ksScriptPanelTest, HeedsNothingElseWhileAScriptRuns)
 TEST_F(ksScriptPanelTest, EndsWhatTakesTooLong)
 {
     window->scripts().findChild<QDoubleSpinBox *>()->setValue(0.1);
-    EXPECT_THAT(enter("while (true) {}"), EndsWith("\nended after 0.1 seconds"));
+    EXPECT_THAT(enter("while (true) {}"), EndsWith("\nended after 0.1 s of silence"));
     EXPECT_THAT(
         enter("history.macro('m', function () { scene.find('Chair').set('travMask', 0); while (true) {} })"),
-        EndsWith("\nended after 0.1 seconds"));
+        EndsWith("\nended after 0.1 s of silence"));
     EXPECT_NE(node("Chair")->getTravMask(), 0u);
     EXPECT_EQ(document.stack().count(), 0);
 }
