@@ -66,7 +66,7 @@ void buildConstraint(ksInspectorSection &section, const ksInspectorSubjects &sub
             ksInspectorFields::watchName(watches, reference.node);
         return watches;
     };
-    field.perform = [&document, ids = subjects.ids](const QVariant &value) {
+    field.perform = [&document, ids = subjects.ids](const QVariant &value, int) {
         const auto row = static_cast<std::size_t>(value.value<ksListChange>().row);
         const auto constraints = findAll<osg::AbstractConstraintPtr>(ids);
         const osg::AttachmentContainerPtr node = referencesOf(constraints.back())[row].node;

@@ -32,8 +32,10 @@ bool ksInspectorEdits::run(const QObject *editor, const std::function<void()> &w
     if (owner != editor)
         finish();
     owner = editor;
-    if (!gesture)
+    if (!gesture) {
         gesture.emplace(&edited.stack());
+        ++gestures;
+    }
     try {
         work();
     } catch (const ksEditorError &error) {

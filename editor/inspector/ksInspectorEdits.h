@@ -34,6 +34,9 @@ public:
     /// throws ksEditorError, of which refused() tells.
     bool run(const QObject *editor, const std::function<void()> &work);
 
+    /// How many gestures have begun.
+    std::size_t gestureCount() const { return gestures; }
+
     /// Ends the gesture, if there is one.
     void finish() { gesture.reset(); }
 
@@ -56,5 +59,6 @@ private:
     std::optional<ksUndoGesture> gesture;
     const QObject *owner = nullptr;
     bool isRunning = false;
+    std::size_t gestures = 0;
     std::size_t reads = 0;
 };

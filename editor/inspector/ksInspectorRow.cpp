@@ -21,6 +21,15 @@ bool ksConcern(const ksSceneChanges &changes, const ksWatches &watches)
                        [&changes](const auto &watch) { return changes.concern(watch.first, watch.second); });
 }
 
+QVariant ksWholeOf(const QVariant &known, const QVariant &value, int part)
+{
+    if (part < 0)
+        return value;
+    QVariantList parts = known.toList();
+    parts[part] = value;
+    return parts;
+}
+
 ksInspectorRow::ksInspectorRow(ksInspectorEdits &ownEdits, ksInspectorField shownField,
                                ksValueEditor *valueEditor, QObject *parent)
     : QObject(parent)
@@ -92,7 +101,7 @@ void ksInspectorRow::edit(const QVariant &value, int part)
 void ksInspectorRow::change(const QVariant &value, int part)
 {
     if (field.perform) {
-        field.perform(value);
+        field.perform(value, part);
         return;
     }
     std::vector<osg::FieldContainerPtr> targets;
@@ -103,12 +112,7 @@ void ksInspectorRow::change(const QVariant &value, int part)
         const QVariant known = target == osg::NullFC ? QVariant() : field.read(target);
         if (!known.isValid())
             continue;
-        QVariant whole = value;
-        if (part >= 0) {
-            QVariantList parts = known.toList();
-            parts[part] = value;
-            whole = parts;
-        }
+        const QVariant whole = ksWholeOf(known, value, part);
         changes = changes || known != whole;
         targets.push_back(target);
         wanted.push_back(whole);

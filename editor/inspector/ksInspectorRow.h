@@ -23,6 +23,9 @@ using ksWatches = std::vector<std::pair<osg::UInt32, osg::BitVector>>;
 /// Whether \a changes concern one of \a watches.
 bool ksConcern(const ksSceneChanges &changes, const ksWatches &watches);
 
+/// \a value as a whole: a part of \a known, unless \a part is negative.
+QVariant ksWholeOf(const QVariant &known, const QVariant &value, int part);
+
 /// What a row of the inspector shows and edits.
 struct ksInspectorField
 {
@@ -43,8 +46,8 @@ struct ksInspectorField
     /// What the value of a target depends on.
     std::function<ksWatches(const osg::FieldContainerPtr &target)> watches;
 
-    /// Instead of make(), for what is not one command for each target.
-    std::function<void(const QVariant &value)> perform;
+    /// Instead of make(), for what is not one command for each target. As ksValueEditor::edited() tells it.
+    std::function<void(const QVariant &value, int part)> perform;
 };
 
 /// Ties a value of the selection to the widget that edits it.

@@ -90,7 +90,7 @@ void addVisibilityReference(ksInspectorSection &section, const std::vector<osg::
             ksInspectorFields::watchName(watches, node);
         return watches;
     };
-    field.perform = [&edits, ids](const QVariant &value) {
+    field.perform = [&edits, ids](const QVariant &value, int) {
         ksDocument &document = edits.document();
         const auto wanted = ksFindContainer<osg::NodePtr>(value.toUInt());
         ksNodeEdits::asOneStep(document, LightPageTexts::tr("Set visibility reference"), [&] {
@@ -184,7 +184,7 @@ void addLinks(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, 
             ksInspectorFields::watchName(watches, node);
         return watches;
     };
-    field.perform = [&document, ids, lights](const QVariant &value) {
+    field.perform = [&document, ids, lights](const QVariant &value, int) {
         changeLinks(document, ids, lights, value.value<ksListChange>());
     };
     section.addTallRow(field, new ksListEditor(ksListEditor::AddOther | ksListEditor::RemoveEntry |

@@ -82,8 +82,10 @@ ksListEditor::ksListEditor(int abilities, QWidget *parent)
     if ((abilities & MoveEntry) != 0) {
         const auto moveBy = [this](int by) {
             const int row = list->currentRow();
+            const QStringList before = shown;
             want({ksListChange::Kind::Move, row, row + by, {}});
-            list->setCurrentRow(row + by);
+            if (shown != before)
+                list->setCurrentRow(row + by);
         };
         raising = addButton(tr("Up"), tr("move up"));
         lowering = addButton(tr("Down"), tr("move down"));
@@ -152,8 +154,11 @@ void ksListEditor::addTyped()
     const QString text = line->text();
     if (text.isEmpty())
         return;
-    line->clear();
+    const QStringList before = shown;
     want({ksListChange::Kind::Add, -1, -1, text});
+    // What has been refused is there to be mended.
+    if (shown != before)
+        line->clear();
 }
 
 int ksListEditor::currentRow() const

@@ -152,7 +152,7 @@ void addImage(ksInspectorSection &section, const std::vector<osg::UInt32> &compo
             watches.emplace_back(image.getFieldContainerId(), osg::FieldBits::AllFields);
         return watches;
     };
-    field.perform = [&document, components, ownerOf](const QVariant &path) {
+    field.perform = [&document, components, ownerOf](const QVariant &path, int) {
         const osg::ImageRefPtr image =
             path.toString().isEmpty() ? osg::ImageRefPtr() : ksImageImporter::imageInFile(path.toString());
         auto batch = std::make_unique<ksMultiCommand>(MaterialPageTexts::tr("Set image"));
@@ -175,9 +175,12 @@ void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &m
 {
     std::vector<osg::FieldContainerPtr> components;
     for (const osg::UberMaterialPtr &material : findAll<osg::UberMaterialPtr>(materials))
-        if (index < material->getColorComponentData().size())
+        if (index < material->getColorComponentData().size() &&
+            material->getColorComponentData()[index] != osg::NullFC)
             components.push_back(material->getColorComponentData()[index]);
     const std::vector<osg::UInt32> ids = ksInspectorFields::idsOf(components);
+    if (ids.empty())
+        return;
     section.addHeading(MaterialPageTexts::tr("Component %1").arg(index + 1));
     for (const char *name : {"color", "weight", "enabled"})
         ksInspectorFields::add(section, ids, QString::fromLatin1(name), makerFor(ownerOf));
@@ -187,23 +190,31 @@ void addComponent(ksInspectorSection &section, const std::vector<osg::UInt32> &m
 /// Adds rows that set a field of all components at once; they show that of the first one.
 void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32> &materials)
 {
-    section.addHeading(MaterialPageTexts::tr("All components"));
     const auto firstOf = [](const osg::FieldContainerPtr &target) {
-        return osg::FieldContainerPtr(osg::UberMaterialPtr::dcast(target)->getColorComponentData()[0]);
+        const auto &all = osg::UberMaterialPtr::dcast(target)->getColorComponentData();
+        const auto first = std::find_if(all.begin(), all.end(),
+                                        [](const auto &component) { return component != osg::NullFC; });
+        return first == all.end() ? osg::FieldContainerPtr() : osg::FieldContainerPtr(*first);
     };
+    const auto shown = firstOf(ksFindContainer<osg::FieldContainerPtr>(materials.back()));
+    if (shown == osg::NullFC)
+        return;
+    section.addHeading(MaterialPageTexts::tr("All components"));
     for (const char *name : {"color", "weight", "enabled"}) {
         const QString fieldName = QString::fromLatin1(name);
         const ksInspectorField plain = ksInspectorFields::fieldOf(materials, fieldName);
         ksInspectorField field = plain;
         field.read = [plain, firstOf](const osg::FieldContainerPtr &target) {
-            return plain.read(firstOf(target));
+            const osg::FieldContainerPtr first = firstOf(target);
+            return first == osg::NullFC ? QVariant() : plain.read(first);
         };
         field.watches = [plain, firstOf](const osg::FieldContainerPtr &target) {
-            return plain.watches(firstOf(target));
+            const osg::FieldContainerPtr first = firstOf(target);
+            return first == osg::NullFC ? ksWatches() : plain.watches(first);
         };
         // That the first one has a value already says nothing of the others.
-        field.perform = [fieldName, materials,
-                         &document = section.edits().document()](const QVariant &value) {
+        field.perform = [fieldName, materials, read = plain.read,
+                         &document = section.edits().document()](const QVariant &value, int part) {
             const std::vector<osg::UberMaterialPtr> all = findAll<osg::UberMaterialPtr>(materials);
             const auto text = ksInspectorFields::textOf(all.back(), fieldName);
             std::unique_ptr<QUndoCommand> batch;
@@ -213,16 +224,19 @@ void addAllComponents(ksInspectorSection &section, const std::vector<osg::UInt32
             else
                 batch = std::make_unique<ksMultiCommand>(text);
             for (const osg::UberMaterialPtr &material : all)
-                for (const osg::ColorComponentPtr &component : material->getColorComponentData())
+                for (const osg::ColorComponentPtr &component : material->getColorComponentData()) {
+                    if (component == osg::NullFC)
+                        continue;
+                    const QVariant whole = ksWholeOf(read(component), value, part);
                     if (all.size() == 1)
-                        ksFieldEdits::make(QString(), component, fieldName, value, ksMerging::WithPrevious,
+                        ksFieldEdits::make(QString(), component, fieldName, whole, ksMerging::WithPrevious,
                                            batch.get());
                     else
-                        makePart(material, component, fieldName, value, batch.get());
+                        makePart(material, component, fieldName, whole, batch.get());
+                }
             document.add(batch.release());
         };
-        const auto first = firstOf(ksFindContainer<osg::FieldContainerPtr>(materials.back()));
-        section.addRow(field, ksInspectorFields::makeEditor(first, fieldName));
+        section.addRow(field, ksInspectorFields::makeEditor(shown, fieldName));
     }
 }
 
@@ -279,8 +293,7 @@ void buildMaterial(ksInspectorSection &section, const ksInspectorSubjects &subje
     const Owner ownerOf = ownerIn(ids);
     for (osg::UInt32 i = 0; i < count; ++i)
         addComponent(section, ids, i, ownerOf);
-    if (count > 0)
-        addAllComponents(section, ids);
+    addAllComponents(section, ids);
     addSettings(section, ids, ownerOf);
 }
 

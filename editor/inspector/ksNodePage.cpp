@@ -60,7 +60,7 @@ void addName(ksInspectorSection &section, const std::vector<osg::UInt32> &ids)
     }
     // To give a name to a node that has none is another command than those that change it.
     ksDocument &document = section.edits().document();
-    field.perform = [&document, ids](const QVariant &value) {
+    field.perform = [&document, ids](const QVariant &value, int) {
         ksNodeEdits::asOneStep(document, NodePageTexts::tr("Rename to '%1'").arg(value.toString()), [&] {
             for (const osg::NodePtr &node : findAll<osg::NodePtr>(ids))
                 ksNodeEdits::rename(document, node, value.toString());

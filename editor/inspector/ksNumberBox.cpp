@@ -30,7 +30,7 @@ ksNumberBox::ksNumberBox(const ksNumberKind &kind, QWidget *parent)
     setKeyboardTracking(false);
     setMinimumWidth(NarrowestBox);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { isTyped = true; });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { isTyped = hasAcceptableInput(); });
 }
 
 double ksNumberBox::rounded(double number) const

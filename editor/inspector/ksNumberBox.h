@@ -38,7 +38,7 @@ public:
     /// Shows \a number, and drops what is being typed.
     void showNumber(double number);
 
-    /// Whether something has been typed since it was last asked, or shown a number.
+    /// Whether a number has been typed since it was last asked, or shown a number.
     bool takeTyped();
 
     void stepBy(int steps) override;

@@ -8,7 +8,18 @@ ksScrubLabel::ksScrubLabel(const QString &text, QWidget *parent)
     : QLabel(text, parent)
 {
     setCursor(Qt::SizeHorCursor);
+    // Moves without a button tell that a release has been lost.
+    setMouseTracking(true);
     setToolTip(tr("Drag sideways to change the number"));
+}
+
+bool ksScrubLabel::event(QEvent *event)
+{
+    // The release goes elsewhere.
+    if (event->type() == QEvent::WindowBlocked || event->type() == QEvent::WindowDeactivate ||
+        event->type() == QEvent::Hide)
+        end();
+    return QLabel::event(event);
 }
 
 void ksScrubLabel::mousePressEvent(QMouseEvent *event)
@@ -24,6 +35,8 @@ void ksScrubLabel::mousePressEvent(QMouseEvent *event)
 
 void ksScrubLabel::mouseMoveEvent(QMouseEvent *event)
 {
+    if (!event->buttons().testFlag(Qt::LeftButton))
+        end();
     if (!isDragging)
         return;
     constexpr double Coarse = 10;
@@ -38,10 +51,8 @@ void ksScrubLabel::mouseMoveEvent(QMouseEvent *event)
 
 void ksScrubLabel::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!isDragging || event->button() != Qt::LeftButton)
-        return;
-    stop();
-    Q_EMIT ended();
+    if (event->button() == Qt::LeftButton)
+        end();
 }
 
 void ksScrubLabel::keyPressEvent(QKeyEvent *event)
@@ -58,4 +69,12 @@ void ksScrubLabel::stop()
 {
     isDragging = false;
     releaseKeyboard();
+}
+
+void ksScrubLabel::end()
+{
+    if (!isDragging)
+        return;
+    stop();
+    Q_EMIT ended();
 }

@@ -18,12 +18,14 @@ Q_SIGNALS:
     /// tenth with Control.
     void moved(double steps);
 
+    /// The mouse has been let go, or the drag has lost it.
     void ended();
 
     /// The user has pressed Escape, which ends the drag.
     void cancelled();
 
 protected:
+    bool event(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -31,6 +33,7 @@ protected:
 
 private:
     void stop();
+    void end();
 
     bool isDragging = false;
     int last = 0;

@@ -70,7 +70,7 @@ void addTags(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
             watches.emplace_back(tags.getFieldContainerId(), ksInspectorFields::maskOf(list));
         return watches;
     };
-    field.perform = [&document, ids, list, read = field.read](const QVariant &value) {
+    field.perform = [&document, ids, list, read = field.read](const QVariant &value, int) {
         const auto wanted = value.value<ksListChange>();
         const std::vector<osg::NodePtr> nodes = findAll<osg::NodePtr>(ids);
         if (wanted.kind == ksListChange::Kind::Add)

@@ -17,8 +17,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -250,12 +252,21 @@ void addQuaternion(ksInspectorSection &section, const std::vector<osg::UInt32> &
     field.watches = [view](const osg::FieldContainerPtr &target) {
         return view->watches(nodeOf(target), osg::Transform3D::RotationFieldMask);
     };
-    field.make = [](const osg::FieldContainerPtr &target, const QVariant &value, QUndoCommand *parent) {
+    // A drag goes from where it began, however it gets to where it is.
+    const auto starts = std::make_shared<std::map<osg::UInt32, std::pair<std::size_t, QVariantList>>>();
+    field.make = [starts, &edits = section.edits()](const osg::FieldContainerPtr &target,
+                                                    const QVariant &value, QUndoCommand *parent) {
         const osg::NodePtr node = nodeOf(target);
-        const QVariantList parts = value.toList();
+        const QVariantList wanted = value.toList();
         const QVariantList known = partsOf(ksNodeUtils::getTransform3D(node, -1)->getRotation());
-        const auto typed = std::mismatch(parts.begin(), parts.end(), known.begin()).first - parts.begin();
-        const osg::Quaternion rotation = rotationOf(parts, std::min(static_cast<int>(typed), 3));
+        const auto differs = std::mismatch(wanted.begin(), wanted.end(), known.begin()).first;
+        const int typed = std::min(static_cast<int>(differs - wanted.begin()), 3);
+        auto &[gesture, parts] = (*starts)[target.getFieldContainerId()];
+        if (std::exchange(gesture, edits.gestureCount()) != edits.gestureCount())
+            parts = known;
+        QVariantList meant = differs == wanted.end() ? known : parts;
+        meant[typed] = wanted[typed];
+        const osg::Quaternion rotation = rotationOf(meant, typed);
         const QString text = TransformPageTexts::tr("Turn '%1'").arg(ksContainers::nameOf(target));
         return new ksRotationAsQuaternionUndoCommand(text, node, rotation, parent);
     };
@@ -300,7 +311,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
         ksInspectorFields::watchVariants(watches, nodeOf(target), osg::TransformVariant::NameFieldMask);
         return watches;
     };
-    which.perform = [view, &section](const QVariant &value) {
+    which.perform = [view, &section](const QVariant &value, int) {
         view->variant = value.toUInt();
         section.refresh();
     };
@@ -325,7 +336,7 @@ void addView(ksInspectorSection &section, const std::vector<osg::UInt32> &ids, c
     space.targets = ids;
     space.read = [view](const osg::FieldContainerPtr &) { return view->world; };
     space.watches = [](const osg::FieldContainerPtr &) { return ksWatches(); };
-    space.perform = [view, &section](const QVariant &value) {
+    space.perform = [view, &section](const QVariant &value, int) {
         view->world = value.toBool();
         section.refresh();
     };

@@ -164,7 +164,7 @@ void buildVariants(ksInspectorSection &section, const ksInspectorSubjects &subje
     field.watches = [](const osg::FieldContainerPtr &target) {
         return watchesOf(target, osg::TransformVariant::NameFieldMask);
     };
-    field.perform = [&document, ids = subjects.ids](const QVariant &value) {
+    field.perform = [&document, ids = subjects.ids](const QVariant &value, int) {
         const auto wanted = value.value<ksListChange>();
         auto batch = std::make_unique<ksMultiCommand>(textOf(wanted));
         const auto nodes = ksInspectorFields::findAll<osg::NodePtr>(ids);

@@ -37,6 +37,9 @@ struct ksDragPlace
     QMatrix4x4 toWorld;
     QMatrix4x4 toParent;
 
+    /// Its own transform.
+    QMatrix4x4 own;
+
     QVector3D translation;
     QVector3D euler;
     QVector3D scale;

@@ -13,8 +13,8 @@ inline QOpenGLFunctions &ksGl()
     return *QOpenGLContext::currentContext()->functions();
 }
 
-/// Makes \a program one of the two shaders, anew, whose \a attributes have the numbers from 0 on. False when
-/// they cannot be used here.
+/// Makes \a program one of the two shaders, whose \a attributes have the numbers from 0 on. False when they
+/// cannot be used here.
 inline bool ksLink(QOpenGLShaderProgram &program, const char *vertexShader, const char *fragmentShader,
                    std::initializer_list<const char *> attributes)
 {

@@ -233,7 +233,7 @@ void ksHandleDrag::addWorldScale(const ksDragPlace &place, float factor, QUndoCo
         for (int column = 0; column < 3; ++column)
             grow(row, column) += (factor - 1) * axis()[row] * axis()[column];
     QMatrix4x4 toWorld = place.toWorld;
-    QMatrix4x4 own = ksToQt(place.transform->getMatrix());
+    QMatrix4x4 own = place.own;
     toWorld.setColumn(3, QVector4D(0, 0, 0, 1));
     own.setColumn(3, QVector4D(0, 0, 0, 1));
     const QMatrix4x4 grown = toWorld.inverted() * grow * toWorld * own;

@@ -60,7 +60,9 @@ std::vector<osg::NodePtr> ksScenePicker::within(const QRectF &frame) const
         if (node.isLocked || !(node.opacity > 0) || (node.mesh == osg::NullFC && node.light == osg::NullFC))
             continue;
         const ksBounds box = node.mesh != osg::NullFC ? bounds.of(node.mesh) : ksBounds{{}, {}};
-        const bool isInside = !box.isEmpty() && frame.contains(camera.frameOf(box, node.matrix));
+        if (box.isEmpty())
+            continue;
+        const bool isInside = frame.contains(camera.frameOf(box, node.matrix));
         const osg::NodePtr owner = ownerOf(node);
         if (!isInside)
             outside.insert(owner.getFieldContainerId());

@@ -64,7 +64,10 @@ ksViewport::ksViewport(ksDocument &shownDocument, QWidget *parent)
         if (handleDrag != nullptr && !isDragging)
             endMode();
     });
-    connect(&document.selection(), &ksSelection::changed, this, &ksViewport::refresh);
+    connect(&document.selection(), &ksSelection::changed, this, [this] {
+        targets.reset();
+        refresh();
+    });
     showWhole();
 }
 
@@ -84,11 +87,14 @@ QImage ksViewport::picture()
 
 std::optional<ksViewHandles> ksViewport::handles()
 {
-    const std::vector<osg::NodePtr> targets = ksHandleDrag::targetsOf(document);
-    if (usedTool == Tool::Select || targets.empty())
+    if (usedTool == Tool::Select)
+        return {};
+    if (!targets)
+        targets = ksHandleDrag::targetsOf(document);
+    if (targets->empty())
         return {};
     const osg::AspectScope scope(1);
-    const ksDragPlace place(targets.back());
+    const ksDragPlace place(targets->back());
     return ksViewHandles(usedTool, place.frame(usedTool, usedSpace == Space::World), orbit);
 }
 
@@ -320,6 +326,7 @@ void ksViewport::showWhole()
 {
     endMode();
     hovered.reset();
+    targets.reset();
     visible.clear();
     meshBounds.clear();
     bounds.reset();
@@ -345,6 +352,7 @@ void ksViewport::showFailure()
 
 void ksViewport::follow(const ksSceneChanges &changes)
 {
+    targets.reset();
     visible.clear();
     bounds.reset();
     meshBounds.follow(changes);
@@ -424,8 +432,8 @@ void ksViewport::beginDrag(const QPointF &mouse)
         return;
     mode = Mode::Handle;
     try {
-        handleDrag = std::make_unique<ksHandleDrag>(document, ksHandleDrag::targetsOf(document), usedTool,
-                                                    usedSpace == Space::World, *shown, *handle, orbit, mouse);
+        handleDrag = std::make_unique<ksHandleDrag>(document, *targets, usedTool, usedSpace == Space::World,
+                                                    *shown, *handle, orbit, mouse);
     } catch (const ksEditorError &error) {
         mode = Mode::Idle;
         Q_EMIT refused(QString::fromUtf8(error.what()));

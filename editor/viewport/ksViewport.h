@@ -17,6 +17,7 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QLabel;
 class QRubberBand;
@@ -31,12 +32,10 @@ class ksScenePicker;
 /// What is drawn is aspect 1, and so what edits have recorded. Without OpenGL 2.1 there is a text instead.
 ///
 /// - A click selects the node that is there; with Ctrl it adds the node to the selection, or takes it away.
-/// - Dragging a handle moves, turns or scales the selected nodes, as one step; Escape takes it back. The
-/// camera
-///   stays where it is meanwhile.
-/// - Dragging otherwise goes around the scene. With the tool Select, or with Shift, it selects what lies in
-/// the
-///   frame as a whole, with Ctrl in addition.
+/// - Dragging a handle moves, turns or scales the selected nodes, as one step; Escape takes it back.
+///   The camera stays where it is meanwhile.
+/// - Dragging otherwise goes around the scene. With the tool Select, or with Shift, it selects what
+///   lies in the frame as a whole, with Ctrl in addition.
 /// - Dragging with Alt, or with the middle button, goes around the scene.
 /// - Dragging with the right button, or with Shift and the middle one, moves the scene.
 /// - The wheel goes nearer or further away.
@@ -143,6 +142,9 @@ private:
     QLabel *failure;
     QStackedLayout *pages;
     QRubberBand *band;
+
+    /// What handles move, as long as neither the scene nor the selection has changed.
+    std::optional<std::vector<osg::NodePtr>> targets;
 
     ksOrbitCamera orbit;
     ksVisibleNodes visible;

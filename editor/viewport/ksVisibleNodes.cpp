@@ -12,6 +12,7 @@ const std::vector<ksVisibleNode> &ksVisibleNodes::of(const osg::NodePtr &root)
     const osg::AspectScope scope(1);
     nodes.clear();
     places.clear();
+    boxes.clear();
     isStale = false;
 
     // Scenes are as deep as their files say: no recursion.
@@ -39,10 +40,13 @@ const std::vector<ksVisibleNode> &ksVisibleNodes::of(const osg::NodePtr &root)
     return nodes;
 }
 
-ksBounds ksVisibleNodes::ownBounds(int place, ksMeshBounds &meshes) const
+const ksBounds &ksVisibleNodes::ownBounds(int place, ksMeshBounds &meshes)
 {
+    const auto [known, isNew] = boxes.try_emplace(place);
+    ksBounds &bounds = known->second;
+    if (!isNew)
+        return bounds;
     const ksVisibleNode &node = nodes[std::size_t(place)];
-    ksBounds bounds;
     bool canInvert = false;
     const QMatrix4x4 toOwn = node.matrix.inverted(&canInvert);
     for (auto i = std::size_t(place); canInvert && i < std::size_t(node.end); ++i)

@@ -51,7 +51,7 @@ public:
     const std::vector<ksVisibleNode> &of(const osg::NodePtr &root);
 
     /// The box around what the node at \a place holds, in its own space; the calling thread reads aspect 1.
-    ksBounds ownBounds(int place, ksMeshBounds &meshes) const;
+    const ksBounds &ownBounds(int place, ksMeshBounds &meshes);
 
     /// The place of the node with the id \a id in the list made last, -1 if it is not in it.
     int find(osg::UInt32 id) const;
@@ -64,5 +64,6 @@ private:
 
     std::vector<ksVisibleNode> nodes;
     std::unordered_map<osg::UInt32, int> places;
+    std::unordered_map<int, ksBounds> boxes;
     bool isStale = true;
 };

@@ -7,6 +7,7 @@
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/edits/ksTreeEdits.h>
 #include <editor/inspector/ksInspector.h>
+#include <editor/inspector/ksListEditor.h>
 
 #include <ksundo/core/ksUndoGesture.h>
 
@@ -471,6 +472,31 @@ TEST_F(ksInspectorTest, DragsFasterAndSlowerWithoutAJump)
     EXPECT_EQ(textOf("Scale pivot y"), QStringLiteral("2.2"));
 }
 
+TEST_F(ksInspectorTest, EndsADragThatLosesItsRelease)
+{
+    select({node("Table")});
+    const char *const name = "Scale pivot y, drag to change";
+    type("Scale pivot y", "0");
+    auto *label = find<QLabel>(name);
+    const QPoint far(99, 1);
+    QMouseEvent released(QEvent::MouseMove, far, label->mapToGlobal(far), Qt::NoButton, Qt::NoButton, {});
+    QHideEvent hidden;
+    QEvent left(QEvent::WindowDeactivate);
+    QEvent blocked(QEvent::WindowBlocked);
+    for (QEvent *event : std::initializer_list<QEvent *>{&released, &hidden, &left, &blocked}) {
+        const int count = stack().count();
+        mouse(QEvent::MouseButtonPress, name, 0);
+        mouse(QEvent::MouseMove, name, 10);
+        EXPECT_EQ(QWidget::keyboardGrabber(), label);
+        const QString shown = textOf("Scale pivot y");
+        QApplication::sendEvent(label, event);
+        EXPECT_EQ(QWidget::keyboardGrabber(), nullptr);
+        mouse(QEvent::MouseMove, name, 20);
+        EXPECT_EQ(textOf("Scale pivot y"), shown) << event->type();
+        EXPECT_EQ(stack().count(), count + 1);
+    }
+}
+
 TEST_F(ksInspectorTest, EditsAllSelectedNodesInOneStep)
 {
     const std::vector<osg::NodePtr> nodes = {node("Chair"), node("Lamp"), node("Table")};
@@ -515,6 +541,13 @@ TEST_F(ksInspectorTest, GivesOthersWhatTheShownNodeHasAlready)
     EXPECT_EQ(stack().count(), count);
     type("Translation y", "2", Qt::Key_Escape);
     QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Return);
+    EXPECT_EQ(stack().count(), count);
+
+    // What has been typed is no number.
+    type("Translation y", "-", Qt::Key_Tab);
+    type("Translation y", "", Qt::Key_Backspace);
+    EXPECT_EQ(textOf("Translation y"), QString());
+    QTest::keyClick(find<QLineEdit>("Translation y")->parentWidget(), Qt::Key_Tab);
     EXPECT_EQ(stack().count(), count);
 
     const auto flags = [&] { return ksSettingsOf(nodes[0])->getUserFlags(); };
@@ -606,6 +639,20 @@ TEST_F(ksInspectorTest, TakesQuaternionsPartByPart)
     EXPECT_EQ(parts(), "0 0 0 1");
     type("Quaternion w", "0");
     EXPECT_EQ(parts(), "1 0 0 0");
+
+    // A drag beyond the end and back again.
+    type("Quaternion w", "0.6");
+    type("Quaternion y", "0.5");
+    const std::string before = parts();
+    for (const char *name : {"Quaternion w, drag to change", "Quaternion y, drag to change"}) {
+        mouse(QEvent::MouseButtonPress, name, 0);
+        for (const int x : {40, 90, 40, 1})
+            mouse(QEvent::MouseMove, name, x);
+        EXPECT_NE(parts(), before);
+        mouse(QEvent::MouseMove, name, 0);
+        EXPECT_EQ(parts(), before);
+        mouse(QEvent::MouseButtonRelease, name, 0);
+    }
 }
 
 TEST_F(ksInspectorTest, EditsInWorldSpace)
@@ -820,10 +867,12 @@ TEST_F(ksInspectorTest, EditsLayeredMaterials)
     const osg::NodePtr layered = addLayered();
     select({layered});
     for (const char *name : {"Component 2 Weight", "Component 3 Color G", "Settings Mapping scale x",
-                             "Settings Projection size", "All components Weight"}) {
+                             "Settings Projection size", "All components Weight", "All components Color G"}) {
         SCOPED_TRACE(name);
         expectStep([&] { type(name, "0.75"); }, [&] { return textOf(name); });
     }
+    EXPECT_EQ(layersOf(layered)->getColorComponentData(0)->getColor(), osg::Vec3f(4, 0.75F, 0));
+    EXPECT_EQ(layersOf(layered)->getColorComponentData(2)->getColor(), osg::Vec3f(0.5F, 0.75F, 0));
     EXPECT_EQ(layersOf(layered)->getColorComponentData(2)->getWeight(), 0.75F);
     expectStep([&] { type("Sort key", "3"); }, [&] { return textOf("Sort key"); });
     expectStep([&] { click("Component 2 Enabled"); },
@@ -840,6 +889,30 @@ TEST_F(ksInspectorTest, EditsLayeredMaterials)
     };
     expectStep([&] { scrub("Component 2 Weight, drag to change", 20); }, weights);
     expectStep([&] { scrub("All components Weight, drag to change", 20); }, weights);
+}
+
+TEST_F(ksInspectorTest, SkipsComponentsThatAreNotThere)
+{
+    const osg::NodePtr some = addLayered();
+    const osg::NodePtr none = addLayered("None");
+    const auto drop = [](const osg::NodePtr &node, std::size_t count) {
+        const osg::UberMaterialPtr material = layersOf(node);
+        CPEdit(material, osg::UberMaterial::ColorComponentDataFieldMask);
+        for (std::size_t i = 0; i < count; ++i)
+            material->getColorComponentData()[i] = osg::NullFC;
+    };
+    drop(some, 2);
+    drop(none, 3);
+    for (const std::vector<osg::NodePtr> &nodes :
+         {std::vector<osg::NodePtr>{some}, {none, some}, {some, none}}) {
+        select(nodes);
+        EXPECT_FALSE(has("Component 2 Weight"));
+        EXPECT_EQ(has("All components Weight"), nodes.back() == some);
+        expectStep([&] { click("Component 3 Enabled"); },
+                   [&] { return find<QCheckBox>("Component 3 Enabled")->isChecked(); });
+    }
+    select({none, some});
+    expectStep([&] { type("All components Color G", "0.5"); }, [&] { return textOf("Component 3 Color G"); });
 }
 
 TEST_F(ksInspectorTest, EditsImages)
@@ -906,12 +979,23 @@ TEST_F(ksInspectorTest, EditsTags)
             QTest::keyClick(line, Qt::Key_Return);
         };
         expectStep(addTag, entries);
+        EXPECT_EQ(textOf((name + ", what to add").c_str()), QString());
         addTag();
         EXPECT_EQ(reasons.size(), 1) << "it is there already";
+        EXPECT_EQ(textOf((name + ", what to add").c_str()), QStringLiteral("fragile")) << "to be mended";
         reasons.clear();
         find<QListWidget>(name.c_str())->setCurrentRow(entries().size() - 1);
         expectStep([&] { click((name + ", remove").c_str()); }, entries);
     }
+}
+
+/// Nobody does what it asks for.
+TEST(ksListEditorTest, StaysWithTheEntryThatIsNotMoved)
+{
+    ksListEditor editor(ksListEditor::MoveEntry);
+    editor.showValue(QStringList{QStringLiteral("one"), QStringLiteral("two")});
+    editor.findChildren<QToolButton *>().last()->click();
+    EXPECT_EQ(editor.currentRow(), 0);
 }
 
 TEST_F(ksInspectorTest, EditsLinkSets)

@@ -5,6 +5,7 @@
 #include <editor/document/ksNodeEdits.h>
 #include <editor/edits/ksFieldEdits.h>
 #include <editor/edits/ksTransformEdits.h>
+#include <editor/edits/ksTreeEdits.h>
 #include <editor/viewport/ksViewport.h>
 
 #include <OSGTransform3D.h>
@@ -339,6 +340,11 @@ TEST_F(ksViewportTest, SelectsWhatLiesInAFrame)
     drag(QPointF(2, 2), QPointF(20, 20));
     EXPECT_TRUE(document.selection().ids().empty());
     EXPECT_EQ(steps(), 0);
+
+    const osg::NodePtr points = ksContainers::createNode("Points", osg::ksMesh::create());
+    document.add(ksTreeEdits::makeAdd(node("Seat"), points));
+    drag(seat - QPointF(45, 60), QPointF(90, 120));
+    EXPECT_TRUE(document.selection().contains(node("Seat").getFieldContainerId())) << "a mesh without points";
 }
 
 TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
@@ -359,6 +365,32 @@ TEST_F(ksViewportTest, MovesInOneStepWhateverThePace)
         EXPECT_EQ(document.stack().redoText(), QStringLiteral("Move 'Chair'"));
         document.selection().clear();
         EXPECT_EQ(differences(picture, viewport.picture()), 0);
+    }
+}
+
+TEST_F(ksViewportTest, EndsInTheSamePlaceWhateverThePace)
+{
+    struct Drag
+    {
+        Tool tool;
+        ksViewport::Space space;
+        Kind kind;
+    };
+    const osg::NodePtr chair = node("Chair");
+    for (const Drag &each : {Drag{Tool::Scale, ksViewport::Space::World, Kind::Axis},
+                             Drag{Tool::Scale, ksViewport::Space::Local, Kind::Axis},
+                             Drag{Tool::Turn, ksViewport::Space::World, Kind::Ring}}) {
+        viewport.setSpace(each.space);
+        std::vector<float> end;
+        for (const int moves : {60, 1}) {
+            grasp(each.tool, {chair});
+            const std::vector<float> before = valuesOf(transform(chair));
+            drag(grip(each.kind, 0), QPointF(25, 6), moves);
+            EXPECT_NE(valuesOf(transform(chair)), before);
+            end = end.empty() ? valuesOf(transform(chair)) : end;
+            EXPECT_THAT(valuesOf(transform(chair)), testing::Pointwise(testing::FloatNear(1e-4F), end));
+            undo();
+        }
     }
 }
 
@@ -722,6 +754,21 @@ TEST_F(ksViewportTest, HasHandlesForWhatHasATransform)
     ASSERT_TRUE(viewport.handles()) << "those of the bulb, which has the light's place";
     EXPECT_NE(grip(Kind::Ring, 1), QPointF());
     viewport.setTool(Tool::Select);
+    EXPECT_FALSE(viewport.handles());
+}
+
+TEST_F(ksViewportTest, HasHandlesOfWhatIsSelectedAtTheMoment)
+{
+    grasp(Tool::Move, {node("Chair")});
+    const QPointF chair = grip(Kind::Axis, 0);
+    document.selection().set(node("Table"));
+    EXPECT_NE(grip(Kind::Axis, 0), chair);
+    document.selection().set(node("Chair"));
+    ksNodeEdits::remove(document, {node("Chair")});
+    EXPECT_FALSE(viewport.handles());
+    undo();
+    EXPECT_EQ(grip(Kind::Axis, 0), chair);
+    document.clear();
     EXPECT_FALSE(viewport.handles());
 }
 

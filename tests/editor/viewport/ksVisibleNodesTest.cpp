@@ -101,6 +101,27 @@ TEST_F(ksVisibleNodesTest, LeavesOutWhatIsHidden)
     EXPECT_EQ(list()[0].end, 1);
 }
 
+TEST_F(ksVisibleNodesTest, HasTheBoxesOfWhatIsThereNow)
+{
+    ksMeshBounds meshes;
+    const auto boxOf = [&](const osg::NodePtr &node) {
+        list();
+        const osg::AspectScope scope(1);
+        meshes.clear();
+        return visible.ownBounds(visible.find(node.getFieldContainerId()), meshes);
+    };
+    EXPECT_TRUE(boxOf(child).isEmpty());
+    const osg::ksMeshPtr mesh = osg::ksMesh::create();
+    add(leaf, mesh);
+    for (const float height : {1.0F, 2.0F}) {
+        {
+            CPEdit(mesh, osg::ksMesh::PositionsFieldMask);
+            mesh->getPositions().push_back(osg::Pnt3f(0, height, 0));
+        }
+        EXPECT_EQ(boxOf(child).centre().y(), (1 + height) / 2);
+    }
+}
+
 TEST_F(ksVisibleNodesTest, ShinesOnWhatLinkSetsSay)
 {
     add(root, osg::UberLight::create());
