@@ -2,6 +2,7 @@
 #include <editor/edits/ksTransformEdits.h>
 #include <editor/inspector/ksChoiceEditor.h>
 #include <editor/inspector/ksFlagEditor.h>
+#include <editor/inspector/ksInspectorEdits.h>
 #include <editor/inspector/ksInspectorFields.h>
 #include <editor/inspector/ksInspectorSection.h>
 #include <editor/inspector/ksNumbersEditor.h>
