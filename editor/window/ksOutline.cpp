@@ -114,6 +114,9 @@ ksOutline::ksOutline(ksDocument &shownDocument, QWidget *parent)
     connect(filtered, &QAbstractItemModel::modelReset, this, [this] { view->expandToDepth(0); });
     connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ksOutline::takeSelection);
     connect(&document.selection(), &ksSelection::changed, this, [this] {
+        // What the user clicks on stays where it is.
+        if (isSyncing)
+            return;
         showSelection();
         scrollToSelection();
     });

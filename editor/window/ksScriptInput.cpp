@@ -49,6 +49,8 @@ ksScriptInput::ksScriptInput(std::function<QStringList()> globals, QWidget *pare
     completer->setWidget(this);
     completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     completer->popup()->setAccessibleName(tr("Completions"));
+    // What it lists is of what was written when it came.
+    connect(this, &QLineEdit::textEdited, completer->popup(), &QWidget::hide);
     connect(completer, QOverload<const QString &>::of(&QCompleter::activated), this,
             &ksScriptInput::insertName);
 }

@@ -204,8 +204,8 @@ private:
     bool added = false;
     int markIndex = 0;
     int busyDepth = 0;
-    int openGestures = 0;
-    unsigned int gesture = 0; ///< the number of the open or the last one
     QPointer<ksDetail::ksHistoryWindow> historyView;
     MessageCallback messageCallback = nullptr;
+    int openGestures = 0;
+    unsigned int gesture = 0; ///< the number of the open or the last one
 };

@@ -8,6 +8,7 @@
 #include <ksundo/core/ksUndoStack.h>
 
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTreeView>
 
 namespace {
@@ -153,6 +154,19 @@ TEST_F(ksOutlineTest, SelectsRowsThatFollowEachOtherAsOneRange)
     EXPECT_EQ(tree().selectionModel()->selectedRows().size(), static_cast<int>(all));
     click("Floor", Qt::ControlModifier);
     EXPECT_EQ(document.selection().ids().size(), all - 1);
+}
+
+TEST_F(ksOutlineTest, StaysWhereItIsUnderAClick)
+{
+    tree().expandAll();
+    window->outline().selectAll();
+    tree().scrollToTop();
+    const int last = tree().verticalScrollBar()->maximum();
+    ASSERT_GT(last, 0);
+    click("Floor", Qt::ControlModifier);
+    EXPECT_EQ(tree().verticalScrollBar()->value(), 0);
+    document.selection().set(node("Sun"));
+    EXPECT_GT(tree().verticalScrollBar()->value(), 0);
 }
 
 TEST_F(ksOutlineTest, KeepsSelectedWhatTheFilterHides)

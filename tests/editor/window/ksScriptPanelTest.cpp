@@ -123,6 +123,13 @@ TEST_F(ksScriptPanelTest, CompletesNames)
     EXPECT_FALSE(list->isVisible());
     EXPECT_THAT(line().text().toStdString(), testing::MatchesRegex("history\\.[a-zA-Z]+"));
     EXPECT_EQ(output().blockCount(), written);
+    // What is typed on is run as it is.
+    line().setText(QStringLiteral("history."));
+    QTest::keyClick(&line(), Qt::Key_Tab);
+    QTest::keyClick(list, 'u');
+    EXPECT_FALSE(list->isVisible());
+    QTest::keyClicks(&line(), QStringLiteral("ndo()"));
+    EXPECT_EQ(line().text(), QStringLiteral("history.undo()"));
     // Without a name, Tab moves on.
     line().clear();
     line().setFocus();
