@@ -124,6 +124,8 @@ TEST_F(ksScriptPanelTest, CompletesNames)
     EXPECT_THAT(line().text().toStdString(), testing::MatchesRegex("history\\.[a-zA-Z]+"));
     EXPECT_EQ(output().blockCount(), written);
     // What is typed on is run as it is.
+    line().setFocus();
+    ASSERT_TRUE(line().hasFocus());
     line().setText(QStringLiteral("history."));
     QTest::keyClick(&line(), Qt::Key_Tab);
     QTest::keyClick(list, 'u');
