@@ -149,14 +149,15 @@ TEST_F(ksUndoGestureTest, JoinsTheOneAroundIt)
 {
     {
         const ksUndoGesture outer(&stack);
+        add("A", 0.0);
         {
             const ksUndoGesture inner(&stack);
-            add("A", 0.0);
+            add("B", 60.0);
         }
-        add("B", 60.0);
+        add("C", 120.0);
     }
-    add("C", 60.0);
-    EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "C"}, 2));
+    add("D", 120.0);
+    EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "D"}, 2));
 }
 
 TEST_F(ksUndoGestureTest, EndsWhenAnExceptionPasses)
