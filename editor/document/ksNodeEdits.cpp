@@ -37,13 +37,9 @@ std::vector<osg::NodePtr> topmost(const std::vector<osg::NodePtr> &nodes)
     for (const osg::NodePtr &node : nodes)
         if (node->getParent() != osg::NullFC)
             ids.insert(node.getFieldContainerId());
-    for (const osg::NodePtr &node : nodes) {
-        osg::NodePtr above = node->getParent();
-        while (above != osg::NullFC && ids.count(above.getFieldContainerId()) == 0)
-            above = above->getParent();
-        if (above == osg::NullFC && node->getParent() != osg::NullFC)
+    for (const osg::NodePtr &node : nodes)
+        if (node->getParent() != osg::NullFC && !ksContainers::isBelowAny(node, ids))
             result.push_back(node);
-    }
     return result;
 }
 

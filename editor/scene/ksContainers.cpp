@@ -67,6 +67,14 @@ void ksContainers::visitNodes(const osg::NodePtr &root,
     }
 }
 
+bool ksContainers::isBelowAny(const osg::NodePtr &node, const std::unordered_set<osg::UInt32> &ids)
+{
+    osg::NodePtr above = node->getParent();
+    while (above != osg::NullFC && ids.count(above.getFieldContainerId()) == 0)
+        above = above->getParent();
+    return above != osg::NullFC;
+}
+
 osg::NodePtr ksContainers::createNode(const std::string &name, const osg::NodeCorePtr &core,
                                       const osg::ksNodeSettingsPtr &settings)
 {

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <string>
+#include <unordered_set>
 
 /// What the editor asks containers of any class.
 namespace ksContainers {
@@ -33,6 +34,9 @@ QString label(const osg::FieldContainerPtr &container);
 
 /// Calls \a visit with \a root and all nodes below it, parents before their children.
 void visitNodes(const osg::NodePtr &root, const std::function<void(const osg::NodePtr &)> &visit);
+
+/// Whether a node above \a node, which is not above itself, has one of \a ids.
+bool isBelowAny(const osg::NodePtr &node, const std::unordered_set<osg::UInt32> &ids);
 
 /// A new node with \a core and \a settings, called \a name unless that is empty.
 osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,

@@ -82,13 +82,9 @@ std::vector<osg::NodePtr> ksHandleDrag::targetsOf(ksDocument &document)
             all.push_back(target);
     }
     std::vector<osg::NodePtr> targets;
-    for (auto target = all.rbegin(); target != all.rend(); ++target) {
-        osg::NodePtr above = (*target)->getParent();
-        while (above != osg::NullFC && known.count(above.getFieldContainerId()) == 0)
-            above = above->getParent();
-        if (above == osg::NullFC)
+    for (auto target = all.rbegin(); target != all.rend(); ++target)
+        if (!ksContainers::isBelowAny(*target, known))
             targets.push_back(*target);
-    }
     return targets;
 }
 
