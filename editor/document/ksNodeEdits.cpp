@@ -87,12 +87,7 @@ void ksNodeEdits::rename(ksDocument &document, const osg::NodePtr &node, const Q
     }
     if (name.isEmpty())
         return;
-    const osg::NamePtr made = osg::Name::create();
-    {
-        CPEdit(made, osg::Name::SimpleFieldMask);
-        made->getFieldPtr()->setValue(name.toStdString());
-    }
-    auto *command = new ksAttachUndoCommand(node, made);
+    auto *command = new ksAttachUndoCommand(node, ksContainers::createName(name.toStdString()).get());
     command->setText(text);
     document.add(command);
 }

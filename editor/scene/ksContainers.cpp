@@ -75,6 +75,14 @@ bool ksContainers::isBelowAny(const osg::NodePtr &node, const std::unordered_set
     return above != osg::NullFC;
 }
 
+osg::RefPtr<osg::NamePtr> ksContainers::createName(const std::string &name)
+{
+    const osg::RefPtr<osg::NamePtr> made(osg::Name::create());
+    CPEdit(made, osg::Name::SimpleFieldMask);
+    made->getFieldPtr()->setValue(name);
+    return made;
+}
+
 osg::NodePtr ksContainers::createNode(const std::string &name, const osg::NodeCorePtr &core,
                                       const osg::ksNodeSettingsPtr &settings)
 {

@@ -4,6 +4,8 @@
 #include <editor/scene/ksNodeSettings.h>
 
 #include <OpenSG/OSGNode.h>
+#include <OpenSG/OSGRefPtr.h>
+#include <OpenSG/OSGSimpleAttachments.h>
 
 #include <QString>
 
@@ -37,6 +39,9 @@ void visitNodes(const osg::NodePtr &root, const std::function<void(const osg::No
 
 /// Whether a node above \a node, which is not above itself, has one of \a ids.
 bool isBelowAny(const osg::NodePtr &node, const std::unordered_set<osg::UInt32> &ids);
+
+/// A new name, to be attached to a container, that is \a name in UTF-8.
+osg::RefPtr<osg::NamePtr> createName(const std::string &name);
 
 /// A new node with \a core and \a settings, called \a name unless that is empty.
 osg::NodePtr createNode(const std::string &name, const osg::NodeCorePtr &core,

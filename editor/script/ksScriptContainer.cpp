@@ -118,11 +118,7 @@ osg::NodePtr namedOwnerOf(const osg::FieldContainerPtr &container)
 
 osg::RefPtr<osg::NamePtr> makeName(const QJSValue &value)
 {
-    const std::string name = textFrom(value, Name).toStdString();
-    const osg::RefPtr<osg::NamePtr> made(osg::Name::create());
-    CPEdit(made, osg::Name::SimpleFieldMask);
-    made->getFieldPtr()->setValue(name);
-    return made;
+    return ksContainers::createName(textFrom(value, Name).toStdString());
 }
 
 } // namespace
