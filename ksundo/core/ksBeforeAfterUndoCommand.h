@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 
 #include <type_traits>
 #include <utility>
 
 /// Mechanics of the commands that know the state of their target before and after the edit: redo applies the
-/// one after, undo the one before. Both are settled when the command is built. The message has "id" only,
-/// unless the class adds more.
+/// one after, undo the one before. Both are settled when the command is built. When the application throws in
+/// a step, the opposite one is applied. The message has "id" only, unless the class adds more.
 ///
 /// \tparam Command the class, with a function `void apply(const State &from, const State &to)` that takes the
 /// target from one state to the other, and does nothing when the target has gone
@@ -21,10 +22,10 @@ class ksBeforeAfterUndoCommand : public Base
 
 public:
     /// Applies the state before.
-    void undo() override { static_cast<Command *>(this)->apply(after, before); }
+    void undo() override { take(after, before); }
 
     /// Applies the state after.
-    void redo() override { static_cast<Command *>(this)->apply(before, after); }
+    void redo() override { take(before, after); }
 
 protected:
     /// Keeps both states, or what a State is made of; \a arguments are those of the base.
@@ -37,4 +38,14 @@ protected:
 
     State before; ///< what undo takes the target to
     State after;  ///< what redo takes the target to
+
+    /// What is done when the application throws on the way from one state to the other.
+    void takeBack(const State &from, const State &to) { static_cast<Command *>(this)->apply(to, from); }
+
+private:
+    void take(const State &from, const State &to)
+    {
+        auto *command = static_cast<Command *>(this);
+        ksDetail::ksStep([&] { command->apply(from, to); }, [&] { command->takeBack(from, to); });
+    }
 };

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksCommandKind.h>
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksMultiCommand.h>
 
+#include <typeinfo>
 #include <utility>
 
 namespace {
@@ -13,6 +15,39 @@ const ksUndoCommand *asUndoCommand(const QUndoCommand *command)
     return isOne ? static_cast<const ksUndoCommand *>(command) : nullptr;
 }
 
+void run(QUndoCommand &command, bool undoing);
+
+/// Undoes the children of \a command, the last first, or redoes them. Those that were done by then are taken
+/// back when one of them throws.
+void runChildren(const QUndoCommand &command, bool undoing)
+{
+    const int count = command.childCount();
+    // QUndoCommand hands its children out as constant although they are this command's own.
+    const auto child = [&](int i) -> QUndoCommand & {
+        return *const_cast<QUndoCommand *>(command.child(undoing ? count - 1 - i : i));
+    };
+    int done = 0;
+    ksDetail::ksStep(
+        [&] {
+            for (; done < count; ++done)
+                run(child(done), undoing);
+        },
+        [&] {
+            while (--done >= 0)
+                ksDetail::ksTakeBack([&] { run(child(done), !undoing); });
+        });
+}
+
+void run(QUndoCommand &command, bool undoing)
+{
+    if (typeid(command) == typeid(QUndoCommand))
+        runChildren(command, undoing);
+    else if (undoing)
+        command.undo();
+    else
+        command.redo();
+}
+
 } // namespace
 
 ksMultiCommand::ksMultiCommand(const QString &text, std::function<void()> postAction)
@@ -22,14 +57,14 @@ ksMultiCommand::ksMultiCommand(const QString &text, std::function<void()> postAc
 
 void ksMultiCommand::undo()
 {
-    QUndoCommand::undo();
-    runPostAction();
+    runChildren(*this, true);
+    ksDetail::ksStep([this] { runPostAction(); }, [this] { redo(); });
 }
 
 void ksMultiCommand::redo()
 {
-    QUndoCommand::redo();
-    runPostAction();
+    runChildren(*this, false);
+    ksDetail::ksStep([this] { runPostAction(); }, [this] { undo(); });
 }
 
 bool ksMultiCommand::mergeWith(const QUndoCommand *other)
@@ -44,7 +79,6 @@ bool ksMultiCommand::mergeWith(const QUndoCommand *other)
         if (mine == nullptr || theirs == nullptr || !mine->canMergeWith(theirs))
             return false;
     }
-    // QUndoCommand hands its children out as constant although they are this command's own.
     for (int i = 0; i < children; ++i)
         const_cast<QUndoCommand *>(child(i))->mergeWith(other->child(i));
     return true;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksBoolFieldUndoCommand.h>
 
@@ -15,17 +16,24 @@ bool exchange(osg::SField<T, fieldNamespace> &field, bool value)
     return previous;
 }
 
-/// The same for a field of one of the classes \a Fields; nothing for another.
+/// The same for a field of one of the classes \a Fields; nothing for another, and for null.
 template <class... Fields>
-std::optional<bool> exchangeAnyOf(osg::Field &field, bool value)
+std::optional<bool> exchangeAnyOf(osg::Field *field, bool value)
 {
-    const osg::FieldType &type = field.getType();
     std::optional<bool> previous;
+    if (field == nullptr)
+        return previous;
+    const osg::FieldType &type = field->getType();
     ((type == Fields::getClassType() &&
-      (previous = exchange(static_cast<Fields &>(field), value)).has_value()) ||
+      (previous = exchange(static_cast<Fields &>(*field), value)).has_value()) ||
      ...);
     return previous;
 }
+
+constexpr auto exchangeFlag =
+    &exchangeAnyOf<osg::SField<bool, 2>, osg::SField<int>, osg::SField<unsigned int>, osg::SField<osg::Int64>,
+                   osg::SField<osg::UInt64>, osg::SField<short>, osg::SField<unsigned short>,
+                   osg::SField<signed char>, osg::SField<unsigned char>>;
 
 } // namespace
 
@@ -35,19 +43,17 @@ ksBoolFieldUndoCommand::ksBoolFieldUndoCommand(const QString &text, osg::FieldCo
     , value(value)
 {}
 
-void ksBoolFieldUndoCommand::apply()
+std::optional<bool> ksBoolFieldUndoCommand::write(bool newValue) const
 {
     const auto container = ksFindContainer<osg::FieldContainerPtr>(fcId);
-    osg::Field *field = ksDetail::ksFindField(container, fieldId);
-    if (field == nullptr)
-        return;
-    const std::optional<bool> previous =
-        exchangeAnyOf<osg::SField<bool, 2>, osg::SField<int>, osg::SField<unsigned int>,
-                      osg::SField<osg::Int64>, osg::SField<osg::UInt64>, osg::SField<short>,
-                      osg::SField<unsigned short>, osg::SField<signed char>, osg::SField<unsigned char>>(
-            *field, value);
-    if (!previous)
-        return;
-    ksEndEdit(container, fieldMask);
-    value = *previous;
+    const std::optional<bool> previous = exchangeFlag(ksDetail::ksFindField(container, fieldId), newValue);
+    if (previous)
+        ksDetail::ksStep([&] { ksEndEdit(container, fieldMask); }, [&] { write(*previous); });
+    return previous;
+}
+
+void ksBoolFieldUndoCommand::apply()
+{
+    if (const std::optional<bool> previous = write(value))
+        value = *previous;
 }

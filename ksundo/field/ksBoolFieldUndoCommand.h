@@ -4,6 +4,8 @@
 #include <ksundo/core/ksNonMergingUndoCommand.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
+#include <optional>
+
 /// Switches a flag of one container: a bool field, or an integer field of any width, into which it writes 0
 /// or 1.
 ///
@@ -34,4 +36,7 @@ protected:
 
 private:
     void apply();
+
+    /// Writes \a newValue and returns what the field held; nothing when there is no such field.
+    std::optional<bool> write(bool newValue) const;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksFieldBaseUndoCommand.h>
 
@@ -44,6 +45,10 @@ public:
     std::pair<osg::FieldContainerPtr, osg::SField<T> *> getField() const;
 
 private:
+    using Target = std::pair<osg::FieldContainerPtr, osg::SField<T> *>;
+
+    void write(const Target &target, const T &newValue) const;
+
     /// What the next redo or undo writes.
     T value;
 };
@@ -57,14 +62,23 @@ std::pair<osg::FieldContainerPtr, osg::SField<T> *> ksFieldUndoCommand<T>::getFi
 }
 
 template <class T>
-void ksFieldUndoCommand<T>::redo()
+void ksFieldUndoCommand<T>::write(const Target &target, const T &newValue) const
 {
-    const auto [container, field] = getField();
+    const auto &[container, field] = target;
     if (field == nullptr)
         return;
-    T previous = field->getValue();
-    field->setValue(value);
+    field->setValue(newValue);
     ksEndEdit(container, fieldMask);
+}
+
+template <class T>
+void ksFieldUndoCommand<T>::redo()
+{
+    const auto target = getField();
+    if (target.second == nullptr)
+        return;
+    T previous = target.second->getValue();
+    ksDetail::ksStep([&] { write(target, value); }, [&] { write(getField(), previous); });
     value = std::move(previous);
 }
 

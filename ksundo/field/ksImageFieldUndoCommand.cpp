@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/field/ksImageFieldUndoCommand.h>
 
+#include <ksPlatform.h>
 #include <ksTextureManager.h>
 
 #include <QCoreApplication>
@@ -26,14 +28,20 @@ std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> ksImageFieldUndoCommand::ge
 
 void ksImageFieldUndoCommand::apply(const osg::ImagePtr &image)
 {
-    const auto [container, field] = getField();
-    if (field == nullptr)
+    const auto target = getField();
+    if (target.second == nullptr)
         return;
-    osg::ImagePtr previous = field->getValue();
-    field->setValue(image);
-    ksEndEdit(container, fieldMask);
+    const osg::ImagePtr previous = target.second->getValue();
+    const osg::UInt32 previousId = ksPlatform::idOf(previous);
+    const auto write = [this](const auto &found, const osg::ImagePtr &value) {
+        if (found.second == nullptr)
+            return;
+        found.second->setValue(value);
+        ksEndEdit(found.first, fieldMask);
+    };
+    ksDetail::ksStep([&] { write(target, image); }, [&] { write(getField(), previous); });
     osg::addRefCP(image);
     osg::subRefCP(previous);
     if (notify)
-        notify();
+        ksDetail::ksStep(notify, [&] { apply(ksFindContainer<osg::ImagePtr>(previousId)); });
 }

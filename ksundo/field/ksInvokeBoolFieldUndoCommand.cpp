@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 
 ksInvokeBoolFieldUndoCommand::ksInvokeBoolFieldUndoCommand(const QString &text,
@@ -13,5 +14,5 @@ void ksInvokeBoolFieldUndoCommand::redo()
 {
     const bool written = value;
     ksBoolFieldUndoCommand::redo();
-    method.call(written);
+    ksDetail::ksStep([&] { method.call(written); }, [this] { ksBoolFieldUndoCommand::redo(); });
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/field/ksInvokeMultiCommand.h>
 
 ksInvokeMultiCommand::ksInvokeMultiCommand(const QString &text, QObject *object, const char *method)
@@ -9,11 +10,11 @@ ksInvokeMultiCommand::ksInvokeMultiCommand(const QString &text, QObject *object,
 void ksInvokeMultiCommand::undo()
 {
     ksMultiCommand::undo();
-    method.call();
+    ksDetail::ksStep([this] { method.call(); }, [this] { ksMultiCommand::redo(); });
 }
 
 void ksInvokeMultiCommand::redo()
 {
     ksMultiCommand::redo();
-    method.call();
+    ksDetail::ksStep([this] { method.call(); }, [this] { ksMultiCommand::undo(); });
 }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/light/ksLightValueUndoCommands.h>
 
 #include <ksLights.h>
@@ -47,8 +48,9 @@ constexpr Accessors<float> accessors<ksLightConeAngleUndoCommand> = {&ksLights::
 void setAttenuation(const osg::NodePtr &node, osg::UberLight::LightAttenuation value)
 {
     const float intensity = ksLights::getLightValue(node);
-    ksLights::setAttenuation(node, value);
-    ksLights::setLightValue(node, intensity);
+    const auto keepIntensity = [&] { ksLights::setLightValue(node, intensity); };
+    ksDetail::ksStep([&] { ksLights::setAttenuation(node, value); }, keepIntensity);
+    keepIntensity();
 }
 
 template <>

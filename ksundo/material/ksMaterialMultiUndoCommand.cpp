@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/material/ksMaterialMultiUndoCommand.h>
 
 ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg::FieldContainerPtr material,
@@ -10,13 +11,13 @@ ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg:
 void ksMaterialMultiUndoCommand::undo()
 {
     ksMultiCommand::undo();
-    touchMaterial();
+    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksMultiCommand::redo(); });
 }
 
 void ksMaterialMultiUndoCommand::redo()
 {
     ksMultiCommand::redo();
-    touchMaterial();
+    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksMultiCommand::undo(); });
 }
 
 bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)

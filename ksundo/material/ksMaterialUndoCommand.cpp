@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/material/ksMaterialUndoCommand.h>
 
 ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUndoCommand *command,
@@ -10,13 +11,13 @@ ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUnd
 void ksMaterialUndoCommand::undo()
 {
     ksWrappedFieldUndoCommand::undo();
-    touchMaterial();
+    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::redo(); });
 }
 
 void ksMaterialUndoCommand::redo()
 {
     ksWrappedFieldUndoCommand::redo();
-    touchMaterial();
+    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::undo(); });
 }
 
 void ksMaterialUndoCommand::makeMessage(ksMessage &message) const

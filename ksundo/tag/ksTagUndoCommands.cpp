@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksFieldCast.h>
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksEndEdit.h>
 #include <ksundo/tag/ksTagUndoCommands.h>
 
@@ -40,6 +41,11 @@ osg::TagAttachmentPtr ksAttachedTagUndoCommand::findAttachment() const
 }
 
 void ksAttachedTagUndoCommand::apply(bool isAfter) const
+{
+    ksDetail::ksStep([&] { write(isAfter); }, [&] { write(!isAfter); });
+}
+
+void ksAttachedTagUndoCommand::write(bool isAfter) const
 {
     const osg::TagAttachmentPtr attachment = findAttachment();
     auto *strings =

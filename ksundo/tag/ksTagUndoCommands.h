@@ -78,6 +78,7 @@ public:
 private:
     osg::TagAttachmentPtr findAttachment() const;
     void apply(bool isAfter) const;
+    void write(bool isAfter) const;
 
     ksDetail::ksListVersions<ksDetail::ksPackedStrings> tags;
     ksDetail::ksListVersions<std::vector<osg::UInt64>> values;

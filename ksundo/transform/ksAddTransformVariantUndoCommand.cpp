@@ -13,7 +13,7 @@ ksAddTransformVariantUndoCommand::ksAddTransformVariantUndoCommand(osg::NodePtr 
 
 void ksAddTransformVariantUndoCommand::undo()
 {
-    change([this](const osg::NodePtr &node) {
+    change(true, [this](const osg::NodePtr &node) {
         removeFrom(node, attachment.get() != osg::NullFC);
         return true;
     });
@@ -21,5 +21,5 @@ void ksAddTransformVariantUndoCommand::undo()
 
 void ksAddTransformVariantUndoCommand::redo()
 {
-    change([this](const osg::NodePtr &node) { return insertInto(node); });
+    change(false, [this](const osg::NodePtr &node) { return insertInto(node); });
 }

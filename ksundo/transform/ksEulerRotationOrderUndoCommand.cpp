@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksSync.h>
 #include <ksundo/transform/ksEulerRotationOrderUndoCommand.h>
 
 #include <ksNodeUtils.h>
@@ -23,9 +24,10 @@ std::string ksEulerRotationOrderUndoCommand::get(osg::NodePtr node)
 
 void ksEulerRotationOrderUndoCommand::set(osg::NodePtr node, std::string order)
 {
+    const osg::UInt32 id = ksPlatform::idOf(node);
     ksNodeUtils::setTransformNodeEulerRotationOrder(node, order, index);
     if (changeCallback)
-        changeCallback(ksPlatform::idOf(node), order, index);
+        changeCallback(id, order, index);
     if (s_sync && index == -1)
-        s_sync(node, order);
+        ksDetail::ksSync(s_sync, id, order);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksFindContainer.h>
 #include <ksundo/core/ksUndoCommand.h>
 
@@ -35,14 +36,15 @@ public:
     /// The same exchange as redo().
     void undo() override { redo(); }
 
-    /// Exchanges the node's value and the stored one.
+    /// Exchanges the node's value and the stored one. When the setter throws, the value that the node had is
+    /// set once more, and the stored one stays.
     void redo() override
     {
         const auto node = ksFindContainer<osg::NodePtr>(nodeId);
         if (node == osg::NullFC)
             return;
         T previous = get(node);
-        set(node, value);
+        ksDetail::ksStep([&] { set(node, value); }, [&] { setLiving(previous); });
         value = std::move(previous);
     }
 
@@ -74,4 +76,12 @@ protected:
 
     /// What the next redo or undo writes.
     T value;
+
+private:
+    void setLiving(const T &previous)
+    {
+        const auto node = ksFindContainer<osg::NodePtr>(nodeId);
+        if (node != osg::NullFC)
+            set(node, previous);
+    }
 };

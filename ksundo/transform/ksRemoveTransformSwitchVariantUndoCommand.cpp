@@ -20,12 +20,13 @@ ksRemoveTransformSwitchVariantUndoCommand::ksRemoveTransformSwitchVariantUndoCom
 
 void ksRemoveTransformSwitchVariantUndoCommand::undo()
 {
-    change([this](const osg::NodePtr &node) { return attachment.get() != osg::NullFC && insertInto(node); });
+    change(false,
+           [this](const osg::NodePtr &node) { return attachment.get() != osg::NullFC && insertInto(node); });
 }
 
 void ksRemoveTransformSwitchVariantUndoCommand::redo()
 {
-    change([this](const osg::NodePtr &node) {
+    change(true, [this](const osg::NodePtr &node) {
         removeFrom(node, true);
         return true;
     });

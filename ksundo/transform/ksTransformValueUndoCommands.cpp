@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include <ksundo/core/detail/ksSync.h>
 #include <ksundo/transform/ksTransformValueUndoCommands.h>
 
 #include <ksNodeUtils.h>
@@ -126,11 +127,10 @@ void ksTransformValueUndoCommand<Command, Mode...>::write(const osg::NodePtr &no
 }
 
 template <class Command, class... Mode>
-void ksTransformValueUndoCommand<Command, Mode...>::syncAfter(const osg::NodePtr &node,
-                                                              const osg::Vec3f &value) const
+void ksTransformValueUndoCommand<Command, Mode...>::syncAfter(osg::UInt32 id, const osg::Vec3f &value) const
 {
     if (s_sync && (index == -1 || row<Command>.sync == SyncFor::everyIndex))
-        s_sync(node, value, Mode(modeFlag)...);
+        ksDetail::ksSync(s_sync, id, value, Mode(modeFlag)...);
 }
 
 template class ksTransformValueUndoCommand<ksTranslationUndoCommand, bool>;
@@ -146,7 +146,8 @@ template class ksTransformValueUndoCommand<ksShearUndoCommand>;
 
 void ksRotationPivotDirectionUndoCommand::set(osg::NodePtr node, osg::Vec3f value)
 {
+    const osg::UInt32 id = ksPlatform::idOf(node);
     ksNodeUtils::setTransformNodeRotationDirection(node, value[0], value[1], value[2], directionAxis,
                                                    directionFlag, index);
-    syncAfter(node, value);
+    syncAfter(id, value);
 }

@@ -56,16 +56,18 @@ public:
     /// Writes the value, then calls the sync function.
     void set(osg::NodePtr node, osg::Vec3f value) override
     {
+        const osg::UInt32 id = ksPlatform::idOf(node);
         write(node, value);
-        syncAfter(node, value);
+        syncAfter(id, value);
     }
 
 protected:
     /// Calls the application's setter, which ends the edit.
     void write(const osg::NodePtr &node, const osg::Vec3f &value) const;
 
-    /// Calls the sync function, if the index is one for which the class syncs.
-    void syncAfter(const osg::NodePtr &node, const osg::Vec3f &value) const;
+    /// Calls the sync function with the node \a id, if that is still there and the index is one for which the
+    /// class syncs.
+    void syncAfter(osg::UInt32 id, const osg::Vec3f &value) const;
 };
 
 /// The same, with a callback of each command's own.
@@ -94,10 +96,11 @@ public:
     /// Writes the value, then calls the callback and the sync function.
     void set(osg::NodePtr node, osg::Vec3f value) override
     {
+        const osg::UInt32 id = ksPlatform::idOf(node);
         this->write(node, value);
         if (changeCallback)
-            changeCallback(ksPlatform::idOf(node), value, this->index);
-        this->syncAfter(node, value);
+            changeCallback(id, value, this->index);
+        this->syncAfter(id, value);
     }
 
 private:

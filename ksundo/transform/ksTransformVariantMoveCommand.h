@@ -48,6 +48,10 @@ private:
     using Places = ksDetail::ksTransformVariantPlaces;
 
     void apply(const osg::NodePtr &node, const Places &from, const Places &to) const;
+    static void putBack(const osg::NodePtr &node, const Places &places);
+
+    // The step takes itself back, as long as it holds what is out of the list.
+    void takeBack(const osg::NodePtr &, const Places &, const Places &) const {}
 
     Notification notification;
 };

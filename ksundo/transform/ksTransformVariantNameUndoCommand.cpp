@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksNotNull.h>
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/transform/ksTransformVariantNameUndoCommand.h>
 
 #include <ksTransformVariantUtils.h>
@@ -19,5 +20,5 @@ void ksTransformVariantNameUndoCommand::apply(const osg::TransformVariantPtr &va
                                               const std::string &from, const std::string &to) const
 {
     ksTransformVariantUtils::setName(variant, to);
-    notification(from, to);
+    ksDetail::ksNotify(notification, from, to);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksNotNull.h>
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/transform/ksTransformVariantOptionsUndoCommand.h>
 
 #include <ksTransformVariantUtils.h>
@@ -20,5 +21,5 @@ void ksTransformVariantOptionsUndoCommand::apply(const osg::TransformVariantPtr 
                                                  unsigned long long flags) const
 {
     ksTransformVariantUtils::setApplyFlags(variant, flags);
-    notification();
+    ksDetail::ksNotify(notification);
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/NodeUtils.h>
+#include <ksundo/core/detail/ksSync.h>
 #include <ksundo/transform/ksTransformationUndoCommand.h>
 
 #include <ksNodeUtils.h>
@@ -26,5 +27,5 @@ void ksTransformationUndoCommand::apply(const osg::NodePtr &node, const ksTransf
     if (notification)
         notification(index);
     if (s_sync && syncs && index == -1)
-        s_sync(node);
+        ksDetail::ksSync(s_sync, containerId);
 }

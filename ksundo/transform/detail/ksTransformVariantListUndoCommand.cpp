@@ -5,6 +5,7 @@
 #include <ksNodeUtils.h>
 #include <ksPlatform.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace ksDetail {
@@ -34,6 +35,23 @@ bool ksTransformVariantListUndoCommand::insertInto(const osg::NodePtr &node)
     }
     ksNodeUtils::insertTransformVariant(node, index, inserted);
     return true;
+}
+
+void ksTransformVariantListUndoCommand::restore(bool wasIn, bool hadAttachment)
+{
+    const auto node = ksFindContainer<osg::NodePtr>(nodeId);
+    if (node == osg::NullFC)
+        return;
+    const auto last = static_cast<unsigned long>(ksNodeUtils::getTransformVariantCount(node)) - 1;
+    const unsigned long place = std::min(index, last); // beyond the end is at the end
+    const auto there = ksNodeUtils::getTransformVariant(node, place);
+    const bool isIn = there != osg::NullFC && there == variant.get();
+    if (wasIn && !isIn)
+        insertInto(node);
+    if (!wasIn && isIn)
+        ksTakeBack([&] { ksNodeUtils::removeTransformVariant(node, static_cast<int>(place)); });
+    if (!hadAttachment)
+        ksNodeUtils::removeTransformVariantsAttachment(node);
 }
 
 void ksTransformVariantListUndoCommand::removeFrom(const osg::NodePtr &node, bool withAttachment) const

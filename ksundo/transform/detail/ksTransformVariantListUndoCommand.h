@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksHandles.h>
 #include <ksundo/core/ksHeldReference.h>
 #include <ksundo/core/ksNonMergingUndoCommand.h>
@@ -8,6 +9,7 @@
 #include <OSGTransformVariant.h>
 #include <OSGTransformVariantsAttachment.h>
 #include <OpenSG/OSGNode.h>
+#include <ksNodeUtils.h>
 
 #include <functional>
 
@@ -27,13 +29,20 @@ protected:
                                       QUndoCommand *parent, Notification notification);
 
     /// Calls \a edit with the node, unless that has gone, and notifies when it answers that it did something.
-    /// Throws std::bad_function_call then when there is no notification.
+    /// Throws std::bad_function_call then when there is no notification. When the application throws, the
+    /// variant is in the list again, or is not, as \a wasIn says it was.
     template <class Edit>
-    void change(Edit edit) const
+    void change(bool wasIn, Edit edit)
     {
         const auto node = ksFindContainer<osg::NodePtr>(nodeId);
-        if (node != osg::NullFC && edit(node))
-            notification(nodeId, static_cast<int>(index));
+        if (node == osg::NullFC)
+            return;
+        const bool hadAttachment = ksNodeUtils::getTransformVariantsAttachment(node) != osg::NullFC;
+        const auto step = [&] {
+            if (edit(node))
+                ksNotify(notification, nodeId, static_cast<int>(index));
+        };
+        ksStep(step, [&] { restore(wasIn, hadAttachment); });
     }
 
     /// Inserts the variant into the list of \a node, which gets the attachment, or a new one that becomes the
@@ -45,6 +54,8 @@ protected:
     void removeFrom(const osg::NodePtr &node, bool withAttachment) const;
 
 private:
+    void restore(bool wasIn, bool hadAttachment);
+
     osg::UInt32 nodeId;
     unsigned long index;
     Notification notification;

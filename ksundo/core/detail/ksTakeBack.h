@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+namespace ksDetail {
+
+/// What a command throws after its step, which stays done, when the notification that it requires is missing.
+struct ksMissingNotification : std::bad_function_call
+{};
+
+/// Calls \a notification, a std::function, which must not be empty.
+template <class Notification, class... Arguments>
+void ksNotify(const Notification &notification, const Arguments &...arguments)
+{
+    if (!notification)
+        throw ksMissingNotification();
+    notification(arguments...);
+}
+
+/// Calls \a back, which takes back a part of a step. What the application throws within it is dropped: the
+/// exception that ended the step is the one to be heard of.
+template <class Back>
+void ksTakeBack(Back back) noexcept
+{
+    try {
+        back();
+    } catch (...) { // NOLINT(bugprone-empty-catch)
+    }
+}
+
+/// Calls \a step and, when the application throws within it, \a back, which takes back what has been done by
+/// then. The exception passes on.
+template <class Step, class Back>
+void ksStep(Step step, Back back)
+{
+    try {
+        step();
+    } catch (const ksMissingNotification &) {
+        throw;
+    } catch (...) {
+        ksTakeBack(back);
+        throw;
+    }
+}
+
+} // namespace ksDetail
