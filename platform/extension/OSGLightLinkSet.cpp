@@ -4,6 +4,7 @@
 #include <OpenSG/OSGNode.h>
 
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <unordered_map>
 
@@ -71,6 +72,20 @@ std::vector<UInt32> finalPlaces(std::vector<UInt32> places, UInt32 count)
     }
     return places;
 }
+
+/// Releases a reference on each of its nodes when it goes: after the edit, also when a handler throws.
+template <class Nodes>
+struct Released
+{
+    Nodes nodes;
+
+    ~Released()
+    {
+        for (const NodePtr &node : nodes) {
+            subRefCP(node);
+        }
+    }
+};
 
 } // namespace
 
@@ -143,12 +158,9 @@ void LightLinkSet::remove(MFNodePtr &list, BitVector mask, const NodePtr &node)
         return;
     }
     // By value: the caller's handle may lie in the list.
-    const NodePtr leaving = node;
-    {
-        const CPEditor edit(LightLinkSetPtr(*this), mask);
-        list.erase(found);
-    }
-    subRefCP(leaving);
+    const Released<std::array<NodePtr, 1>> leaving{{node}};
+    const CPEditor edit(LightLinkSetPtr(*this), mask);
+    list.erase(found);
 }
 
 void LightLinkSet::remove(MFNodePtr &list, BitVector mask, const Nodes &nodes)
@@ -174,24 +186,19 @@ void LightLinkSet::remove(MFNodePtr &list, BitVector mask, const Nodes &nodes)
             staying.push_back(node);
         }
     }
-    Nodes leaving;
-    leaving.reserve(list.size() - staying.size());
+    Released<Nodes> leaving;
+    leaving.nodes.reserve(list.size() - staying.size());
     for (const NodePtr &node : nodes) {
         if (node != NullFC && entriesOf[node.getCPtr()].found > 0) {
             --entriesOf[node.getCPtr()].found;
-            leaving.push_back(node);
+            leaving.nodes.push_back(node);
         }
     }
-    if (leaving.empty()) {
+    if (leaving.nodes.empty()) {
         return;
     }
-    {
-        const CPEditor edit(LightLinkSetPtr(*this), mask);
-        list.getValues().swap(staying);
-    }
-    for (const NodePtr &node : leaving) {
-        subRefCP(node);
-    }
+    const CPEditor edit(LightLinkSetPtr(*this), mask);
+    list.getValues().swap(staying);
 }
 
 OSG_END_NAMESPACE

@@ -10,6 +10,10 @@
 
 namespace {
 
+/// What the application throws.
+struct ksFault
+{};
+
 /// What can go wrong with commands of every class.
 class ksCommandFaults : public ksCommandFixture
 {
@@ -331,6 +335,33 @@ TEST_P(ksCommandFaults, RunOnAThreadWithoutAChangeList)
     expectWithoutList(undone, kind().undoEvents);
     expectUndone(held);
     EXPECT_EQ(scene.recorder.take(), ksRecords());
+}
+
+TEST_P(ksCommandFaults, TakeBackAStepInWhichTheApplicationThrows)
+{
+    auto command = make();
+    for (const bool undoing : {false, true, false}) {
+        const State start = scene.state();
+        int calls = 0;
+        do {
+            SCOPED_TRACE("call " + std::to_string(calls + 1) + (undoing ? " of undo" : " of redo"));
+            scene.interruptAt(++calls, [] { throw ksFault(); });
+            try {
+                undoing ? command->undo() : command->redo();
+                break;
+            } catch (const ksFault &) {
+                expectScene(start, held);
+            }
+        } while (!HasFailure());
+        scene.interruptAt(0, {});
+        scene.take();
+        EXPECT_EQ(scene.state() == start, kind().isEmpty || (undoing && kind().undoIsEmpty));
+        scene.expectCounts(held);
+    }
+    if (kind().undoIsEmpty)
+        return;
+    command->undo();
+    expectUndone(held);
 }
 
 TEST_P(ksCommandWithoutFurther, RedoWhatIsLeft)

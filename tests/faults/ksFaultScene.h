@@ -70,7 +70,20 @@ public:
     /// The key of reference counts in a state, after id and type.
     static constexpr const char *referenceCount = "(references)";
 
-    void log(const std::string &event) { events.push_back(event); }
+    /// Notes that the application has been called.
+    void log(const std::string &event)
+    {
+        events.push_back(event);
+        interrupt();
+    }
+
+    /// Calls \a interruption at the end of the call \a number, counted from 1, that a command makes to the
+    /// application from now on: a change handler, a callback, a sync function, a method ...
+    void interruptAt(int number, std::function<void()> interruption)
+    {
+        callsLeft = number;
+        onInterruption = std::move(interruption);
+    }
 
     /// The calls of all containers' change handlers since the last time.
     std::vector<ksHandlerCall> takeHandlerCalls() { return handlerCalls.take(); }
@@ -136,9 +149,17 @@ private:
 
     osg::NodePtr addNode(const char *name, const osg::NodeCorePtr &core);
 
+    void interrupt()
+    {
+        if (callsLeft > 0 && --callsLeft == 0)
+            onInterruption();
+    }
+
     std::string prefixOf(const osg::FieldContainerPtr &container) const;
 
     Events events;
+    int callsLeft = 0;
+    std::function<void()> onInterruption;
     ksHandlerCalls handlerCalls;
     std::map<osg::UInt32, osg::RefPtr<osg::FieldContainerPtr>> kept;
 };

@@ -74,7 +74,12 @@ public:
         current->calls.push_back({container.getFieldContainerId(), mask, origin,
                                   changes == nullptr ? 0 : changes->sizeChanged(),
                                   current->find ? current->find() : ksValuesOf(container, mask)});
+        if (current->onCall)
+            current->onCall();
     }
+
+    /// What is called at the end of each call, empty for nothing.
+    std::function<void()> onCall;
 
 private:
     static inline ksHandlerCalls *current = nullptr;

@@ -79,7 +79,8 @@ public:
     {
         beginEditCP(_fc, _whichField);
     }
-    ~CPEditor(void) { endEditCP(_fc, _whichField); }
+    /// What a change handler throws passes on, unless an exception is on its way already: then the process ends.
+    ~CPEditor(void) noexcept(false) { endEditCP(_fc, _whichField); }
 
     CPEditor(const CPEditor &) = delete;
     CPEditor &operator=(const CPEditor &) = delete;
