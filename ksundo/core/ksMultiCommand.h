@@ -19,10 +19,11 @@ public:
     /// be empty, that runs after the children on every redo and on every undo.
     explicit ksMultiCommand(const QString &text, std::function<void()> postAction = {});
 
-    /// Undoes the children, the last first, then runs the action.
+    /// Undoes the children, the last first, then runs the action. When one of them throws, or the action does,
+    /// those that have been undone are redone.
     void undo() override;
 
-    /// Redoes the children, the first first, then runs the action.
+    /// Redoes the children, the first first, then runs the action. The same, the other way round.
     void redo() override;
 
     /// Absorbs \a other when it is of the same class, has as many children and each of its children can merge

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QScopedValueRollback>
+#include <QSignalBlocker>
 
 #include <algorithm>
 #include <array>
@@ -63,31 +64,75 @@ ksUndoStack::ksUndoStack()
 
 ksUndoStack::~ksUndoStack()
 {
+    phase = Phase::ending;
     delete historyView;
     delete undoStack;
+}
+
+bool ksUndoStack::refuses(const char *operation) const
+{
+    if (phase == Phase::idle)
+        return false;
+    qWarning("ksUndoStack::%s(): not possible while a command is run or deleted", operation);
+    return true;
+}
+
+template <class Operation>
+void ksUndoStack::run(int depth, Operation operation)
+{
+    const auto settle = [this] {
+        if (clearsLater)
+            clear();
+    };
+    try {
+        const QScopedValueRollback<int> busy(busyDepth, busyDepth + depth);
+        const QScopedValueRollback<Phase> running(phase, Phase::running);
+        operation();
+    } catch (...) {
+        receiversFailure = nullptr;
+        settle();
+        throw;
+    }
+    settle();
+    if (receiversFailure != nullptr)
+        std::rethrow_exception(std::exchange(receiversFailure, nullptr));
 }
 
 void ksUndoStack::add(QUndoCommand *command)
 {
     if (command == nullptr)
         return;
+    if (refuses("add")) {
+        delete command;
+        return;
+    }
     if (openGestures > 0)
         join(command, gesture);
     added = true;
-    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
-    try {
-        undoStack->push(command);
-    } catch (...) {
-        added = false;
-        throw;
-    }
+    run(1, [&] {
+        try {
+            undoStack->push(command);
+        } catch (...) {
+            added = false;
+            if (openGestures > 0)
+                join(command, 0);
+            throw;
+        }
+    });
+}
+
+void ksUndoStack::beginMacro(const QString &text)
+{
+    if (!refuses("beginMacro"))
+        run(0, [&] { undoStack->beginMacro(text); });
 }
 
 void ksUndoStack::endMacro()
 {
+    if (refuses("endMacro"))
+        return;
     added = true;
-    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
-    undoStack->endMacro();
+    run(1, [this] { undoStack->endMacro(); });
 }
 
 void ksUndoStack::beginGesture()
@@ -103,27 +148,39 @@ void ksUndoStack::endGesture()
 
 void ksUndoStack::takeBackGesture()
 {
+    if (refuses("takeBackGesture"))
+        return;
     while (openGestures > 0 && canUndo() && isOf(*currentCommand(), gesture)) {
-        undo();
+        const int last = index();
+        try {
+            undo();
+        } catch (...) {
+            if (index() < last)
+                forgetUndone();
+            throw;
+        }
         forgetUndone();
     }
 }
 
 void ksUndoStack::forgetUndone()
 {
+    if (refuses("forgetUndone"))
+        return;
     // Qt deletes what is undone when a command comes, and does not keep one that is obsolete. Of that it
     // tells nobody.
     auto *command = new QUndoCommand;
     command->setObsolete(true);
-    undoStack->push(command);
-    Q_EMIT undoStack->canRedoChanged(false);
-    Q_EMIT undoStack->redoTextChanged(QString());
+    run(0, [&] { undoStack->push(command); });
+    updateActions();
     if (historyView != nullptr)
         historyView->follow();
 }
 
 void ksUndoStack::setClean()
 {
+    if (refuses("setClean"))
+        return;
     undoStack->setClean();
     // What is saved stays when the gesture that did it is taken back.
     if (openGestures > 0 && isClean())
@@ -166,25 +223,49 @@ QAction *ksUndoStack::createRedoAction(QObject *parent, const QString &prefix) c
     return action;
 }
 
+void ksUndoStack::step(bool undoing)
+{
+    try {
+        undoing ? undoStack->undo() : undoStack->redo();
+    } catch (...) {
+        // Of a macro, Qt does not tell which commands ran before the one that has thrown.
+        const QUndoCommand *command = undoStack->command(undoing ? index() - 1 : index());
+        if (command->childCount() > 0 && ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::plain)
+            clearsLater = true;
+        throw;
+    }
+}
+
 void ksUndoStack::undo()
 {
-    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
-    undoStack->undo();
+    if (!refuses("undo"))
+        run(1, [this] { step(true); });
 }
 
 void ksUndoStack::redo()
 {
-    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
-    undoStack->redo();
+    if (!refuses("redo"))
+        run(1, [this] { step(false); });
 }
 
 void ksUndoStack::clear()
 {
-    undoStack->clear();
+    if (phase == Phase::running)
+        clearsLater = true;
+    if (phase != Phase::idle)
+        return;
+    {
+        const QScopedValueRollback<Phase> running(phase, Phase::running);
+        undoStack->clear();
+    }
+    clearsLater = false;
     lastIndex = 0;
     added = false;
     markIndex = 0;
+    const std::exception_ptr failure = std::exchange(receiversFailure, nullptr);
     Q_EMIT cleared();
+    if (failure != nullptr)
+        std::rethrow_exception(failure);
 }
 
 void ksUndoStack::mark()
@@ -194,14 +275,57 @@ void ksUndoStack::mark()
 
 void ksUndoStack::reset()
 {
-    const QScopedValueRollback<int> busy(busyDepth, busyDepth + 1);
-    undoStack->setIndex(markIndex);
+    if (!refuses("reset"))
+        goTo(markIndex);
+}
+
+void ksUndoStack::goTo(int target)
+{
+    run(1, [=] {
+        try {
+            {
+                // One by one, since Qt would forget those before one that throws; the last one is to be heard
+                // of.
+                const QSignalBlocker blocker(undoStack);
+                while (canUndo() && index() - 1 > target)
+                    step(true);
+                while (canRedo() && index() + 1 < target)
+                    step(false);
+            }
+            if (canUndo() && index() > target)
+                step(true);
+            else if (canRedo() && index() < target)
+                step(false);
+            else
+                undoStack->setIndex(target); // warns within a macro
+        } catch (...) {
+            announceIndex();
+            throw;
+        }
+        announceIndex();
+    });
+}
+
+void ksUndoStack::announceIndex()
+{
+    if (index() == lastIndex || clearsLater)
+        return;
+    Q_EMIT undoStack->indexChanged(index());
+    updateActions();
+}
+
+void ksUndoStack::updateActions()
+{
+    Q_EMIT undoStack->canUndoChanged(canUndo());
+    Q_EMIT undoStack->undoTextChanged(undoText());
+    Q_EMIT undoStack->canRedoChanged(canRedo());
+    Q_EMIT undoStack->redoTextChanged(redoText());
 }
 
 void ksUndoStack::showHistory()
 {
     if (historyView == nullptr) {
-        historyView = new ksDetail::ksHistoryWindow(undoStack);
+        historyView = new ksDetail::ksHistoryWindow(undoStack, [this](int target) { goTo(target); });
         historyView->setWindowTitle(tr("Undo/Redo History"));
         historyView->setAccessibleName(historyView->windowTitle());
         historyView->resize(300, 100);
@@ -215,12 +339,17 @@ void ksUndoStack::indexChanged(int i)
     // Receivers may use the stack, which must find its state up to date then.
     const bool isUndo = i < std::exchange(lastIndex, i);
     const bool isAddition = std::exchange(added, false);
-    if (isUndo) {
-        Q_EMIT undoPerformed(undoStack->command(i));
-        sendMessage("ksURManager::undo", i, false);
-    } else {
-        Q_EMIT redoPerformed(undoStack->command(i - 1), isAddition);
-        sendMessage("ksURManager::redo", i - 1, isAddition);
+    const QScopedValueRollback<Phase> reporting(phase, phase == Phase::ending ? phase : Phase::idle);
+    try {
+        if (isUndo) {
+            Q_EMIT undoPerformed(undoStack->command(i));
+            sendMessage("ksURManager::undo", i, false);
+        } else {
+            Q_EMIT redoPerformed(undoStack->command(i - 1), isAddition);
+            sendMessage("ksURManager::redo", i - 1, isAddition);
+        }
+    } catch (...) {
+        receiversFailure = std::current_exception(); // Qt has something to do yet
     }
     if (historyView != nullptr)
         historyView->follow();

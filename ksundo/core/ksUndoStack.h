@@ -8,6 +8,8 @@
 #include <QString>
 #include <QUndoStack>
 
+#include <exception>
+
 class QAction;
 class ksMessage;
 
@@ -36,8 +38,28 @@ class ksHistoryWindow;
 ///
 /// A library that brings command classes must stay loaded once one of its commands was added.
 ///
-/// Commands are run by the stack, so redo() and undo() of a command must not call add(), undo(), redo(),
-/// reset() or clear() of the stack that runs it.
+/// \par What the application's code throws
+/// The library throws nothing of its own, but std::bad_function_call for a missing notification that a command
+/// requires, which leaves the command's step done. What the application throws while a command runs (a getter
+/// or setter, a change handler, a callback, sync or notify function, a post action, a method that is invoked)
+/// passes on to the caller of add(), undo(), redo() or reset(). The command has taken back by then what it had
+/// done, which calls the application once more; what that throws is dropped. The stack is as it was before the
+/// step, and tells nobody of it; a command that was to be added stays with the caller. A ksMultiCommand takes
+/// back its children. A macro cannot, nor can any QUndoCommand with children that is not of the library, as Qt
+/// does not tell how far it got: when undoing or redoing one throws, what has been done stays, and the stack
+/// clears itself. Commands that are not of the library take back for themselves.
+/// \par
+/// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which is
+/// done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not throw.
+///
+/// \par What the application's code may call
+/// Receivers of signals and the message callback may use the stack as anybody. While a command runs or is
+/// deleted, getters, mark(), beginGesture(), endGesture(), setMessageCallback() and showHistory() are at
+/// everybody's service too, and see the stack as it was before the step; clear() is done at the end of the
+/// step, after it has been reported. All others of that stack are refused: they do nothing but make Qt warn,
+/// and add() deletes its command. The other stack takes everything. When a command's target is destroyed within
+/// its step, the rest of the step passes it over; its own change handler must not do that, nor must a stack be
+/// destroyed within a step.
 class KSUNDO_EXPORT ksUndoStack : public QObject
 {
     Q_OBJECT
@@ -77,7 +99,7 @@ public:
 
     /// Opens a macro: what is added until the matching endMacro() becomes one command named \a text, also
     /// when that is nothing. Undone commands are deleted. Macros nest. ksUndoMacro does both in a scope.
-    void beginMacro(const QString &text) { undoStack->beginMacro(text); }
+    void beginMacro(const QString &text);
 
     /// Closes the innermost open macro. Without one nothing happens, of which Qt warns, but that a redo which
     /// comes next is reported as an addition.
@@ -98,7 +120,7 @@ public:
     void takeBackGesture();
 
     /// Deletes the commands that are undone, so that there is nothing to redo, which is not reported as a
-    /// step. To be called between steps, and not while a macro is open.
+    /// step. Nothing happens while a macro is open.
     void forgetUndone();
 
     /// Whether there is a command to undo; never while a macro is open.
@@ -123,8 +145,8 @@ public:
     }
 
     /// How many operations of this stack are in progress: greater than 0 when the caller has been called,
-    /// directly or not, by a command of this stack, a receiver of its signals, or the message callback. Steps
-    /// that the user takes by a click into the history window, beginMacro() and clear() do not count.
+    /// directly or not, by a command of this stack, a receiver of its signals, or the message callback.
+    /// beginMacro(), forgetUndone() and clear() do not count.
     int getBusyDepth() const { return busyDepth; }
 
     /// The text of the command that undo() would undo; empty when there is none.
@@ -178,7 +200,7 @@ public Q_SLOTS:
     void redo();
 
     /// Deletes all commands without undoing them, those of an open macro as well, which is closed by that,
-    /// and forgets the mark. A command must not call it from its redo() or undo().
+    /// and forgets the mark. Called while a command runs or is deleted, it does so when the step is over.
     void clear();
 
     /// Remembers the current index. It is a position, not a command: commands that fall off at the undo limit
@@ -186,18 +208,38 @@ public Q_SLOTS:
     void mark();
 
     /// Undoes or redoes commands until the stack is at the marked index again, or as close as it gets; at 0
-    /// when mark() was never called.
+    /// when mark() was never called. When the application throws, the steps before stay, and are reported.
     void reset();
 
     /// Shows and raises the history window, which is made on the first call and belongs to the stack. It is
-    /// closed when the application object goes.
+    /// closed when the application object goes. Of what a step throws that the user has chosen there, Qt
+    /// warns. It may be deleted, but by deleteLater() within such a step; the next call makes another one.
     void showHistory();
 
 private Q_SLOTS:
     void indexChanged(int i);
 
 private:
+    enum class Phase
+    {
+        idle,    ///< or reporting
+        running, ///< Qt's stack runs or deletes commands, and stands no other operation
+        ending
+    };
+
     void deliverMessage(const char *name, int index, bool added) const;
+
+    /// True, and makes Qt warn, when \a operation is not possible now.
+    bool refuses(const char *operation) const;
+
+    /// Calls \a operation, which uses Qt's stack, and then does what had to wait for its end.
+    template <class Operation>
+    void run(int depth, Operation operation);
+
+    void step(bool undoing);
+    void goTo(int target);
+    void announceIndex(); ///< that Qt has not announced
+    void updateActions();
 
     QUndoStack *undoStack;
     int lastIndex = 0;
@@ -208,4 +250,7 @@ private:
     MessageCallback messageCallback = nullptr;
     int openGestures = 0;
     unsigned int gesture = 0; ///< the number of the open or the last one
+    Phase phase = Phase::idle;
+    bool clearsLater = false;
+    std::exception_ptr receiversFailure;
 };

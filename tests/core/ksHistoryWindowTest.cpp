@@ -259,7 +259,7 @@ TEST_F(ksHistoryWindow, ReportsAStepByClick)
     historyWindow()->setCurrentIndex(historyWindow()->model()->index(1, 0));
     EXPECT_EQ(recorder.take(), ksStep::undone("B", 1));
     EXPECT_EQ(ksStateOf(stack), ksHolding({"A", "B", "C"}, 1));
-    EXPECT_EQ(depth, 0);
+    EXPECT_EQ(depth, 1);
 
     historyWindow()->setCurrentIndex(historyWindow()->model()->index(3, 0));
     EXPECT_EQ(recorder.take(), ksStep::redone("C", 2));

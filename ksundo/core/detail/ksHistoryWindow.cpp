@@ -2,10 +2,13 @@
 #include <ksundo/core/detail/ksHistoryWindow.h>
 
 #include <QCoreApplication>
+#include <QItemSelectionModel>
 #include <QPointer>
 #include <QStyle>
 #include <QUndoStack>
 #include <QVector>
+
+#include <utility>
 
 namespace ksDetail {
 
@@ -27,8 +30,9 @@ void closeHistoryWindows()
 
 } // namespace
 
-ksHistoryWindow::ksHistoryWindow(QUndoStack *history)
+ksHistoryWindow::ksHistoryWindow(QUndoStack *history, std::function<void(int)> goTo)
     : history(history)
+    , goTo(std::move(goTo))
 {
     // Without it, every reading asks every row for its size.
     setUniformItemSizes(true);
@@ -60,12 +64,28 @@ void ksHistoryWindow::showEvent(QShowEvent *event)
     QUndoView::showEvent(event);
 }
 
+void ksHistoryWindow::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QUndoView::currentChanged(current, previous);
+    if (!current.isValid() || current.row() == history->index())
+        return;
+    const QPointer<ksHistoryWindow> self(this);
+    try {
+        goTo(current.row());
+    } catch (...) {
+        qWarning("ksUndoStack: a step chosen in the history window has ended with an exception");
+    }
+    if (self != nullptr)
+        follow(); // it may be another index
+}
+
 /// A view reads a stack when it is given one, and would then listen to it.
 void ksHistoryWindow::readHistory()
 {
     setStack(nullptr);
     setStack(history);
     history->disconnect(model());
+    disconnect(selectionModel(), nullptr, model(), nullptr); // which would move the stack on its own
     count = history->count();
 }
 

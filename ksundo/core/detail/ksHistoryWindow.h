@@ -3,6 +3,8 @@
 
 #include <QUndoView>
 
+#include <functional>
+
 namespace ksDetail {
 
 /// The history window of one stack. It is closed when the application object goes, which stacks outlive and
@@ -13,8 +15,9 @@ namespace ksDetail {
 class ksHistoryWindow : public QUndoView
 {
 public:
-    /// A window that is not shown yet. \a history must not be null and must outlive it.
-    explicit ksHistoryWindow(QUndoStack *history);
+    /// A window that is not shown yet. \a history must not be null and must outlive it. \a goTo is called
+    /// when the user chooses another index.
+    ksHistoryWindow(QUndoStack *history, std::function<void(int)> goTo);
 
     /// To be called after every step.
     void follow();
@@ -23,10 +26,13 @@ protected:
     /// Catches up with what has happened while the window was closed.
     void showEvent(QShowEvent *event) override;
 
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
 private:
     void readHistory();
 
     QUndoStack *history;
+    std::function<void(int)> goTo;
     int count = 0; ///< of the commands when the history was read
 };
 
