@@ -15,7 +15,7 @@ const ksUndoCommand *asUndoCommand(const QUndoCommand *command)
     return isOne ? static_cast<const ksUndoCommand *>(command) : nullptr;
 }
 
-void run(QUndoCommand &command, bool undoing);
+void runChild(QUndoCommand &command, bool undoing);
 
 /// Undoes the children of \a command, the last first, or redoes them. Those that were done by then are taken
 /// back when one of them throws.
@@ -30,15 +30,15 @@ void runChildren(const QUndoCommand &command, bool undoing)
     ksDetail::ksStep(
         [&] {
             for (; done < count; ++done)
-                run(child(done), undoing);
+                runChild(child(done), undoing);
         },
         [&] {
             while (--done >= 0)
-                ksDetail::ksTakeBack([&] { run(child(done), !undoing); });
+                ksDetail::ksTakeBack([&] { runChild(child(done), !undoing); });
         });
 }
 
-void run(QUndoCommand &command, bool undoing)
+void runChild(QUndoCommand &command, bool undoing)
 {
     if (typeid(command) == typeid(QUndoCommand))
         runChildren(command, undoing);
@@ -57,14 +57,12 @@ ksMultiCommand::ksMultiCommand(const QString &text, std::function<void()> postAc
 
 void ksMultiCommand::undo()
 {
-    runChildren(*this, true);
-    ksDetail::ksStep([this] { runPostAction(); }, [this] { redo(); });
+    run(true);
 }
 
 void ksMultiCommand::redo()
 {
-    runChildren(*this, false);
-    ksDetail::ksStep([this] { runPostAction(); }, [this] { undo(); });
+    run(false);
 }
 
 bool ksMultiCommand::mergeWith(const QUndoCommand *other)
@@ -88,6 +86,16 @@ void ksMultiCommand::makeMessage(ksMessage &message) const
 {
     if (const ksUndoCommand *first = asUndoCommand(child(0)))
         first->makeMessage(message);
+}
+
+void ksMultiCommand::run(bool undoing) const
+{
+    runChildren(*this, undoing);
+    ksDetail::ksStep([this] { runPostAction(); },
+                     [=] {
+                         runChildren(*this, !undoing);
+                         runPostAction();
+                     });
 }
 
 void ksMultiCommand::runPostAction() const

@@ -36,6 +36,7 @@ public:
     virtual void makeMessage(ksMessage &message) const;
 
 private:
+    void run(bool undoing) const;
     void runPostAction() const;
 
     std::function<void()> postAction;

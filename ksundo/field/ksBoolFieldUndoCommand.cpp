@@ -43,17 +43,18 @@ ksBoolFieldUndoCommand::ksBoolFieldUndoCommand(const QString &text, osg::FieldCo
     , value(value)
 {}
 
-std::optional<bool> ksBoolFieldUndoCommand::write(bool newValue) const
+void ksBoolFieldUndoCommand::write(bool newValue, std::optional<bool> &previous) const
 {
     const auto container = ksFindContainer<osg::FieldContainerPtr>(fcId);
-    const std::optional<bool> previous = exchangeFlag(ksDetail::ksFindField(container, fieldId), newValue);
+    previous = exchangeFlag(ksDetail::ksFindField(container, fieldId), newValue);
     if (previous)
-        ksDetail::ksStep([&] { ksEndEdit(container, fieldMask); }, [&] { write(*previous); });
-    return previous;
+        ksEndEdit(container, fieldMask);
 }
 
 void ksBoolFieldUndoCommand::apply()
 {
-    if (const std::optional<bool> previous = write(value))
-        value = *previous;
+    std::optional<bool> previous;
+    std::optional<bool> written;
+    ksDetail::ksStep([&] { write(value, previous); }, [&] { write(previous.value_or(value), written); });
+    value = previous.value_or(value);
 }

@@ -37,6 +37,6 @@ protected:
 private:
     void apply();
 
-    /// Writes \a newValue and returns what the field held; nothing when there is no such field.
-    std::optional<bool> write(bool newValue) const;
+    /// Writes \a newValue and tells what the field held; nothing when there is no such field.
+    void write(bool newValue, std::optional<bool> &previous) const;
 };

@@ -28,20 +28,35 @@ std::pair<osg::FieldContainerPtr, osg::SFImagePtr *> ksImageFieldUndoCommand::ge
 
 void ksImageFieldUndoCommand::apply(const osg::ImagePtr &image)
 {
-    const auto target = getField();
+    const Target target = getField();
     if (target.second == nullptr)
         return;
-    const osg::ImagePtr previous = target.second->getValue();
-    const osg::UInt32 previousId = ksPlatform::idOf(previous);
-    const auto write = [this](const auto &found, const osg::ImagePtr &value) {
-        if (found.second == nullptr)
-            return;
-        found.second->setValue(value);
-        ksEndEdit(found.first, fieldMask);
-    };
-    ksDetail::ksStep([&] { write(target, image); }, [&] { write(getField(), previous); });
-    osg::addRefCP(image);
+    const osg::UInt32 previousId = ksPlatform::idOf(target.second->getValue());
+    show(target, image);
+    if (!notify)
+        return;
+    ksDetail::ksStep(notify, [&] {
+        show(getField(), ksFindContainer<osg::ImagePtr>(previousId));
+        notify();
+    });
+}
+
+void ksImageFieldUndoCommand::show(const Target &target, const osg::ImagePtr &image) const
+{
+    const auto &[container, field] = target;
+    if (field == nullptr)
+        return;
+    const osg::ImagePtr previous = field->getValue();
+    osg::addRefCP(image); // at first: a container that goes in its handler releases what it shows
+    field->setValue(image);
+    ksDetail::ksStep([this, &target] { ksEndEdit(target.first, fieldMask); },
+                     [&] {
+                         const Target living = getField();
+                         if (living.second == nullptr)
+                             return;
+                         living.second->setValue(previous);
+                         osg::subRefCP(image);
+                         ksEndEdit(living.first, fieldMask);
+                     });
     osg::subRefCP(previous);
-    if (notify)
-        ksDetail::ksStep(notify, [&] { apply(ksFindContainer<osg::ImagePtr>(previousId)); });
 }

@@ -40,6 +40,10 @@ public:
     void setNotifyFunction(std::function<void()> function) { notify.swap(function); }
 
 private:
+    using Target = std::pair<osg::FieldContainerPtr, osg::SFImagePtr *>;
+
+    void show(const Target &target, const osg::ImagePtr &image) const;
+
     std::function<void()> notify;
 
     // Members go in reverse order: the new image is released before the old one.

@@ -10,10 +10,6 @@
 
 namespace {
 
-/// What the application throws.
-struct ksFault
-{};
-
 /// What can go wrong with commands of every class.
 class ksCommandFaults : public ksCommandFixture
 {
@@ -362,6 +358,26 @@ TEST_P(ksCommandFaults, TakeBackAStepInWhichTheApplicationThrows)
         return;
     command->undo();
     expectUndone(held);
+}
+
+TEST_P(ksCommandFaults, EndAlsoWhenTheApplicationThrowsWhileAStepIsTakenBack)
+{
+    auto command = make();
+    std::function<void()> fail = [this, &fail] {
+        scene.interruptAt(1, fail);
+        throw ksFault();
+    };
+    scene.interruptAt(1, fail);
+    if (kind().isEmpty)
+        command->redo();
+    else
+        EXPECT_THROW(command->redo(), ksFault);
+    scene.interruptAt(0, {});
+    scene.take();
+    scene.expectCounts(held);
+    // Of several nodes, those are back that came before the exception.
+    if (kind().className != ksClassName<ksAddNodeToLightLinkSetUndoCommand>)
+        expectScene(before, held);
 }
 
 TEST_P(ksCommandWithoutFurther, RedoWhatIsLeft)

@@ -8,6 +8,10 @@
 #include <string>
 #include <vector>
 
+/// What the application throws.
+struct ksFault
+{};
+
 /// Commands of one kind, in a scene of their own.
 class ksCommandFixture : public testing::TestWithParam<ksFaultKind>
 {

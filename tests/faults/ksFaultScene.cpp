@@ -160,7 +160,6 @@ ksFaultScene::ksFaultScene()
     newEnvironment = keep(osg::MaterialPtr(osg::SimpleMaterial::create()));
     bystander = keep(osg::Bystander::create());
 
-    handlerCalls.onCall = [this] { interrupt(); };
     for (const osg::FieldContainerPtr &container : ksContainersSince(recorder)) {
         osg::endEditCP(container);
         EXPECT_THAT(takeHandlerCalls(), testing::Not(testing::IsEmpty()))

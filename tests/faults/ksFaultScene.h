@@ -78,11 +78,15 @@ public:
     }
 
     /// Calls \a interruption at the end of the call \a number, counted from 1, that a command makes to the
-    /// application from now on: a change handler, a callback, a sync function, a method ...
-    void interruptAt(int number, std::function<void()> interruption)
+    /// application from now on: a callback, a sync or notify function, a method, and a change handler, unless
+    /// \a handlers is false.
+    void interruptAt(int number, std::function<void()> interruption, bool handlers = true)
     {
         callsLeft = number;
         onInterruption = std::move(interruption);
+        handlerCalls.onCall = nullptr;
+        if (handlers)
+            handlerCalls.onCall = [this] { interrupt(); };
     }
 
     /// The calls of all containers' change handlers since the last time.
