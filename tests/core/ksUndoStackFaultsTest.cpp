@@ -103,12 +103,6 @@ public:
         stack.showHistory();
     }
 
-    NoisyCommand &command(const char *text)
-    {
-        auto *made = new NoisyCommand(text, number, number + 10);
-        return *made;
-    }
-
     ksStackState state() const { return ksStateOf(stack); }
 
     int number = 0;
@@ -156,8 +150,8 @@ const std::vector<Place> places = {
 /// Calls \a action the first time that it is called.
 std::function<void()> once(std::function<void()> action)
 {
-    return [action = std::move(action), isDone = false]() mutable {
-        if (!std::exchange(isDone, true))
+    return [action = std::move(action), isDone = std::make_shared<bool>(false)] {
+        if (!std::exchange(*isDone, true))
             action();
     };
 }
@@ -182,17 +176,14 @@ INSTANTIATE_TEST_SUITE_P(, ksReceivers,
 TEST_P(ksReceivers, MayUseTheStackAsIfTheStepWereOver)
 {
     const auto &[step, use] = GetParam();
+    const ksQtWarnings warnings; // of a macro that is not open, and of the screen
     StackFixture expected;
     step.perform(expected.stack);
-    {
-        const ksQtWarnings warnings; // of a macro that is not open
-        use.perform(expected.stack);
-    }
+    use.perform(expected.stack);
     for (const Place &place : places) {
         SCOPED_TRACE(place.name);
         StackFixture fixture;
         place.listen(fixture, once([&, &use = use] { use.perform(fixture.stack); }));
-        const ksQtWarnings warnings;
         step.perform(fixture.stack);
         EXPECT_EQ(fixture.state(), expected.state());
         EXPECT_EQ(fixture.number, expected.number);
@@ -202,9 +193,9 @@ TEST_P(ksReceivers, MayUseTheStackAsIfTheStepWereOver)
 TEST_P(ksReceivers, DoNotUndoTheStepByWhatTheyThrow)
 {
     const auto &[step, use] = GetParam();
+    const ksQtWarnings warnings;
     StackFixture expected;
     step.perform(expected.stack);
-    const ksQtWarnings warnings;
     for (const Place &place : places) {
         SCOPED_TRACE(place.name);
         StackFixture fixture;
@@ -241,6 +232,7 @@ TEST_P(ksDestructors, AreServedAfterTheStep)
         fixture.stack.add(command);
         fixture.stack.undo();
     };
+    const ksQtWarnings warnings;
     StackFixture expected;
     withEnd(expected, [] {});
     addOver(expected);
@@ -253,7 +245,6 @@ TEST_P(ksDestructors, AreServedAfterTheStep)
         ++ends;
         GetParam().perform(fixture.stack);
     });
-    const ksQtWarnings warnings;
     addOver(fixture);
     EXPECT_EQ(ends, 1);
     EXPECT_EQ(fixture.state(), expected.state());
