@@ -22,10 +22,16 @@ class ksBeforeAfterUndoCommand : public Base
 
 public:
     /// Applies the state before.
-    void undo() override { take(after, before); }
+    void undo() override
+    {
+        ksDetail::ksStep([this] { self().apply(after, before); }, [this] { self().takeBack(after, before); });
+    }
 
     /// Applies the state after.
-    void redo() override { take(before, after); }
+    void redo() override
+    {
+        ksDetail::ksStep([this] { self().apply(before, after); }, [this] { self().takeBack(before, after); });
+    }
 
 protected:
     /// Keeps both states, or what a State is made of; \a arguments are those of the base.
@@ -40,12 +46,8 @@ protected:
     State after;  ///< what redo takes the target to
 
     /// What is done when the application throws on the way from one state to the other.
-    void takeBack(const State &from, const State &to) { static_cast<Command *>(this)->apply(to, from); }
+    void takeBack(const State &from, const State &to) { self().apply(to, from); }
 
 private:
-    void take(const State &from, const State &to)
-    {
-        auto *command = static_cast<Command *>(this);
-        ksDetail::ksStep([&] { command->apply(from, to); }, [&] { command->takeBack(from, to); });
-    }
+    Command &self() { return *static_cast<Command *>(this); }
 };

@@ -40,7 +40,7 @@ void runChildren(const QUndoCommand &command, bool undoing)
 
 void runChild(QUndoCommand &command, bool undoing)
 {
-    if (typeid(command) == typeid(QUndoCommand))
+    if (command.childCount() > 0 && typeid(command) == typeid(QUndoCommand))
         runChildren(command, undoing);
     else if (undoing)
         command.undo();

@@ -19,8 +19,8 @@ public:
     /// be empty, that runs after the children on every redo and on every undo.
     explicit ksMultiCommand(const QString &text, std::function<void()> postAction = {});
 
-    /// Undoes the children, the last first, then runs the action. When one of them throws, or the action does,
-    /// those that have been undone are redone.
+    /// Undoes the children, the last first, then runs the action. When one of them throws, or the action
+    /// does, those that have been undone are redone.
     void undo() override;
 
     /// Redoes the children, the first first, then runs the action. The same, the other way round.

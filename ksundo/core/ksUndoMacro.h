@@ -8,9 +8,8 @@
 
 /// Groups what is added to a stack within a scope into one undo step.
 ///
-/// The macro ends when the object goes. When an exception passes, what has been done by then stays done and is
-/// undone as one step, or is taken back, as the bracket was told. Brackets nest.
-/// \code
+/// The macro ends when the object goes. When an exception passes, what has been done by then stays done and
+/// is undone as one step, or is taken back, as the bracket was told. Brackets nest. \code
 /// {
 ///     const ksUndoMacro macro(tr("Align"));
 ///     stack->add(...);
@@ -39,8 +38,8 @@ public:
         stack->beginMacro(text);
     }
 
-    /// Closes the macro. What is taken back is reported as the addition that it was, and then as an undo. What
-    /// receivers throw at that passes on, unless an exception is on its way already: then it is dropped.
+    /// Closes the macro. What is taken back is reported as the addition that it was, and then as an undo.
+    /// What receivers throw at that passes on, unless an exception is on its way already: then it is dropped.
     ~ksUndoMacro() noexcept(false)
     {
         if (std::uncaught_exceptions() == exceptions) {

@@ -7,7 +7,6 @@
 #include <ksMessage.h>
 
 #include <QAction>
-#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -69,32 +68,37 @@ ksUndoStack::~ksUndoStack()
     delete undoStack;
 }
 
-bool ksUndoStack::refuses(const char *operation) const
+void ksUndoStack::warn(const char *operation)
 {
-    if (phase == Phase::idle)
-        return false;
     qWarning("ksUndoStack::%s(): not possible while a command is run or deleted", operation);
-    return true;
 }
 
 template <class Operation>
-void ksUndoStack::run(int depth, Operation operation)
+inline void ksUndoStack::run(int depth, Operation operation)
 {
-    const auto settle = [this] {
-        if (clearsLater)
-            clear();
-    };
+    busyDepth += depth;
+    phase = Phase::running;
     try {
-        const QScopedValueRollback<int> busy(busyDepth, busyDepth + depth);
-        const QScopedValueRollback<Phase> running(phase, Phase::running);
         operation();
     } catch (...) {
+        busyDepth -= depth;
+        phase = Phase::idle;
         receiversFailure = nullptr;
         settle();
         throw;
     }
-    settle();
-    if (receiversFailure != nullptr)
+    busyDepth -= depth;
+    phase = Phase::idle;
+    if (isUnsettled)
+        settle();
+}
+
+void ksUndoStack::settle()
+{
+    isUnsettled = false;
+    if (clearsLater)
+        clear();
+    if (receiversFailure)
         std::rethrow_exception(std::exchange(receiversFailure, nullptr));
 }
 
@@ -223,15 +227,30 @@ QAction *ksUndoStack::createRedoAction(QObject *parent, const QString &prefix) c
     return action;
 }
 
-void ksUndoStack::step(bool undoing)
+void ksUndoStack::doubt(int place)
+{
+    // Of a macro, Qt does not tell which commands ran before the one that has thrown.
+    const QUndoCommand *command = undoStack->command(place);
+    if (command->childCount() > 0 && ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::plain)
+        clearsLater = true;
+}
+
+inline void ksUndoStack::stepBack()
 {
     try {
-        undoing ? undoStack->undo() : undoStack->redo();
+        undoStack->undo();
     } catch (...) {
-        // Of a macro, Qt does not tell which commands ran before the one that has thrown.
-        const QUndoCommand *command = undoStack->command(undoing ? index() - 1 : index());
-        if (command->childCount() > 0 && ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::plain)
-            clearsLater = true;
+        doubt(index() - 1);
+        throw;
+    }
+}
+
+inline void ksUndoStack::stepForth()
+{
+    try {
+        undoStack->redo();
+    } catch (...) {
+        doubt(index());
         throw;
     }
 }
@@ -239,32 +258,31 @@ void ksUndoStack::step(bool undoing)
 void ksUndoStack::undo()
 {
     if (!refuses("undo"))
-        run(1, [this] { step(true); });
+        run(1, [this] { stepBack(); });
 }
 
 void ksUndoStack::redo()
 {
     if (!refuses("redo"))
-        run(1, [this] { step(false); });
+        run(1, [this] { stepForth(); });
 }
 
 void ksUndoStack::clear()
 {
     if (phase == Phase::running)
-        clearsLater = true;
+        clearsLater = isUnsettled = true;
     if (phase != Phase::idle)
         return;
-    {
-        const QScopedValueRollback<Phase> running(phase, Phase::running);
-        undoStack->clear();
-    }
+    phase = Phase::running;
+    undoStack->clear();
+    phase = Phase::idle;
     clearsLater = false;
     lastIndex = 0;
     added = false;
     markIndex = 0;
     const std::exception_ptr failure = std::exchange(receiversFailure, nullptr);
     Q_EMIT cleared();
-    if (failure != nullptr)
+    if (failure)
         std::rethrow_exception(failure);
 }
 
@@ -288,14 +306,14 @@ void ksUndoStack::goTo(int target)
                 // of.
                 const QSignalBlocker blocker(undoStack);
                 while (canUndo() && index() - 1 > target)
-                    step(true);
+                    stepBack();
                 while (canRedo() && index() + 1 < target)
-                    step(false);
+                    stepForth();
             }
             if (canUndo() && index() > target)
-                step(true);
+                stepBack();
             else if (canRedo() && index() < target)
-                step(false);
+                stepForth();
             else
                 undoStack->setIndex(target); // warns within a macro
         } catch (...) {
@@ -339,7 +357,8 @@ void ksUndoStack::indexChanged(int i)
     // Receivers may use the stack, which must find its state up to date then.
     const bool isUndo = i < std::exchange(lastIndex, i);
     const bool isAddition = std::exchange(added, false);
-    const QScopedValueRollback<Phase> reporting(phase, phase == Phase::ending ? phase : Phase::idle);
+    if (phase == Phase::running)
+        phase = Phase::idle; // Qt has nothing more to do with commands
     try {
         if (isUndo) {
             Q_EMIT undoPerformed(undoStack->command(i));
@@ -350,6 +369,7 @@ void ksUndoStack::indexChanged(int i)
         }
     } catch (...) {
         receiversFailure = std::current_exception(); // Qt has something to do yet
+        isUnsettled = true;
     }
     if (historyView != nullptr)
         historyView->follow();

@@ -39,27 +39,27 @@ class ksHistoryWindow;
 /// A library that brings command classes must stay loaded once one of its commands was added.
 ///
 /// \par What the application's code throws
-/// The library throws nothing of its own, but std::bad_function_call for a missing notification that a command
-/// requires, which leaves the command's step done. What the application throws while a command runs (a getter
-/// or setter, a change handler, a callback, sync or notify function, a post action, a method that is invoked)
-/// passes on to the caller of add(), undo(), redo() or reset(). The command has taken back by then what it had
-/// done, which calls the application once more; what that throws is dropped. The stack is as it was before the
-/// step, and tells nobody of it; a command that was to be added stays with the caller. A ksMultiCommand takes
-/// back its children. A macro cannot, nor can any QUndoCommand with children that is not of the library, as Qt
-/// does not tell how far it got: when undoing or redoing one throws, what has been done stays, and the stack
-/// clears itself. Commands that are not of the library take back for themselves.
-/// \par
-/// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which is
-/// done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not throw.
+/// The library throws nothing of its own, but std::bad_function_call for a missing notification that a
+/// command requires, which leaves the command's step done. What the application throws while a command runs
+/// (a getter or setter, a change handler, a callback, sync or notify function, a post action, a method that
+/// is invoked) passes on to the caller of add(), undo(), redo() or reset(). The command has taken back by
+/// then what it had done, which calls the application once more; what that throws is dropped. The stack is as
+/// it was before the step, and tells nobody of it; a command that was to be added stays with the caller. A
+/// ksMultiCommand takes back its children. A macro cannot, nor can any QUndoCommand with children that is not
+/// of the library, as Qt does not tell how far it got: when undoing or redoing one throws, what has been done
+/// stays, and the stack clears itself. Commands that are not of the library take back for themselves. \par
+/// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which
+/// is done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not
+/// throw.
 ///
 /// \par What the application's code may call
 /// Receivers of signals and the message callback may use the stack as anybody. While a command runs or is
 /// deleted, getters, mark(), beginGesture(), endGesture(), setMessageCallback() and showHistory() are at
 /// everybody's service too, and see the stack as it was before the step; clear() is done at the end of the
 /// step, after it has been reported. All others of that stack are refused: they do nothing but make Qt warn,
-/// and add() deletes its command. The other stack takes everything. When a command's target is destroyed within
-/// its step, the rest of the step passes it over; its own change handler must not do that, nor must a stack be
-/// destroyed within a step.
+/// and add() deletes its command. The other stack takes everything. When a command's target is destroyed
+/// within its step, the rest of the step passes it over; its own change handler must not do that, nor must a
+/// stack be destroyed within a step.
 class KSUNDO_EXPORT ksUndoStack : public QObject
 {
     Q_OBJECT
@@ -230,13 +230,28 @@ private:
     void deliverMessage(const char *name, int index, bool added) const;
 
     /// True, and makes Qt warn, when \a operation is not possible now.
-    bool refuses(const char *operation) const;
+    bool refuses(const char *operation) const
+    {
+        if (phase == Phase::idle)
+            return false;
+        warn(operation);
+        return true;
+    }
+
+    static void warn(const char *operation);
 
     /// Calls \a operation, which uses Qt's stack, and then does what had to wait for its end.
     template <class Operation>
     void run(int depth, Operation operation);
 
-    void step(bool undoing);
+    void settle();
+
+    void stepBack();
+    void stepForth();
+
+    /// To be called when the command at \a place has thrown.
+    void doubt(int place);
+
     void goTo(int target);
     void announceIndex(); ///< that Qt has not announced
     void updateActions();
@@ -251,6 +266,7 @@ private:
     int openGestures = 0;
     unsigned int gesture = 0; ///< the number of the open or the last one
     Phase phase = Phase::idle;
+    bool isUnsettled = false; ///< something waits for the end of the step
     bool clearsLater = false;
     std::exception_ptr receiversFailure;
 };

@@ -47,7 +47,6 @@ void ksImageFieldUndoCommand::show(const Target &target, const osg::ImagePtr &im
     if (field == nullptr)
         return;
     const osg::ImagePtr previous = field->getValue();
-    osg::addRefCP(image); // at first: a container that goes in its handler releases what it shows
     field->setValue(image);
     ksDetail::ksStep([this, &target] { ksEndEdit(target.first, fieldMask); },
                      [&] {
@@ -55,8 +54,8 @@ void ksImageFieldUndoCommand::show(const Target &target, const osg::ImagePtr &im
                          if (living.second == nullptr)
                              return;
                          living.second->setValue(previous);
-                         osg::subRefCP(image);
                          ksEndEdit(living.first, fieldMask);
                      });
+    osg::addRefCP(image);
     osg::subRefCP(previous);
 }
