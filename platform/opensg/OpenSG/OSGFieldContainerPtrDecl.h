@@ -4,6 +4,7 @@
 #include <OpenSG/OSGFieldContainerBase.h>
 #include <OpenSG/OSGThreadContext.h>
 
+#include <atomic>
 #include <cstddef>
 #include <ostream>
 
@@ -37,7 +38,7 @@ public:
     UInt32 getFieldContainerId(void) const { return _storeP != nullptr ? header().id : 0; }
 
     /// 0 for a null handle.
-    Int32 getRefCount(void) const { return _storeP != nullptr ? header().refCount : 0; }
+    Int32 getRefCount(void) const { return _storeP != nullptr ? header().refCount.load() : 0; }
 
     /// Bytes of one aspect's copy; 0 for a null handle.
     UInt16 getContainerSize(void) const { return _containerSize; }
@@ -73,7 +74,7 @@ public:
 protected:
     struct Header
     {
-        Int32 refCount;
+        std::atomic<Int32> refCount; // asked for without the lock
         UInt32 id;
     };
 

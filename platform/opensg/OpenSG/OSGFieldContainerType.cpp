@@ -20,16 +20,13 @@ FieldContainerType::FieldContainerType(const Char8 *name, const Char8 *parentNam
           groupName != nullptr && *groupName != '\0' ? groupName : name))
     , _descriptions(descriptions, descriptions + descByteCount / sizeof(*descriptions))
 {
-    FieldContainerFactory::the()->registerType(*this);
-    if (initMethod != nullptr) {
-        initMethod();
-    }
+    FieldContainerFactory::the()->registerType(*this, initMethod);
 }
 
 FieldContainerType::~FieldContainerType(void)
 {
-    releasePrototype();
     FieldContainerFactory::the()->unregisterType(*this);
+    releasePrototype();
 }
 
 bool FieldContainerType::isDerivedFrom(const FieldContainerType &other) const
