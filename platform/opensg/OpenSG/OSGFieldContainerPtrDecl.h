@@ -104,7 +104,7 @@ protected:
 
     UInt16 _containerSize = 0;
     UInt16 _uiParentEPos = InvalidParentEPos;
-    UInt8 *_storeP = nullptr;
+    mutable UInt8 *_storeP = nullptr; // subRefCP() sets constant handles to null as well
 
 private:
     enum class RefChange
