@@ -178,6 +178,16 @@ void FieldContainerFactory::unregisterType(FieldContainerType &type)
     }
 }
 
+void FieldContainerFactory::makePrototypes(void)
+{
+    const TypesGuard guard(_typesMutex);
+    for (const auto &[id, type] : _typesById) {
+        if (type->isInitialized()) {
+            type->makePrototype();
+        }
+    }
+}
+
 void FieldContainerFactory::releasePrototypes(void)
 {
     const TypesGuard guard(_typesMutex);

@@ -89,6 +89,8 @@ public:
 private:
     friend class FieldContainer;
     friend class FieldContainerType;
+    friend bool osgInit(Int32 argc, Char8 **argv, UInt16 major, UInt16 minor, UInt16 release, bool debug,
+                        bool dll, bool mt);
     friend bool osgExit(void);
 
     FieldContainerFactory(void);
@@ -101,6 +103,9 @@ private:
     void registerType(FieldContainerType &type, void (*initMethod)(void));
     void unregisterType(FieldContainerType &type);
     void initializeType(FieldContainerType &type);
+
+    /// Gives the types a prototype again that have none since releasePrototypes().
+    void makePrototypes(void);
     void releasePrototypes(void);
 
     mutable std::mutex _mutex;

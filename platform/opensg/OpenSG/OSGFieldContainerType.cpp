@@ -109,11 +109,16 @@ void FieldContainerType::initialize(FieldContainerType *parent)
     if (getNumFieldDescs() > 64) {
         logWarning(std::string("type '") + getCName() + "' has more than 64 fields");
     }
-    if (_prototypeCreate != nullptr) {
+    makePrototype();
+    _initialized = true;
+}
+
+void FieldContainerType::makePrototype(void)
+{
+    if (_prototypeCreate != nullptr && _prototype == NullFC) {
         _prototype = _prototypeCreate();
         addRefCP(_prototype);
     }
-    _initialized = true;
 }
 
 void FieldContainerType::releasePrototype(void)

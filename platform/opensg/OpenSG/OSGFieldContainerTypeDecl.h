@@ -88,6 +88,7 @@ private:
 
     /// Takes over what @p parent (null for the root) knows, then makes the prototype.
     void initialize(FieldContainerType *parent);
+    void makePrototype(void);
     void releasePrototype(void);
 
     const PrototypeCreateF _prototypeCreate;
