@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <array>
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -273,44 +274,67 @@ TEST(ksThreads, GiveEveryContainerAnIdOfItsOwn)
     EXPECT_EQ(ids.size(), workers * 100);
 }
 
+/// Two threads use a field for the first time, while two look types of fields up.
 TEST(ksThreads, MakeATypeOfFieldOnce)
 {
     const UInt32 before = FieldFactory::getNFieldTypes();
-    EXPECT_EQ(FieldFactory::getFieldType("SFUnusedPtr"), nullptr);
-    std::array<const FieldType *, workers> types;
+    const FieldType &known = SFReal32::getClassType();
+    std::array<const FieldType *, 2> types;
     runAtOnce([&](UInt32 number) {
-        types[number] = &SFUnusedPtr::getClassType();
-        EXPECT_EQ(FieldFactory::getFieldType("SFUnusedPtr"), types[number]);
+        if (number < 2) {
+            types[number] = &SFUnusedPtr::getClassType();
+            EXPECT_EQ(FieldFactory::getFieldType("SFUnusedPtr"), types[number]);
+        }
+        for (int i = 0; i < 100; ++i) {
+            if (number == 2) {
+                EXPECT_EQ(FieldFactory::getFieldType("SFReal32"), &known);
+            } else if (number == 3) {
+                EXPECT_EQ(FieldFactory::getFieldType(known.getId()), &known);
+            }
+        }
     });
-    EXPECT_EQ(types, (std::array<const FieldType *, workers>{types[0], types[0], types[0], types[0]}));
+    EXPECT_EQ(types[0], types[1]);
     EXPECT_EQ(FieldFactory::getNFieldTypes(), before + 1);
 }
 
-/// As libraries do that are loaded and unloaded.
+/// Two threads load libraries, as it were, and unload them, while two look something up.
 TEST(ksThreads, BringTypesOfContainers)
 {
     const PrototypeCreateF makePrototype = [] { return FieldContainerPtr(Group::createEmpty()); };
+    const FieldContainerType &node = Node::getClassType();
     const UInt32 types = factory().getNumTypes();
-    const UInt32 groups = factory().getNumGroups();
+    UInt32 groups = factory().getNumGroups();
     const std::ptrdiff_t containers = countContainers();
-    runAtOnce([&](UInt32 number) {
-        for (int i = 0; i < 20; ++i) {
-            const std::string name = "Late " + std::to_string(number) + '.' + std::to_string(i);
-            FieldContainerType type(name.c_str(), "Group", "", makePrototype, nullptr, nullptr, 0);
-            EXPECT_TRUE(factory().initializePendingTypes());
-            EXPECT_EQ(factory().findType(name.c_str()), &type);
-            EXPECT_EQ(factory().findType(type.getId()), &type);
-            EXPECT_EQ(factory().findGroupId(name.c_str()), type.getGroupId());
-            EXPECT_EQ(factory().findGroupName(type.getGroupId()), name);
-            EXPECT_GT(factory().getNumTypes(), types);
-            EXPECT_GT(factory().getNumGroups(), groups);
-            NodeCorePtr core = factory().createNodeCore(name.c_str());
-            EXPECT_TRUE(core != NullFC && type.isDerivedFrom(*factory().findType("Group")));
-            subRefCP(core);
-        }
-    });
+
+    const auto bring = [&](const std::string &name) {
+        FieldContainerType type(name.c_str(), "Group", "", makePrototype, nullptr, nullptr, 0);
+        EXPECT_TRUE(factory().initializePendingTypes());
+        EXPECT_EQ(factory().findType(name.c_str()), &type);
+        EXPECT_EQ(factory().findGroupName(type.getGroupId()), name);
+        NodeCorePtr core = factory().createNodeCore(name.c_str());
+        EXPECT_TRUE(core != NullFC && type.isDerivedFrom(Group::getClassType()));
+        subRefCP(core);
+    };
+    const std::vector<std::function<void()>> lookUps = {
+        [&] { EXPECT_EQ(factory().findType("Node"), &node); },
+        [&] { EXPECT_EQ(factory().findType(node.getId()), &node); },
+        [&] { EXPECT_EQ(factory().findGroupId("Node"), node.getGroupId()); },
+        [&] { EXPECT_STREQ(factory().findGroupName(node.getGroupId()), "Node"); },
+        [&] { EXPECT_GE(factory().getNumTypes(), types); },
+        [&] { EXPECT_GE(factory().getNumGroups(), groups); },
+    };
+    for (std::size_t i = 0; i < lookUps.size(); ++i) {
+        runAtOnce([&](UInt32 number) {
+            for (int round = 0; round < 20; ++round)
+                if (number < 2)
+                    bring("Late " + std::to_string(i) + '.' + std::to_string(number * 20 + round));
+                else
+                    lookUps[i]();
+        });
+        groups += 40;
+    }
     EXPECT_EQ(factory().getNumTypes(), types);
-    EXPECT_EQ(factory().getNumGroups(), groups + workers * 20);
+    EXPECT_EQ(factory().getNumGroups(), groups);
     EXPECT_EQ(countContainers(), containers);
 }
 
