@@ -34,7 +34,8 @@ class ksHistoryWindow;
 /// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn, the stack is
 /// not clean, and the macro is not among its commands yet.
 ///
-/// A library that brings command classes must stay loaded once one of its commands was added.
+/// A library that brings command classes must stay loaded once one of its commands was added, even if it is
+/// deleted: the library remembers the classes that it has seen.
 ///
 /// Commands are run by the stack, so redo() and undo() of a command must not call add(), undo(), redo(),
 /// reset() or clear() of the stack that runs it.
@@ -190,7 +191,8 @@ public Q_SLOTS:
     void reset();
 
     /// Shows and raises the history window, which is made on the first call and belongs to the stack. It is
-    /// closed when the application object goes.
+    /// closed when the application object goes. There must be such an object, a QApplication; nothing else
+    /// here needs one.
     void showHistory();
 
 private Q_SLOTS:

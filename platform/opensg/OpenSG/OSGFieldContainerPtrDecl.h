@@ -37,7 +37,7 @@ public:
     /// 0 for a null handle.
     UInt32 getFieldContainerId(void) const { return _storeP != nullptr ? header().id : 0; }
 
-    /// 0 for a null handle.
+    /// 0 for a null handle. Other threads may change it at any time.
     Int32 getRefCount(void) const { return _storeP != nullptr ? header().refCount.load() : 0; }
 
     /// Bytes of one aspect's copy; 0 for a null handle.
@@ -130,7 +130,8 @@ public:
     typedef FieldContainerPtr ObjectType;
     typedef FieldContainerPtrBase Inherited;
 
-    /// While true, the end of an edit calls no change handler; it is recorded as always.
+    /// While true, the end of an edit calls no change handler, on any thread; it is recorded as always. To be
+    /// set while no other thread edits.
     static bool _ignore_change;
 
     constexpr FieldContainerPtr(void) = default;

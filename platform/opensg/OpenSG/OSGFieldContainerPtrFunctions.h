@@ -5,7 +5,8 @@
 
 /// @file
 /// What can be done to containers through their handles. All functions do nothing for null handles, and
-/// record to the calling thread's change list if it has one.
+/// record to the calling thread's change list if it has one. References may be taken and released by several
+/// threads at once, edits of one container not.
 
 OSG_BEGIN_NAMESPACE
 
