@@ -16,9 +16,9 @@ inline void addRefCP(const FieldContainerPtrBase &fc)
     fc.addRef();
 }
 
-/// Releases a reference. Records that if some are left; else sets @p fc itself, const or not, to null,
-/// records the container as destroyed and destroys it. The handle may lie in what is destroyed. Other handles
-/// of the container dangle.
+/// Releases a reference. Records that if some are left; else records the container as destroyed, sets @p fc
+/// itself, const or not, to null, and destroys the container. The handle may lie in what is destroyed. Other
+/// handles of the container dangle.
 inline void subRefCP(const FieldContainerPtrBase &fc)
 {
     fc.subRef();
