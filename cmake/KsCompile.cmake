@@ -38,6 +38,12 @@ function(ks_compile target)
     endif()
 endfunction()
 
+# ks_keep_loaded(target): dlclose() leaves the library where it is. Histories, types and ids refer to code of the libraries that
+# they come from for the rest of the process.
+function(ks_keep_loaded target)
+    target_link_options(${target} PRIVATE -Wl,-z,nodelete)
+endfunction()
+
 function(ks_compile_qt target)
     ks_compile(${target})
     set_target_properties(${target} PROPERTIES AUTOMOC ON)

@@ -14,8 +14,9 @@
 /// constraint, as its up vector objects. "Remove References from Constraint".
 ///
 /// What refers to the nodes is settled when the command is built. It keeps those constraint objects and the
-/// target alive, and undo puts the very same ones back, where the constraint's add operations put them. A
-/// constraint that has gone, or was null, makes a step a silent no-op. The command never merges.
+/// target alive. Redo takes the objects out wherever they stand then, and the target away, whichever it is
+/// then; undo puts the very same ones back, where the constraint's add operations put them. A constraint that
+/// has gone, or was null, makes a step a silent no-op. The command never merges.
 class KSUNDO_EXPORT ksDeleteConstraintReferenceUndoCommand
     : public ksContainerUndoCommand<ksDeleteConstraintReferenceUndoCommand, osg::AbstractConstraintPtr, bool>
 {

@@ -36,7 +36,8 @@ class ksHistoryWindow;
 /// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn, the stack is
 /// not clean, and the macro is not among its commands yet.
 ///
-/// A library that brings command classes must stay loaded once one of its commands was added.
+/// A library that brings command classes must stay loaded once one of its commands was added, even if it is
+/// deleted: the library remembers the classes that it has seen.
 ///
 /// \par What the application's code throws
 /// The library throws nothing of its own, but std::bad_function_call for a missing notification that a
@@ -47,7 +48,8 @@ class ksHistoryWindow;
 /// it was before the step, and tells nobody of it; a command that was to be added stays with the caller. A
 /// ksMultiCommand takes back its children. A macro cannot, nor can any QUndoCommand with children that is not
 /// of the library, as Qt does not tell how far it got: when undoing or redoing one throws, what has been done
-/// stays, and the stack clears itself. Commands that are not of the library take back for themselves. \par
+/// stays, and the stack clears itself. Commands that are not of the library take back for themselves.
+///
 /// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which
 /// is done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not
 /// throw.
@@ -212,8 +214,9 @@ public Q_SLOTS:
     void reset();
 
     /// Shows and raises the history window, which is made on the first call and belongs to the stack. It is
-    /// closed when the application object goes. Of what a step throws that the user has chosen there, Qt
-    /// warns. It may be deleted, but by deleteLater() within such a step; the next call makes another one.
+    /// closed when the application object goes. There must be such an object, a QApplication; nothing else
+    /// here needs one. Of what a step throws that the user has chosen there, Qt warns. It may be deleted, but
+    /// by deleteLater() within such a step; the next call makes another one.
     void showHistory();
 
 private Q_SLOTS:

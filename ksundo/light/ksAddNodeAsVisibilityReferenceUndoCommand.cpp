@@ -40,8 +40,11 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(const osg::UberLightPtr &l
         osg::setRefdCP(reference, osg::NodePtr());
     } else {
         osg::setRefdCP(reference, node);
-        ksPlatform::setExternalFlags(node, flags | visibilityReferenceFlag);
-        ksEndEdit(node, ksPlatform::externalFlagsMask);
+        // Gone by now if only the reference before held it.
+        if (ksFindContainer<osg::NodePtr>(nodeId) != osg::NullFC) {
+            ksPlatform::setExternalFlags(node, flags | visibilityReferenceFlag);
+            ksEndEdit(node, ksPlatform::externalFlagsMask);
+        }
     }
     ksEndEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
     // Gone by now if only the light held it.

@@ -10,9 +10,10 @@
 /// flags accordingly: "Add Node as Visibility Reference". It never merges.
 ///
 /// The light holds a reference on the node, which is released with the field: a node that nobody else holds
-/// goes then. Undo does the opposite: it leaves the light without a reference, or with the node as its
-/// reference, whatever it had before. A light or node that has gone, or was null, makes a step a silent
-/// no-op.
+/// goes then. The reference before is released first: a node that only that one holds, as its child, goes
+/// with it, and the light is left without a reference. Undo does the opposite: it leaves the light without a
+/// reference, or with the node as its reference, whatever it had before. A light or node that has gone, or
+/// was null, makes a step a silent no-op.
 class KSUNDO_EXPORT ksAddNodeAsVisibilityReferenceUndoCommand
     : public ksContainerUndoCommand<ksAddNodeAsVisibilityReferenceUndoCommand, osg::UberLightPtr, bool>
 {

@@ -11,9 +11,9 @@
 /// Adds nodes to one of the two lists of a light link set, its lights or its scene nodes, or removes them:
 /// "Add Nodes to Light Link Set". It never merges.
 ///
-/// Undo does the opposite; nodes that were removed come back at the positions that they had when the command
-/// was built, and those that were not in the list at -1. Which nodes the command acts on is settled then,
-/// too:
+/// Nodes are removed wherever they stand then. Undo does the opposite; nodes that were removed come back at
+/// the positions that they had when the command was built, whoever stands there then, and those that were not
+/// in the list at -1. Which nodes the command acts on is settled when it is built, too:
 ///  - null nodes are left out;
 ///  - so is the root of the scene graph, with "Cannot add Root to Light Link Set." in the log;
 ///  - in the list of lights, a node that is an instance is replaced by the one node below the scene root that

@@ -4,6 +4,7 @@
 #include <ksundo/material/detail/ksWrappedFieldUndoCommand.h>
 
 /// Runs one field command on a colour component, and tells which component of which container that concerns.
+/// The component is known by its id, wherever it stands among the others by then.
 /// Nothing but the inner command's own container is notified. Two such commands merge when component, parent
 /// container and inner commands do.
 class KSUNDO_EXPORT ksColorComponentUndoCommand : public ksDetail::ksWrappedFieldUndoCommand

@@ -18,7 +18,8 @@ class KSUNDO_EXPORT ksSetEnvironmentUndoCommand
 
 public:
     /// Neither \a material nor \a environment may be null. Somebody else than the material's present
-    /// environment must hold \a environment: the old one is released before the new one is taken.
+    /// environment should hold \a environment: the old one is released before the new one is taken, and if
+    /// that goes with it, the material is left without an environment.
     ksSetEnvironmentUndoCommand(osg::UBRDFMaterialPtr material, osg::MaterialPtr environment,
                                 QUndoCommand *parent = nullptr);
 

@@ -7,8 +7,9 @@
 ///
 /// The node gets a variants attachment when it has none; undo takes away the attachment again that the
 /// command made, once the list is empty, and redo then puts back the very same one. The variant is kept alive
-/// by the command. A node or variant that has gone makes the step a silent no-op. The command never merges,
-/// and its message has "id" only.
+/// by the command. Undo removes what stands at the index then, be it another variant: who changes the list
+/// other than through the stack shifts what its commands concern. A node or variant that has gone makes the
+/// step a silent no-op. The command never merges, and its message has "id" only.
 class KSUNDO_EXPORT ksAddTransformVariantUndoCommand : public ksDetail::ksTransformVariantListUndoCommand
 {
     KS_UNDO_COMMAND(ksAddTransformVariantUndoCommand)

@@ -19,9 +19,10 @@ public:
     /// Called after the command has written: with the node's id, the order written, and the index.
     using ChangeCallback = std::function<void(unsigned int, const std::string &, int)>;
 
-    /// \a index tells which of the node's transforms gets \a order: -1 its own, from 0 on those of its
-    /// variants. \a merging tells whether the command may merge, or its merge window in seconds. \a node may
-    /// be null, the command then does nothing, and \a callback empty.
+    /// \a index tells which of the node's transforms gets \a order: -1 its own, from 0 on that of
+    /// the variant which stands there when a step is done. \a merging tells whether the command may merge, or
+    /// its merge window in seconds. \a node may be null, the command then does nothing, and \a callback
+    /// empty.
     ksEulerRotationOrderUndoCommand(osg::NodePtr node, std::string order, ksMergeOption merging,
                                     QUndoCommand *parent = nullptr, ChangeCallback callback = {},
                                     int index = -1);

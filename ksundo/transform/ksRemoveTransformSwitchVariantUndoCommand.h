@@ -7,9 +7,10 @@
 /// transform variant 'Box'.
 ///
 /// The variant and the attachment are those of the moment when the command is built; it keeps both alive and
-/// undo puts the very same ones back. Undo does nothing when there was no variant at the index. A node that
-/// has gone makes the step a silent no-op. The command never merges,
-/// and its message has "id" only.
+/// undo puts the very same ones back. Redo removes what stands at the index then, be it another variant: who
+/// changes the list other than through the stack shifts what its commands concern. Undo does nothing when
+/// there was no variant at the index. A node that has gone makes the step a silent no-op. The command never
+/// merges, and its message has "id" only.
 class KSUNDO_EXPORT ksRemoveTransformSwitchVariantUndoCommand
     : public ksDetail::ksTransformVariantListUndoCommand
 {

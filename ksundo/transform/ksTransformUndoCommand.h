@@ -19,10 +19,10 @@ class ksTransformUndoCommand : public ksFunctionUndoCommand<T>, public ksTransfo
 {
 public:
     /// Sets the property to \a value, in that of the node's transforms which \a index tells: -1 its own, from
-    /// 0 on those of its variants. \a verb, translated, is what the text begins with, \a modeFlag an option
-    /// of the property's getter and setter. \a merging tells whether the command may be absorbed by the one
-    /// before it (a bool), or the length of its merge window in seconds (a double). \a node may be null: the
-    /// command then does nothing.
+    /// 0 on that of the variant which stands there when a step is done. \a verb, translated, is what the text
+    /// begins with, \a modeFlag an option of the property's getter and setter. \a merging tells whether the
+    /// command may be absorbed by the one before it (a bool), or the length of its merge window in seconds (a
+    /// double). \a node may be null: the command then does nothing.
     ksTransformUndoCommand(const QString &verb, osg::NodePtr node, T value, bool modeFlag,
                            ksMergeOption merging, QUndoCommand *parent = nullptr, int index = -1)
         : ksFunctionUndoCommand<T>(textOf(verb, node), node, std::move(value), parent)

@@ -19,7 +19,8 @@
 ///  - for translation and pivots the mode: true for world space, false for that of the parent;
 ///  - the parent command, or null;
 ///  - for translation, rotation and scale the change callback, which may be empty;
-///  - the index of the transform: -1 for the node's own, from 0 on for that of the variant at that place.
+///  - the index of the transform: -1 for the node's own, from 0 on for that of the variant which stands there
+///    when a step is done, be it another one than before.
 ///
 /// A node that has gone makes a step a silent no-op; of a node without such a transform the application's
 /// getters make zeros, and its setters nothing, but callback and sync function are called all the same. So

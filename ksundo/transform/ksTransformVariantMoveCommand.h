@@ -14,7 +14,9 @@
 ///
 /// Which variant stands where, and must stand where, is recorded when the command is built. A step takes the
 /// variants out, the last first, and puts them back, the first first, so that every recorded index is valid
-/// when it is used; it holds references on them meanwhile. Variants that have gone are skipped. A node that
+/// when it is used; it holds references on them meanwhile. What it takes out is what stands at the recorded
+/// index then: after a change of the list other than through the stack that may be other variants, which
+/// leave the list, while those recorded come in once more. Variants that have gone are skipped. A node that
 /// has gone makes the step a silent no-op. The command never merges.
 class KSUNDO_EXPORT ksTransformVariantMoveCommand
     : public ksContainerUndoCommand<ksTransformVariantMoveCommand, osg::NodePtr,

@@ -27,9 +27,10 @@ public:
     /// Receives the transform index.
     using Notification = std::function<void(int)>;
 
-    /// \a index tells which of the node's transforms gets \a values: -1 its own, from 0 on those of its
-    /// variants. \a syncs tells whether the class's sync function is called after each step, which takes
-    /// index -1, too. \a node may be null, the command then does nothing, and \a notification empty.
+    /// \a index tells which of the node's transforms gets \a values: -1 its own, from 0 on that of
+    /// the variant which stands there when a step is done. \a syncs tells whether the class's sync function
+    /// is called after each step, which takes index -1, too. \a node may be null, the command then does
+    /// nothing, and \a notification empty.
     ksTransformationUndoCommand(osg::NodePtr node, ksTransformation values, bool syncs,
                                 QUndoCommand *parent = nullptr, Notification notification = {},
                                 int index = -1);

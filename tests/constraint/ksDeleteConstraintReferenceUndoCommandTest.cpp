@@ -220,6 +220,20 @@ TEST_F(ksDeleteConstraintReferenceUndoCommandTest, SettlesWhatToRemoveWhenItIsBu
     EXPECT_EQ(aim->getSources()[1], late.front());
 }
 
+TEST_F(ksDeleteConstraintReferenceUndoCommandTest, FindsTheObjectsWhereverTheyStandThen)
+{
+    const Objects sources = addSources(aim, "ABC");
+    const Objects upVectors = addUpVectors("ABC");
+    Command command = remove("B");
+    aim->removeSourceObject(sources[0]);
+    aim->removeUpVectorObject(upVectors[0]);
+    addSources(aim, "D");
+    command.redo();
+    EXPECT_EQ(state(), "CD - C");
+    command.undo();
+    EXPECT_EQ(state(), "CDB - CB");
+}
+
 TEST_F(ksDeleteConstraintReferenceUndoCommandTest, RemovesTheFirstOfSeveralObjectsForANode)
 {
     const Objects both = addSources(aim, "AA");

@@ -177,6 +177,38 @@ TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, DestroysTheNodeThatOnlyThe
     expectIdle(command);
 }
 
+TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, LosesTheNodeThatOnlyTheReferenceBeforeHolds)
+{
+    osg::NodeRefPtr lid(nodeWith(osg::Group::create()));
+    append(box, lid);
+    const osg::NodePtr node = lid;
+    const long long boxId = recorder.idOf(box.get());
+    const long long boxCoreId = recorder.idOf(box->getCore());
+    const long long lidId = recorder.idOf(node);
+    const long long lidCoreId = recorder.idOf(lid->getCore());
+    add(box).redo();
+    {
+        const osg::CPEditor edit(root, osg::Node::ChildrenFieldMask);
+        root->subChild(box);
+    }
+    box = osg::NullFC;
+    Command command = add(node);
+    lid = osg::NullFC;
+    forget();
+    command.redo();
+    EXPECT_EQ(light->getVisibilityReference(), osg::NullFC);
+    EXPECT_EQ(recorder.take(), ksRecords()
+                                   .destroy(boxId)
+                                   .change(boxCoreId, osg::NodeCore::ParentsFieldMask)
+                                   .destroy(boxCoreId)
+                                   .change(lidId, osg::Node::ParentFieldMask)
+                                   .destroy(lidId)
+                                   .change(lidCoreId, osg::NodeCore::ParentsFieldMask)
+                                   .destroy(lidCoreId)
+                                   .change(recorder.idOf(light), lightMask));
+    expectIdle(command);
+}
+
 TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, IsIdleWithoutANode)
 {
     add(ball).redo();

@@ -80,3 +80,22 @@ TEST_F(ksSetEnvironmentUndoCommandTest, LetsAnEnvironmentGoThatNobodyElseHolds)
     command.redo();
     EXPECT_EQ(environment(), dawn.get());
 }
+
+TEST_F(ksSetEnvironmentUndoCommandTest, LosesAnEnvironmentThatOnlyThePresentOneHolds)
+{
+    osg::RefPtr<osg::UBRDFMaterialPtr> sky(osg::UBRDFMaterial::create());
+    sky->setEnvironment(dawn);
+    setEnvironment(sky.get());
+    Command command(material, dawn);
+    const long long skyId = idOf(sky.get());
+    const long long dawnId = idOf(dawn.get());
+    sky = osg::NullFC;
+    dawn = osg::NullFC;
+    forget();
+    command.redo();
+    EXPECT_EQ(environment(), osg::NullFC);
+    EXPECT_EQ(recorder.take(), change().destroy(skyId).destroy(dawnId));
+    command.undo();
+    EXPECT_EQ(environment(), osg::NullFC);
+    EXPECT_EQ(recorder.take(), change());
+}

@@ -131,6 +131,28 @@ protected:
         command->undo();
     }
 
+    /// The fields of the node's transforms by their indexes, its own at -1.
+    std::map<int, ksFieldTexts> transforms() const
+    {
+        std::map<int, ksFieldTexts> result;
+        for (int index = -1; index < static_cast<int>(ksNodeUtils::getTransformVariantCount(node)); ++index)
+            result[index] = ksFieldTextsOf(ksNodeUtils::getTransform3D(node, index));
+        return result;
+    }
+
+    /// The indexes of the transforms that \a step changes.
+    template <class Step>
+    std::vector<int> changedBy(Step step) const
+    {
+        const auto before = transforms();
+        step();
+        std::vector<int> indexes;
+        for (const auto &[index, texts] : transforms())
+            if (texts != before.at(index))
+                indexes.push_back(index);
+        return indexes;
+    }
+
 private:
     static void expectMatrices(const Matrices &actual, const Matrices &expected, bool exactly)
     {
@@ -158,4 +180,14 @@ TEST_P(ksTransformCommandsTest, BringBackTurnsThatWereSetAsQuaternionsNearly)
         ownTransformOf(node)->setRotationAsQuaternion(turn);
         expectWayBack(false);
     }
+}
+
+TEST_P(ksTransformCommandsTest, ConcernWhatStandsAtTheirIndexThen)
+{
+    const std::unique_ptr<ksUndoCommand> command(GetParam().make(node));
+    const std::vector<int> changed = changedBy([&] { command->redo(); });
+    ASSERT_EQ(changed.size(), 1u);
+    ksNodeUtils::setTransformNodeEulerRotationOrder(node, "YXZ", 1); // another than that of all the others
+    ksNodeUtils::insertTransformVariant(node, 0, variant("x"));
+    EXPECT_EQ(changedBy([&] { command->undo(); }), changed);
 }

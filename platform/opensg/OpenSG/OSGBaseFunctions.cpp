@@ -17,12 +17,13 @@ bool osgInit(Int32, Char8 **, UInt16 major, UInt16, UInt16, bool, bool, bool)
                    " of the scene graph, not " + std::to_string(OSG_MAJOR_VERSION));
         std::exit(1);
     }
-    if (GlobalSystemState != Startup) {
+    if (GlobalSystemState == Running) {
         return true;
     }
     ThreadManager &threads = *ThreadManager::the();
     threads.getThread("OSGAppThread")->enter(0);
     FieldContainerPtrBase::_pRefCountLock = threads.getLockPool("DSPTRRefCountLockPool");
+    FieldContainerFactory::the()->makePrototypes();
     FieldContainerFactory::the()->initializePendingTypes();
     Thread::getCurrentChangeList()->clearAll();
     GlobalSystemState = Running;

@@ -12,6 +12,9 @@ OSG_BEGIN_NAMESPACE
 /// What one thread did to containers, so that it can be done to another aspect as well: five lists, each in
 /// the order of the calls and with duplicates, without an order between them. Read-only lists, the default,
 /// record nothing.
+///
+/// A list belongs to one thread at a time. Applying it works on the copies of both aspects, so that no other
+/// thread may work on either meanwhile.
 class ChangeList : public MemoryObject
 {
 public:

@@ -59,23 +59,33 @@ AttachmentPtr FieldContainerFactory::createAttachment(const Char8 *typeName) con
 
 FieldContainerType *FieldContainerFactory::findType(UInt32 typeId) const
 {
+    const TypesGuard guard(_typesMutex);
     const auto found = _typesById.find(typeId);
     return found != _typesById.end() ? found->second : nullptr;
 }
 
 FieldContainerType *FieldContainerFactory::findType(const Char8 *typeName) const
 {
+    const TypesGuard guard(_typesMutex);
     const auto found = typeName != nullptr ? _typesByName.find(typeName) : _typesByName.end();
     return found != _typesByName.end() ? found->second : nullptr;
 }
 
 UInt32 FieldContainerFactory::getNumTypes(void) const
 {
+    const TypesGuard guard(_typesMutex);
     return static_cast<UInt32>(_typesById.size());
+}
+
+UInt32 FieldContainerFactory::getNumGroups(void) const
+{
+    const TypesGuard guard(_typesMutex);
+    return static_cast<UInt32>(_groups.size());
 }
 
 UInt16 FieldContainerFactory::findGroupId(const Char8 *groupName) const
 {
+    const TypesGuard guard(_typesMutex);
     const auto found =
         groupName != nullptr ? std::find(_groups.begin(), _groups.end(), groupName) : _groups.end();
     return found != _groups.end() ? static_cast<UInt16>(found - _groups.begin() + 1) : UInt16(0);
@@ -83,11 +93,13 @@ UInt16 FieldContainerFactory::findGroupId(const Char8 *groupName) const
 
 const Char8 *FieldContainerFactory::findGroupName(UInt16 groupId) const
 {
+    const TypesGuard guard(_typesMutex);
     return groupId != 0 && groupId <= _groups.size() ? _groups[groupId - 1].c_str() : nullptr;
 }
 
 bool FieldContainerFactory::initializePendingTypes(void)
 {
+    const TypesGuard guard(_typesMutex);
     bool isComplete = true;
     for (const auto &[id, type] : _typesById) {
         initializeType(*type);
@@ -137,6 +149,7 @@ UInt32 FieldContainerFactory::registerFieldContainer(const FieldContainerPtr &fc
 
 UInt16 FieldContainerFactory::registerGroup(const Char8 *groupName)
 {
+    const TypesGuard guard(_typesMutex);
     const UInt16 known = findGroupId(groupName);
     if (known != 0) {
         return known;
@@ -145,14 +158,19 @@ UInt16 FieldContainerFactory::registerGroup(const Char8 *groupName)
     return static_cast<UInt16>(_groups.size());
 }
 
-void FieldContainerFactory::registerType(FieldContainerType &type)
+void FieldContainerFactory::registerType(FieldContainerType &type, void (*initMethod)(void))
 {
+    const TypesGuard guard(_typesMutex);
     _typesById.emplace(type.getId(), &type);
     _typesByName.emplace(type.getCName(), &type);
+    if (initMethod != nullptr) {
+        initMethod();
+    }
 }
 
 void FieldContainerFactory::unregisterType(FieldContainerType &type)
 {
+    const TypesGuard guard(_typesMutex);
     _typesById.erase(type.getId());
     const auto found = _typesByName.find(type.getCName());
     if (found != _typesByName.end() && found->second == &type) {
@@ -160,8 +178,19 @@ void FieldContainerFactory::unregisterType(FieldContainerType &type)
     }
 }
 
+void FieldContainerFactory::makePrototypes(void)
+{
+    const TypesGuard guard(_typesMutex);
+    for (const auto &[id, type] : _typesById) {
+        if (type->isInitialized()) {
+            type->makePrototype();
+        }
+    }
+}
+
 void FieldContainerFactory::releasePrototypes(void)
 {
+    const TypesGuard guard(_typesMutex);
     for (const auto &[id, type] : _typesById) {
         type->releasePrototype();
     }

@@ -41,6 +41,11 @@ private:
     void *const _store;
 };
 
+bool isKnown(const FieldContainerPtrBase &fc, UInt32 id)
+{
+    return FieldContainerFactory::the()->getContainer(id) == fc;
+}
+
 } // namespace
 
 /// A copy that is made or destroyed for another aspect takes and releases that aspect's references itself. So
@@ -122,7 +127,7 @@ void FieldContainerPtrBase::subRef(void) const
     }
     // The handle itself may lie in memory that goes away with the container.
     const FieldContainerPtrBase fc(*this);
-    const_cast<FieldContainerPtrBase *>(this)->_storeP = nullptr;
+    _storeP = nullptr;
     fc.deleteContainers();
 }
 
@@ -162,6 +167,20 @@ FieldContainerPtr::FieldContainerPtr(const FieldContainer *source)
 void FieldContainerPtr::executeSync(UInt32 fromAspect, UInt32 toAspect, BitVector whichField) const
 {
     copyOf(toAspect)->executeSync(*copyOf(fromAspect), whichField);
+}
+
+void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &source)
+{
+    if (target == source) {
+        return;
+    }
+    // The source may lie in memory that goes away with the old container, and so may the new container.
+    const FieldContainerPtrBase assigned(source);
+    const UInt32 id = assigned.getFieldContainerId();
+    const bool mayGo = target.getRefCount() <= 1 && isKnown(assigned, id);
+    subRefCP(target);
+    target = mayGo && !isKnown(assigned, id) ? FieldContainerPtrBase() : assigned;
+    addRefCP(target);
 }
 
 void endEditNotChangedCP(const FieldContainerPtr &fc, BitVector whichField, UInt32)

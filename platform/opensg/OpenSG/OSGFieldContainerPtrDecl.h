@@ -4,6 +4,7 @@
 #include <OpenSG/OSGFieldContainerBase.h>
 #include <OpenSG/OSGThreadContext.h>
 
+#include <atomic>
 #include <cstddef>
 #include <ostream>
 
@@ -36,8 +37,8 @@ public:
     /// 0 for a null handle.
     UInt32 getFieldContainerId(void) const { return _storeP != nullptr ? header().id : 0; }
 
-    /// 0 for a null handle.
-    Int32 getRefCount(void) const { return _storeP != nullptr ? header().refCount : 0; }
+    /// 0 for a null handle. Other threads may change it at any time.
+    Int32 getRefCount(void) const { return _storeP != nullptr ? header().refCount.load() : 0; }
 
     /// Bytes of one aspect's copy; 0 for a null handle.
     UInt16 getContainerSize(void) const { return _containerSize; }
@@ -73,7 +74,7 @@ public:
 protected:
     struct Header
     {
-        Int32 refCount;
+        std::atomic<Int32> refCount; // asked for without the lock
         UInt32 id;
     };
 
@@ -103,7 +104,7 @@ protected:
 
     UInt16 _containerSize = 0;
     UInt16 _uiParentEPos = InvalidParentEPos;
-    UInt8 *_storeP = nullptr;
+    mutable UInt8 *_storeP = nullptr; // subRefCP() sets constant handles to null as well
 
 private:
     enum class RefChange
@@ -129,7 +130,8 @@ public:
     typedef FieldContainerPtr ObjectType;
     typedef FieldContainerPtrBase Inherited;
 
-    /// While true, the end of an edit calls no change handler; it is recorded as always.
+    /// While true, the end of an edit calls no change handler, on any thread; it is recorded as always. To be
+    /// set while no other thread edits.
     static bool _ignore_change;
 
     constexpr FieldContainerPtr(void) = default;

@@ -5,7 +5,8 @@
 
 /// @file
 /// What can be done to containers through their handles. All functions do nothing for null handles, and
-/// record to the calling thread's change list if it has one.
+/// record to the calling thread's change list if it has one. References may be taken and released by several
+/// threads at once, edits of one container not.
 
 OSG_BEGIN_NAMESPACE
 
@@ -15,26 +16,18 @@ inline void addRefCP(const FieldContainerPtrBase &fc)
     fc.addRef();
 }
 
-/// Releases a reference. Records that if some are left; else records the container as destroyed, destroys it
-/// and sets
-/// @p fc itself, const or not, to null.
+/// Releases a reference. Records that if some are left; else records the container as destroyed, sets @p fc
+/// itself, const or not, to null, and destroys the container. The handle may lie in what is destroyed. Other
+/// handles of the container dangle.
 inline void subRefCP(const FieldContainerPtrBase &fc)
 {
     fc.subRef();
 }
 
 /// Assigns @p source to @p target: releases the old container first, then takes a reference on the new one.
-/// Nothing happens if both are the same.
-inline void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &source)
-{
-    if (target != source) {
-        // The source may lie in memory that goes away with the old container.
-        const FieldContainerPtrBase assigned(source);
-        subRefCP(target);
-        target = assigned;
-        addRefCP(target);
-    }
-}
+/// Nothing happens if both are the same. A new container that nobody but the old one holds goes with it; the
+/// target is null then.
+void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &source);
 
 /// Releases a reference and sets the handle to null.
 inline void clearRefCP(FieldContainerPtrBase &target)

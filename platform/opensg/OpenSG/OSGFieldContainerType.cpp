@@ -20,16 +20,13 @@ FieldContainerType::FieldContainerType(const Char8 *name, const Char8 *parentNam
           groupName != nullptr && *groupName != '\0' ? groupName : name))
     , _descriptions(descriptions, descriptions + descByteCount / sizeof(*descriptions))
 {
-    FieldContainerFactory::the()->registerType(*this);
-    if (initMethod != nullptr) {
-        initMethod();
-    }
+    FieldContainerFactory::the()->registerType(*this, initMethod);
 }
 
 FieldContainerType::~FieldContainerType(void)
 {
-    releasePrototype();
     FieldContainerFactory::the()->unregisterType(*this);
+    releasePrototype();
 }
 
 bool FieldContainerType::isDerivedFrom(const FieldContainerType &other) const
@@ -112,11 +109,16 @@ void FieldContainerType::initialize(FieldContainerType *parent)
     if (getNumFieldDescs() > 64) {
         logWarning(std::string("type '") + getCName() + "' has more than 64 fields");
     }
-    if (_prototypeCreate != nullptr) {
+    makePrototype();
+    _initialized = true;
+}
+
+void FieldContainerType::makePrototype(void)
+{
+    if (_prototypeCreate != nullptr && _prototype == NullFC) {
         _prototype = _prototypeCreate();
         addRefCP(_prototype);
     }
-    _initialized = true;
 }
 
 void FieldContainerType::releasePrototype(void)

@@ -15,7 +15,8 @@ typedef FieldContainerPtr (*PrototypeCreateF)(void);
 typedef void (*InitContainerF)(void);
 
 /// The type of a container: its place in the class tree, its fields, and its prototype, which new containers
-/// are copied from. Parent, inherited fields and prototype are there from osgInit() on.
+/// are copied from. Parent, inherited fields and prototype are there from osgInit() on, and can be used by
+/// all threads; they are changed while no other thread uses the type.
 class FieldContainerType : public DataType
 {
 public:
@@ -88,6 +89,7 @@ private:
 
     /// Takes over what @p parent (null for the root) knows, then makes the prototype.
     void initialize(FieldContainerType *parent);
+    void makePrototype(void);
     void releasePrototype(void);
 
     const PrototypeCreateF _prototypeCreate;

@@ -10,7 +10,8 @@
 
 OSG_BEGIN_NAMESPACE
 
-/// Receives one line of the scene graph's log, without a line end.
+/// Receives one line of the scene graph's log, without a line end. Called on the thread that logs, so by
+/// several at once if they do.
 typedef std::function<void(const std::string &)> LogSink;
 
 /// Replaces the receiver of the log and returns the previous one. An empty sink stands for standard error,

@@ -34,13 +34,14 @@ private:
     const IDString _name;
 };
 
-/// A thread that works on the scene: it has an aspect and a change list.
+/// A thread that works on the scene: it has an aspect and a change list. What such threads may do at the same
+/// time, and what only while the others wait, is in docs/architecture.md, "Threads".
 class ThreadCommonBase : public BaseThread
 {
 public:
     ~ThreadCommonBase(void) override;
 
-    /// Owned by the thread.
+    /// Owned by the thread, which may record to it at any time: others touch it while that one waits.
     ChangeList *getChangeList(void) { return _changeList; }
 
 protected:
@@ -83,7 +84,7 @@ typedef PThreadBase ThreadBase;
 /// The work of a thread, with an argument.
 typedef void (*ThreadFuncF)(void *);
 
-/// A thread that the scene graph runs.
+/// A thread that the scene graph runs. Started and joined by one thread at a time.
 class Thread : public PThreadBase
 {
 public:
@@ -112,7 +113,8 @@ protected:
     virtual void workProc(void);
 };
 
-/// A thread that somebody else runs: it registers itself to work on the scene.
+/// A thread that somebody else runs: it registers itself to work on the scene, under a name that no other
+/// thread has at the time.
 class ExternalThread : public PThreadBase
 {
 public:

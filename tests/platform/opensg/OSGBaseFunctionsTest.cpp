@@ -117,6 +117,27 @@ TEST(OSGExitDeathTest, HandlesOutliveIt)
         testing::ExitedWithCode(0), "");
 }
 
+TEST(OSGExitDeathTest, IsFollowedByANewStart)
+{
+    EXPECT_EXIT(
+        {
+            const NodeRefPtr kept(Node::create());
+            const UInt32 types = FieldContainerFactory::the()->getNumTypes();
+            Thread::getCurrentChangeList()->addCreated(1);
+            osgExit();
+            osgInit(0, nullptr);
+            ChangeList &changes = *Thread::getCurrentChangeList();
+            const bool isEmpty = changes.empty();
+            kept->addChild(Node::create());
+            leave(GlobalSystemState == Running && isEmpty && changes.sizeCreated() == 1 &&
+                  Node::getClassType().getPrototype().getRefCount() == 1 && kept->getNChildren() == 1 &&
+                  NodeCore::getClassType().isAbstract() && FieldContainerPtrBase::_pRefCountLock != nullptr &&
+                  FieldContainerFactory::the()->getNumTypes() == types &&
+                  Group::getClassType().getNumFieldDescs() == Group::NextFieldId - 1);
+        },
+        testing::ExitedWithCode(0), "");
+}
+
 /// Made before osgInit() and so destroyed after what it registers to run at exit.
 struct LastWords
 {

@@ -299,6 +299,34 @@ TEST(OSGFieldContainerPtr, SetRefdTakesAHandleThatGoesWithTheOldContainer)
     clearRefCP(target);
 }
 
+TEST(OSGFieldContainerPtr, SetRefdToWhatGoesWithTheOldContainerIsNull)
+{
+    ksRecorder recorder;
+    NodePtr target = Node::create();
+    addRefCP(target);
+    target->addChild(Node::create());
+    recorder.take();
+
+    setRefdCP(target, target->getChild(0));
+
+    EXPECT_TRUE(target == NullFC);
+    EXPECT_EQ(recorder.take(), ksRecords().destroy(1).change(2, Node::ParentFieldMask).destroy(2));
+}
+
+TEST(OSGFieldContainerPtr, SetRefdTakesWhatTheFactoryDoesNotKnow)
+{
+    const NodeRefPtr node(Node::create());
+    NodePtr target = Node::create();
+    addRefCP(target);
+    FieldContainerFactory::the()->unregisterFieldContainer(node.get());
+
+    setRefdCP(target, node.get());
+
+    EXPECT_TRUE(target == node.get());
+    EXPECT_EQ(node.get().getRefCount(), 2);
+    clearRefCP(target);
+}
+
 TEST(OSGFieldContainerPtr, ReleasesThroughAHandleThatGoesWithTheContainer)
 {
     const NodePtr parent = Node::create();
