@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ksCommandSpec.h"
+#include "ksLiveStacks.h"
+#include "ksPlainStack.h"
+
+#include <QtGlobal>
+
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+/// A session of a user on a scene with two stacks: the library's, and a plain description of what it must be.
+/// After each operation both are compared, and what differs is thrown as std::runtime_error.
+///
+/// Stacks are 0 and 1; places are those of ksPlain::Scene; a receiver of messages and a sync function are
+/// 1 or 2, or 0 for none.
+class ksSession
+{
+public:
+    ksSession();
+    ~ksSession();
+    Q_DISABLE_COPY(ksSession)
+
+    void push(int stack, const ksCommandSpec &spec);
+    void undo(int stack);
+    void redo(int stack);
+    void mark(int stack);
+    void reset(int stack);
+    void setClean(int stack);
+    void clear(int stack);
+    void forgetUndone(int stack);
+    void beginMacro(int stack);
+    void endMacro(int stack);
+    void beginGesture(int stack);
+    void endGesture(int stack);
+    void takeBackGesture(int stack);
+    void setLimit(int stack, int limit);
+    void receive(int stack, int receiver);
+
+    /// Builds a command and destroys it.
+    void discard(const ksCommandSpec &spec);
+    void sync(const std::string &className, int function);
+    void tick(int milliseconds);
+
+    void make(int place);
+    void drop(int place);
+    void attach(int place);
+    void detach(int place);
+
+    /// Clears both stacks, takes all places away, and looks for what is left.
+    void end();
+
+private:
+    ksPlain::Stack &plainStack(int which) { return plainStacks[static_cast<std::size_t>(which)]; }
+    void compare();
+    void compareScene();
+
+    ksPlain::Workshop workshop;
+    std::array<ksPlain::Stack, 2> plainStacks{{{workshop, "0"}, {workshop, "1"}}};
+    ksLiveStacks live{workshop.scene};
+};
