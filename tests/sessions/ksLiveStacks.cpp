@@ -514,6 +514,7 @@ ksLiveStacks::ksLiveStacks(const ksPlain::Scene &plain)
             return command == nullptr ? "null" : command->text().toStdString();
         };
         stack.clear();
+        stack.setClean();
         stack.setUndoLimit(0);
         QObject::connect(&stack, &ksUndoStack::redoPerformed, &signalReceiver,
                          [=](const QUndoCommand *command, bool added) {

@@ -581,7 +581,7 @@ bool Workshop::canMerge(const Command &older, const Command &newer)
         return false;
     switch (older.type->mechanics) {
     case Mechanics::number:
-        return older.target == newer.target && older.field == newer.field;
+        return older.target == newer.target && (older.target == 0 || older.field == newer.field);
     case Mechanics::content:
         return newer.old == older.value;
     case Mechanics::transformValue:

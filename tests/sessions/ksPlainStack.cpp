@@ -155,9 +155,12 @@ void Stack::clear()
         workshop.destroy(*command);
     commands.clear();
     macros.clear();
-    index = clean = 0;
-    if (!wasEmpty)
+    index = 0;
+    if (!wasEmpty) {
+        // Qt has nothing to clear in a stack of which all was undone and forgotten: it is not clean then.
+        clean = 0;
         announce(isUndo);
+    }
     marked = 0;
     isAddition = false;
     workshop.events.push_back(name + " cleared");
