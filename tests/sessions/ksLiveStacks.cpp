@@ -510,6 +510,9 @@ ksLiveStacks::ksLiveStacks(const ksPlain::Scene &plain)
     for (const int which : {0, 1}) {
         ksUndoStack &stack = (*this)[which];
         const std::string name = std::to_string(which);
+        const auto busyName = [&stack, name] {
+            return name + " busy " + std::to_string(stack.getBusyDepth());
+        };
         const auto textOf = [](const QUndoCommand *command) {
             return command == nullptr ? "null" : command->text().toStdString();
         };
@@ -518,11 +521,13 @@ ksLiveStacks::ksLiveStacks(const ksPlain::Scene &plain)
         stack.setUndoLimit(0);
         QObject::connect(&stack, &ksUndoStack::redoPerformed, &signalReceiver,
                          [=](const QUndoCommand *command, bool added) {
-                             events.push_back(name + " redone " + textOf(command) + (added ? " 1" : " 0"));
+                             events.push_back(busyName() + " redone " + textOf(command) +
+                                              (added ? " 1" : " 0"));
                          });
-        QObject::connect(
-            &stack, &ksUndoStack::undoPerformed, &signalReceiver,
-            [=](const QUndoCommand *command) { events.push_back(name + " undone " + textOf(command)); });
+        QObject::connect(&stack, &ksUndoStack::undoPerformed, &signalReceiver,
+                         [=](const QUndoCommand *command) {
+                             events.push_back(busyName() + " undone " + textOf(command));
+                         });
         QObject::connect(&stack, &ksUndoStack::cleared, &signalReceiver,
                          [=] { events.push_back(name + " cleared"); });
         setReceiver(which, 1);
@@ -624,8 +629,10 @@ std::vector<std::string> ksLiveStacks::classNames()
 template <int which, int receiver>
 bool ksLiveStacks::receive(const char *name, ksMessage &message, int option)
 {
-    current->events.push_back(std::to_string(which) + " message" + std::to_string(receiver) + ' ' + name +
-                              ' ' + std::to_string(option) + current->textOf(message));
+    const int depth = current->stacks[which]->getBusyDepth();
+    current->events.push_back(std::to_string(which) + " busy " + std::to_string(depth) + " message" +
+                              std::to_string(receiver) + ' ' + name + ' ' + std::to_string(option) +
+                              current->textOf(message));
     return false;
 }
 

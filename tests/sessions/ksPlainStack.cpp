@@ -53,20 +53,21 @@ void Stack::dropUndone()
         clean = -1;
 }
 
-void Stack::announce(bool isUndo)
+void Stack::announce(bool isUndo, bool isBusy)
 {
     const int place = isUndo ? index : index - 1;
     const std::string added = std::exchange(isAddition, false) && !isUndo ? "1" : "0";
     const bool exists = place >= 0 && place < count();
     const std::string text = exists ? textAt(place) : "null";
-    workshop.events.push_back(name + (isUndo ? " undone " + text : " redone " + text + ' ' + added));
+    workshop.events.push_back(name + (isBusy ? " busy 1" : " busy 0") +
+                              (isUndo ? " undone " + text : " redone " + text + ' ' + added));
     if (!exists || receiver == 0)
         return;
     auto keys = Workshop::keysOf(at(place));
     keys["index"] = "int:" + std::to_string(place);
     keys["added"] = "bool:" + added;
     keys["text"] = text;
-    std::string line = name + " message" + std::to_string(receiver) +
+    std::string line = name + " busy 1 message" + std::to_string(receiver) +
                        (isUndo ? " ksURManager::undo 0" : " ksURManager::redo 0");
     for (const auto &[key, value] : keys)
         line += ' ' + key + '=' + value;
@@ -159,7 +160,7 @@ void Stack::clear()
     if (!wasEmpty) {
         // Qt has nothing to clear in a stack of which all was undone and forgotten: it is not clean then.
         clean = 0;
-        announce(isUndo);
+        announce(isUndo, false);
     }
     marked = 0;
     isAddition = false;

@@ -80,7 +80,8 @@ private:
     void dropUndone();
     void finishStep();
     void goTo(int place);
-    void announce(bool isUndo);
+    /// Tells of a step, to receivers who find the stack busy but when it is cleared.
+    void announce(bool isUndo, bool isBusy = true);
 
     Workshop &workshop;
     std::string name;

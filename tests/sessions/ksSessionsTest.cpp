@@ -37,9 +37,8 @@ struct Operation
     /// What it takes: s for a stack, c for a command, k for a class, n for a number.
     const char *arguments;
 
-    /// The least number, and how many there are.
-    int least;
-    int count;
+    /// The numbers that it takes, the simplest first.
+    std::vector<int> numbers;
 
     void (*run)(ksSession &session, const Line &line);
 };
@@ -62,35 +61,46 @@ void onBoth(ksSession &session, const Line &line)
     (session.*function)(line.stack, line.number);
 }
 
-constexpr int placeCount = 17;
+std::vector<int> everyPlace()
+{
+    std::vector<int> places(ksPlain::Scene::emptyPlaces().size());
+    std::iota(places.begin(), places.end(), 0);
+    return places;
+}
 
 const std::vector<Operation> &operations()
 {
     static const std::vector<Operation> all = {
-        {"push", 100, "sc", 0, 1,
+        {"push",
+         100,
+         "sc",
+         {0},
          [](ksSession &session, const Line &line) { session.push(line.stack, line.spec); }},
-        {"discard", 2, "c", 0, 1, [](ksSession &session, const Line &line) { session.discard(line.spec); }},
-        {"undo", 40, "s", 0, 1, &onStack<&ksSession::undo>},
-        {"redo", 30, "s", 0, 1, &onStack<&ksSession::redo>},
-        {"mark", 4, "s", 0, 1, &onStack<&ksSession::mark>},
-        {"reset", 4, "s", 0, 1, &onStack<&ksSession::reset>},
-        {"setClean", 4, "s", 0, 1, &onStack<&ksSession::setClean>},
-        {"clear", 1, "s", 0, 1, &onStack<&ksSession::clear>},
-        {"forgetUndone", 2, "s", 0, 1, &onStack<&ksSession::forgetUndone>},
-        {"beginMacro", 6, "s", 0, 1, &onStack<&ksSession::beginMacro>},
-        {"endMacro", 10, "s", 0, 1, &onStack<&ksSession::endMacro>},
-        {"beginGesture", 6, "s", 0, 1, &onStack<&ksSession::beginGesture>},
-        {"endGesture", 5, "s", 0, 1, &onStack<&ksSession::endGesture>},
-        {"takeBackGesture", 4, "s", 0, 1, &onStack<&ksSession::takeBackGesture>},
-        {"setLimit", 3, "sn", 0, 6, &onBoth<&ksSession::setLimit>},
-        {"receive", 2, "sn", 0, 3, &onBoth<&ksSession::receive>},
-        {"sync", 6, "kn", 0, 3,
+        {"discard", 2, "c", {0}, [](ksSession &session, const Line &line) { session.discard(line.spec); }},
+        {"undo", 40, "s", {0}, &onStack<&ksSession::undo>},
+        {"redo", 30, "s", {0}, &onStack<&ksSession::redo>},
+        {"mark", 4, "s", {0}, &onStack<&ksSession::mark>},
+        {"reset", 4, "s", {0}, &onStack<&ksSession::reset>},
+        {"setClean", 4, "s", {0}, &onStack<&ksSession::setClean>},
+        {"clear", 1, "s", {0}, &onStack<&ksSession::clear>},
+        {"forgetUndone", 2, "s", {0}, &onStack<&ksSession::forgetUndone>},
+        {"beginMacro", 6, "s", {0}, &onStack<&ksSession::beginMacro>},
+        {"endMacro", 10, "s", {0}, &onStack<&ksSession::endMacro>},
+        {"beginGesture", 6, "s", {0}, &onStack<&ksSession::beginGesture>},
+        {"endGesture", 5, "s", {0}, &onStack<&ksSession::endGesture>},
+        {"takeBackGesture", 4, "s", {0}, &onStack<&ksSession::takeBackGesture>},
+        {"setLimit", 3, "sn", {0, 1, 2, 5}, &onBoth<&ksSession::setLimit>},
+        {"receive", 2, "sn", {0, 1, 2}, &onBoth<&ksSession::receive>},
+        {"sync",
+         6,
+         "kn",
+         {1, 2, 0},
          [](ksSession &session, const Line &line) { session.sync(line.spec.className, line.number); }},
-        {"tick", 20, "n", -500, 1500, &onNumber<&ksSession::tick>},
-        {"make", 8, "n", 0, placeCount, &onNumber<&ksSession::make>},
-        {"drop", 6, "n", 0, placeCount, &onNumber<&ksSession::drop>},
-        {"attach", 4, "n", 0, placeCount, &onNumber<&ksSession::attach>},
-        {"detach", 4, "n", 0, placeCount, &onNumber<&ksSession::detach>},
+        {"tick", 20, "n", {100, 399, 400, 401, 2000, -100, -1000, 3600000}, &onNumber<&ksSession::tick>},
+        {"make", 8, "n", everyPlace(), &onNumber<&ksSession::make>},
+        {"drop", 6, "n", everyPlace(), &onNumber<&ksSession::drop>},
+        {"attach", 4, "n", everyPlace(), &onNumber<&ksSession::attach>},
+        {"detach", 4, "n", everyPlace(), &onNumber<&ksSession::detach>},
     };
     return all;
 }
@@ -166,13 +176,19 @@ public:
         line.operation = drawOperation();
         const Operation &operation = operations()[line.operation];
         line.stack = below(4) == 0 ? 1 : 0;
-        line.number = operation.least + below(operation.count);
+        line.number = pick(operation.numbers);
         line.spec = drawCommand(2);
         return line;
     }
 
 private:
     int below(int limit) { return static_cast<int>(random.next() % static_cast<std::uint64_t>(limit)); }
+
+    template <class T>
+    const T &pick(const std::vector<T> &choices)
+    {
+        return choices[random.next() % choices.size()];
+    }
 
     std::size_t drawOperation()
     {
@@ -191,7 +207,7 @@ private:
         if (below(3) == 0 && !past.last.className.empty())
             return again(past.last);
         ksCommandSpec spec;
-        spec.className = classNames[static_cast<std::size_t>(below(static_cast<int>(classNames.size())))];
+        spec.className = pick(classNames);
         spec.target = below(8);
         spec.value = below(5000);
         spec.merging = drawMerging();
@@ -233,6 +249,9 @@ std::vector<Line> simplerLines(const Line &line)
         add([i](Line &changed) {
             changed.spec.parts.erase(changed.spec.parts.begin() + static_cast<std::ptrdiff_t>(i));
         });
+    const std::vector<int> &numbers = operations()[line.operation].numbers;
+    if (line.number != numbers.front())
+        add([&numbers](Line &changed) { changed.number = numbers.front(); });
     if (line.stack != 0)
         add([](Line &changed) { changed.stack = 0; });
     if (spec.merging != 0)
