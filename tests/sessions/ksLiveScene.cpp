@@ -37,32 +37,23 @@ using ksPlain::Value;
 using ksPlain::Vec;
 using PlaceKind = ksPlain::Place::Kind;
 
+/// The types of the kinds, after null. All their containers are watched from now on.
+template <class... Types>
+std::vector<osg::FieldContainerType *> watchedTypes()
+{
+    (ksWatched<Types>::watchType(), ...);
+    return {nullptr, &Types::getClassType()...};
+}
+
 osg::FieldContainerType &typeOf(Kind kind)
 {
-    using namespace osg;
-    static FieldContainerType *const types[] = {
-        nullptr,
-        &osg::Transform::getClassType(),
-        &Group::getClassType(),
-        &Node::getClassType(),
-        &Name::getClassType(),
-        &Transform3D::getClassType(),
-        &TransformVariantsAttachment::getClassType(),
-        &TransformVariant::getClassType(),
-        &UberLight::getClassType(),
-        &LightLinkSet::getClassType(),
-        &AimConstraint::getClassType(),
-        &PointConstraint::getClassType(),
-        &ConstraintObject::getClassType(),
-        &TagAttachment::getClassType(),
-        &ProbeContainer::getClassType(),
-        &UberMaterial::getClassType(),
-        &ColorComponent::getClassType(),
-        &ColorComponentSettings::getClassType(),
-        &Image::getClassType(),
-        &UBRDFMaterial::getClassType(),
-        &SimpleMaterial::getClassType(),
-    };
+    static const std::vector<osg::FieldContainerType *> types = [] {
+        using namespace osg;
+        return watchedTypes<osg::Transform, Group, Node, Name, Transform3D, TransformVariantsAttachment,
+                            TransformVariant, UberLight, LightLinkSet, AimConstraint, PointConstraint,
+                            ConstraintObject, TagAttachment, ProbeContainer, UberMaterial, ColorComponent,
+                            ColorComponentSettings, Image, UBRDFMaterial, SimpleMaterial>();
+    }();
     return *types[static_cast<std::size_t>(kind)];
 }
 
@@ -229,6 +220,7 @@ osg::ImagePtr ksMakeImage(const std::string &name)
 
 ksLiveScene::ksLiveScene(const ksPlain::Scene &plain)
     : plain(plain)
+    , isWatched(typeOf(Kind::node).isNode())
     , before(static_cast<osg::UInt32>(osg::FieldContainerFactory::the()->getFieldContainerStore()->size()) -
              1)
 {
@@ -403,31 +395,46 @@ int ksLiveScene::placeOf(Kind kind, osg::UInt32 fieldId)
     return -1;
 }
 
-std::vector<std::pair<int, unsigned>> ksLiveScene::records() const
+void ksLiveScene::addEdit(Edits &edits, osg::UInt32 id, osg::BitVector mask) const
 {
-    std::vector<std::pair<int, unsigned>> records;
+    const int number = numberOf(id);
+    const osg::FieldContainerPtr container = number > 0 ? find(number) : osg::FieldContainerPtr();
+    if (!container)
+        return;
+    unsigned fields = 0;
+    int place = 0;
+    for (const FieldOf &field : liveFieldsOf(plain.kindOf(number), container)) {
+        if (mask & field.mask)
+            fields |= ksPlain::bit(place);
+        ++place;
+    }
+    if (fields != 0)
+        edits.emplace_back(number, fields);
+}
+
+ksLiveScene::Edits ksLiveScene::recordedEdits() const
+{
+    Edits edits;
     const osg::ChangeList &list = *osg::Thread::getCurrentChangeList();
     std::for_each(list.beginChanged(), list.endChanged(), [&](const osg::ChangeList::ChangeEntry &entry) {
-        const int number = numberOf(entry.first);
-        const osg::FieldContainerPtr container = number > 0 ? find(number) : osg::FieldContainerPtr();
-        if (!container)
-            return;
-        unsigned fields = 0;
-        int place = 0;
-        for (const FieldOf &field : liveFieldsOf(plain.kindOf(number), container)) {
-            if (entry.second & field.mask)
-                fields |= ksPlain::bit(place);
-            ++place;
-        }
-        if (fields != 0)
-            records.emplace_back(number, fields);
+        addEdit(edits, entry.first, entry.second);
     });
-    return records;
+    return edits;
+}
+
+ksLiveScene::Edits ksLiveScene::takeHandledEdits()
+{
+    Edits edits;
+    for (const ksHandlerCall &call : handlerCalls.take())
+        if (call.origin == osg::ChangedOrigin::External)
+            addEdit(edits, call.id, call.mask);
+    return edits;
 }
 
 void ksLiveScene::sync()
 {
     osg::Thread::getCurrentChangeList()->applyTo(1);
+    handlerCalls.take();
 }
 
 std::string ksLiveScene::difference() const

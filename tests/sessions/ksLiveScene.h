@@ -13,6 +13,7 @@
 
 #include <map>
 #include <string>
+#include <support/ksWatched.h>
 #include <utility>
 #include <vector>
 
@@ -47,22 +48,32 @@ public:
     /// The place of the field with an id in the list of fields of a kind.
     static int placeOf(ksPlain::Kind kind, osg::UInt32 fieldId);
 
-    /// What the thread has recorded, in terms of the plain scene.
-    std::vector<std::pair<int, unsigned>> records() const;
+    using Edits = std::vector<std::pair<int, unsigned>>;
+
+    /// The edits that the thread has recorded, in terms of the plain scene.
+    Edits recordedEdits() const;
+
+    /// Those that change handlers have heard of since the last time.
+    Edits takeHandledEdits();
 
     /// Carries over to aspect 1 what the thread has recorded.
-    static void sync();
+    void sync();
 
     /// What differs from the plain scene, empty for nothing.
     std::string difference() const;
 
 private:
     osg::FieldContainerPtr find(int number) const;
+
+    /// Adds the edit of a container that lives, of fields that the plain scene knows.
+    void addEdit(Edits &edits, osg::UInt32 id, osg::BitVector mask) const;
     osg::NodePtr addNode(const std::string &name, const osg::NodeCorePtr &core) const;
     std::string differenceOf(int number) const;
 
     const ksPlain::Scene &plain;
+    const bool isWatched;
     const osg::UInt32 before;
+    ksHandlerCalls handlerCalls{[] { return std::string(); }};
     std::map<std::size_t, osg::RefPtr<osg::FieldContainerPtr>> kept;
     osg::NodeRefPtr root;
 };

@@ -12,13 +12,13 @@
 
 namespace {
 
-using Records = std::vector<std::pair<int, unsigned>>;
+using Edits = ksLiveScene::Edits;
 
 /// Without fields that there are not, of containers that live.
-Records normalised(const Records &records, const ksPlain::Scene &scene)
+Edits normalised(const Edits &edits, const ksPlain::Scene &scene)
 {
-    Records result;
-    for (const auto &[id, fields] : records) {
+    Edits result;
+    for (const auto &[id, fields] : edits) {
         const std::size_t count = ksPlain::fieldsOf(scene.kindOf(id)).size();
         const unsigned present = fields & (ksPlain::bit(static_cast<int>(count)) - 1);
         if (present != 0 && scene.lives(id))
@@ -27,10 +27,10 @@ Records normalised(const Records &records, const ksPlain::Scene &scene)
     return result;
 }
 
-std::string textOf(const Records &records)
+std::string textOf(const Edits &edits)
 {
     std::ostringstream text;
-    for (const auto &[id, fields] : records)
+    for (const auto &[id, fields] : edits)
         text << ' ' << id << "/0x" << std::hex << fields << std::dec;
     return text.str();
 }
@@ -84,7 +84,7 @@ ksSession::~ksSession()
 void ksSession::compareScene()
 {
     workshop.scene.sync();
-    ksLiveScene::sync();
+    live.scene.sync();
     expectNothing("scene", live.scene.difference());
 }
 
@@ -93,7 +93,9 @@ void ksSession::compare()
     expectEqual("events", live.events, workshop.events);
     live.events.clear();
     workshop.events.clear();
-    expectEqual("edits", live.scene.records(), normalised(workshop.scene.records, workshop.scene));
+    const Edits edits = normalised(workshop.scene.records, workshop.scene);
+    expectEqual("edits", live.scene.recordedEdits(), edits);
+    expectEqual("change handlers", live.scene.takeHandledEdits(), edits);
     compareScene();
     for (const int stack : {0, 1}) {
         expectEqual("stack", live.stateOf(stack), plainStack(stack).state());
