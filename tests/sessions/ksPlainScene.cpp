@@ -26,7 +26,8 @@ std::string textOf(const Value &value)
         return text;
     }
     if (const auto *vec = std::get_if<Vec>(&value)) {
-        std::snprintf(text, sizeof text, "(%g %g %g)", (*vec)[0], (*vec)[1], (*vec)[2]);
+        // The sum makes 0 of -0.
+        std::snprintf(text, sizeof text, "(%g %g %g)", (*vec)[0] + 0, (*vec)[1] + 0, (*vec)[2] + 0);
         return text;
     }
     if (const auto *string = std::get_if<std::string>(&value))
