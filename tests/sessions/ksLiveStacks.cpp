@@ -20,6 +20,7 @@
 #include <support/ksCommandClasses.h>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
+#include <support/ksQtWarnings.h>
 #include <type_traits>
 
 namespace {
@@ -461,6 +462,7 @@ const std::map<std::string, SyncSetter> &syncSetters()
 /// What the stacks hold, which their windows show. They live as long as the process.
 std::array<const QUndoStack *, 2> findHistories()
 {
+    const ksQtWarnings warnings; // of what the platform's windows lack
     std::array<const QUndoStack *, 2> histories{};
     for (const unsigned int which : {0u, 1u}) {
         ksUndoStack::get(which)->showHistory();
