@@ -12,7 +12,7 @@
 #include <ostream>
 #include <set>
 #include <string>
-#include <support/ksCommandClasses.h>
+#include <support/ksClassNames.h>
 #include <support/ksVirtualSlot.h>
 #include <type_traits>
 #include <utility>

@@ -17,7 +17,7 @@
 #include <QWidget>
 
 #include <functional>
-#include <support/ksCommandClasses.h>
+#include <support/ksClassNames.h>
 #include <support/ksCommandTime.h>
 #include <support/ksDescribe.h>
 #include <support/ksQtWarnings.h>
