@@ -103,25 +103,46 @@ void ksSession::compare()
     }
 }
 
-void ksSession::push(int stack, const ksCommandSpec &spec)
+ksSession::Built ksSession::built(const ksCommandSpec &spec)
 {
-    auto plain = workshop.build(spec, "Edit " + std::to_string(spec.value));
-    if (plain == nullptr)
+    Built command;
+    command.plain = workshop.build(spec, "Edit " + std::to_string(spec.value));
+    if (command.plain != nullptr)
+        command.live = live.build(*command.plain);
+    return command;
+}
+
+void ksSession::add(int stack, Built command)
+{
+    if (command.plain == nullptr)
         return;
-    auto built = live.build(*plain);
-    plainStack(stack).add(std::move(plain));
-    live[stack].add(built.release());
+    plainStack(stack).add(std::move(command.plain));
+    live[stack].add(command.live.release());
     compare();
 }
 
-void ksSession::discard(const ksCommandSpec &spec)
+void ksSession::discardKept()
 {
-    const auto plain = workshop.build(spec, "Edit");
-    if (plain == nullptr)
-        return;
-    live.build(*plain).reset();
-    workshop.destroy(*plain);
+    if (kept.plain != nullptr)
+        workshop.destroy(*kept.plain);
+    kept = {};
+}
+
+void ksSession::push(int stack, const ksCommandSpec &spec)
+{
+    add(stack, built(spec));
+}
+
+void ksSession::build(const ksCommandSpec &spec)
+{
+    discardKept();
+    kept = built(spec);
     compare();
+}
+
+void ksSession::pushBuilt(int stack)
+{
+    add(stack, std::exchange(kept, {}));
 }
 
 #define KS_SESSION_OPERATION(operation)  \
@@ -211,6 +232,7 @@ void ksSession::detach(int place)
 
 void ksSession::end()
 {
+    discardKept();
     for (const int stack : {0, 1})
         clear(stack);
     for (std::size_t place = workshop.scene.places.size(); place-- > 0;)

@@ -8,6 +8,7 @@
 #include <QtGlobal>
 
 #include <array>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,8 +41,10 @@ public:
     void setLimit(int stack, int limit);
     void receive(int stack, int receiver);
 
-    /// Builds a command and destroys it.
-    void discard(const ksCommandSpec &spec);
+    /// Builds a command to be pushed later, and destroys the one that still was to be.
+    void build(const ksCommandSpec &spec);
+    void pushBuilt(int stack);
+
     void sync(const std::string &className, int function);
     void tick(int milliseconds);
 
@@ -50,15 +53,25 @@ public:
     void attach(int place);
     void detach(int place);
 
-    /// Clears both stacks, takes all places away, and looks for what is left.
+    /// Destroys what was to be pushed, clears both stacks, takes all places away, and looks for what is left.
     void end();
 
 private:
     ksPlain::Stack &plainStack(int which) { return plainStacks[static_cast<std::size_t>(which)]; }
     void compare();
     void compareScene();
+    /// A command and what it is to be, both null where there is none.
+    struct Built
+    {
+        std::unique_ptr<ksPlain::Command> plain{};
+        std::unique_ptr<QUndoCommand> live{};
+    };
+    Built built(const ksCommandSpec &spec);
+    void add(int stack, Built command);
+    void discardKept();
 
     ksPlain::Workshop workshop;
     std::array<ksPlain::Stack, 2> plainStacks{{{workshop, "0"}, {workshop, "1"}}};
     ksLiveStacks live{workshop.scene};
+    Built kept;
 };

@@ -76,7 +76,8 @@ const std::vector<Operation> &operations()
          "sc",
          {0},
          [](ksSession &session, const Line &line) { session.push(line.stack, line.spec); }},
-        {"discard", 2, "c", {0}, [](ksSession &session, const Line &line) { session.discard(line.spec); }},
+        {"build", 6, "c", {0}, [](ksSession &session, const Line &line) { session.build(line.spec); }},
+        {"pushBuilt", 8, "s", {0}, &onStack<&ksSession::pushBuilt>},
         {"undo", 40, "s", {0}, &onStack<&ksSession::undo>},
         {"redo", 30, "s", {0}, &onStack<&ksSession::redo>},
         {"mark", 4, "s", {0}, &onStack<&ksSession::mark>},
@@ -96,7 +97,7 @@ const std::vector<Operation> &operations()
          "kn",
          {1, 2, 0},
          [](ksSession &session, const Line &line) { session.sync(line.spec.className, line.number); }},
-        {"tick", 20, "n", {100, 399, 400, 401, 2000, -100, -1000, 3600000}, &onNumber<&ksSession::tick>},
+        {"tick", 30, "n", {100, 399, 400, 401, 2000, -100, -1000, 3600000}, &onNumber<&ksSession::tick>},
         {"make", 8, "n", everyPlace(), &onNumber<&ksSession::make>},
         {"drop", 6, "n", everyPlace(), &onNumber<&ksSession::drop>},
         {"attach", 4, "n", everyPlace(), &onNumber<&ksSession::attach>},
@@ -177,7 +178,7 @@ public:
         const Operation &operation = operations()[line.operation];
         line.stack = below(4) == 0 ? 1 : 0;
         line.number = pick(operation.numbers);
-        line.spec = drawCommand(2);
+        line.spec = drawCommand(mostParts);
         return line;
     }
 
@@ -204,31 +205,37 @@ private:
 
     ksCommandSpec drawCommand(int depth)
     {
-        if (below(3) == 0 && !past.last.className.empty())
+        const bool isPart = depth < mostParts;
+        if (!isPart && below(2) == 0 && !past.last.className.empty())
             return again(past.last);
         ksCommandSpec spec;
-        spec.className = pick(classNames);
+        spec.className = isPart && below(2) == 0 ? pick(ksPlain::classes()).name : pick(classNames);
         spec.target = below(8);
         spec.value = below(5000);
         spec.merging = drawMerging();
         const ksPlain::Mechanics mechanics = ksPlain::classOf(spec.className).mechanics;
         if (mechanics == ksPlain::Mechanics::composite || mechanics == ksPlain::Mechanics::plain)
-            for (int count = depth > 0 ? below(4) : 0; count > 0; --count)
+            for (int count = below(depth + 1); count > 0; --count)
                 spec.parts.push_back(drawCommand(depth - 1));
         return spec;
     }
 
-    /// The same with other values, sometimes in a small way only.
+    /// The same, sometimes with other values or other merging.
     ksCommandSpec again(ksCommandSpec spec)
     {
-        spec.value = below(3) == 0 ? below(5000) : spec.value;
-        spec.merging = drawMerging();
+        if (below(3) == 0)
+            spec.value = below(5000);
+        if (below(4) == 0)
+            spec.merging = drawMerging();
         for (ksCommandSpec &part : spec.parts)
             part = again(part);
         return spec;
     }
 
     int drawMerging() { return below(3) == 0 ? below(5) : 0; }
+
+    /// How many parts a composite has at most; each of those one less.
+    static constexpr int mostParts = 3;
 
     rc::Random random;
     const Past &past;
@@ -312,7 +319,7 @@ TEST(ksSessions, AreAsThePlainOnes)
 #ifdef __SANITIZE_ADDRESS__
     const std::string usual = "max_success=800";
 #else
-    const std::string usual = "max_success=10000";
+    const std::string usual = "max_success=4000";
 #endif
     const std::string seed = std::to_string(std::random_device()());
     const std::string parameters =
