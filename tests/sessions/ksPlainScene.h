@@ -19,30 +19,12 @@ using Value = std::variant<double, Vec, std::string, Texts, List>;
 
 std::string textOf(const Value &value);
 
-enum class Kind
-{
-    null,
-    transform,
-    group,
-    node,
-    name,
-    transform3D,
-    variants,
-    variant,
-    light,
-    linkSet,
-    aim,
-    point,
-    constraintObject,
-    tags,
-    probe,
-    material,
-    component,
-    settings,
-    image,
-    brdf,
-    environment
+// clang-format off
+enum class Kind {
+    null, transform, group, node, name, transform3D, variants, variant, light, linkSet, aim, point,
+    constraintObject, tags, probe, material, component, settings, image, brdf, environment
 };
+// clang-format on
 
 /// A field of a kind of containers.
 struct Field
@@ -60,118 +42,31 @@ struct Field
 const std::vector<Field> &fieldsOf(Kind kind);
 
 /// Places in the lists of fields.
-enum NodeField
-{
-    attachments,
-    parent,
-    children,
-    core,
-    flags
-};
-enum NameField
-{
-    nameText
-};
-enum TransformField
-{
-    translation,
-    eulerRotation,
-    scale,
-    shear,
-    scalePivot,
-    rotatePivot,
-    scalePivotTranslation,
-    rotatePivotTranslation,
-    inheritType,
-    eulerOrder,
-    directionOn,
-    direction,
-    directionMode,
-    orientation,
+// clang-format off
+enum NodeField { attachments, parent, children, core, flags };
+enum NameField { nameText };
+enum TransformField {
+    translation, eulerRotation, scale, shear, scalePivot, rotatePivot, scalePivotTranslation,
+    rotatePivotTranslation, inheritType, eulerOrder, directionOn, direction, directionMode, orientation,
     rotation
 };
-enum VariantsField
-{
-    variantList
-};
-enum VariantField
-{
-    variantName,
-    applyFlags,
-    variantTransform
-};
-enum LightField
-{
-    diffuse,
-    glossy,
-    intensity,
-    penumbraAngle,
-    coneAngle,
-    attenuation,
-    visibilityReference
-};
-enum LinkSetField
-{
-    lights,
-    sceneNodes
-};
-enum ConstraintField
-{
-    sources,
-    constraintTarget,
-    upVectors
-};
-enum ConstraintObjectField
-{
-    objectNode
-};
-enum TagsField
-{
-    userTags,
-    layerTags,
-    tagValues
-};
-enum ProbeField
-{
-    int64,
-    uint64,
-    int32,
-    uint32,
-    int16,
-    uint16,
-    int8,
-    uint8,
-    real32,
-    real64,
-    flag,
-    text,
-    label,
-    words,
+enum VariantsField { variantList };
+enum VariantField { variantName, applyFlags, variantTransform };
+enum LightField { diffuse, glossy, intensity, penumbraAngle, coneAngle, attenuation, visibilityReference };
+enum LinkSetField { lights, sceneNodes };
+enum ConstraintField { sources, constraintTarget, upVectors };
+enum ConstraintObjectField { objectNode };
+enum TagsField { userTags, layerTags, tagValues };
+enum ProbeField {
+    int64, uint64, int32, uint32, int16, uint16, int8, uint8, real32, real64, flag, text, label, words,
     tagWords
 };
-enum MaterialField
-{
-    colorComponents,
-    materialSettings
-};
-enum ComponentField
-{
-    weight,
-    enabled,
-    componentImage
-};
-enum SettingsField
-{
-    planarProjection
-};
-enum ImageField
-{
-    imageName
-};
-enum BrdfField
-{
-    brdfEnvironment
-};
+enum MaterialField { colorComponents, materialSettings };
+enum ComponentField { weight, enabled, componentImage };
+enum SettingsField { planarProjection };
+enum ImageField { imageName };
+enum BrdfField { brdfEnvironment };
+// clang-format on
 
 inline constexpr unsigned allFields = ~0u;
 inline constexpr unsigned bit(int field)

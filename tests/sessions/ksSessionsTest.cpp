@@ -319,7 +319,7 @@ TEST(ksSessions, AreAsThePlainOnes)
 #ifdef __SANITIZE_ADDRESS__
     const std::string usual = "max_success=800";
 #else
-    const std::string usual = "max_success=4000";
+    const std::string usual = "max_success=10000";
 #endif
     const std::string seed = std::to_string(std::random_device()());
     const std::string parameters =
