@@ -146,18 +146,18 @@ const Class &classOf(const std::string &name)
                          [&](const Class &type) { return type.is(name.c_str()); });
 }
 
-std::unique_ptr<Command> Workshop::build(const ksCommandSpec &spec, const std::string &givenText)
+std::unique_ptr<Command> Workshop::build(const ksCommandRequest &request, const std::string &givenText)
 {
     auto command = std::make_unique<Command>();
-    command->type = &classOf(spec.className);
+    command->type = &classOf(request.className);
     command->time = now;
     command->text = givenText;
-    setMerging(*command, spec.merging);
-    if (!specify(*command, spec) || !capture(*command))
+    setMerging(*command, request.merging);
+    if (!decode(*command, request) || !capture(*command))
         return nullptr;
     const Mechanics mechanics = command->type->mechanics;
     if (mechanics == Mechanics::composite || mechanics == Mechanics::plain)
-        for (const ksCommandSpec &part : spec.parts) {
+        for (const ksCommandRequest &part : request.parts) {
             // Some classes know no parents.
             const Mechanics own = classOf(part.className).mechanics;
             if (own != Mechanics::composite && own != Mechanics::tag && own != Mechanics::emptyTag)
@@ -167,17 +167,17 @@ std::unique_ptr<Command> Workshop::build(const ksCommandSpec &spec, const std::s
     return command;
 }
 
-/// Reads target and values from the numbers of \a spec.
-bool Workshop::specify(Command &command, const ksCommandSpec &spec)
+/// Reads target and values from the numbers of \a request.
+bool Workshop::decode(Command &command, const ksCommandRequest &request)
 {
     const Class &type = *command.type;
-    int rest = spec.value;
+    int rest = request.value;
     const auto next = [&rest](int count) {
         const int digit = rest % count;
         rest /= count;
         return digit;
     };
-    const auto at = [&](PlaceKind kind) { return scene.at(kind, spec.target); };
+    const auto at = [&](PlaceKind kind) { return scene.at(kind, request.target); };
     const auto componentAt = [&] {
         const int material = at(PlaceKind::material);
         return material == 0 ? 0 : scene.entry(material, colorComponents);

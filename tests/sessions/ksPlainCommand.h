@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCommandSpec.h"
+#include "ksCommandRequest.h"
 #include "ksPlainScene.h"
 
 #include <map>
@@ -106,7 +106,7 @@ class Workshop
 {
 public:
     /// Builds what is asked for, or null where there is no such command.
-    std::unique_ptr<Command> build(const ksCommandSpec &spec, const std::string &givenText);
+    std::unique_ptr<Command> build(const ksCommandRequest &request, const std::string &givenText);
 
     void redo(Command &command) { step(command, false); }
     void undo(Command &command) { step(command, true); }
@@ -131,7 +131,7 @@ private:
     void step(Command &command, bool undoing);
     void runParts(Command &command, bool undoing);
 
-    bool specify(Command &command, const ksCommandSpec &spec);
+    bool decode(Command &command, const ksCommandRequest &request);
     bool capture(Command &command);
     void captureImage(Command &command);
     void captureMove(Command &command);

@@ -103,10 +103,10 @@ void ksSession::compare()
     }
 }
 
-ksSession::Built ksSession::built(const ksCommandSpec &spec)
+ksSession::Built ksSession::built(const ksCommandRequest &request)
 {
     Built command;
-    command.plain = workshop.build(spec, "Edit " + std::to_string(spec.value));
+    command.plain = workshop.build(request, "Edit " + std::to_string(request.value));
     if (command.plain != nullptr)
         command.live = live.build(*command.plain);
     return command;
@@ -128,15 +128,15 @@ void ksSession::discardKept()
     kept = {};
 }
 
-void ksSession::push(int stack, const ksCommandSpec &spec)
+void ksSession::push(int stack, const ksCommandRequest &request)
 {
-    add(stack, built(spec));
+    add(stack, built(request));
 }
 
-void ksSession::build(const ksCommandSpec &spec)
+void ksSession::build(const ksCommandRequest &request)
 {
     discardKept();
-    kept = built(spec);
+    kept = built(request);
     compare();
 }
 

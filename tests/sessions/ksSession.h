@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ksCommandSpec.h"
+#include "ksCommandRequest.h"
 #include "ksLiveStacks.h"
 #include "ksPlainStack.h"
 
@@ -25,7 +25,7 @@ public:
     ~ksSession();
     Q_DISABLE_COPY(ksSession)
 
-    void push(int stack, const ksCommandSpec &spec);
+    void push(int stack, const ksCommandRequest &request);
     void undo(int stack);
     void redo(int stack);
     void mark(int stack);
@@ -42,7 +42,7 @@ public:
     void receive(int stack, int receiver);
 
     /// Builds a command to be pushed later, and destroys the one that still was to be.
-    void build(const ksCommandSpec &spec);
+    void build(const ksCommandRequest &request);
     void pushBuilt(int stack);
 
     void sync(const std::string &className, int function);
@@ -66,7 +66,7 @@ private:
         std::unique_ptr<ksPlain::Command> plain{};
         std::unique_ptr<QUndoCommand> live{};
     };
-    Built built(const ksCommandSpec &spec);
+    Built built(const ksCommandRequest &request);
     void add(int stack, Built command);
     void discardKept();
 

@@ -25,7 +25,7 @@ struct Line
     std::size_t operation = 0;
     int stack = 0;
     int number = 0;
-    ksCommandSpec spec{};
+    ksCommandRequest request{};
 };
 
 /// An operation of sessions. Those on a stack take that first, then a number or a command.
@@ -75,8 +75,8 @@ const std::vector<Operation> &operations()
          100,
          "sc",
          {0},
-         [](ksSession &session, const Line &line) { session.push(line.stack, line.spec); }},
-        {"build", 6, "c", {0}, [](ksSession &session, const Line &line) { session.build(line.spec); }},
+         [](ksSession &session, const Line &line) { session.push(line.stack, line.request); }},
+        {"build", 6, "c", {0}, [](ksSession &session, const Line &line) { session.build(line.request); }},
         {"pushBuilt", 8, "s", {0}, &onStack<&ksSession::pushBuilt>},
         {"undo", 40, "s", {0}, &onStack<&ksSession::undo>},
         {"redo", 30, "s", {0}, &onStack<&ksSession::redo>},
@@ -96,7 +96,7 @@ const std::vector<Operation> &operations()
          6,
          "kn",
          {1, 2, 0},
-         [](ksSession &session, const Line &line) { session.sync(line.spec.className, line.number); }},
+         [](ksSession &session, const Line &line) { session.sync(line.request.className, line.number); }},
         {"tick", 30, "n", {100, 399, 400, 401, 2000, -100, -1000, 3600000}, &onNumber<&ksSession::tick>},
         {"make", 8, "n", everyPlace(), &onNumber<&ksSession::make>},
         {"drop", 6, "n", everyPlace(), &onNumber<&ksSession::drop>},
@@ -118,9 +118,9 @@ std::ostream &operator<<(std::ostream &stream, const Line &line)
         else if (argument == 'n')
             stream << line.number;
         else if (argument == 'k')
-            stream << '"' << line.spec.className << '"';
+            stream << '"' << line.request.className << '"';
         else
-            stream << line.spec;
+            stream << line.request;
     }
     return stream << ");";
 }
@@ -128,7 +128,7 @@ std::ostream &operator<<(std::ostream &stream, const Line &line)
 /// What the next line may refer to: the last command, so that commands of one kind follow each other.
 struct Past
 {
-    ksCommandSpec last{};
+    ksCommandRequest last{};
 };
 
 class Step : public rc::state::Command<Past, ksSession>
@@ -141,7 +141,7 @@ public:
     void apply(Past &past) const override
     {
         if (line.operation == 0)
-            past.last = line.spec;
+            past.last = line.request;
     }
 
     void run(const Past &, ksSession &session) const override
@@ -178,7 +178,7 @@ public:
         const Operation &operation = operations()[line.operation];
         line.stack = below(4) == 0 ? 1 : 0;
         line.number = pick(operation.numbers);
-        line.spec = drawCommand(mostParts);
+        line.request = drawCommand(mostParts);
         return line;
     }
 
@@ -203,33 +203,33 @@ private:
         return place;
     }
 
-    ksCommandSpec drawCommand(int depth)
+    ksCommandRequest drawCommand(int depth)
     {
         const bool isPart = depth < mostParts;
         if (!isPart && below(2) == 0 && !past.last.className.empty())
             return again(past.last);
-        ksCommandSpec spec;
-        spec.className = isPart && below(2) == 0 ? pick(ksPlain::classes()).name : pick(classNames);
-        spec.target = below(8);
-        spec.value = below(5000);
-        spec.merging = drawMerging();
-        const ksPlain::Mechanics mechanics = ksPlain::classOf(spec.className).mechanics;
+        ksCommandRequest request;
+        request.className = isPart && below(2) == 0 ? pick(ksPlain::classes()).name : pick(classNames);
+        request.target = below(8);
+        request.value = below(5000);
+        request.merging = drawMerging();
+        const ksPlain::Mechanics mechanics = ksPlain::classOf(request.className).mechanics;
         if (mechanics == ksPlain::Mechanics::composite || mechanics == ksPlain::Mechanics::plain)
             for (int count = below(depth + 1); count > 0; --count)
-                spec.parts.push_back(drawCommand(depth - 1));
-        return spec;
+                request.parts.push_back(drawCommand(depth - 1));
+        return request;
     }
 
     /// The same, sometimes with other values or other merging.
-    ksCommandSpec again(ksCommandSpec spec)
+    ksCommandRequest again(ksCommandRequest request)
     {
         if (below(3) == 0)
-            spec.value = below(5000);
+            request.value = below(5000);
         if (below(4) == 0)
-            spec.merging = drawMerging();
-        for (ksCommandSpec &part : spec.parts)
+            request.merging = drawMerging();
+        for (ksCommandRequest &part : request.parts)
             part = again(part);
-        return spec;
+        return request;
     }
 
     int drawMerging() { return below(3) == 0 ? below(5) : 0; }
@@ -251,22 +251,22 @@ std::vector<Line> simplerLines(const Line &line)
         change(changed);
         simpler.push_back(changed);
     };
-    const ksCommandSpec &spec = line.spec;
-    for (std::size_t i = 0; i < spec.parts.size(); ++i)
+    const ksCommandRequest &request = line.request;
+    for (std::size_t i = 0; i < request.parts.size(); ++i)
         add([i](Line &changed) {
-            changed.spec.parts.erase(changed.spec.parts.begin() + static_cast<std::ptrdiff_t>(i));
+            changed.request.parts.erase(changed.request.parts.begin() + static_cast<std::ptrdiff_t>(i));
         });
     const std::vector<int> &numbers = operations()[line.operation].numbers;
     if (line.number != numbers.front())
         add([&numbers](Line &changed) { changed.number = numbers.front(); });
     if (line.stack != 0)
         add([](Line &changed) { changed.stack = 0; });
-    if (spec.merging != 0)
-        add([](Line &changed) { changed.spec.merging = 0; });
-    if (spec.target != 0)
-        add([](Line &changed) { changed.spec.target = 0; });
-    for (int value = 0; value < spec.value; value = spec.value - (spec.value - value) / 2)
-        add([value](Line &changed) { changed.spec.value = value; });
+    if (request.merging != 0)
+        add([](Line &changed) { changed.request.merging = 0; });
+    if (request.target != 0)
+        add([](Line &changed) { changed.request.target = 0; });
+    for (int value = 0; value < request.value; value = request.value - (request.value - value) / 2)
+        add([value](Line &changed) { changed.request.value = value; });
     return simpler;
 }
 
