@@ -5,8 +5,6 @@
 
 #include <ksundo/core/ksUndoCommand.h>
 
-#include <ksCommandList.h>
-
 #include <QUndoCommand>
 
 #include <cstddef>
@@ -14,20 +12,11 @@
 #include <ostream>
 #include <set>
 #include <string>
+#include <support/ksClassNames.h>
 #include <support/ksVirtualSlot.h>
 #include <type_traits>
 #include <utility>
 #include <vector>
-
-/// The name of a command class in the list of commands; null for a class that is not there.
-template <class Command>
-inline constexpr const char *ksClassName = nullptr;
-
-#define KS_CLASS_NAME(Class) \
-    template <>              \
-    inline constexpr const char *ksClassName<Class> = #Class;
-KS_COMMAND_LIST(KS_CLASS_NAME)
-#undef KS_CLASS_NAME
 
 /// A container of a scene: a member of it, or a function of it.
 using ksPlace = std::function<osg::FieldContainerPtr(const ksFaultScene &)>;
@@ -160,12 +149,6 @@ struct ksFaultKind
         return stream << kind.className << ' ' << kind.variation;
     }
 };
-
-/// Whether a command class has a sync function.
-template <class Command, class = void>
-inline constexpr bool ksHasSync = false;
-template <class Command>
-inline constexpr bool ksHasSync<Command, std::void_t<decltype(Command::setSyncFunction(nullptr))>> = true;
 
 /// What is known of the kind from its class alone.
 template <class Command>
