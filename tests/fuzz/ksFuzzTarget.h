@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
+#include <iterator>
 #include <map>
 #include <string>
 #include <string_view>
@@ -25,6 +27,16 @@ void ksRequire(bool holds, std::string_view what);
 
 /// The same unless \a actual is \a expected; both are shown.
 void ksRequireEqual(const std::string &actual, const std::string &expected, std::string_view what);
+
+/// The entry of \a map for \a name; any one when there is none.
+template <class Map>
+typename Map::const_reference ksFuzzChoice(const Map &map, const std::string &name)
+{
+    const auto found = map.find(name);
+    return found != map.end() ? *found
+                              : *std::next(map.begin(), static_cast<std::ptrdiff_t>(
+                                                            std::hash<std::string>()(name) % map.size()));
+}
 
 /// An input, read from its start to its end, behind which there are zeros.
 class ksFuzzInput
