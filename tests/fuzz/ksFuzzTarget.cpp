@@ -91,6 +91,9 @@ extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
     osg::osgInit(1, *argv);
     static int arguments = 1;
     static const QApplication application(arguments, *argv);
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
+        ksRequire(type != QtFatalMsg, text.toStdString());
+    });
     return 0;
 }
 
