@@ -7,14 +7,41 @@
 #include <editor/script/ksScriptEngine.h>
 #include <editor/session/ksInterrupter.h>
 #include <editor/session/ksOpenScene.h>
-#include <tests/editor/export/ksEverythingEdited.h>
 #include <tests/editor/ksEditorFixture.h>
+
+#include <OSGTransform3D.h>
+#include <OSGUberLight.h>
+#include <OSGUberMaterial.h>
 
 #include <sstream>
 
 namespace {
 
 constexpr double MostSeconds = 0.5;
+
+/// A scene with something for the edits of each kind.
+osg::NodeRefPtr makeScene()
+{
+    const auto add = [](const osg::NodePtr &parent, const osg::NodeCorePtr &core, const char *name) {
+        const osg::NodePtr node = ksContainers::createNode(name, core);
+        CPEdit(parent, osg::Node::ChildrenFieldMask);
+        parent->addChild(node);
+        return node;
+    };
+    osg::NodeRefPtr root(ksContainers::createNode("Root", osg::Transform3D::create()));
+    const osg::NodePtr table = add(root, osg::Transform3D::create(), "Table");
+    add(table, osg::UberLight::create(), "Lamp");
+    const osg::UberMaterialPtr material = osg::UberMaterial::create();
+    material->addColorComponent(osg::ColorComponent::create());
+    material->setComponentSettings(osg::ColorComponentSettings::create());
+    const osg::ksMeshPtr mesh = osg::ksMesh::create();
+    mesh->getPositions().push_back(osg::Pnt3f(1, 2, 3));
+    mesh->getIndices().push_back(0);
+    mesh->setMaterial(material);
+    add(table, mesh, "Plate");
+    ksSyncAspects();
+    return root;
+}
 
 /// Runs \a script on \a history. It may end by an error, or be ended.
 void runScript(ksCheckedHistory &history, const std::string &script)
@@ -36,8 +63,7 @@ void editByScript(std::string_view text)
     const std::ptrdiff_t living = ksLivingContainers();
     {
         std::ostringstream out;
-        const osg::NodeRefPtr root(ksContainers::createNode("Root", osg::Transform3D::create()));
-        const ksEverythingEdited edited(root.get());
+        const osg::NodeRefPtr root = makeScene();
         const ksOpenScene scene(root.get());
         ksRecord record(out, {});
         ksTranscript transcript(record);
