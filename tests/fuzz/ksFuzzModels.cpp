@@ -4,6 +4,7 @@
 #include <editor/export/ksSceneExporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/scene/ksGltfNames.h>
+#include <editor/scene/ksReferenceCycles.h>
 #include <tests/editor/export/ksEverythingEdited.h>
 #include <tests/editor/export/ksSceneText.h>
 #include <tests/editor/ksEditorFixture.h>
@@ -56,6 +57,9 @@ void openAndSave(const QString &path)
         const osg::NodeRefPtr again = open(saved);
         ksRequire(again != osg::NullFC, "what has been saved is refused");
         ksRequireEqual(ksDifference(ksSceneText::of(root), ksSceneText::of(again)), "", "what has been saved differs");
+        // As a history does when it lets go of a scene.
+        ksReferenceCycles::release(root);
+        ksReferenceCycles::release(again);
     }
     ksRequire(ksLivingContainers() == living, "containers are left");
 }

@@ -32,14 +32,15 @@ osg::NodeRefPtr makeScene()
     const osg::NodePtr table = add(root, osg::Transform3D::create(), "Table");
     add(table, osg::UberLight::create(), "Lamp");
     const osg::UberMaterialPtr material = osg::UberMaterial::create();
+    CPEdit(material, osg::FieldBits::AllFields);
     material->addColorComponent(osg::ColorComponent::create());
     material->setComponentSettings(osg::ColorComponentSettings::create());
     const osg::ksMeshPtr mesh = osg::ksMesh::create();
+    CPEdit(mesh, osg::FieldBits::AllFields);
     mesh->getPositions().push_back(osg::Pnt3f(1, 2, 3));
     mesh->getIndices().push_back(0);
     mesh->setMaterial(material);
     add(table, mesh, "Plate");
-    ksSyncAspects();
     return root;
 }
 
