@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ksFuzzTarget.h"
-
 #include <editor/scene/ksFieldReferences.h>
 #include <editor/scene/ksReferenceCycles.h>
 
@@ -55,10 +54,10 @@ private:
     {
         using Step = void (Scene::*)();
         static constexpr std::array<Step, 16> Steps = {
-            &Scene::create,    &Scene::create,      &Scene::copy,       &Scene::drop,        &Scene::addChild,
-            &Scene::subChild,  &Scene::setCore,     &Scene::attach,     &Scene::detach,      &Scene::refer,
-            &Scene::writeText, &Scene::holdOrLetGo, &Scene::recordMore, &Scene::synchronise, &Scene::setAside,
-            &Scene::requireAspectsInStep};
+            &Scene::create,     &Scene::create,      &Scene::copy,      &Scene::drop,
+            &Scene::addChild,   &Scene::subChild,    &Scene::setCore,   &Scene::attach,
+            &Scene::detach,     &Scene::refer,       &Scene::writeText, &Scene::holdOrLetGo,
+            &Scene::recordMore, &Scene::synchronise, &Scene::setAside,  &Scene::requireAspectsInStep};
         (this->*Steps[input.below(Steps.size())])();
     }
 
@@ -78,10 +77,22 @@ private:
 
     void create()
     {
-        static constexpr std::array<const char *, 16> Types = {
-            "Node",         "Group",        "Transform3D",       "UberLight",      "LightLinkSet",
-            "AimConstraint", "Name",         "TransformVariant",  "UberMaterial",   "TransformVariantsAttachment",
-            "UBRDFMaterial", "ColorComponent", "ConstraintObject", "TagAttachment", "Image", "Switch"};
+        static constexpr std::array<const char *, 16> Types = {"Node",
+                                                               "Group",
+                                                               "Transform3D",
+                                                               "UberLight",
+                                                               "LightLinkSet",
+                                                               "AimConstraint",
+                                                               "Name",
+                                                               "TransformVariant",
+                                                               "UberMaterial",
+                                                               "TransformVariantsAttachment",
+                                                               "UBRDFMaterial",
+                                                               "ColorComponent",
+                                                               "ConstraintObject",
+                                                               "TagAttachment",
+                                                               "Image",
+                                                               "Switch"};
         add(osg::FieldContainerFactory::the()->createFieldContainer(Types[input.below(Types.size())]));
     }
 
@@ -97,8 +108,8 @@ private:
             pool.erase(pool.begin() + static_cast<std::ptrdiff_t>(input.below(pool.size())));
     }
 
-    /// Has \a edit change the fields \a mask of \a holder, so that it holds \a held, unless that would close a
-    /// circle.
+    /// Has \a edit change the fields \a mask of \a holder, so that it holds \a held, unless that would close
+    /// a circle.
     template <class HolderPtr, class HeldPtr, class Edit>
     static void hold(const HolderPtr &holder, const HeldPtr &held, osg::BitVector mask, const Edit &edit)
     {
@@ -161,7 +172,8 @@ private:
             return;
         const osg::CPEditor edit(holder);
         const auto node = osg::NodePtr::dcast(held);
-        if (const auto links = osg::LightLinkSetPtr::dcast(holder); links != osg::NullFC && node != osg::NullFC)
+        if (const auto links = osg::LightLinkSetPtr::dcast(holder);
+            links != osg::NullFC && node != osg::NullFC)
             input.below(2) == 0 ? links->addLight(node) : links->addSceneNode(node);
         if (const auto light = osg::UberLightPtr::dcast(holder); light != osg::NullFC)
             light->setVisibilityReference(node);

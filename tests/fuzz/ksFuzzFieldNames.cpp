@@ -58,8 +58,9 @@ struct Target
     {
         const osg::FieldContainerType &type = container->getType();
         if (!isNamed)
-            return id > 0 && static_cast<osg::UInt32>(id) <= type.getNumFieldDescs() ? static_cast<osg::UInt32>(id)
-                                                                                    : 0;
+            return id > 0 && static_cast<osg::UInt32>(id) <= type.getNumFieldDescs()
+                       ? static_cast<osg::UInt32>(id)
+                       : 0;
         for (osg::UInt32 candidate = 1; candidate <= type.getNumFieldDescs(); ++candidate)
             if (isFoundBy(type.getFieldDescription(candidate)->getCName()))
                 return candidate;
@@ -69,7 +70,8 @@ struct Target
 private:
     bool isFoundBy(std::string fieldName) const
     {
-        if (fieldName == "parents" || (fieldName == "volume" && container->getType() == osg::Node::getClassType()))
+        if (fieldName == "parents" ||
+            (fieldName == "volume" && container->getType() == osg::Node::getClassType()))
             return false;
         if (fieldName == name)
             return true;
@@ -128,7 +130,7 @@ void makeImage(const Target &target, const Value &value, QUndoCommand *parent)
 {
     const osg::FieldContainerPtr image = containers().at("Image");
     new ksImageFieldUndoCommand(target.container, target.key(),
-                                       value.text.empty() ? osg::ImagePtr() : osg::ImagePtr::dcast(image), parent);
+                                value.text.empty() ? osg::ImagePtr() : osg::ImagePtr::dcast(image), parent);
 }
 
 void makeByIntFactory(const Target &target, const Value &value, QUndoCommand *parent)
@@ -168,7 +170,8 @@ const std::map<std::string, Maker> &makers()
 /// Whether the field \a field of containers of the class \a type is computed from others of its container.
 bool followsOthers(const std::string &type, const std::string &field)
 {
-    return type == "Transform3D" && field == "matrix";
+    return (type == "Transform3D" && field == "matrix") ||
+           (type == "Image" && (field == "frameSize" || field == "sideSize" || field == "bpp"));
 }
 
 /// Types are found by their whole name, and by their id, or not at all.
@@ -179,23 +182,27 @@ void requireTypeTables(const std::string &name, int id)
     if (const osg::FieldContainerType *type = factory.findType(name.c_str()))
         ksRequireEqual(type->getCName(), shown, "a type of containers is found");
     if (const osg::FieldContainerType *type = factory.findType(static_cast<osg::UInt32>(id)))
-        ksRequire(type->getId() == static_cast<osg::UInt32>(id), "a type of containers is found by another id");
+        ksRequire(type->getId() == static_cast<osg::UInt32>(id),
+                  "a type of containers is found by another id");
     if (const char *group = factory.findGroupName(factory.findGroupId(name.c_str())))
         ksRequireEqual(group, shown, "a group is found");
     const osg::RefPtr<osg::FieldContainerPtr> container(factory.createFieldContainer(name.c_str()));
-    ksRequire((container != osg::NullFC) == (containers().count(shown) > 0), "a container is made, or not: " + name);
+    ksRequire((container != osg::NullFC) == (containers().count(shown) > 0),
+              "a container is made, or not: " + name);
 
     const osg::FieldType *type = osg::FieldFactory::getFieldType(name.c_str());
     const std::unique_ptr<osg::Field> field(osg::FieldFactory::the().createField(name.c_str()));
     ksRequire((type != nullptr) == (field != nullptr), "a field is made, or not: " + name);
     if (field != nullptr)
         ksRequireEqual(field->getType().getCName(), shown, "a field is made");
-    const std::unique_ptr<osg::Field> other(osg::FieldFactory::the().createField(static_cast<osg::UInt32>(id)));
-    ksRequire(other == nullptr || other->getType().getId() == static_cast<osg::UInt32>(id), "a field of another id");
+    const std::unique_ptr<osg::Field> other(
+        osg::FieldFactory::the().createField(static_cast<osg::UInt32>(id)));
+    ksRequire(other == nullptr || other->getType().getId() == static_cast<osg::UInt32>(id),
+              "a field of another id");
 }
 
-/// A command on any field of any container changes that field and nothing else, and undoing it brings back what
-/// was before; where there is no such field, it does nothing at all.
+/// A command on any field of any container changes that field and nothing else, and undoing it brings back
+/// what was before; where there is no such field, it does nothing at all.
 void editField(std::string_view text)
 {
     ksFuzzInput input(text);
@@ -236,7 +243,8 @@ void editField(std::string_view text)
         for (const auto &[name, texts] : allTexts())
             for (const auto &[field, shown] : texts.first)
                 if (name != container->getTypeName() || (field != fieldName && !followsOthers(name, field)))
-                    ksRequireEqual(shown, before.at(name).first.at(field), name + '.' + field + " after a redo");
+                    ksRequireEqual(shown, before.at(name).first.at(field),
+                                   name + '.' + field + " after a redo");
         group.undo();
         requireSame("an undo");
         recorder.take();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ksFuzzTarget.h"
-
 #include <editor/scene/ksFieldReader.h>
+
 #include <ksundo/field/ksStringFieldUndoCommand.h>
 #include <ksundo/field/ksStringsFieldUndoCommand.h>
 

@@ -20,8 +20,9 @@ using Lines = std::vector<std::string>;
 /// What a method that wants something else than a number gets is an error.
 Lines callsOf(const std::string &signature, bool value)
 {
-    static const std::vector<std::string> numbers = {"flag(bool)",      "number(int)", "number(short)", "wide(qulonglong)",
-                                                     "small(uchar)", "optional(uint)", "answer(bool)"};
+    static const std::vector<std::string> numbers = {"flag(bool)",       "number(int)",  "number(short)",
+                                                     "wide(qulonglong)", "small(uchar)", "optional(uint)",
+                                                     "answer(bool)"};
     for (const std::string &number : numbers)
         if (signature == number)
             return {number + (value ? " 1" : " 0")};
@@ -90,8 +91,10 @@ void invoke(std::string_view input)
     const bool takesNothing = index >= 0 && method.parameterCount() == 0;
     for (const bool undoing : {false, true}) {
         undoing ? composite.undo() : composite.redo();
-        requireLines(object.take(), takesNothing ? callsOf(called, false) : Lines(), "a composite calls " + called);
-        requireLines(errors.take(), index < 0 ? Lines() : errorsOf(method, false), "a composite calls " + called);
+        requireLines(object.take(), takesNothing ? callsOf(called, false) : Lines(),
+                     "a composite calls " + called);
+        requireLines(errors.take(), index < 0 ? Lines() : errorsOf(method, false),
+                     "a composite calls " + called);
     }
 }
 

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ksFuzzTarget.h"
-
 #include <editor/export/ksSceneExporter.h>
 #include <editor/import/ksSceneImporter.h>
 #include <editor/scene/ksGltfNames.h>
@@ -24,7 +23,8 @@ const ksTestFolder &folder()
     return files;
 }
 
-/// The scene in the file \a path; null when it is refused, which says why in a line that begins with the path.
+/// The scene in the file \a path; null when it is refused, which says why in a line that begins with the
+/// path.
 osg::NodeRefPtr open(const QString &path)
 {
     try {
@@ -45,8 +45,8 @@ void requireAspectsInStep(const osg::NodePtr &root)
     ksRequireEqual(ksDifference(texts, ksSceneText::of(root)), "", "aspect 1 differs");
 }
 
-/// A file is refused, or gives a scene that is the same after it has been saved and opened. Nothing is left of
-/// either.
+/// A file is refused, or gives a scene that is the same after it has been saved and opened. Nothing is left
+/// of either.
 void openAndSave(const QString &path)
 {
     const std::ptrdiff_t living = ksLivingContainers();
@@ -56,7 +56,8 @@ void openAndSave(const QString &path)
         ksSceneExporter::save(root, saved);
         const osg::NodeRefPtr again = open(saved);
         ksRequire(again != osg::NullFC, "what has been saved is refused");
-        ksRequireEqual(ksDifference(ksSceneText::of(root), ksSceneText::of(again)), "", "what has been saved differs");
+        ksRequireEqual(ksDifference(ksSceneText::of(root), ksSceneText::of(again)), "",
+                       "what has been saved differs");
         // As a history does when it lets go of a scene.
         ksReferenceCycles::release(root);
         ksReferenceCycles::release(again);
@@ -64,11 +65,12 @@ void openAndSave(const QString &path)
     ksRequire(ksLivingContainers() == living, "containers are left");
 }
 
-/// The first line of an input is the suffix of a file, the rest is the file. Readers of other formats, such as
-/// PLY, crash on files that are damaged.
+/// The first line of an input is the suffix of a file, the rest is the file. Readers of other formats, such
+/// as PLY, crash on files that are damaged.
 void openModel(std::string_view text)
 {
-    static const std::map<std::string, int> suffixes = {{"gltf", 0}, {"glb", 0}, {"obj", 0}, {"stl", 0}, {"dae", 0}};
+    static const std::map<std::string, int> suffixes = {
+        {"gltf", 0}, {"glb", 0}, {"obj", 0}, {"stl", 0}, {"dae", 0}};
     ksFuzzInput input(text);
     const std::string suffix = ksFuzzChoice(suffixes, input.line()).first;
     openAndSave(folder().write("model." + suffix, input.rest()));
@@ -93,9 +95,11 @@ void openExtras(std::string_view text)
     ksFuzzInput input(text);
     QJsonObject document = base;
     QJsonArray nodes = document.value(QLatin1String("nodes")).toArray();
-    const int number = static_cast<int>(QString::fromStdString(input.line()).toUInt() % static_cast<unsigned>(nodes.size()));
+    const int number =
+        static_cast<int>(QString::fromStdString(input.line()).toUInt() % static_cast<unsigned>(nodes.size()));
     QJsonObject node = nodes.at(number).toObject();
-    node.insert(QLatin1String("extras"), QJsonObject{{ksGltfNames::extras(), QString::fromStdString(input.rest())}});
+    node.insert(QLatin1String("extras"),
+                QJsonObject{{ksGltfNames::extras(), QString::fromStdString(input.rest())}});
     nodes.replace(number, node);
     document.insert(QLatin1String("nodes"), nodes);
     openAndSave(folder().write("saved-before.gltf", QJsonDocument(document).toJson().toStdString()));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "ksFuzzTarget.h"
-
 #include <checker/history/ksCheckedHistory.h>
 #include <checker/history/ksTranscript.h>
 #include <editor/history/ksRecord.h>

@@ -33,9 +33,10 @@ template <class Map>
 typename Map::const_reference ksFuzzChoice(const Map &map, const std::string &name)
 {
     const auto found = map.find(name);
-    return found != map.end() ? *found
-                              : *std::next(map.begin(), static_cast<std::ptrdiff_t>(
-                                                            std::hash<std::string>()(name) % map.size()));
+    return found != map.end()
+               ? *found
+               : *std::next(map.begin(),
+                            static_cast<std::ptrdiff_t>(std::hash<std::string>()(name) % map.size()));
 }
 
 /// An input, read from its start to its end, behind which there are zeros.
