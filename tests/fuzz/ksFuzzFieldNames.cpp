@@ -13,10 +13,11 @@
 #include <OpenSG/OSGRefPtr.h>
 #include <OpenSG/OSGVecFieldTypes.h>
 
-#include <support/ksFieldTarget.h>
+#include <memory>
+#include <set>
+#include <string>
 #include <support/ksFieldTexts.h>
 #include <support/ksRecords.h>
-#include <vector>
 
 namespace {
 
@@ -170,8 +171,10 @@ const std::map<std::string, Maker> &makers()
 /// Whether the field \a field of containers of the class \a type is computed from others of its container.
 bool followsOthers(const std::string &type, const std::string &field)
 {
-    return (type == "Transform3D" && field == "matrix") ||
-           (type == "Image" && (field == "frameSize" || field == "sideSize" || field == "bpp"));
+    static const std::set<std::string> following = {
+        "Transform3D.matrix", "Transform3D.rotation", "Transform3D.eulerRotation",
+        "Image.frameSize",    "Image.sideSize",       "Image.bpp"};
+    return following.count(type + '.' + field) > 0;
 }
 
 /// Types are found by their whole name, and by their id, or not at all.

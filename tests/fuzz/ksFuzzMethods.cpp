@@ -9,8 +9,11 @@
 
 #include <QMetaMethod>
 
+#include <algorithm>
+#include <string>
 #include <support/OSGProbeContainer.h>
 #include <support/ksErrorLines.h>
+#include <vector>
 
 namespace {
 

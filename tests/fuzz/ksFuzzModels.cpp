@@ -13,7 +13,9 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <map>
 #include <string>
+#include <vector>
 
 namespace {
 

@@ -13,6 +13,7 @@
 #include <OSGUberMaterial.h>
 
 #include <sstream>
+#include <string>
 
 namespace {
 
