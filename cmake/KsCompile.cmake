@@ -12,6 +12,10 @@ if(KSUNDO_SANITIZE)
                         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
+if(KSUNDO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
 
 # ks_join(target [FOLDERS name...]): compiles its files as one when KSUNDO_JOIN says so; with folders, those of each as one, and
 # the others one by one.

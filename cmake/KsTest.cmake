@@ -6,11 +6,12 @@
 find_package(GTest REQUIRED)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Test)
 
-# Optimising is most of the work of compiling tests, and little of it pays: none where the sanitizers look on.
+# Optimising is most of the work of compiling tests, and little of it pays: none where the sanitizers look on, unless a test runs
+# for as long as one has time.
 function(ks_compile_test target)
     ks_compile_qt(${target})
     target_compile_options(
-        ${target} PRIVATE $<IF:$<CONFIG:Release>,-O1,-O0>
+        ${target} PRIVATE $<IF:$<OR:$<CONFIG:Release>,$<BOOL:${KSUNDO_FUZZ}>>,-O1,-O0>
                           # GoogleTest's macros leave arguments out.
                           $<$<CXX_COMPILER_ID:Clang>:-Wno-gnu-zero-variadic-macro-arguments>)
 endfunction()

@@ -10,11 +10,11 @@
 /// field cannot be found. **Undo does nothing**: it neither restores the field nor calls the method. Redoing
 /// afterwards writes what the field held before the first redo, and so on.
 ///
-/// A method with exactly one parameter, which must be a bool or an integer, receives the value; any other is
-/// called without arguments.
-/// When there is no such method, "Method not found: class::signature" is logged at construction, and only the
-/// field is written. A call that Qt refuses is logged as "Could not invoke: class::signature"; the field
-/// stays written.
+/// A method with exactly one parameter, a bool or an integer, receives the value; any other is called without
+/// arguments, which Qt refuses where it needs some. A parameter of a type that Qt does not know, as when it
+/// is not registered, must be another name of one of these. When there is no such method, "Method not found:
+/// class::signature" is logged at construction, and only the field is written. A call that Qt refuses is
+/// logged as "Could not invoke: class::signature"; the field stays written.
 class KSUNDO_EXPORT ksInvokeBoolFieldUndoCommand : public ksBoolFieldUndoCommand
 {
     KS_UNDO_COMMAND(ksInvokeBoolFieldUndoCommand)

@@ -4,6 +4,7 @@
 
 #include <ksundo/field/ksInvokeBoolFieldUndoCommand.h>
 
+#include <QSignalSpy>
 #include <QThread>
 
 #include <support/ksErrorLines.h>
@@ -153,6 +154,15 @@ TEST_F(ksInvokeBoolFieldUndoCommandTest, LogsEveryCallThatQtRefusesAndLeavesTheF
         EXPECT_THAT(errors.take(), ElementsAre("Could not invoke: ksDerivedReceiver::takeTwo(bool,bool)"));
     }
     EXPECT_THAT(derived.takeCalls(), IsEmpty());
+}
+
+TEST_F(ksInvokeBoolFieldUndoCommandTest, PassesNothingToAMethodThatTakesNoNumber)
+{
+    const QSignalSpy emitted(&receiver, &QObject::objectNameChanged);
+    EXPECT_THAT(callsOf("objectNameChanged(QString)"), IsEmpty());
+    EXPECT_THAT(errors.take(), ElementsAre("Could not invoke: ksMethodReceiver::objectNameChanged(QString)"));
+    EXPECT_EQ(emitted.count(), 0);
+    EXPECT_TRUE(probe->getFlag());
 }
 
 TEST_F(ksInvokeBoolFieldUndoCommandTest, QueuesTheCallForAnObjectOfAnotherThread)

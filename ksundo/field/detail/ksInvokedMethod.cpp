@@ -8,6 +8,34 @@
 #include <array>
 #include <cstddef>
 
+namespace {
+
+/// Whether a parameter of the type \a type, as Qt knows it, can be given a flag. Of a type that nobody has
+/// told Qt of, such as another name of an integer, only the caller knows.
+bool takesFlag(int type)
+{
+    switch (type) {
+    case QMetaType::UnknownType:
+    case QMetaType::Bool:
+    case QMetaType::Char:
+    case QMetaType::SChar:
+    case QMetaType::UChar:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Long:
+    case QMetaType::ULong:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
 namespace ksDetail {
 
 ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
@@ -25,7 +53,7 @@ ksInvokedMethod::ksInvokedMethod(QObject *object, const char *signature)
     method = meta->method(index);
     if (!method.isValid()) {
         this->object = nullptr;
-    } else if (method.parameterCount() == 1) {
+    } else if (method.parameterCount() == 1 && takesFlag(method.parameterType(0))) {
         const char *registered = QMetaType::typeName(method.parameterType(0)); // needs no list
         parameterType = registered ? registered : method.parameterTypes().constFirst().toStdString();
     }

@@ -23,8 +23,8 @@ public:
     /// Calls the method without arguments.
     void call() const;
 
-    /// Calls the method with \a argument when it takes exactly one parameter, which must be declared as a
-    /// bool or an integer; without arguments otherwise.
+    /// Calls the method with \a argument when it takes exactly one parameter, which is a bool or an integer;
+    /// without arguments otherwise. A type that Qt does not know must be another name of one of these.
     void call(bool argument) const;
 
 private:
