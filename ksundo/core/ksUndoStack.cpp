@@ -276,6 +276,8 @@ void ksUndoStack::clear()
     phase = Phase::running;
     undoStack->clear();
     phase = Phase::idle;
+    if (!isClean())
+        undoStack->setClean(); // Qt leaves an empty stack as it was
     clearsLater = false;
     lastIndex = 0;
     added = false;

@@ -202,7 +202,8 @@ public Q_SLOTS:
     void redo();
 
     /// Deletes all commands without undoing them, those of an open macro as well, which is closed by that,
-    /// and forgets the mark. Called while a command runs or is deleted, it does so when the step is over.
+    /// and forgets the mark. The stack is clean then. Called while a command runs or is deleted, it does so
+    /// when the step is over.
     void clear();
 
     /// Remembers the current index. It is a position, not a command: commands that fall off at the undo limit

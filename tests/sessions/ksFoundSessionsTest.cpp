@@ -13,7 +13,7 @@ TEST(ksFoundSessions, MergeCommandsWithoutTargetWhateverTheirField)
     session.end();
 }
 
-TEST(ksFoundSessions, ForgetTheCleanStateOfAnEmptiedStack)
+TEST(ksFoundSessions, LeaveAClearedStackCleanThatWasEmptyAlready)
 {
     ksSession session;
     session.push(0, {"ksShearUndoCommand", 0, 9});

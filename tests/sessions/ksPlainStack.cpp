@@ -157,11 +157,9 @@ void Stack::clear()
     commands.clear();
     macros.clear();
     index = 0;
-    if (!wasEmpty) {
-        // Qt has nothing to clear in a stack of which all was undone and forgotten: it is not clean then.
-        clean = 0;
+    clean = 0;
+    if (!wasEmpty)
         announce(isUndo, false);
-    }
     marked = 0;
     isAddition = false;
     workshop.events.push_back(name + " cleared");
