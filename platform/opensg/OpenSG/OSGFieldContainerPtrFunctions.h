@@ -72,7 +72,8 @@ public:
     {
         beginEditCP(_fc, _whichField);
     }
-    /// What a change handler throws passes on, unless an exception is on its way already: then the process ends.
+    /// What a change handler throws passes on, unless an exception is on its way already: then the process
+    /// ends.
     ~CPEditor(void) noexcept(false) { endEditCP(_fc, _whichField); }
 
     CPEditor(const CPEditor &) = delete;
