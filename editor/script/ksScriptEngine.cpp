@@ -113,8 +113,9 @@ void ksScriptEngine::setArguments(const QStringList &arguments)
 
 bool ksScriptEngine::takeInterruption()
 {
-    host.resume();
-    const bool wasInterrupted = engine.isInterrupted();
+    // Also when it is to end, but has called nothing since.
+    const bool wasToEnd = host.resume();
+    const bool wasInterrupted = engine.isInterrupted() || wasToEnd;
     // Otherwise nothing would run in this engine any more.
     engine.setInterrupted(false);
     return wasInterrupted;

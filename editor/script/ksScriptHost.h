@@ -78,8 +78,8 @@ public:
     /// one next. When it does not for a while, it ends where it is.
     void interrupt();
 
-    /// No longer has it end so.
-    void resume() { isToEnd = false; }
+    /// No longer has it end so. Whether it was still to end.
+    bool resume() { return isToEnd.exchange(false); }
 
     /// Whether \a error, which the script ended by, is that something could not be written.
     bool isOutputFailure(const QJSValue &error) const;

@@ -5,6 +5,7 @@
 #include <editor/history/ksRecord.h>
 #include <editor/script/ksScriptEngine.h>
 #include <editor/session/ksInterrupter.h>
+#include <editor/session/ksMemory.h>
 #include <editor/session/ksOpenScene.h>
 #include <tests/editor/ksEditorFixture.h>
 
@@ -51,7 +52,7 @@ void runScript(ksCheckedHistory &history, const std::string &script)
     std::ostringstream out;
     ksScriptEngine engine(history, out);
     ksInterrupter interrupter;
-    interrupter.start(MostSeconds, 0, [&engine] { engine.interrupt(); });
+    interrupter.start(MostSeconds, ksMemory::limit(0), [&engine] { engine.interrupt(); });
     const QString path = folder.write("script.js", script);
     const std::string error = ksErrorOf([&] { engine.run(path); });
     interrupter.stop();

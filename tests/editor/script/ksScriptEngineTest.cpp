@@ -6,6 +6,7 @@
 #include <OSGUberMaterial.h>
 #include <OpenSG/OSGPointLight.h>
 
+#include <future>
 #include <stdexcept>
 #include <thread>
 
@@ -563,6 +564,19 @@ TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterrupted)
                   ": interrupted");
         other.join();
     }
+}
+
+/// It has called nothing yet.
+TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterruptedWhileItIsRead)
+{
+    std::promise<void> started;
+    std::thread other([this, &started] {
+        started.set_value();
+        engine.interrupt();
+    });
+    started.get_future().wait();
+    EXPECT_EQ(errorOf("for (var i = 0; i < 1e6; ++i) { scene.has('Child'); }"), ": interrupted");
+    other.join();
 }
 
 TEST_F(ksScriptEngineTest, ScriptsMayCatchErrors)
