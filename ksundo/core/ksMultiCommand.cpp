@@ -17,25 +17,35 @@ const ksUndoCommand *asUndoCommand(const QUndoCommand *command)
 
 void runChild(QUndoCommand &command, bool undoing);
 
+/// The child of \a command that is run as number \a i.
+QUndoCommand &childAt(const QUndoCommand &command, int i, bool undoing)
+{
+    // QUndoCommand hands its children out as constant although they are this command's own.
+    return *const_cast<QUndoCommand *>(command.child(undoing ? command.childCount() - 1 - i : i));
+}
+
+/// Takes back the first \a count children that were run.
+void takeBackChildren(const QUndoCommand &command, int count, bool undoing)
+{
+    while (--count >= 0)
+        ksDetail::ksTakeBack([&] { runChild(childAt(command, count, undoing), !undoing); });
+}
+
 /// Undoes the children of \a command, the last first, or redoes them. Those that were done by then are taken
 /// back when one of them throws.
 void runChildren(const QUndoCommand &command, bool undoing)
 {
-    const int count = command.childCount();
-    // QUndoCommand hands its children out as constant although they are this command's own.
-    const auto child = [&](int i) -> QUndoCommand & {
-        return *const_cast<QUndoCommand *>(command.child(undoing ? count - 1 - i : i));
-    };
     int done = 0;
-    ksDetail::ksStep(
-        [&] {
-            for (; done < count; ++done)
-                runChild(child(done), undoing);
-        },
-        [&] {
-            while (--done >= 0)
-                ksDetail::ksTakeBack([&] { runChild(child(done), !undoing); });
-        });
+    try {
+        for (; done < command.childCount(); ++done)
+            runChild(childAt(command, done, undoing), undoing);
+    } catch (const ksDetail::ksMissingNotification &) {
+        takeBackChildren(command, done + 1, undoing); // the one that lacks it has been done
+        throw;
+    } catch (...) {
+        takeBackChildren(command, done, undoing);
+        throw;
+    }
 }
 
 void runChild(QUndoCommand &command, bool undoing)
@@ -93,7 +103,7 @@ void ksMultiCommand::run(bool undoing) const
     runChildren(*this, undoing);
     ksDetail::ksStep([this] { runPostAction(); },
                      [=] {
-                         runChildren(*this, !undoing);
+                         takeBackChildren(*this, childCount(), undoing);
                          runPostAction();
                      });
 }

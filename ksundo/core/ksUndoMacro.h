@@ -42,15 +42,12 @@ public:
     /// What receivers throw at that passes on, unless an exception is on its way already: then it is dropped.
     ~ksUndoMacro() noexcept(false)
     {
-        if (std::uncaught_exceptions() == exceptions) {
+        if (std::uncaught_exceptions() == exceptions)
             stack->endMacro();
-            return;
-        }
-        ksDetail::ksTakeBack([this] { stack->endMacro(); });
-        if (onException == OnException::keep || !stack->canUndo())
-            return;
-        ksDetail::ksTakeBack([this] { stack->undo(); });
-        ksDetail::ksTakeBack([this] { stack->forgetUndone(); });
+        else if (onException == OnException::takeBack)
+            stack->takeBackMacro();
+        else
+            ksDetail::ksTakeBack([this] { stack->endMacro(); });
     }
 
     Q_DISABLE_COPY(ksUndoMacro)

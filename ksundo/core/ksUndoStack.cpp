@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <ksundo/core/detail/ksCommandKind.h>
 #include <ksundo/core/detail/ksHistoryWindow.h>
+#include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksMultiCommand.h>
 #include <ksundo/core/ksUndoStack.h>
 
@@ -70,7 +71,18 @@ ksUndoStack::~ksUndoStack()
 
 void ksUndoStack::warn(const char *operation)
 {
-    qWarning("ksUndoStack::%s(): not possible while a command is run or deleted", operation);
+    qWarning("ksUndoStack: %s is not possible while a command is run or deleted", operation);
+}
+
+/// Calls \a step, which the user takes by a part of Qt that stands no exceptions.
+template <class Step>
+static void takeForUser(Step step)
+{
+    try {
+        step();
+    } catch (...) {
+        qWarning("ksUndoStack: a step that the user has taken has ended with an exception");
+    }
 }
 
 template <class Operation>
@@ -84,7 +96,7 @@ inline void ksUndoStack::run(int depth, Operation operation)
         busyDepth -= depth;
         phase = Phase::idle;
         receiversFailure = nullptr;
-        settle();
+        ksDetail::ksTakeBack([this] { settle(); });
         throw;
     }
     busyDepth -= depth;
@@ -95,9 +107,9 @@ inline void ksUndoStack::run(int depth, Operation operation)
 
 void ksUndoStack::settle()
 {
-    isUnsettled = false;
-    if (clearsLater)
+    if (clearsLater && busyDepth == 0)
         clear();
+    isUnsettled = clearsLater;
     if (receiversFailure)
         std::rethrow_exception(std::exchange(receiversFailure, nullptr));
 }
@@ -106,7 +118,7 @@ void ksUndoStack::add(QUndoCommand *command)
 {
     if (command == nullptr)
         return;
-    if (refuses("add")) {
+    if (refuses("add()")) {
         delete command;
         return;
     }
@@ -127,16 +139,28 @@ void ksUndoStack::add(QUndoCommand *command)
 
 void ksUndoStack::beginMacro(const QString &text)
 {
-    if (!refuses("beginMacro"))
+    if (!refuses("beginMacro()"))
         run(0, [&] { undoStack->beginMacro(text); });
 }
 
 void ksUndoStack::endMacro()
 {
-    if (refuses("endMacro"))
+    if (refuses("endMacro()"))
         return;
     added = true;
     run(1, [this] { undoStack->endMacro(); });
+}
+
+void ksUndoStack::takeBackMacro()
+{
+    if (refuses("takeBackMacro()"))
+        return;
+    const QUndoCommand *macro = undoStack->command(index());
+    ksDetail::ksTakeBack([this] { endMacro(); });
+    if (!canUndo() || currentCommand() != macro)
+        return;
+    ksDetail::ksTakeBack([this] { undo(); });
+    ksDetail::ksTakeBack([this] { forgetUndone(); });
 }
 
 void ksUndoStack::beginGesture()
@@ -152,7 +176,7 @@ void ksUndoStack::endGesture()
 
 void ksUndoStack::takeBackGesture()
 {
-    if (refuses("takeBackGesture"))
+    if (refuses("takeBackGesture()"))
         return;
     while (openGestures > 0 && canUndo() && isOf(*currentCommand(), gesture)) {
         const int last = index();
@@ -169,7 +193,7 @@ void ksUndoStack::takeBackGesture()
 
 void ksUndoStack::forgetUndone()
 {
-    if (refuses("forgetUndone"))
+    if (refuses("forgetUndone()"))
         return;
     // Qt deletes what is undone when a command comes, and does not keep one that is obsolete. Of that it
     // tells nobody.
@@ -183,7 +207,7 @@ void ksUndoStack::forgetUndone()
 
 void ksUndoStack::setClean()
 {
-    if (refuses("setClean"))
+    if (refuses("setClean()"))
         return;
     undoStack->setClean();
     // What is saved stays when the gesture that did it is taken back.
@@ -215,7 +239,8 @@ QAction *ksUndoStack::createUndoAction(QObject *parent, const QString &prefix) c
 {
     QAction *action = undoStack->createUndoAction(parent, prefix);
     disconnect(action, &QAction::triggered, undoStack, nullptr);
-    connect(action, &QAction::triggered, this, &ksUndoStack::undo);
+    auto *stack = const_cast<ksUndoStack *>(this);
+    connect(action, &QAction::triggered, this, [stack] { takeForUser([stack] { stack->undo(); }); });
     return action;
 }
 
@@ -223,7 +248,8 @@ QAction *ksUndoStack::createRedoAction(QObject *parent, const QString &prefix) c
 {
     QAction *action = undoStack->createRedoAction(parent, prefix);
     disconnect(action, &QAction::triggered, undoStack, nullptr);
-    connect(action, &QAction::triggered, this, &ksUndoStack::redo);
+    auto *stack = const_cast<ksUndoStack *>(this);
+    connect(action, &QAction::triggered, this, [stack] { takeForUser([stack] { stack->redo(); }); });
     return action;
 }
 
@@ -231,7 +257,8 @@ void ksUndoStack::doubt(int place)
 {
     // Of a macro, Qt does not tell which commands ran before the one that has thrown.
     const QUndoCommand *command = undoStack->command(place);
-    if (command->childCount() > 0 && ksDetail::ksKindOf(*command) == ksDetail::ksCommandKind::plain)
+    if (command != nullptr && command->childCount() > 0 &&
+        ksDetail::ksKindOf(*command) != ksDetail::ksCommandKind::multi)
         clearsLater = true;
 }
 
@@ -257,13 +284,13 @@ inline void ksUndoStack::stepForth()
 
 void ksUndoStack::undo()
 {
-    if (!refuses("undo"))
+    if (!refuses("undo()"))
         run(1, [this] { stepBack(); });
 }
 
 void ksUndoStack::redo()
 {
-    if (!refuses("redo"))
+    if (!refuses("redo()"))
         run(1, [this] { stepForth(); });
 }
 
@@ -273,15 +300,18 @@ void ksUndoStack::clear()
         clearsLater = isUnsettled = true;
     if (phase != Phase::idle)
         return;
-    phase = Phase::running;
+    clearsLater = false;
+    markIndex = 0;
+    const bool wasEmpty = isEmpty();
+    phase = Phase::clearing;
     undoStack->clear();
     phase = Phase::idle;
-    if (!isClean())
-        undoStack->setClean(); // Qt leaves an empty stack as it was
-    clearsLater = false;
-    lastIndex = 0;
-    added = false;
-    markIndex = 0;
+    if (wasEmpty) { // which Qt leaves as it was, and does not announce
+        lastIndex = 0;
+        added = false;
+        if (!isClean())
+            setClean();
+    }
     const std::exception_ptr failure = std::exchange(receiversFailure, nullptr);
     Q_EMIT cleared();
     if (failure)
@@ -295,13 +325,18 @@ void ksUndoStack::mark()
 
 void ksUndoStack::reset()
 {
-    if (!refuses("reset"))
+    if (!refuses("reset()"))
         goTo(markIndex);
 }
 
 void ksUndoStack::goTo(int target)
 {
-    run(1, [=] {
+    run(1, [this, target]() mutable {
+        const auto forth = [&] {
+            const int before = count();
+            stepForth();
+            target -= before - count(); // obsolete ones have gone
+        };
         try {
             {
                 // One by one, since Qt would forget those before one that throws; the last one is to be heard
@@ -310,12 +345,12 @@ void ksUndoStack::goTo(int target)
                 while (canUndo() && index() - 1 > target)
                     stepBack();
                 while (canRedo() && index() + 1 < target)
-                    stepForth();
+                    forth();
             }
             if (canUndo() && index() > target)
                 stepBack();
             else if (canRedo() && index() < target)
-                stepForth();
+                forth();
             else
                 undoStack->setIndex(target); // warns within a macro
         } catch (...) {
@@ -344,8 +379,14 @@ void ksUndoStack::updateActions()
 
 void ksUndoStack::showHistory()
 {
+    if (phase == Phase::ending)
+        return;
     if (historyView == nullptr) {
-        historyView = new ksDetail::ksHistoryWindow(undoStack, [this](int target) { goTo(target); });
+        const auto choose = [this](int target) {
+            if (!refuses("a step in the history window"))
+                takeForUser([=] { goTo(target); });
+        };
+        historyView = new ksDetail::ksHistoryWindow(undoStack, choose);
         historyView->setWindowTitle(tr("Undo/Redo History"));
         historyView->setAccessibleName(historyView->windowTitle());
         historyView->resize(300, 100);
@@ -359,16 +400,17 @@ void ksUndoStack::indexChanged(int i)
     // Receivers may use the stack, which must find its state up to date then.
     const bool isUndo = i < std::exchange(lastIndex, i);
     const bool isAddition = std::exchange(added, false);
-    if (phase == Phase::running)
+    if (phase != Phase::ending)
         phase = Phase::idle; // Qt has nothing more to do with commands
     try {
-        if (isUndo) {
-            Q_EMIT undoPerformed(undoStack->command(i));
-            sendMessage("ksURManager::undo", i, false);
-        } else {
-            Q_EMIT redoPerformed(undoStack->command(i - 1), isAddition);
-            sendMessage("ksURManager::redo", i - 1, isAddition);
-        }
+        const int place = isUndo ? i : i - 1;
+        const QUndoCommand *command = undoStack->command(place);
+        if (isUndo)
+            Q_EMIT undoPerformed(command);
+        else
+            Q_EMIT redoPerformed(command, isAddition);
+        if (command != nullptr)
+            sendMessage(isUndo ? "ksURManager::undo" : "ksURManager::redo", place, isAddition && !isUndo);
     } catch (...) {
         receiversFailure = std::current_exception(); // Qt has something to do yet
         isUnsettled = true;

@@ -43,25 +43,30 @@ class ksHistoryWindow;
 /// The library throws nothing of its own, but std::bad_function_call for a missing notification that a
 /// command requires, which leaves the command's step done. What the application throws while a command runs
 /// (a getter or setter, a change handler, a callback, sync or notify function, a post action, a method that
-/// is invoked) passes on to the caller of add(), undo(), redo() or reset(). The command has taken back by
-/// then what it had done, which calls the application once more; what that throws is dropped. The stack is as
-/// it was before the step, and tells nobody of it; a command that was to be added stays with the caller. A
-/// ksMultiCommand takes back its children. A macro cannot, nor can any QUndoCommand with children that is not
-/// of the library, as Qt does not tell how far it got: when undoing or redoing one throws, what has been done
-/// stays, and the stack clears itself. Commands that are not of the library take back for themselves.
+/// is invoked) passes on to the caller of add(), undo(), redo() or reset(). By then the command has taken
+/// back what it had done, as its undo(), or its redo(), would; that calls the application once more, and of
+/// what it throws then, Qt warns. The stack is as it was before the step, and tells nobody of it; a command
+/// that was to be added stays with the caller. A ksMultiCommand takes back its children. A macro cannot, nor
+/// can any other command with children, as Qt does not tell how far it got: what has been done stays, and
+/// when it was being undone or redone, the stack clears itself. Commands that are not of the library take
+/// back for themselves.
 ///
 /// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which
 /// is done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not
-/// throw.
+/// throw, nor must slots of the actions that the stack makes.
 ///
 /// \par What the application's code may call
-/// Receivers of signals and the message callback may use the stack as anybody. While a command runs or is
-/// deleted, getters, mark(), beginGesture(), endGesture(), setMessageCallback() and showHistory() are at
-/// everybody's service too, and see the stack as it was before the step; clear() is done at the end of the
-/// step, after it has been reported. All others of that stack are refused: they do nothing but make Qt warn,
-/// and add() deletes its command. The other stack takes everything. When a command's target is destroyed
-/// within its step, the rest of the step passes it over; its own change handler must not do that, nor must a
-/// stack be destroyed within a step.
+/// Receivers of signals and the message callback may use the stack as anybody. While a command runs, it shows
+/// the state before the step; mark(), the beginning and end of gestures, sendMessage(), showHistory() and
+/// what sets or makes something of the application's work, and clear() is done at the end of the step, after
+/// it has been reported. All others (add(), undo(), redo(), reset(), beginMacro(), endMacro(),
+/// takeBackMacro(), takeBackGesture(), forgetUndone(), setClean(), a step in the history window) are refused:
+/// they do nothing but make Qt warn, and add() deletes its command. The same goes for destructors of
+/// commands, which must not ask for commands or texts either, nor show the history. The other stack takes
+/// everything.
+///
+/// When a command's target is destroyed within its step, by a callback, the rest of the step passes it over.
+/// Change handlers must not destroy the target, nor must a stack be destroyed within its step.
 class KSUNDO_EXPORT ksUndoStack : public QObject
 {
     Q_OBJECT
@@ -106,6 +111,11 @@ public:
     /// Closes the innermost open macro. Without one nothing happens, of which Qt warns, but that a redo which
     /// comes next is reported as an addition.
     void endMacro();
+
+    /// Closes the innermost open macro and, when it was the outermost, undoes and forgets it, so that there
+    /// is nothing to redo. That is reported as the addition that it was, and then as an undo. What receivers
+    /// throw is dropped.
+    void takeBackMacro();
 
     /// Begins a gesture: what is added until the matching endGesture() merges with itself only, and without
     /// limit of time. An inner gesture is part of the outer one. ksUndoGesture does both in a scope, and says
@@ -157,8 +167,9 @@ public:
     /// The text of the command that redo() would redo; empty when there is none.
     QString redoText() const { return undoStack->redoText(); }
 
-    /// An action that calls undo(), whose text is \a prefix ("Undo" when empty) and undoText(), and which is
-    /// enabled while there is something to undo. It belongs to \a parent, or to the caller when that is null.
+    /// An action that calls undo(), whose text is \a prefix ("Undo" when
+    /// empty) and undoText(), and which is enabled while there is something to undo. It belongs to \a parent,
+    /// or to the caller when that is null.
     QAction *createUndoAction(QObject *parent, const QString &prefix = QString()) const;
 
     /// The same for redo().
@@ -228,6 +239,7 @@ private:
     {
         idle,    ///< or reporting
         running, ///< Qt's stack runs or deletes commands, and stands no other operation
+        clearing,
         ending
     };
 

@@ -35,10 +35,11 @@ void ksImageFieldUndoCommand::apply(const osg::ImagePtr &image)
     show(target, image);
     if (!notify)
         return;
-    ksDetail::ksStep(notify, [&] {
-        show(getField(), ksFindContainer<osg::ImagePtr>(previousId));
-        notify();
-    });
+    ksDetail::ksStep([this] { notify(); },
+                     [&] {
+                         show(getField(), ksFindContainer<osg::ImagePtr>(previousId));
+                         notify();
+                     });
 }
 
 void ksImageFieldUndoCommand::show(const Target &target, const osg::ImagePtr &image) const

@@ -14,5 +14,10 @@ void ksInvokeBoolFieldUndoCommand::redo()
 {
     const bool written = value;
     ksBoolFieldUndoCommand::redo();
-    ksDetail::ksStep([&] { method.call(written); }, [this] { ksBoolFieldUndoCommand::redo(); });
+    ksDetail::ksStep([&] { method.call(written); },
+                     [this] {
+                         const bool previous = value;
+                         ksBoolFieldUndoCommand::redo();
+                         method.call(previous);
+                     });
 }

@@ -10,11 +10,19 @@ ksInvokeMultiCommand::ksInvokeMultiCommand(const QString &text, QObject *object,
 void ksInvokeMultiCommand::undo()
 {
     ksMultiCommand::undo();
-    ksDetail::ksStep([this] { method.call(); }, [this] { ksMultiCommand::redo(); });
+    ksDetail::ksStep([this] { method.call(); },
+                     [this] {
+                         ksMultiCommand::redo();
+                         method.call();
+                     });
 }
 
 void ksInvokeMultiCommand::redo()
 {
     ksMultiCommand::redo();
-    ksDetail::ksStep([this] { method.call(); }, [this] { ksMultiCommand::undo(); });
+    ksDetail::ksStep([this] { method.call(); },
+                     [this] {
+                         ksMultiCommand::undo();
+                         method.call();
+                     });
 }

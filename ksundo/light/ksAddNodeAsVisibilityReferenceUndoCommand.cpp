@@ -46,7 +46,9 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(const osg::UberLightPtr &l
             ksEndEdit(node, ksPlatform::externalFlagsMask);
         }
     }
-    ksEndEdit(light, osg::UberLightBase::VisibilityReferenceFieldMask);
+    // It goes with the reference that it belongs to itself.
+    ksEndEdit(ksFindContainer<osg::UberLightPtr>(containerId),
+              osg::UberLightBase::VisibilityReferenceFieldMask);
     // Gone by now if only the light held it.
     ksEndEdit(ksFindContainer<osg::NodePtr>(nodeId), ksPlatform::externalFlagsMask);
 }

@@ -11,13 +11,21 @@ ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg:
 void ksMaterialMultiUndoCommand::undo()
 {
     ksMultiCommand::undo();
-    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksMultiCommand::redo(); });
+    ksDetail::ksStep([this] { touchMaterial(); },
+                     [this] {
+                         ksMultiCommand::redo();
+                         touchMaterial();
+                     });
 }
 
 void ksMaterialMultiUndoCommand::redo()
 {
     ksMultiCommand::redo();
-    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksMultiCommand::undo(); });
+    ksDetail::ksStep([this] { touchMaterial(); },
+                     [this] {
+                         ksMultiCommand::undo();
+                         touchMaterial();
+                     });
 }
 
 bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)

@@ -11,13 +11,21 @@ ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUnd
 void ksMaterialUndoCommand::undo()
 {
     ksWrappedFieldUndoCommand::undo();
-    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::redo(); });
+    ksDetail::ksStep([this] { touchMaterial(); },
+                     [this] {
+                         ksWrappedFieldUndoCommand::redo();
+                         touchMaterial();
+                     });
 }
 
 void ksMaterialUndoCommand::redo()
 {
     ksWrappedFieldUndoCommand::redo();
-    ksDetail::ksStep([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::undo(); });
+    ksDetail::ksStep([this] { touchMaterial(); },
+                     [this] {
+                         ksWrappedFieldUndoCommand::undo();
+                         touchMaterial();
+                     });
 }
 
 void ksMaterialUndoCommand::makeMessage(ksMessage &message) const

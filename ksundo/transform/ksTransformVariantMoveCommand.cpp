@@ -54,8 +54,11 @@ ksTransformVariantMoveCommand::ksTransformVariantMoveCommand(osg::NodePtr node,
 }
 
 /// Some variants may have left their places, and some of these have reached the other ones.
-void ksTransformVariantMoveCommand::putBack(const osg::NodePtr &node, const Places &places)
+void ksTransformVariantMoveCommand::putBack(const Places &places) const
 {
+    const auto node = ksFindContainer<osg::NodePtr>(containerId);
+    if (node == osg::NullFC)
+        return;
     const auto isMoved = [&places](const osg::TransformVariantPtr &variant) {
         return std::any_of(places.ids.begin(), places.ids.end(),
                            [&](const auto &entry) { return entry.second == ksPlatform::idOf(variant); });
@@ -93,5 +96,5 @@ void ksTransformVariantMoveCommand::apply(const osg::NodePtr &node, const Places
         }
         ksDetail::ksNotify(notification, containerId, from.indexes, to.indexes);
     };
-    ksDetail::ksStep(move, [&] { putBack(node, from); });
+    ksDetail::ksStep(move, [&] { putBack(from); });
 }

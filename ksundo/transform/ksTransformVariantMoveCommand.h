@@ -50,7 +50,7 @@ private:
     using Places = ksDetail::ksTransformVariantPlaces;
 
     void apply(const osg::NodePtr &node, const Places &from, const Places &to) const;
-    static void putBack(const osg::NodePtr &node, const Places &places);
+    void putBack(const Places &places) const;
 
     // The step takes itself back, as long as it holds what is out of the list.
     void takeBack(const osg::NodePtr &, const Places &, const Places &) const {}

@@ -70,13 +70,13 @@ void ksHistoryWindow::currentChanged(const QModelIndex &current, const QModelInd
     if (!current.isValid() || current.row() == history->index())
         return;
     const QPointer<ksHistoryWindow> self(this);
-    try {
-        goTo(current.row());
-    } catch (...) {
-        qWarning("ksUndoStack: a step chosen in the history window has ended with an exception");
-    }
-    if (self != nullptr)
-        follow(); // it may be another index
+    goTo(current.row());
+    if (self == nullptr)
+        return;
+    // It may be another index; a click selects its row after this.
+    follow();
+    QMetaObject::invokeMethod(
+        this, [this] { follow(); }, Qt::QueuedConnection);
 }
 
 /// A view reads a stack when it is given one, and would then listen to it.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QtGlobal>
+
 #include <functional>
 
 namespace ksDetail {
@@ -18,14 +20,15 @@ void ksNotify(const Notification &notification, const Arguments &...arguments)
     notification(arguments...);
 }
 
-/// Calls \a back, which takes back a part of a step. What the application throws within it is dropped: the
+/// Calls \a back, which takes back a part of a step. Of what the application throws within it, Qt warns: the
 /// exception that ended the step is the one to be heard of.
 template <class Back>
 void ksTakeBack(Back back) noexcept
 {
     try {
         back();
-    } catch (...) { // NOLINT(bugprone-empty-catch)
+    } catch (...) {
+        qWarning("ksundo: the application has thrown once more while a step was taken back");
     }
 }
 

@@ -174,6 +174,10 @@ void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &sourc
     if (target == source) {
         return;
     }
+    if (source == NullFC) {
+        clearRefCP(target);
+        return;
+    }
     // The source may lie in memory that goes away with the old container, and so may the new container.
     const FieldContainerPtrBase assigned(source);
     const UInt32 id = assigned.getFieldContainerId();

@@ -26,14 +26,15 @@ inline void subRefCP(const FieldContainerPtrBase &fc)
 
 /// Assigns @p source to @p target: releases the old container first, then takes a reference on the new one.
 /// Nothing happens if both are the same. A new container that nobody but the old one holds goes with it; the
-/// target is null then.
+/// target is null then. Unless the source is null, the target must not lie in what goes.
 void setRefdCP(FieldContainerPtrBase &target, const FieldContainerPtrBase &source);
 
-/// Releases a reference and sets the handle to null.
+/// Sets the handle to null and releases a reference. The handle may lie in what goes.
 inline void clearRefCP(FieldContainerPtrBase &target)
 {
-    subRefCP(target);
+    const FieldContainerPtrBase released(target);
     target = FieldContainerPtrBase();
+    subRefCP(released);
 }
 
 /// Starts an edit. Nothing has to be done for that: every edit is announced at its end.
