@@ -87,8 +87,12 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     const QJSValue goOn = engine.newQObject(new ksScriptFunction(
         *this,
         [this] {
-            if (isToEnd.exchange(false))
-                scriptEngine.setInterrupted(true);
+            if (!isToEnd)
+                return;
+            if (isHeeded.exchange(true))
+                scriptEngine.setInterrupted(true); // it has caught the error
+            else
+                scriptEngine.throwError(QStringLiteral("interrupted"));
         },
         &engine));
     preludeFunctions =
@@ -247,10 +251,11 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 void ksScriptHost::interrupt()
 {
     constexpr int Looks = 100;
+    isHeeded = false;
     isToEnd = true;
-    for (int i = 0; i < Looks && isToEnd; ++i)
+    for (int i = 0; i < Looks && isToEnd && !isHeeded; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    if (isToEnd.exchange(false))
+    if (isToEnd && !isHeeded)
         scriptEngine.setInterrupted(true);
 }
 

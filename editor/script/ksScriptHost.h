@@ -74,8 +74,9 @@ public:
     void guard(const std::function<void()> &work) const;
 
     /// Has the script end as if by an error; for another thread to call. The engine crashes when it is
-    /// interrupted while it looks up a method of an object of ours, so that the script ends where it calls
-    /// one next. When it does not for a while, it ends where it is.
+    /// interrupted while it looks up a method of an object of ours, or sets a property of one, so that the
+    /// script gets an error where it does so next. When it does not for a while, or catches the error and
+    /// goes on, it ends where it is.
     void interrupt();
 
     /// No longer has it end so. Whether it was still to end.
@@ -168,6 +169,7 @@ private:
     mutable QJSValue failureOfCall;
 
     std::atomic<bool> isToEnd = false;
+    std::atomic<bool> isHeeded = false;
 
     /// What the latest ksOutputError said.
     mutable QString outputFailure;

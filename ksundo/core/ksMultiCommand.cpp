@@ -101,11 +101,7 @@ void ksMultiCommand::makeMessage(ksMessage &message) const
 void ksMultiCommand::run(bool undoing) const
 {
     runChildren(*this, undoing);
-    ksDetail::ksStep([this] { runPostAction(); },
-                     [=] {
-                         takeBackChildren(*this, childCount(), undoing);
-                         runPostAction();
-                     });
+    ksDetail::ksTell([this] { runPostAction(); }, [=] { takeBackChildren(*this, childCount(), undoing); });
 }
 
 void ksMultiCommand::runPostAction() const

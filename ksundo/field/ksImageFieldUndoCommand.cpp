@@ -35,11 +35,8 @@ void ksImageFieldUndoCommand::apply(const osg::ImagePtr &image)
     show(target, image);
     if (!notify)
         return;
-    ksDetail::ksStep([this] { notify(); },
-                     [&] {
-                         show(getField(), ksFindContainer<osg::ImagePtr>(previousId));
-                         notify();
-                     });
+    ksDetail::ksTell([this] { notify(); },
+                     [&] { show(getField(), ksFindContainer<osg::ImagePtr>(previousId)); });
 }
 
 void ksImageFieldUndoCommand::show(const Target &target, const osg::ImagePtr &image) const

@@ -12,12 +12,11 @@ ksInvokeBoolFieldUndoCommand::ksInvokeBoolFieldUndoCommand(const QString &text,
 
 void ksInvokeBoolFieldUndoCommand::redo()
 {
-    const bool written = value;
+    bool told = value;
     ksBoolFieldUndoCommand::redo();
-    ksDetail::ksStep([&] { method.call(written); },
-                     [this] {
-                         const bool previous = value;
+    ksDetail::ksTell([&] { method.call(told); },
+                     [&] {
+                         told = value;
                          ksBoolFieldUndoCommand::redo();
-                         method.call(previous);
                      });
 }

@@ -10,19 +10,11 @@ ksInvokeMultiCommand::ksInvokeMultiCommand(const QString &text, QObject *object,
 void ksInvokeMultiCommand::undo()
 {
     ksMultiCommand::undo();
-    ksDetail::ksStep([this] { method.call(); },
-                     [this] {
-                         ksMultiCommand::redo();
-                         method.call();
-                     });
+    ksDetail::ksTell([this] { method.call(); }, [this] { ksMultiCommand::redo(); });
 }
 
 void ksInvokeMultiCommand::redo()
 {
     ksMultiCommand::redo();
-    ksDetail::ksStep([this] { method.call(); },
-                     [this] {
-                         ksMultiCommand::undo();
-                         method.call();
-                     });
+    ksDetail::ksTell([this] { method.call(); }, [this] { ksMultiCommand::undo(); });
 }

@@ -11,21 +11,13 @@ ksMaterialMultiUndoCommand::ksMaterialMultiUndoCommand(const QString &text, osg:
 void ksMaterialMultiUndoCommand::undo()
 {
     ksMultiCommand::undo();
-    ksDetail::ksStep([this] { touchMaterial(); },
-                     [this] {
-                         ksMultiCommand::redo();
-                         touchMaterial();
-                     });
+    ksDetail::ksTell([this] { touchMaterial(); }, [this] { ksMultiCommand::redo(); });
 }
 
 void ksMaterialMultiUndoCommand::redo()
 {
     ksMultiCommand::redo();
-    ksDetail::ksStep([this] { touchMaterial(); },
-                     [this] {
-                         ksMultiCommand::undo();
-                         touchMaterial();
-                     });
+    ksDetail::ksTell([this] { touchMaterial(); }, [this] { ksMultiCommand::undo(); });
 }
 
 bool ksMaterialMultiUndoCommand::mergeWith(const QUndoCommand *other)

@@ -11,21 +11,13 @@ ksMaterialUndoCommand::ksMaterialUndoCommand(const QString &text, ksFieldBaseUnd
 void ksMaterialUndoCommand::undo()
 {
     ksWrappedFieldUndoCommand::undo();
-    ksDetail::ksStep([this] { touchMaterial(); },
-                     [this] {
-                         ksWrappedFieldUndoCommand::redo();
-                         touchMaterial();
-                     });
+    ksDetail::ksTell([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::redo(); });
 }
 
 void ksMaterialUndoCommand::redo()
 {
     ksWrappedFieldUndoCommand::redo();
-    ksDetail::ksStep([this] { touchMaterial(); },
-                     [this] {
-                         ksWrappedFieldUndoCommand::undo();
-                         touchMaterial();
-                     });
+    ksDetail::ksTell([this] { touchMaterial(); }, [this] { ksWrappedFieldUndoCommand::undo(); });
 }
 
 void ksMaterialUndoCommand::makeMessage(ksMessage &message) const

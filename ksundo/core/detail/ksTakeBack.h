@@ -47,4 +47,15 @@ void ksStep(Step step, Back back)
     }
 }
 
+/// Calls \a tell, by which the application hears of a step that is done. When it throws, \a back takes the
+/// step back, and the application is told again.
+template <class Tell, class Back>
+void ksTell(Tell tell, Back back)
+{
+    ksStep(tell, [&] {
+        back();
+        tell();
+    });
+}
+
 } // namespace ksDetail

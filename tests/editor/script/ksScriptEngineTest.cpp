@@ -566,6 +566,21 @@ TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterrupted)
     }
 }
 
+/// The engine stands no interruption there.
+TEST_F(ksScriptEngineTest, EndsAScriptThatSetsAProperty)
+{
+    for (int i = 0; i < 20; ++i) {
+        std::thread other;
+        ksScriptEngine interrupted(history, out);
+        interrupted.addFunction(QStringLiteral("begin"), [&interrupted, &other] {
+            other = std::thread([&interrupted] { interrupted.interrupt(); });
+        });
+        EXPECT_EQ(ksScriptErrorOf(interrupted, folder, "begin(); while (true) { scene.root.name = 'One'; }"),
+                  ": interrupted");
+        other.join();
+    }
+}
+
 /// It has called nothing yet.
 TEST_F(ksScriptEngineTest, EndsAScriptThatIsInterruptedWhileItIsRead)
 {
