@@ -638,9 +638,9 @@ bool ksLiveStacks::receive(const char *name, ksMessage &message, int option)
     return false;
 }
 
-void ksLiveStacks::warn(QtMsgType, const QMessageLogContext &, const QString &)
+void ksLiveStacks::warn(QtMsgType, const QMessageLogContext &, const QString &line)
 {
-    current->events.push_back("warning");
+    current->events.push_back(line.toStdString());
 }
 
 std::string ksLiveStacks::textOf(const ksMessage &message) const

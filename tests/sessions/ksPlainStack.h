@@ -73,8 +73,8 @@ private:
                                              : commands[static_cast<std::size_t>(place)]->text;
     }
 
-    /// Notes that Qt warns of what is not done.
-    bool isRefused();
+    /// Notes that Qt warns, while a macro is open, of what is not done then.
+    bool isRefused(const std::string &warning);
 
     void drop(std::size_t place);
     void dropUndone();
