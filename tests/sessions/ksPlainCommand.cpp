@@ -406,12 +406,8 @@ bool Workshop::capture(Command &command)
         break;
     }
     case Mechanics::addVariant:
-        if (command.other == -1) {
-            const int variant = scene.createVariant("new");
-            scene.edit(variant, allFields);
-            scene.edit(scene.entry(variant, variantTransform), allFields);
-            command.other = variant;
-        }
+        if (command.other == -1)
+            command.other = scene.createVariant("new");
         scene.take(command.other);
         break;
     case Mechanics::removeVariant:

@@ -59,7 +59,6 @@ public:
 private:
     ksPlain::Stack &plainStack(int which) { return plainStacks[static_cast<std::size_t>(which)]; }
     void compare();
-    void compareScene();
     /// A command and what it is to be, both null where there is none.
     struct Built
     {
