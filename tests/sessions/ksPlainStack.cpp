@@ -227,6 +227,12 @@ void Stack::setLimit(int newLimit)
         limit = newLimit;
 }
 
+void Stack::retell(int number)
+{
+    if (index > 0)
+        Workshop::retell(at(index - 1), number);
+}
+
 StackState Stack::state() const
 {
     StackState state;

@@ -57,6 +57,9 @@ public:
     void takeBackGesture();
     void setLimit(int newLimit);
 
+    /// Tells the command that undo() would take back anew what Workshop::retell() says.
+    void retell(int number);
+
     StackState state() const;
     const std::vector<std::unique_ptr<Command>> &history() const { return commands; }
     bool isInGesture() const { return openGestures > 0; }

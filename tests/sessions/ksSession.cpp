@@ -106,10 +106,10 @@ ksSession::Built ksSession::built(const ksCommandRequest &request)
 
 void ksSession::add(int stack, Built command)
 {
-    if (command.plain == nullptr)
-        return;
-    plainStack(stack).add(std::move(command.plain));
-    live[stack].add(command.live.release());
+    if (command.plain != nullptr) {
+        plainStack(stack).add(std::move(command.plain));
+        live[stack].add(command.live.release());
+    }
     compare();
 }
 
@@ -174,6 +174,13 @@ void ksSession::setLimit(int stack, int limit)
 {
     plainStack(stack).setLimit(limit);
     live[stack].setUndoLimit(limit);
+    compare();
+}
+
+void ksSession::retell(int stack, int number)
+{
+    plainStack(stack).retell(number);
+    live.retell(stack, plainStack(stack));
     compare();
 }
 
