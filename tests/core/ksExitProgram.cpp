@@ -54,7 +54,8 @@ private:
     ksHeldReference<osg::NodePtr> held;
 };
 
-/// What an application may have among its static objects, which go after those of the libraries' functions.
+/// What an application may have among its static objects. These are made before the stacks, and go after
+/// them.
 struct Statics
 {
     std::unique_ptr<QUndoCommand> command;

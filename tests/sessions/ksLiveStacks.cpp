@@ -211,10 +211,7 @@ QUndoCommand *image(const Building &b)
 {
     const int shade = b.command.given.front();
     const osg::ImagePtr given = shade < 3 ? ksMakeImage("shade" + std::to_string(shade)) : osg::ImagePtr();
-    auto *command = new ksImageFieldUndoCommand(b.target(), b.fieldName(), given, b.parent);
-    if (b.command.calls)
-        command->setNotifyFunction(b.logger("notified"));
-    return command;
+    return new ksImageFieldUndoCommand(b.target(), b.fieldName(), given, b.parent);
 }
 
 QUndoCommand *addVariant(const Building &b)
@@ -561,12 +558,38 @@ std::unique_ptr<QUndoCommand> ksLiveStacks::build(const Command &command, QUndoC
         for (const auto &part : command.parts)
             build(*part, built.get()).release(); // the parent's
     } else {
-        auto &single = static_cast<ksUndoCommand &>(*built);
-        ksCommandTime::of(single) = command.time;
-        single.setMergeEnabled(command.merges);
-        single.setMergeResponseDelta(command.window);
+        ksCommandTime::of(static_cast<ksUndoCommand &>(*built)) = command.time;
+        tell(*built, command);
     }
     return built;
+}
+
+void ksLiveStacks::tell(QUndoCommand &command, const Command &plainCommand)
+{
+    const Mechanics mechanics = plainCommand.type->mechanics;
+    if (mechanics == Mechanics::plain || mechanics == Mechanics::composite) {
+        int place = 0;
+        for (const auto &part : plainCommand.parts)
+            tell(const_cast<QUndoCommand &>(*command.child(place++)), *part);
+        return;
+    }
+    auto &single = static_cast<ksUndoCommand &>(command);
+    single.setMergeEnabled(plainCommand.merges);
+    single.setMergeResponseDelta(plainCommand.window);
+    if (mechanics != Mechanics::image)
+        return;
+    std::function<void()> notify;
+    if (const int function = plainCommand.notified)
+        notify = [this, function] { events.push_back("notified " + std::to_string(function)); };
+    static_cast<ksImageFieldUndoCommand &>(command).setNotifyFunction(notify);
+}
+
+void ksLiveStacks::retell(int which, const ksPlain::Stack &plainStack)
+{
+    const int place = plainStack.state().index - 1;
+    if (place >= 0)
+        tell(const_cast<QUndoCommand &>(*histories[static_cast<std::size_t>(which)]->command(place)),
+             *plainStack.history()[static_cast<std::size_t>(place)]);
 }
 
 ksPlain::StackState ksLiveStacks::stateOf(int which) const
@@ -638,9 +661,9 @@ bool ksLiveStacks::receive(const char *name, ksMessage &message, int option)
     return false;
 }
 
-void ksLiveStacks::warn(QtMsgType, const QMessageLogContext &, const QString &)
+void ksLiveStacks::warn(QtMsgType, const QMessageLogContext &, const QString &line)
 {
-    current->events.push_back("warning");
+    current->events.push_back(line.toStdString());
 }
 
 std::string ksLiveStacks::textOf(const ksMessage &message) const

@@ -37,6 +37,9 @@ public:
     /// What differs between the history of a stack and the plain one, empty for nothing.
     std::string historyDifference(int which, const ksPlain::Stack &plainStack) const;
 
+    /// Tells the command that undo() would take back what the plain one has been told.
+    void retell(int which, const ksPlain::Stack &plainStack);
+
     void setReceiver(int which, int receiver);
     void setSync(const std::string &className, int function);
 
@@ -49,6 +52,8 @@ public:
     ksPlain::Events events;
 
 private:
+    void tell(QUndoCommand &command, const ksPlain::Command &plainCommand);
+
     template <int which, int receiver>
     static bool receive(const char *name, ksMessage &message, int option);
     static void warn(QtMsgType type, const QMessageLogContext &context, const QString &line);

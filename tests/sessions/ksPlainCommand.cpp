@@ -228,7 +228,7 @@ bool Workshop::decode(Command &command, const ksCommandRequest &request)
     case Mechanics::image:
         command.target = componentAt();
         command.field = componentImage;
-        command.calls = next(2) == 1;
+        command.notified = next(2);
         command.given = {next(4)};
         return true;
     case Mechanics::transformValue: {
@@ -406,12 +406,8 @@ bool Workshop::capture(Command &command)
         break;
     }
     case Mechanics::addVariant:
-        if (command.other == -1) {
-            const int variant = scene.createVariant("new");
-            scene.edit(variant, allFields);
-            scene.edit(scene.entry(variant, variantTransform), allFields);
-            command.other = variant;
-        }
+        if (command.other == -1)
+            command.other = scene.createVariant("new");
         scene.take(command.other);
         break;
     case Mechanics::removeVariant:
@@ -574,6 +570,16 @@ void Workshop::destroy(const Command &command)
         destroy(*part);
 }
 
+void Workshop::retell(Command &command, int number)
+{
+    setMerging(command, number);
+    command.notified = number % 3;
+    const Mechanics mechanics = command.type->mechanics;
+    if (mechanics == Mechanics::composite || mechanics == Mechanics::plain)
+        for (const auto &part : command.parts)
+            retell(*part, number);
+}
+
 bool Workshop::canMerge(const Command &older, const Command &newer)
 {
     const bool isInTime = older.gesture != 0 || newer.window < 0 || older.time > newer.time - newer.window;
@@ -707,8 +713,8 @@ void Workshop::step(Command &command, bool undoing)
         if (scene.lives(command.target)) {
             stepImage(command.target, command.field,
                       std::get<List>(undoing ? command.old : command.value).front());
-            if (command.calls)
-                events.push_back("notified");
+            if (command.notified != 0)
+                events.push_back("notified " + std::to_string(command.notified));
         }
         return;
     case Mechanics::transformValue:

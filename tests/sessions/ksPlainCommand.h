@@ -82,6 +82,7 @@ struct Command
     bool mode = false;
     bool isOn = false;
     bool calls = false;
+    int notified = 0; ///< which function hears of an image, 0 for none
 
     /// What is written next, or by redo; and by undo.
     Value value;
@@ -113,6 +114,10 @@ public:
 
     /// What the end of a command entails.
     void destroy(const Command &command);
+
+    /// Tells a command that has been built, and its parts, anew about merging and whom to notify, by a
+    /// number.
+    static void retell(Command &command, int number);
 
     static bool canMerge(const Command &older, const Command &newer);
     static bool merge(Command &older, const Command &newer);

@@ -134,7 +134,7 @@ void Scene::make(std::size_t place)
         break;
     case Place::Kind::tagged:
         made = addNode("Tagged", create(Kind::group));
-        addAttachment(made, create(Kind::tags));
+        link(made, attachments, create(Kind::tags));
         break;
     case Place::Kind::aim:
     case Place::Kind::point: {
@@ -385,6 +385,8 @@ int Scene::createVariant(const std::string &name)
     const int variant = create(Kind::variant);
     field(variant, variantName) = name;
     link(variant, variantTransform, create(Kind::transform3D));
+    edit(variant, allFields);
+    edit(entry(variant, variantTransform), allFields);
     return variant;
 }
 
@@ -420,6 +422,8 @@ int Scene::addNode(const std::string &name, int core)
     const int attachment = create(Kind::name);
     field(attachment, nameText) = name;
     link(node, attachments, attachment);
+    edit(node, bit(attachments));
+    edit(attachment, bit(nameText));
     return node;
 }
 

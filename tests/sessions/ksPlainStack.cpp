@@ -30,11 +30,11 @@ bool isOf(const Command &command, unsigned gesture)
 
 } // namespace
 
-bool Stack::isRefused()
+bool Stack::isRefused(const std::string &warning)
 {
     if (macros.empty())
         return false;
-    workshop.events.push_back("warning");
+    workshop.events.push_back("QUndoStack::" + warning + " in the middle of a macro");
     return true;
 }
 
@@ -123,25 +123,25 @@ void Stack::goTo(int place)
 
 void Stack::undo()
 {
-    if (index > 0 && !isRefused())
+    if (index > 0 && !isRefused("undo(): cannot undo"))
         goTo(index - 1);
 }
 
 void Stack::redo()
 {
-    if (index < count() && !isRefused())
+    if (index < count() && !isRefused("redo(): cannot redo"))
         goTo(index + 1);
 }
 
 void Stack::reset()
 {
-    if (!isRefused())
+    if (!isRefused("setIndex(): cannot set index"))
         goTo(std::min(marked, count()));
 }
 
 void Stack::setClean()
 {
-    if (isRefused())
+    if (isRefused("setClean(): cannot set clean"))
         return;
     clean = index;
     if (openGestures > 0)
@@ -190,7 +190,7 @@ void Stack::endMacro()
 {
     isAddition = true;
     if (macros.empty()) {
-        workshop.events.push_back("warning");
+        workshop.events.push_back("QUndoStack::endMacro(): no matching beginMacro()");
         return;
     }
     macros.pop_back();
@@ -221,9 +221,16 @@ void Stack::takeBackGesture()
 void Stack::setLimit(int newLimit)
 {
     if (count() > 0)
-        workshop.events.push_back("warning");
+        workshop.events.push_back(
+            "QUndoStack::setUndoLimit(): an undo limit can only be set when the stack is empty");
     else
         limit = newLimit;
+}
+
+void Stack::retell(int number)
+{
+    if (index > 0)
+        Workshop::retell(at(index - 1), number);
 }
 
 StackState Stack::state() const

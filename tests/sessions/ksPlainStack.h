@@ -57,6 +57,9 @@ public:
     void takeBackGesture();
     void setLimit(int newLimit);
 
+    /// Tells the command that undo() would take back anew what Workshop::retell() says.
+    void retell(int number);
+
     StackState state() const;
     const std::vector<std::unique_ptr<Command>> &history() const { return commands; }
     bool isInGesture() const { return openGestures > 0; }
@@ -73,8 +76,8 @@ private:
                                              : commands[static_cast<std::size_t>(place)]->text;
     }
 
-    /// Notes that Qt warns of what is not done.
-    bool isRefused();
+    /// Notes that Qt warns, while a macro is open, of what is not done then.
+    bool isRefused(const std::string &warning);
 
     void drop(std::size_t place);
     void dropUndone();

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ksSession.h"
 
-#include <OpenSG/OSGChangeList.h>
-#include <OpenSG/OSGThread.h>
-
 #include <QString>
 
 #include <algorithm>
@@ -71,7 +68,7 @@ void expectNothing(const std::string &what, const std::string &difference)
 
 ksSession::ksSession()
 {
-    compareScene();
+    compare();
 }
 
 ksSession::~ksSession()
@@ -79,13 +76,6 @@ ksSession::~ksSession()
     for (const int stack : {0, 1})
         for (; plainStack(stack).isInGesture(); plainStack(stack).endGesture())
             live[stack].endGesture();
-}
-
-void ksSession::compareScene()
-{
-    workshop.scene.sync();
-    live.scene.sync();
-    expectNothing("scene", live.scene.difference());
 }
 
 void ksSession::compare()
@@ -96,7 +86,9 @@ void ksSession::compare()
     const Edits edits = normalised(workshop.scene.records, workshop.scene);
     expectEqual("edits", live.scene.recordedEdits(), edits);
     expectEqual("change handlers", live.scene.takeHandledEdits(), edits);
-    compareScene();
+    workshop.scene.sync();
+    live.scene.sync();
+    expectNothing("scene", live.scene.difference());
     for (const int stack : {0, 1}) {
         expectEqual("stack", live.stateOf(stack), plainStack(stack).state());
         expectNothing("history", live.historyDifference(stack, plainStack(stack)));
@@ -114,10 +106,10 @@ ksSession::Built ksSession::built(const ksCommandRequest &request)
 
 void ksSession::add(int stack, Built command)
 {
-    if (command.plain == nullptr)
-        return;
-    plainStack(stack).add(std::move(command.plain));
-    live[stack].add(command.live.release());
+    if (command.plain != nullptr) {
+        plainStack(stack).add(std::move(command.plain));
+        live[stack].add(command.live.release());
+    }
     compare();
 }
 
@@ -185,49 +177,59 @@ void ksSession::setLimit(int stack, int limit)
     compare();
 }
 
+void ksSession::retell(int stack, int number)
+{
+    plainStack(stack).retell(number);
+    live.retell(stack, plainStack(stack));
+    compare();
+}
+
 void ksSession::receive(int stack, int receiver)
 {
     plainStack(stack).receiver = receiver;
     live.setReceiver(stack, receiver);
+    compare();
 }
 
 void ksSession::sync(const std::string &className, int function)
 {
     workshop.syncs[className] = function;
     live.setSync(className, function);
+    compare();
 }
 
 void ksSession::tick(int milliseconds)
 {
     workshop.now += milliseconds / 1000.0;
+    compare();
 }
 
 void ksSession::make(int place)
 {
     live.scene.make(static_cast<std::size_t>(place));
     workshop.scene.make(static_cast<std::size_t>(place));
-    compareScene();
+    compare();
 }
 
 void ksSession::drop(int place)
 {
     live.scene.drop(static_cast<std::size_t>(place));
     workshop.scene.drop(static_cast<std::size_t>(place));
-    compareScene();
+    compare();
 }
 
 void ksSession::attach(int place)
 {
     live.scene.attach(static_cast<std::size_t>(place));
     workshop.scene.attach(static_cast<std::size_t>(place));
-    compareScene();
+    compare();
 }
 
 void ksSession::detach(int place)
 {
     live.scene.detach(static_cast<std::size_t>(place));
     workshop.scene.detach(static_cast<std::size_t>(place));
-    compareScene();
+    compare();
 }
 
 void ksSession::end()

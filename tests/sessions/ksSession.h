@@ -39,6 +39,9 @@ public:
     void endGesture(int stack);
     void takeBackGesture(int stack);
     void setLimit(int stack, int limit);
+
+    /// Tells the command that undo() would take back anew about merging and whom to notify.
+    void retell(int stack, int number);
     void receive(int stack, int receiver);
 
     /// Builds a command to be pushed later, and destroys the one that still was to be.
@@ -59,7 +62,6 @@ public:
 private:
     ksPlain::Stack &plainStack(int which) { return plainStacks[static_cast<std::size_t>(which)]; }
     void compare();
-    void compareScene();
     /// A command and what it is to be, both null where there is none.
     struct Built
     {

@@ -10,6 +10,7 @@
 #include <array>
 #include <cstdint>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <numeric>
 #include <random>
@@ -91,13 +92,18 @@ const std::vector<Operation> &operations()
         {"endGesture", 5, "s", {0}, &onStack<&ksSession::endGesture>},
         {"takeBackGesture", 4, "s", {0}, &onStack<&ksSession::takeBackGesture>},
         {"setLimit", 3, "sn", {0, 1, 2, 5}, &onBoth<&ksSession::setLimit>},
+        {"retell", 6, "sn", {0, 1, 2, 3, 4}, &onBoth<&ksSession::retell>},
         {"receive", 2, "sn", {0, 1, 2}, &onBoth<&ksSession::receive>},
         {"sync",
          6,
          "kn",
          {1, 2, 0},
          [](ksSession &session, const Line &line) { session.sync(line.request.className, line.number); }},
-        {"tick", 30, "n", {100, 399, 400, 401, 2000, -100, -1000, 3600000}, &onNumber<&ksSession::tick>},
+        {"tick",
+         30,
+         "n",
+         {100, 399, 400, 401, 2000, -100, -1000, 3600000, -3600000},
+         &onNumber<&ksSession::tick>},
         {"make", 8, "n", everyPlace(), &onNumber<&ksSession::make>},
         {"drop", 6, "n", everyPlace(), &onNumber<&ksSession::drop>},
         {"attach", 4, "n", everyPlace(), &onNumber<&ksSession::attach>},
@@ -125,10 +131,20 @@ std::ostream &operator<<(std::ostream &stream, const Line &line)
     return stream << ");";
 }
 
-/// What the next line may refer to: the last command, so that commands of one kind follow each other.
+/// What the next line may refer to: how many there are, and the last command, so that commands of one kind
+/// follow each other.
 struct Past
 {
+    int count = 0;
     ksCommandRequest last{};
+};
+
+/// What the lines of a session have in common: the classes of most of its commands, and the limits of the
+/// stacks that it begins with, if any.
+struct Plan
+{
+    std::vector<std::string> classNames;
+    std::vector<int> limits{};
 };
 
 class Step : public rc::state::Command<Past, ksSession>
@@ -140,6 +156,7 @@ public:
 
     void apply(Past &past) const override
     {
+        ++past.count;
         if (line.operation == 0)
             past.last = line.request;
     }
@@ -165,14 +182,17 @@ using StepPtr = std::shared_ptr<const rc::state::Command<Past, ksSession>>;
 class LineMaker
 {
 public:
-    LineMaker(rc::Random random, const Past &past, const std::vector<std::string> &classNames)
+    LineMaker(rc::Random random, const Past &past, const Plan &plan)
         : random(std::move(random))
         , past(past)
-        , classNames(classNames)
+        , plan(plan)
     {}
 
     Line make()
     {
+        const auto place = static_cast<std::size_t>(past.count);
+        if (place < plan.limits.size())
+            return limit(past.count, plan.limits[place]);
         Line line;
         line.operation = drawOperation();
         const Operation &operation = operations()[line.operation];
@@ -183,6 +203,16 @@ public:
     }
 
 private:
+    static Line limit(int stack, int number)
+    {
+        Line line;
+        while (operations()[line.operation].name != std::string("setLimit"))
+            ++line.operation;
+        line.stack = stack;
+        line.number = number;
+        return line;
+    }
+
     int below(int limit) { return static_cast<int>(random.next() % static_cast<std::uint64_t>(limit)); }
 
     template <class T>
@@ -209,7 +239,7 @@ private:
         if (!isPart && below(2) == 0 && !past.last.className.empty())
             return again(past.last);
         ksCommandRequest request;
-        request.className = isPart && below(2) == 0 ? pick(ksPlain::classes()).name : pick(classNames);
+        request.className = isPart && below(2) == 0 ? pick(ksPlain::classes()).name : pick(plan.classNames);
         request.target = below(8);
         request.value = below(5000);
         request.merging = drawMerging();
@@ -239,8 +269,34 @@ private:
 
     rc::Random random;
     const Past &past;
-    const std::vector<std::string> &classNames;
+    const Plan &plan;
 };
+
+/// The commands that are a little simpler than \a request.
+std::vector<ksCommandRequest> simplerRequests(const ksCommandRequest &request)
+{
+    std::vector<ksCommandRequest> simpler;
+    const auto add = [&](auto change) {
+        ksCommandRequest changed = request;
+        change(changed);
+        simpler.push_back(changed);
+    };
+    for (std::size_t i = 0; i < request.parts.size(); ++i)
+        add([i](ksCommandRequest &changed) {
+            changed.parts.erase(changed.parts.begin() + static_cast<std::ptrdiff_t>(i));
+        });
+    if (request.merging != 0)
+        add([](ksCommandRequest &changed) { changed.merging = 0; });
+    for (const int target : {0, request.target - 1})
+        if (target >= 0 && target < request.target)
+            add([target](ksCommandRequest &changed) { changed.target = target; });
+    for (int value = 0; value < request.value; value = request.value - (request.value - value) / 2)
+        add([value](ksCommandRequest &changed) { changed.value = value; });
+    for (std::size_t i = 0; i < request.parts.size(); ++i)
+        for (const ksCommandRequest &part : simplerRequests(request.parts[i]))
+            add([&](ksCommandRequest &changed) { changed.parts[i] = part; });
+    return simpler;
+}
 
 /// The lines that are a little simpler than \a line.
 std::vector<Line> simplerLines(const Line &line)
@@ -251,32 +307,24 @@ std::vector<Line> simplerLines(const Line &line)
         change(changed);
         simpler.push_back(changed);
     };
-    const ksCommandRequest &request = line.request;
-    for (std::size_t i = 0; i < request.parts.size(); ++i)
-        add([i](Line &changed) {
-            changed.request.parts.erase(changed.request.parts.begin() + static_cast<std::ptrdiff_t>(i));
-        });
+    const std::string arguments = operations()[line.operation].arguments;
     const std::vector<int> &numbers = operations()[line.operation].numbers;
     if (line.number != numbers.front())
         add([&numbers](Line &changed) { changed.number = numbers.front(); });
     if (line.stack != 0)
         add([](Line &changed) { changed.stack = 0; });
-    if (request.merging != 0)
-        add([](Line &changed) { changed.request.merging = 0; });
-    if (request.target != 0)
-        add([](Line &changed) { changed.request.target = 0; });
-    for (int value = 0; value < request.value; value = request.value - (request.value - value) / 2)
-        add([value](Line &changed) { changed.request.value = value; });
+    if (arguments.find('c') != std::string::npos)
+        for (const ksCommandRequest &request : simplerRequests(line.request))
+            add([&](Line &changed) { changed.request = request; });
     return simpler;
 }
 
-rc::Gen<StepPtr> steps(const Past &past, const std::vector<std::string> &classNames)
+rc::Gen<StepPtr> steps(const Past &past, const Plan &plan)
 {
-    return [past, &classNames](const rc::Random &random, int) {
-        auto lines =
-            rc::shrinkable::shrinkRecur(LineMaker(random, past, classNames).make(), [](const Line &line) {
-                return rc::seq::fromContainer(simplerLines(line));
-            });
+    return [past, &plan](const rc::Random &random, int) {
+        auto lines = rc::shrinkable::shrinkRecur(LineMaker(random, past, plan).make(), [](const Line &line) {
+            return rc::seq::fromContainer(simplerLines(line));
+        });
         return rc::shrinkable::map(std::move(lines),
                                    [](const Line &line) -> StepPtr { return std::make_shared<Step>(line); });
     };
@@ -290,16 +338,21 @@ std::vector<std::string> allClassNames()
     return names;
 }
 
-/// A few classes, or all.
-std::vector<std::string> classNamesOf(rc::Random random)
+/// Draws a few classes, or all, and limits in half of the plans.
+Plan planOf(rc::Random random)
 {
+    static constexpr int limits[] = {1, 2, 5, 20};
     const std::vector<std::string> all = allClassNames();
+    Plan plan;
     if (random.next() % 4 == 0)
-        return all;
-    std::vector<std::string> some;
-    for (std::uint64_t count = 1 + random.next() % 6; count > 0; --count)
-        some.push_back(all[random.next() % all.size()]);
-    return some;
+        plan.classNames = all;
+    else
+        for (std::uint64_t count = 1 + random.next() % 6; count > 0; --count)
+            plan.classNames.push_back(all[random.next() % all.size()]);
+    if (random.next() % 2 == 0)
+        for (int stack = 0; stack < 2; ++stack)
+            plan.limits.push_back(limits[random.next() % std::size(limits)]);
+    return plan;
 }
 
 } // namespace
@@ -328,11 +381,10 @@ TEST(ksSessions, AreAsThePlainOnes)
 
     long long sessions = 0;
     const bool holds = rc::check([&sessions] {
-        const auto classNames = classNamesOf(*rc::gen::noShrink(rc::gen::arbitrary<std::uint64_t>()));
+        const Plan plan = planOf(*rc::gen::noShrink(rc::gen::arbitrary<std::uint64_t>()));
         ++sessions;
         ksSession session;
-        rc::state::check(Past(), session,
-                         [&classNames](const Past &past) { return steps(past, classNames); });
+        rc::state::check(Past(), session, [&plan](const Past &past) { return steps(past, plan); });
         session.end();
     });
     std::cout << Step::count << " steps in " << sessions << " sessions, RC_PARAMS=\"" << parameters << "\"\n";
