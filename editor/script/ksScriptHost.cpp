@@ -87,11 +87,7 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     const QJSValue goOn = engine.newQObject(new ksScriptFunction(
         *this,
         [this] {
-            if (!isToEnd)
-                return;
-            if (isHeeded.exchange(true))
-                scriptEngine.setInterrupted(true); // it has caught the error
-            else
+            if (isToEnd)
                 scriptEngine.throwError(QStringLiteral("interrupted"));
         },
         &engine));
@@ -251,11 +247,10 @@ void ksScriptHost::guard(const std::function<void()> &work) const
 void ksScriptHost::interrupt()
 {
     constexpr int Looks = 100;
-    isHeeded = false;
     isToEnd = true;
-    for (int i = 0; i < Looks && isToEnd && !isHeeded; ++i)
+    for (int i = 0; i < Looks && isToEnd; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    if (isToEnd && !isHeeded)
+    if (isToEnd)
         scriptEngine.setInterrupted(true);
 }
 

@@ -169,7 +169,6 @@ private:
     mutable QJSValue failureOfCall;
 
     std::atomic<bool> isToEnd = false;
-    std::atomic<bool> isHeeded = false;
 
     /// What the latest ksOutputError said.
     mutable QString outputFailure;

@@ -256,6 +256,7 @@ var handler = {
         refuseUnknown(target, key);
     },
     set: function(target, key, value) {
+        goOn();
         if (!isMember(target, key))
             refuseUnknown(target, String(key));
         if (!isWritable(target, key))

@@ -3,6 +3,7 @@
 #include <ksundo/core/detail/ksTakeBack.h>
 #include <ksundo/core/ksMultiCommand.h>
 
+#include <functional>
 #include <typeinfo>
 #include <utility>
 
@@ -41,7 +42,7 @@ void runChildren(const QUndoCommand &command, bool undoing)
             runChild(childAt(command, done, undoing), undoing);
     } catch (const ksDetail::ksMissingNotification &) {
         takeBackChildren(command, done + 1, undoing); // the one that lacks it has been done
-        throw;
+        throw std::bad_function_call();               // this one has not
     } catch (...) {
         takeBackChildren(command, done, undoing);
         throw;

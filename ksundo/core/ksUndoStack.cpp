@@ -122,7 +122,8 @@ void ksUndoStack::add(QUndoCommand *command)
         delete command;
         return;
     }
-    if (openGestures > 0)
+    const bool joins = openGestures > 0;
+    if (joins)
         join(command, gesture);
     added = true;
     run(1, [&] {
@@ -130,7 +131,7 @@ void ksUndoStack::add(QUndoCommand *command)
             undoStack->push(command);
         } catch (...) {
             added = false;
-            if (openGestures > 0)
+            if (joins)
                 join(command, 0);
             throw;
         }
@@ -306,7 +307,8 @@ void ksUndoStack::clear()
     phase = Phase::clearing;
     undoStack->clear();
     phase = Phase::idle;
-    if (wasEmpty) { // which Qt leaves as it was, and does not announce
+    updateActions(); // Qt has told them that nothing is there, whatever its receivers have added
+    if (wasEmpty) {  // which Qt leaves as it was, and does not announce
         lastIndex = 0;
         added = false;
         if (!isClean())
@@ -403,14 +405,18 @@ void ksUndoStack::indexChanged(int i)
     if (phase != Phase::ending)
         phase = Phase::idle; // Qt has nothing more to do with commands
     try {
-        const int place = isUndo ? i : i - 1;
-        const QUndoCommand *command = undoStack->command(place);
-        if (isUndo)
+        // Of no command there is no message, whatever its receivers have added.
+        if (isUndo) {
+            const QUndoCommand *command = undoStack->command(i);
             Q_EMIT undoPerformed(command);
-        else
+            if (command != nullptr)
+                sendMessage("ksURManager::undo", i, false);
+        } else {
+            const QUndoCommand *command = undoStack->command(i - 1);
             Q_EMIT redoPerformed(command, isAddition);
-        if (command != nullptr)
-            sendMessage(isUndo ? "ksURManager::undo" : "ksURManager::redo", place, isAddition && !isUndo);
+            if (command != nullptr)
+                sendMessage("ksURManager::redo", i - 1, isAddition);
+        }
     } catch (...) {
         receiversFailure = std::current_exception(); // Qt has something to do yet
         isUnsettled = true;

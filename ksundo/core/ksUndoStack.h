@@ -34,7 +34,7 @@ class ksHistoryWindow;
 /// commands is reported once, for the last one. No message is built while no callback is installed.
 ///
 /// While a macro is open, undo(), redo(), reset() and setClean() do nothing but make Qt warn, the stack is
-/// not clean, and the macro is not among its commands yet.
+/// not clean, and the macro is one of its commands, but not one that is done.
 ///
 /// A library that brings command classes must stay loaded once one of its commands was added, even if it is
 /// deleted: the library remembers the classes that it has seen.
@@ -52,8 +52,8 @@ class ksHistoryWindow;
 /// back for themselves.
 ///
 /// What a receiver of a signal, or the message callback, throws passes on as well, but after the step, which
-/// is done and stays. Receivers that come after it do not hear of the step. Destructors of commands must not
-/// throw, nor must slots of the actions that the stack makes.
+/// is done and stays. Receivers that come after it do not hear of the step. Destructors and mergeWith() of
+/// commands must not throw, nor must slots of the actions that the stack makes.
 ///
 /// \par What the application's code may call
 /// Receivers of signals and the message callback may use the stack as anybody. While a command runs, it shows

@@ -39,14 +39,16 @@ void ksAddNodeAsVisibilityReferenceUndoCommand::apply(const osg::UberLightPtr &l
         ksPlatform::setExternalFlags(node, flags & ~visibilityReferenceFlag);
         osg::setRefdCP(reference, osg::NodePtr());
     } else {
-        osg::setRefdCP(reference, node);
-        // Gone by now if only the reference before held it.
-        if (ksFindContainer<osg::NodePtr>(nodeId) != osg::NullFC) {
+        if (reference != node)
+            osg::setRefdCP(reference, osg::NodePtr());
+        // Both may have gone with the reference before.
+        const auto living = ksFindContainer<osg::UberLightPtr>(containerId);
+        if (living != osg::NullFC && ksFindContainer<osg::NodePtr>(nodeId) != osg::NullFC) {
+            osg::setRefdCP(living->getSFVisibilityReference()->getValue(), node);
             ksPlatform::setExternalFlags(node, flags | visibilityReferenceFlag);
             ksEndEdit(node, ksPlatform::externalFlagsMask);
         }
     }
-    // It goes with the reference that it belongs to itself.
     ksEndEdit(ksFindContainer<osg::UberLightPtr>(containerId),
               osg::UberLightBase::VisibilityReferenceFieldMask);
     // Gone by now if only the light held it.

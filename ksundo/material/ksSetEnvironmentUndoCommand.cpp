@@ -25,6 +25,13 @@ void ksSetEnvironmentUndoCommand::makeMessage(ksMessage &message) const
 void ksSetEnvironmentUndoCommand::apply(const osg::UBRDFMaterialPtr &material, osg::UInt32,
                                         osg::UInt32 id) const
 {
-    osg::setRefdCP(material->getSFEnvironment()->getValue(), ksFindContainer<osg::MaterialPtr>(id));
-    ksEndEdit(material, osg::UBRDFMaterialBase::EnvironmentFieldMask);
+    osg::MaterialPtr &environment = material->getSFEnvironment()->getValue();
+    if (environment != ksFindContainer<osg::MaterialPtr>(id))
+        osg::setRefdCP(environment, osg::MaterialPtr());
+    // Both may have gone with the environment before.
+    const auto living = ksFindContainer<osg::UBRDFMaterialPtr>(containerId);
+    if (living == osg::NullFC)
+        return;
+    osg::setRefdCP(living->getSFEnvironment()->getValue(), ksFindContainer<osg::MaterialPtr>(id));
+    ksEndEdit(living, osg::UBRDFMaterialBase::EnvironmentFieldMask);
 }

@@ -442,7 +442,10 @@ TEST_F(ksUndoStackFaults, ReportsWhatAReceiverAddsToAClearedStack)
     stack.add(noisy("A"));
     QObject::connect(&stack, &ksUndoStack::undoPerformed, &receiver, once([&] { stack.add(noisy("B")); }));
     recorder.take();
+    const std::unique_ptr<QAction> undo(stack.createUndoAction(nullptr));
     stack.clear();
+    EXPECT_TRUE(undo->isEnabled());
+    EXPECT_EQ(undo->text(), QStringLiteral("Undo B"));
     EXPECT_EQ(recorder.take(),
               ksEvents{"undoPerformed(null)"} + ksStep::added("B", 0) + ksEvents{"cleared()"});
     EXPECT_EQ(ksStateOf(stack), ksHolding({"B"}, 1));

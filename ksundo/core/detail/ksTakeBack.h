@@ -28,7 +28,7 @@ void ksTakeBack(Back back) noexcept
     try {
         back();
     } catch (...) {
-        qWarning("ksundo: the application has thrown once more while a step was taken back");
+        qWarning("ksundo: an exception of the application was dropped, as another one was on its way");
     }
 }
 
