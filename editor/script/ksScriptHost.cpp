@@ -87,13 +87,21 @@ ksScriptHost::ksScriptHost(QJSEngine &engine, ksEditHistory &history, std::ostre
     const QJSValue goOn = engine.newQObject(new ksScriptFunction(
         *this,
         [this] {
+            if (isToEnd.exchange(false))
+                scriptEngine.setInterrupted(true);
+        },
+        &engine));
+    const QJSValue goOnSetting = engine.newQObject(new ksScriptFunction(
+        *this,
+        [this] {
             if (isToEnd)
                 scriptEngine.throwError(QStringLiteral("interrupted"));
         },
         &engine));
     preludeFunctions =
         engine.evaluate(QString::fromLatin1(ksScriptPrelude), ownFileName())
-            .call({console.property(QStringLiteral("write")), goOn.property(QStringLiteral("call"))});
+            .call({console.property(QStringLiteral("write")), goOn.property(QStringLiteral("call")),
+                   goOnSetting.property(QStringLiteral("call"))});
     history.setObserver([this] { sceneIndex.noteChanges(); });
 }
 
@@ -250,7 +258,7 @@ void ksScriptHost::interrupt()
     isToEnd = true;
     for (int i = 0; i < Looks && isToEnd; ++i)
         std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    if (isToEnd)
+    if (isToEnd.exchange(false))
         scriptEngine.setInterrupted(true);
 }
 

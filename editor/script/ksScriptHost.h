@@ -75,8 +75,8 @@ public:
 
     /// Has the script end as if by an error; for another thread to call. The engine crashes when it is
     /// interrupted while it looks up a method of an object of ours, or sets a property of one, so that the
-    /// script gets an error where it does so next. When it does not for a while, or catches the error and
-    /// goes on, it ends where it is.
+    /// script ends where it calls a method next, or gets an error where it sets a property. When it does
+    /// neither for a while, or catches the error and goes on, it ends where it is.
     void interrupt();
 
     /// No longer has it end so. Whether it was still to end.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <editor/script/ksScriptPrelude.h>
 
-const char *const ksScriptPrelude = R"js((function(write, goOn) {
+const char *const ksScriptPrelude = R"js((function(write, goOn, goOnSetting) {
 "use strict";
 
 // The objects made here are asked by this for what they stand for. They leave it in asked, since proxies of
@@ -256,7 +256,7 @@ var handler = {
         refuseUnknown(target, key);
     },
     set: function(target, key, value) {
-        goOn();
+        goOnSetting();
         if (!isMember(target, key))
             refuseUnknown(target, String(key));
         if (!isWritable(target, key))
