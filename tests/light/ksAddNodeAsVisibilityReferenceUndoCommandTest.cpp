@@ -209,6 +209,28 @@ TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, LosesTheNodeThatOnlyTheRef
     expectIdle(command);
 }
 
+TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, StandsALightThatGoesWithItsReference)
+{
+    for (const bool replacing : {false, true}) {
+        osg::NodeRefPtr own(nodeWith(osg::UberLight::create()));
+        const auto ownLight = osg::UberLightPtr::dcast(own->getCore());
+        const osg::UInt32 lightId = idOf(ownLight);
+        Command command(ownLight, own, false);
+        Command replacement(ownLight, ball, false);
+        command.redo();
+        own = osg::NullFC;
+        EXPECT_NE(ksFindContainer<osg::UberLightPtr>(lightId), osg::NullFC) << "it holds itself";
+        if (replacing)
+            replacement.redo();
+        else
+            command.undo();
+        EXPECT_EQ(ksFindContainer<osg::UberLightPtr>(lightId), osg::NullFC);
+        EXPECT_EQ(ball->getExternalFlags(), 0u);
+        expectIdle(command);
+        expectIdle(replacement);
+    }
+}
+
 TEST_F(ksAddNodeAsVisibilityReferenceUndoCommandTest, IsIdleWithoutANode)
 {
     add(ball).redo();
