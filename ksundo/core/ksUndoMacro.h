@@ -9,7 +9,9 @@
 /// Groups what is added to a stack within a scope into one undo step.
 ///
 /// The macro ends when the object goes. When an exception passes, what has been done by then stays done and
-/// is undone as one step, or is taken back, as the bracket was told. Brackets nest. \code
+/// is undone as one step, or is taken back, as the bracket was told. Brackets nest.
+///
+/// \code
 /// {
 ///     const ksUndoMacro macro(tr("Align"));
 ///     stack->add(...);
