@@ -8,7 +8,9 @@
 #include <QUndoView>
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <support/ksProbeCommand.h>
@@ -168,22 +170,38 @@ std::function<void()> once(std::function<void()> action)
     };
 }
 
+/// The name of \a use in names of tests.
+std::string nameOf(const StackUse &use)
+{
+    std::string name = use.name;
+    std::replace(name.begin(), name.end(), ' ', '_');
+    return name;
+}
+
+/// The places where one hears of the step \a step.
+std::vector<Place> placesThatHearOf(const StackUse &step)
+{
+    std::vector<Place> result;
+    std::copy_if(places.begin(), places.end(), std::back_inserter(result),
+                 [&](const Place &place) { return place.hearsOf(step); });
+    return result;
+}
+
 using StepAndUse = std::tuple<StackUse, StackUse>;
 
 class ksReceivers : public testing::TestWithParam<StepAndUse>
 {};
 
-std::string nameOf(const testing::TestParamInfo<StepAndUse> &info)
+std::string nameOfBoth(const testing::TestParamInfo<StepAndUse> &info)
 {
-    std::string name = std::string(std::get<0>(info.param).name) + '_' + std::get<1>(info.param).name;
-    std::replace(name.begin(), name.end(), ' ', '_');
-    return name;
+    return nameOf(std::get<0>(info.param)) + '_' + nameOf(std::get<1>(info.param));
 }
 
 } // namespace
 
 INSTANTIATE_TEST_SUITE_P(, ksReceivers,
-                         testing::Combine(testing::ValuesIn(steps), testing::ValuesIn(stackUses)), nameOf);
+                         testing::Combine(testing::ValuesIn(steps), testing::ValuesIn(stackUses)),
+                         nameOfBoth);
 
 TEST_P(ksReceivers, MayUseTheStackAsIfTheStepWereOver)
 {
@@ -192,10 +210,8 @@ TEST_P(ksReceivers, MayUseTheStackAsIfTheStepWereOver)
     StackFixture expected;
     step.perform(expected.stack);
     use.perform(expected.stack);
-    for (const Place &place : places) {
+    for (const Place &place : placesThatHearOf(step)) {
         SCOPED_TRACE(place.name);
-        if (!place.hearsOf(step))
-            continue;
         StackFixture fixture;
         place.listen(fixture, once([&, &use = use] { use.perform(fixture.stack); }));
         step.perform(fixture.stack);
@@ -210,10 +226,8 @@ TEST_P(ksReceivers, DoNotUndoTheStepByWhatTheyThrow)
     const ksQtWarnings warnings;
     StackFixture expected;
     step.perform(expected.stack);
-    for (const Place &place : places) {
+    for (const Place &place : placesThatHearOf(step)) {
         SCOPED_TRACE(place.name);
-        if (!place.hearsOf(step))
-            continue;
         StackFixture fixture;
         const QAction *undo = fixture.stack.createUndoAction(&fixture.receiver);
         place.listen(fixture, once([] { throw Fault(); }));
@@ -229,11 +243,8 @@ TEST_P(ksReceivers, DoNotUndoTheStepByWhatTheyThrow)
 class ksDestructors : public testing::TestWithParam<StackUse>
 {};
 
-INSTANTIATE_TEST_SUITE_P(, ksDestructors, testing::ValuesIn(stackUses), [](const auto &info) {
-    std::string name = info.param.name;
-    std::replace(name.begin(), name.end(), ' ', '_');
-    return name;
-});
+INSTANTIATE_TEST_SUITE_P(, ksDestructors, testing::ValuesIn(stackUses),
+                         [](const auto &info) { return nameOf(info.param); });
 
 TEST_P(ksDestructors, AreServedAfterTheStep)
 {
